@@ -1,0 +1,21 @@
+#pragma once
+
+#include "CATUnicodeString.h"
+
+class CATCommand;
+class CATWBAllDataBuffer;
+class CATWBVPMMainPanel;
+
+/// What the panels library offers to those that stand below it. The library fills the table when the
+/// host calls its CATWBVPMNavGUIRegister; a test or a windowless command puts a table of its own.
+struct CATWBVPMNavGUITable
+{
+    /// Makes a main panel for the record.
+    CATWBVPMMainPanel* (*createMainPanel)(CATCommand* parent, CATWBAllDataBuffer* record) = nullptr;
+    /// The filter text of a root.
+    CATUnicodeString (*getFilter)(const CATUnicodeString& rootIdentifier) = nullptr;
+};
+
+/// Registers a table and returns the one that stood there. Members may be null: then the contract's own
+/// answers are given.
+WB_EXPORT CATWBVPMNavGUITable CATWBVPMNavGUISetTable(const CATWBVPMNavGUITable& table);

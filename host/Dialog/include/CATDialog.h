@@ -1,0 +1,60 @@
+#pragma once
+
+#include "CATCommand.h"
+
+#include <memory>
+
+class QWidget;
+
+/// The base of windows and controls. A control stands in its parent (a window, a frame, a tab page)
+/// at the place that SetPlacement gives it. Its texts come from the resource file of the dialog it
+/// stands in ("dialogs/<Class>.toml", the class named by the dialog's GetResourceFilename): the key is
+/// the path of control names below the dialog and the field, "MassFrame.MassLabel.Title"; fields are
+/// Title, Tooltip, Icon. Texts set by program win.
+///
+/// The toolkit's object carries the control's name as its object name. The words of style and
+/// justification are kept as given (Style) and read in one table per kind of control; words that are
+/// not in it do nothing.
+class WB_EXPORT CATDialog : public CATCommand
+{
+public:
+    ~CATDialog() override;
+
+    void SetVisibility(bool visible);
+    bool IsVisible() const;
+    /// A control that is not sensitive is greyed and takes no input.
+    void SetSensitivity(bool sensitive);
+    bool IsSensitive() const;
+    /// The visible text: a window's title, a frame's, a label's, a button's.
+    void SetTitle(const CATUnicodeString& title);
+    CATUnicodeString Title() const;
+    void SetTooltip(const CATUnicodeString& tooltip);
+    CATUnicodeString Tooltip() const;
+    /// The name that a screen reader speaks; by default the visible text of the control, or of the
+    /// label that stands before it.
+    void SetAccessibleName(const CATUnicodeString& name);
+
+    /// Cell of the parent's grid, from 0, and how many rows and columns the control covers.
+    /// Justification 30 fills the cell, 4 keeps the control's own size.
+    void SetPlacement(int row, int column, int rows = 1, int columns = 1, int justification = 30);
+    /// How much of the free room a row or column of this container's grid takes; 0: none beyond need.
+    void SetRowStretch(int row, int stretch);
+    void SetColumnStretch(int column, int stretch);
+
+    int Style() const;
+    int Justification() const;
+
+    /// The toolkit's object, for the application that builds windows of its own; null for none.
+    QWidget* Widget() const;
+
+protected:
+    CATDialog(CATCommand* parent, const CATString& name, int style);
+    /// Called once by each kind of control with the toolkit's object that it made; this class owns it.
+    void Adopt(QWidget* widget);
+    /// The window that the control stands in (itself for a window).
+    CATDialog* Window() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};

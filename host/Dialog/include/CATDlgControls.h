@@ -1,0 +1,95 @@
+#pragma once
+
+#include "CATDialog.h"
+
+/// A box of controls. Style 1 draws a titled border; 0x80001 and 0x40001 draw none.
+class WB_EXPORT CATDlgFrame : public CATDialog
+{
+public:
+    CATDlgFrame(CATDialog* parent, const CATString& name, int style = 1);
+};
+
+/// A text. What does not fit ends in an ellipsis, and the tooltip holds the whole.
+class WB_EXPORT CATDlgLabel : public CATDialog
+{
+public:
+    enum class Role { Plain, Heading, Caption, Good, Warning, Problem };
+    CATDlgLabel(CATDialog* parent, const CATString& name, int style = 0);
+    /// How the text looks: a heading is larger, a caption quieter; Good, Warning and Problem carry
+    /// their colour and stay readable without it.
+    void SetRole(Role role);
+};
+
+/// A line of text to type into. Style 0x4000000 is read-only (still selectable and copyable),
+/// 0x200000 editable.
+class WB_EXPORT CATDlgEditor : public CATDialog
+{
+public:
+    CATDlgEditor(CATDialog* parent, const CATString& name, int style = 0x200000);
+    static const CATEvent Modified; ///< the user changed the text
+    void SetText(const CATUnicodeString& text);
+    CATUnicodeString Text() const;
+    /// Width in characters that the editor asks for.
+    void SetVisibleTextWidth(int characters);
+    /// Numbers stand at the right.
+    void SetRightAligned(bool rightAligned);
+};
+
+/// A list of lines that drops down. Style 0x40000: the user chooses, but types nothing.
+class WB_EXPORT CATDlgCombo : public CATDialog
+{
+public:
+    CATDlgCombo(CATDialog* parent, const CATString& name, int style = 0x40000);
+    static const CATEvent Selected; ///< the user chose another line; the detail is its index from 0
+    /// Writes line `index` (from 0), appending it when it is the next one.
+    void SetLine(int index, const CATUnicodeString& text);
+    void RemoveAll();
+    int LineCount() const;
+    CATUnicodeString Line(int index) const;
+    /// The chosen line from 0, -1 for none.
+    int SelectedIndex() const;
+    void Select(int index);
+};
+
+class WB_EXPORT CATDlgPushButton : public CATDialog
+{
+public:
+    CATDlgPushButton(CATDialog* parent, const CATString& name, int style = 0);
+    static const CATEvent Activated;
+};
+
+/// Buttons of one parent exclude each other.
+class WB_EXPORT CATDlgRadioButton : public CATDialog
+{
+public:
+    CATDlgRadioButton(CATDialog* parent, const CATString& name, int style = 0);
+    static const CATEvent Modified; ///< checked or unchecked; the detail is 1 or 0
+    void SetChecked(bool checked);
+    bool IsChecked() const;
+};
+
+class WB_EXPORT CATDlgCheckButton : public CATDialog
+{
+public:
+    CATDlgCheckButton(CATDialog* parent, const CATString& name, int style = 0);
+    static const CATEvent Modified; ///< the detail is 1 or 0
+    void SetChecked(bool checked);
+    bool IsChecked() const;
+};
+
+/// Pages behind tabs.
+class WB_EXPORT CATDlgTabContainer : public CATDialog
+{
+public:
+    CATDlgTabContainer(CATDialog* parent, const CATString& name, int style = 0);
+    static const CATEvent PageSelected; ///< the detail is the page's index from 0
+    int SelectedPage() const;
+    void SelectPage(int index);
+};
+
+/// A page; its title stands on its tab.
+class WB_EXPORT CATDlgTabPage : public CATDialog
+{
+public:
+    CATDlgTabPage(CATDlgTabContainer* parent, const CATString& name, int style = 0);
+};

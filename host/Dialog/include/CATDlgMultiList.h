@@ -1,0 +1,46 @@
+#pragma once
+
+#include "CATCollections.h"
+#include "CATDialog.h"
+
+/// A list of rows and columns. Rows count from 1, columns from 0. The user can sort it by a column
+/// (numbers as numbers, whatever unit follows them), filter it, copy cells with their headers and
+/// export it as seen to CSV; none of that changes the rows as the owner wrote them. Every column can
+/// be reached by keyboard; a text that is cut ends in an ellipsis and shows whole in its tooltip.
+class WB_EXPORT CATDlgMultiList : public CATDialog
+{
+public:
+    CATDlgMultiList(CATDialog* parent, const CATString& name, int style = 0);
+    static const CATEvent RowSelected; ///< the detail is the row
+
+    /// Titles fix the number of columns. A column of numbers is right-aligned, title and cells.
+    void SetColumnTitles(const CATListValCATUnicodeString& titles);
+    CATListValCATUnicodeString ColumnTitles() const;
+    void SetColumnIsNumber(int column, bool isNumber);
+    void SetColumnTooltip(int column, const CATUnicodeString& tooltip);
+
+    /// Option of SetCell: appends the row when it is not there (the one after the last).
+    static constexpr int kAppendRow = 64;
+    /// Without the option, a cell of a row that is not there is not written: S_FALSE.
+    long SetCell(int column, int row, const CATUnicodeString& text, int option = kAppendRow);
+    CATUnicodeString Cell(int column, int row) const;
+    /// Whole rows at once, replacing all: faster than cell by cell.
+    void SetRows(std::vector<CATListValCATUnicodeString> rows);
+    void RemoveAll();
+    int RowCount() const;
+    int ColumnCount() const;
+    /// Marks a row (the active one) by a bold face.
+    void SetRowEmphasis(int row, bool emphasised);
+    /// A cell's own tooltip, where it says more than the cell.
+    void SetCellTooltip(int column, int row, const CATUnicodeString& tooltip);
+
+    /// The selected row as the owner wrote it, 0 for none.
+    int SelectedRow() const;
+    void SelectRow(int row);
+    /// What stands in the list's place when it has no rows ("No document revisions").
+    void SetEmptyText(const CATUnicodeString& text);
+
+private:
+    struct Model;
+    std::unique_ptr<Model> m_model;
+};

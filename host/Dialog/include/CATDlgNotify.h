@@ -1,0 +1,34 @@
+#pragma once
+
+#include "CATDlgDialog.h"
+
+#include <functional>
+#include <optional>
+
+/// A message box. Style words: 0x10000000 an error, 0x8000000 a warning, 0 a plain message, and
+/// 0x8800200 a question with Yes and No.
+class WB_EXPORT CATDlgNotify : public CATDlgDialog
+{
+public:
+    CATDlgNotify(CATCommand* parent, const CATString& name, int style);
+    void SetText(const CATUnicodeString& text);
+
+    /// Shows the box and goes on; the box deletes itself when it is closed.
+    void DisplayNonBlocking();
+    /// Shows the box and waits for the user. A question answers 3 for yes and 4 for no (closing the
+    /// box is no); other boxes answer 1. The caller deletes the box, or lets the parent do it.
+    int DisplayBlocking();
+
+    /// Answers boxes in the user's place: called with every box before it is shown; an answer keeps
+    /// it from being shown. A test or a story puts its own; an empty one asks the user again.
+    struct Shown
+    {
+        CATString name;
+        CATUnicodeString title;
+        CATUnicodeString text;
+        int style;
+        bool blocking;
+    };
+    using Answerer = std::function<std::optional<int>(const Shown& box)>;
+    static void SetAnswerer(Answerer answerer);
+};
