@@ -11,11 +11,10 @@ public:
     /// All zero.
     CATMath3x3Matrix() = default;
     /// Row by row.
-    CATMath3x3Matrix(double a11, double a12, double a13, double a21, double a22, double a23, double a31,
-                     double a32, double a33)
+    CATMath3x3Matrix(double a11, double a12, double a13, double a21, double a22, double a23,
+                     double a31, double a32, double a33)
         : m_terms{a11, a12, a13, a21, a22, a23, a31, a32, a33}
-    {
-    }
+    {}
     static CATMath3x3Matrix Identity() { return {1, 0, 0, 0, 1, 0, 0, 0, 1}; }
 
     /// The term of that row and column. Outside 1..3 the host's fatal error is raised.

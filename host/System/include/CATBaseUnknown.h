@@ -3,8 +3,8 @@
 #include "WBExport.h"
 
 /// The base of everything that the session shares by counted reference. A new object has one
-/// reference, which belongs to whoever made it. Objects live on the user-interface thread; the count
-/// is not protected against others.
+/// reference, which belongs to whoever made it. Objects live on the user-interface thread; the
+/// count is not protected against others.
 class WB_EXPORT CATBaseUnknown
 {
 public:

@@ -21,13 +21,22 @@ public:
     const T& operator[](int position) const { return m_items[Index(position)]; }
     T& operator[](int position) { return m_items[Index(position)]; }
     void Append(T item) { m_items.push_back(std::move(item)); }
-    void Append(const CATList& list) { m_items.insert(m_items.end(), list.m_items.begin(), list.m_items.end()); }
+    void Append(const CATList& list)
+    {
+        m_items.insert(m_items.end(), list.m_items.begin(), list.m_items.end());
+    }
     /// Puts the item before the one at `position`; beyond the end it appends.
     void Insert(int position, T item);
-    void RemovePosition(int position) { m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(Index(position))); }
+    void RemovePosition(int position)
+    {
+        m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(Index(position)));
+    }
     void RemoveAll() { m_items.clear(); }
     /// Makes the list `size` long; new items are `value`.
-    void Resize(int size, const T& value = T()) { m_items.resize(size < 0 ? 0U : static_cast<std::size_t>(size), value); }
+    void Resize(int size, const T& value = T())
+    {
+        m_items.resize(size < 0 ? 0U : static_cast<std::size_t>(size), value);
+    }
     /// The position of the first item equal to `item`, 0 when there is none.
     int Locate(const T& item) const;
     const std::vector<T>& Items() const { return m_items; }
@@ -43,7 +52,8 @@ using CATListValCATUnicodeString = CATList<CATUnicodeString>;
 using CATRawCollint = CATList<int>;
 using CATRawColldouble = CATList<double>;
 
-/// Raises the fatal error of a list asked for a position that it does not have.
+/// Raises the fatal error of a list asked for a position that it does not have. There is no item to
+/// go on with, so where a handler returns the error is thrown all the same.
 [[noreturn]] WB_EXPORT void CATRaisePositionOutOfRange(int position, int size);
 
 template <class T>

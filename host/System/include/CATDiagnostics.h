@@ -12,16 +12,23 @@
 class WB_EXPORT CATDiagnosticPiece
 {
 public:
-    CATDiagnosticPiece(const char* text) : m_text(text == nullptr ? "" : text) {}           // NOLINT
-    CATDiagnosticPiece(std::string_view text) : m_text(text) {}                              // NOLINT
-    CATDiagnosticPiece(const std::string& text) : m_text(text) {}                            // NOLINT
-    CATDiagnosticPiece(const CATUnicodeString& text) : m_text(text.View()) {}                // NOLINT
-    CATDiagnosticPiece(std::integral auto value) : m_kind(Kind::Integer), m_integer(static_cast<long long>(value)) {} // NOLINT
-    CATDiagnosticPiece(double value) : m_kind(Kind::Real), m_real(value) {}                  // NOLINT
+    CATDiagnosticPiece(const char* text) : m_text(text == nullptr ? "" : text) {} // NOLINT
+    CATDiagnosticPiece(std::string_view text) : m_text(text) {}                   // NOLINT
+    CATDiagnosticPiece(const std::string& text) : m_text(text) {}                 // NOLINT
+    CATDiagnosticPiece(const CATUnicodeString& text) : m_text(text.View()) {}     // NOLINT
+    CATDiagnosticPiece(std::integral auto value)
+        : m_kind(Kind::Integer), m_integer(static_cast<long long>(value))
+    {}                                                                      // NOLINT
+    CATDiagnosticPiece(double value) : m_kind(Kind::Real), m_real(value) {} // NOLINT
     void AppendTo(std::string& line) const;
 
 private:
-    enum class Kind { Text, Integer, Real };
+    enum class Kind
+    {
+        Text,
+        Integer,
+        Real
+    };
     Kind m_kind = Kind::Text;
     std::string_view m_text;
     long long m_integer = 0;

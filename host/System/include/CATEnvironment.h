@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-/// The variable's text, or null when it is not set. A variable set to an empty text is set. The text
-/// stays valid until the next call.
+/// The variable's text, or null when it is not set. A variable set to an empty text is set. The
+/// text stays valid until the next call.
 WB_EXPORT const char* CATGetEnv(const char* name);
 /// S_OK and the value when the variable is set; S_FALSE with the output untouched when it is not.
 WB_EXPORT long CATGetEnvValue(const CATUnicodeString& name, CATUnicodeString& value);

@@ -24,7 +24,8 @@ private:
 /// The host's fatal-error service: a broken agreement between our own sides ends here. Without a
 /// handler the program ends, with the text on the standard error stream. A handler may throw; one
 /// that returns means: go on, with the value 0.
-WB_EXPORT void CATRaiseFatalError(const CATUnicodeString& text, const CATUnicodeString& source, int line);
+WB_EXPORT void CATRaiseFatalError(const CATUnicodeString& text, const CATUnicodeString& source,
+                                  int line);
 using CATFatalErrorHandler = std::function<void(const CATFatalError& error)>;
 /// Installs a handler and returns the one that stood there; an empty one ends the program again.
 WB_EXPORT CATFatalErrorHandler CATSetFatalErrorHandler(CATFatalErrorHandler handler);

@@ -60,11 +60,17 @@ public:
         return m_object;
     }
     T& operator*() const { return *operator->(); }
-    friend bool operator==(const CATHandle& a, const CATHandle& b) { return a.m_object == b.m_object; }
+    friend bool operator==(const CATHandle& a, const CATHandle& b)
+    {
+        return a.m_object == b.m_object;
+    }
 
 private:
     // The count is reached through the complete object, since T may be an interface beside it.
-    static const CATBaseUnknown* Counted(T* object) { return dynamic_cast<const CATBaseUnknown*>(object); }
+    static const CATBaseUnknown* Counted(T* object)
+    {
+        return dynamic_cast<const CATBaseUnknown*>(object);
+    }
     void Hold() const
     {
         if (m_object != nullptr) {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// A named set of settings that outlives the session: the TOML file "<name>.CATSettings", looked for
-/// in the directories of "CATUserSettingPath" (where it is written) and then of
+/// A named set of settings that outlives the session: the TOML file "<name>.CATSettings", looked
+/// for in the directories of "CATUserSettingPath" (where it is written) and then of
 /// "CATReferenceSettingPath" (whose values count where the user has none).
 ///
 /// Writing a setting changes memory; SaveRepository writes the file: a new file beside the old one,
@@ -23,8 +23,8 @@ public:
     CATSettingRepository& operator=(const CATSettingRepository&) = delete;
     ~CATSettingRepository();
 
-    /// The repository of that name, the same one for every caller in the session; null when the name
-    /// is empty, has a "/" in it, or neither a user directory nor a reference file exists. The
+    /// The repository of that name, the same one for every caller in the session; null when the
+    /// name is empty, has a "/" in it, or neither a user directory nor a reference file exists. The
     /// session owns it.
     static CATSettingRepository* GetRepository(const CATUnicodeString& name);
     /// Forgets every repository read so far: the next GetRepository reads its file again.

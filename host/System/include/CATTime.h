@@ -16,8 +16,8 @@ public:
 
     /// The present, in the user's time zone, as the session's clock tells it.
     static CATTime Now();
-    /// Puts another clock in the session's place (seconds since 1970-01-01 UTC); an empty one brings
-    /// the system's back.
+    /// Puts another clock in the session's place (seconds since 1970-01-01 UTC); an empty one
+    /// brings the system's back.
     static void SetClock(std::function<long long()> clock);
 
     bool IsValid() const { return m_valid; }

@@ -2,9 +2,9 @@
 
 #include "CATUnicodeString.h"
 
-/// Cuts a text into tokens, front to back. Two delimiters in a row give an empty token between them,
-/// a leading delimiter an empty first token, a trailing one none; past the end every token is empty.
-/// Keeps its own copy of the text.
+/// Cuts a text into tokens, front to back. Two delimiters in a row give an empty token between
+/// them, a leading delimiter an empty first token, a trailing one none; past the end every token is
+/// empty. Keeps its own copy of the text.
 class WB_EXPORT CATToken
 {
 public:

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// One value of a TOML file: catalogs, dialog resources, units, settings and workbenches are such
-/// files. Tables keep the order of the file.
+/// files. Tables keep the order of the file. A date or a time is read as its text.
 class WB_EXPORT CATTomlValue
 {
 public:
@@ -18,12 +18,16 @@ public:
     using Array = std::vector<CATTomlValue>;
 
     CATTomlValue() = default;
-    CATTomlValue(std::string text) : m_value(std::move(text)) {}      // NOLINT(google-explicit-constructor)
-    CATTomlValue(std::int64_t integer) : m_value(integer) {}          // NOLINT(google-explicit-constructor)
-    CATTomlValue(double real) : m_value(real) {}                      // NOLINT(google-explicit-constructor)
-    CATTomlValue(bool flag) : m_value(flag) {}                        // NOLINT(google-explicit-constructor)
-    CATTomlValue(Array items) : m_value(std::move(items)) {}          // NOLINT(google-explicit-constructor)
-    CATTomlValue(Table members) : m_value(std::move(members)) {}      // NOLINT(google-explicit-constructor)
+    CATTomlValue(std::string text)
+        : m_value(std::move(text)) {} // NOLINT(google-explicit-constructor)
+    CATTomlValue(const char* text)
+        : m_value(std::string(text)) {}                      // NOLINT(google-explicit-constructor)
+    CATTomlValue(std::int64_t integer) : m_value(integer) {} // NOLINT(google-explicit-constructor)
+    CATTomlValue(double real) : m_value(real) {}             // NOLINT(google-explicit-constructor)
+    CATTomlValue(bool flag) : m_value(flag) {}               // NOLINT(google-explicit-constructor)
+    CATTomlValue(Array items) : m_value(std::move(items)) {} // NOLINT(google-explicit-constructor)
+    CATTomlValue(Table members)
+        : m_value(std::move(members)) {} // NOLINT(google-explicit-constructor)
 
     // Null when the value is of another kind.
     const std::string* AsText() const { return std::get_if<std::string>(&m_value); }
@@ -54,6 +58,8 @@ struct CATTomlResult
 /// Reads a file; a missing or unreadable one is a problem that names it.
 WB_EXPORT CATTomlResult CATReadTomlFile(const std::string& path);
 WB_EXPORT CATTomlResult CATParseToml(std::string_view text, const std::string& name);
-/// The text of a table: keys in their order, quoted where they must be, reals so that they read back
-/// alike.
+/// The text of a table: plain values first and then one section for each table in it, both in their
+/// order; keys quoted where they must be, reals so that they read back alike. Bytes that are not
+/// UTF-8, which no such file may hold, are written as the replacement character. Values that hold
+/// nothing are left out.
 WB_EXPORT std::string CATFormatToml(const CATTomlValue& table);

@@ -1,0 +1,44 @@
+#include "CATBaseUnknown.h"
+
+#include "CATHandle.h"
+
+CATBaseUnknown::CATBaseUnknown() = default;
+
+CATBaseUnknown::CATBaseUnknown(const CATBaseUnknown& /*other*/)
+{}
+
+// Assigning copies what the object says, not who holds it.
+CATBaseUnknown& CATBaseUnknown::operator=(const CATBaseUnknown& /*other*/) // NOLINT(bugprone-unhandled-self-assignment):
+                                                                           // nothing is copied
+{
+    return *this;
+}
+
+CATBaseUnknown::~CATBaseUnknown() = default;
+
+const char* CATBaseUnknown::ClassName() const
+{
+    return "CATBaseUnknown";
+}
+
+void CATBaseUnknown::AddRef() const
+{
+    ++m_references;
+}
+
+void CATBaseUnknown::Release() const
+{
+    if (--m_references == 0) {
+        delete this;
+    }
+}
+
+int CATBaseUnknown::ReferenceCount() const
+{
+    return m_references;
+}
+
+void CATRaiseNullHandle()
+{
+    throw CATNullHandle();
+}
