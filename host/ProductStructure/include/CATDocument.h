@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CATBaseUnknown.h"
+#include "CATCollections.h"
 #include "CATHandle.h"
 #include "CATIProduct.h"
 #include "CATProductSource.h"
@@ -21,15 +22,20 @@ public:
 };
 using CATDocument_var = CATHandle<CATDocument>;
 
-/// A document that holds a product structure. Its products keep it alive.
+/// A document that holds a product structure. A handle on the document, or on any of its products,
+/// keeps the whole document: there is no closing it while somebody holds a piece of it. Two handles
+/// on one place in the structure are equal as long as one of them is held.
 class WB_EXPORT CATProductDocument : public CATDocument
 {
 public:
     static constexpr const char* kPdmEnvironment = "ENOVIA5";
     static constexpr const char* kFileEnvironment = "FILE";
 
-    /// The document of a root as its source gives it. Nothing below the root is read yet.
-    static CATHandle<CATProductDocument> Open(std::shared_ptr<CATProductSource> source, const CATProductRow& root,
+    /// The document of a root as its source gives it. Nothing below the root is read yet. It is
+    /// identified by the root's part number and, where there is one, a blank and the version. Null
+    /// without a source.
+    static CATHandle<CATProductDocument> Open(std::shared_ptr<CATProductSource> source,
+                                              const CATProductRow& root,
                                               const CATUnicodeString& environment);
     /// Answers CATIMovable, CATILinkableObject too.
     virtual CATIProduct_var GetRoot() = 0;

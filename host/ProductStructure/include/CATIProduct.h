@@ -23,8 +23,11 @@ public:
     virtual CATHandle<CATIProduct> GetParent() const = 0;
     /// Whether there are children, without reading them.
     virtual bool HasChildren() const = 0;
-    /// Children are read from the document's source when they are first asked for; positions from 1.
+    /// Children are read from the document's source when they are first asked for; positions
+    /// from 1. Where the source gives none although there are some (the server was away), the next
+    /// call asks again.
     virtual int GetChildCount() const = 0;
+    /// Null where there is no such position.
     virtual CATHandle<CATIProduct> GetChild(int position) const = 0;
 };
 using CATIProduct_var = CATHandle<CATIProduct>;

@@ -19,12 +19,13 @@ struct CATProductRow
     CATMathTransformation placement; ///< of the part's axes in the parent's; lengths in mm
 };
 
-/// Where a product structure comes from: the server, or a file. Answers part by part, so that a large
-/// product costs what the user opens.
+/// Where a product structure comes from: the server, or a file. Answers part by part, so that a
+/// large product costs what the user opens.
 class WB_EXPORT CATProductSource
 {
 public:
     virtual ~CATProductSource();
     virtual std::vector<CATProductRow> Roots() = 0;
-    virtual std::vector<CATProductRow> Uses(const CATUnicodeString& part, const CATUnicodeString& version) = 0;
+    virtual std::vector<CATProductRow> Uses(const CATUnicodeString& part,
+                                            const CATUnicodeString& version) = 0;
 };

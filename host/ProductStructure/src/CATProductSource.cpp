@@ -1,0 +1,3 @@
+#include "CATProductSource.h"
+
+CATProductSource::~CATProductSource() = default;
