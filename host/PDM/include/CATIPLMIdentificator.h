@@ -5,7 +5,8 @@
 #include "CATHandle.h"
 #include "CATUnicodeString.h"
 
-/// Which object of the PDM is meant: the root's part number and the instance names from the root down.
+/// Which object of the PDM is meant: the root's part number and the instance names from the root
+/// down.
 class WB_EXPORT CATIPLMIdentificator : public CATBaseUnknown
 {
 public:

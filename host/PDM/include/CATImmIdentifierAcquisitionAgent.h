@@ -7,6 +7,7 @@
 class WB_EXPORT CATImmIdentifierAcquisitionAgent : public CATPathElementAgent
 {
 public:
+    /// `option` is the behaviour word to begin with.
     explicit CATImmIdentifierAcquisitionAgent(int option = 0);
     const char* ClassName() const override;
 
@@ -15,7 +16,7 @@ public:
     CATUnicodeString GetType() const;
     /// Null when nothing is picked or the object is no node of the navigator.
     CATIPLMIdentificator_var GetIdentificator() const;
-    /// The picked node's part identifier and version, in this order. E_FAIL, with the output untouched,
-    /// when nothing is picked.
+    /// The picked node's part identifier and version, in this order. E_FAIL, with the output
+    /// untouched, when nothing is picked or the object has no such attributes.
     long GetIdentifiers(CATListValCATUnicodeString& values) const;
 };

@@ -1,0 +1,6 @@
+#include "CATIPLMIdentificator.h"
+
+const char* CATIPLMIdentificator::ClassName() const
+{
+    return "CATIPLMIdentificator";
+}

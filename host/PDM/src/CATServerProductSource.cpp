@@ -1,0 +1,122 @@
+#include "CATServerProductSource.h"
+
+#include "CATDiagnostics.h"
+#include "CATENOWBCSCommonDefinitions.h"
+#include "CATNavigator.h"
+#include "CATPDMMessages.h"
+#include "CATWireFields.h"
+#include "RunServerCode.h"
+
+#include <array>
+#include <functional>
+
+namespace
+{
+using ProblemListener = std::function<void(const CATUnicodeString& sentence)>;
+
+ProblemListener& Listener()
+{
+    static ProblemListener listener;
+    return listener;
+}
+
+void ReportProblem(const CATUnicodeString& sentence)
+{
+    CATDiagnosticErrors().Line(sentence);
+    if (Listener()) {
+        Listener()(sentence);
+    }
+}
+
+CATProductRow ReadRoot(CATWireFields& fields)
+{
+    CATProductRow row;
+    row.part = fields.Text();
+    row.instance = row.part;
+    row.version = fields.Text();
+    row.name = fields.Text();
+    row.type = fields.Text();
+    row.hasUses = fields.Flag();
+    return row;
+}
+
+CATMathTransformation ReadPlacement(CATWireFields& fields)
+{
+    std::array<double, 12> coefficients{};
+    for (double& coefficient : coefficients) {
+        coefficient = fields.Real();
+    }
+    return CATMathTransformation::FromCoefficients(coefficients);
+}
+
+CATProductRow ReadUse(CATWireFields& fields)
+{
+    CATProductRow row;
+    row.instance = fields.Text();
+    row.part = fields.Text();
+    row.version = fields.Text();
+    row.name = fields.Text();
+    row.type = fields.Text();
+    row.quantity = fields.Quantity();
+    row.hasUses = fields.Flag();
+    row.placement = ReadPlacement(fields);
+    return row;
+}
+
+using RowReader = CATProductRow (*)(CATWireFields& fields);
+
+/// All rows of an answer or, when one field of it is wrong, none.
+std::vector<CATProductRow> ReadRows(const CATUnicodeString& answer, RowReader readRow)
+{
+    CATWireFields fields(answer.View());
+    std::vector<CATProductRow> rows;
+    // A count that promises more than there is ends with the first missing field; no room is made
+    // for it beforehand.
+    for (int left = fields.Count(); left > 0 && fields.IsSound(); --left) {
+        rows.push_back(readRow(fields));
+    }
+    fields.End();
+    if (!fields.IsSound()) {
+        ReportProblem(PDMText(kProductsUnreadable, {CATUnicodeString::FromInt(fields.WrongField()),
+                                                    CATUnicodeString(fields.Expected())}));
+        return {};
+    }
+    return rows;
+}
+
+std::vector<CATProductRow> CallAndRead(const char* method, const CATUnicodeString& request,
+                                       RowReader readRow)
+{
+    const CATUnicodeString marker = CATENOWBCSCommonDefinitions::errMsgHeader;
+    CATVariant input;
+    CATVariant output;
+    CATUnicodeString answer;
+    BuildVariant(request, input);
+    if (RunServerCode(method, input, output) != S_OK) {
+        ReportProblem(PDMText(kProductsNoAnswer));
+        return {};
+    }
+    ConvertVariant(output, answer);
+    if (answer.Find(marker) == 0) {
+        ReportProblem(PDMText(kProductsRefused, {answer.Part(marker.Length())}));
+        return {};
+    }
+    return ReadRows(answer, readRow);
+}
+} // namespace
+
+void CATNavigator::ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener)
+{
+    Listener() = std::move(listener);
+}
+
+std::vector<CATProductRow> CATServerProductSource::Roots()
+{
+    return CallAndRead("WBListRoots", {}, ReadRoot);
+}
+
+std::vector<CATProductRow> CATServerProductSource::Uses(const CATUnicodeString& part,
+                                                        const CATUnicodeString& version)
+{
+    return CallAndRead("WBListUses", part + "|" + version + "|", ReadUse);
+}
