@@ -5,7 +5,9 @@
 #include <functional>
 
 /// The parameter dictionary: every magnitude that the session knows, from the unit files of the
-/// resources ("units/*.toml").
+/// resources ("units/*.toml", the session's own first, then those of "WB_RESOURCE_PATH") and from
+/// the user's "units.toml" in "CATUserSettingPath". Later files add units and magnitudes and may
+/// name another default unit; they change no unit that is known.
 class WB_EXPORT CATICkeParmDictionary : public CATBaseUnknown
 {
 public:
@@ -24,6 +26,8 @@ public:
     static CATICkeParmDictionary_var GetParmDictionary();
     /// Puts another dictionary in the session's place; a null one has the files read again.
     static void SetParmDictionary(const CATICkeParmDictionary_var& dictionary);
-    /// Who is told of a unit file that is missing or wrong: file, line and what was expected.
+    /// Who is told of a unit file that is missing or wrong (file, line and what was expected) and
+    /// of a setting that names no unit. Without a listener the sentences go to the diagnostic
+    /// errors.
     static void ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener);
 };

@@ -17,9 +17,10 @@ public:
     virtual double FromStorage(double storageValue) const = 0;
     /// A storage value as text in this unit, the symbol directly behind the number ("12.5kg"), with
     /// the session's decimal separator. `decimals` 0: at most the unit's own number of decimals,
-    /// trailing zeros dropped (and, for a unit with `small = "exponent"`, in exponent form where a
-    /// non-zero value would else read back more than 0.5 % off). `decimals` n > 0: exactly n. A
-    /// negative number counts as 0.
+    /// trailing zeros dropped (and, for a unit with `small = "exponent"`, in exponent form with at
+    /// most six decimals where a non-zero value would else read back more than 0.5 % off).
+    /// `decimals` n > 0: exactly n, as far as doubles have digits (1074). A negative number counts
+    /// as 0. What rounds to zero has no sign.
     virtual CATUnicodeString Show(double storageValue, int decimals) const = 0;
 };
 using CATICkeUnit_var = CATHandle<CATICkeUnit>;
