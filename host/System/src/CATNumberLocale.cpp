@@ -128,36 +128,36 @@ bool ConvertCut(const std::string& number, double& value)
     return true;
 }
 
-bool ReadMagnitude(std::string_view text, double& value)
+// Whether the session writes numbers with a point: the first thing every reader asks.
+bool HasPoint()
+{
+    const char* separator = nl_langinfo(RADIXCHAR);
+    return separator[0] == '.' && separator[1] == '\0';
+}
+
+// A number that is not plain, not in range or not written with a point.
+bool ReadOtherMagnitude(std::string_view text, double& value)
 {
     if (text.empty()) {
         return false;
     }
-    const char first = text.front();
-    if (IsLetter(first, 'i') || IsLetter(first, 'n')) {
+    if (IsLetter(text.front(), 'i') || IsLetter(text.front(), 'n')) {
         return ReadWord(text, value);
     }
-    const std::string_view separator = CATDecimalSeparator();
-    const bool isHexadecimal = text.size() > 1 && first == '0' && IsLetter(text[1], 'x');
-    if (separator == "." && !isHexadecimal) {
-        if (!IsDigit(first) && first != '.') {
-            return false;
-        }
-        const std::from_chars_result result =
-            std::from_chars(text.data(), text.data() + text.size(), value);
-        if (result.ec != std::errc::result_out_of_range) {
-            return result.ec == std::errc();
-        }
+    const std::string number = CutNumber(text, CATDecimalSeparator());
+    const std::from_chars_result result =
+        std::from_chars(number.data(), number.data() + number.size(), value);
+    const bool isHexadecimal = number.size() > 1 && number[1] == 'x';
+    if (isHexadecimal || result.ec == std::errc::result_out_of_range) {
+        return ConvertCut(number, value);
     }
-    const std::string number = CutNumber(text, separator);
-    if (!isHexadecimal) {
-        const std::from_chars_result result =
-            std::from_chars(number.data(), number.data() + number.size(), value);
-        if (result.ec != std::errc::result_out_of_range) {
-            return result.ec == std::errc();
-        }
-    }
-    return ConvertCut(number, value);
+    return result.ec == std::errc();
+}
+
+// A plain number: decimal digits, the first one no 0 that a hexadecimal one could begin with.
+bool IsPlain(std::string_view text)
+{
+    return !text.empty() && IsDigit(text.front()) && (text.size() == 1 || !IsLetter(text[1], 'x'));
 }
 
 } // namespace
@@ -208,7 +208,15 @@ int CATReadReal(std::string_view text, double& value)
         text.remove_prefix(1);
     }
     double magnitude = 0.0;
-    if (!ReadMagnitude(text, magnitude)) {
+    if (IsPlain(text) && HasPoint()) {
+        const std::from_chars_result result =
+            std::from_chars(text.data(), text.data() + text.size(), magnitude);
+        if (result.ec == std::errc()) {
+            value = isNegative ? -magnitude : magnitude;
+            return 1;
+        }
+    }
+    if (!ReadOtherMagnitude(text, magnitude)) {
         return 0;
     }
     value = isNegative ? -magnitude : magnitude;
