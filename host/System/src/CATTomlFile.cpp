@@ -15,9 +15,10 @@
 #include <cerrno>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <iterator>
+#include <memory>
 #include <sstream>
 
 namespace
@@ -243,12 +244,24 @@ CATTomlResult CATParseToml(std::string_view text, const std::string& name)
 
 CATTomlResult CATReadTomlFile(const std::string& path)
 {
-    errno = 0;
-    std::ifstream file(path, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    // A directory opens and then cannot be read; the reason is errno's in both cases.
-    if (!file.is_open() || errno != 0) {
-        return {CATTomlValue::Table(), path + ": " + std::strerror(errno == 0 ? EIO : errno)};
+    const auto cannotBeRead = [&](int error) {
+        return CATTomlResult{CATTomlValue::Table(), path + ": " + std::strerror(error)};
+    };
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
+                                                               std::fclose);
+    if (file == nullptr) {
+        return cannotBeRead(errno);
+    }
+    constexpr std::size_t kPiece = 65536;
+    std::string text;
+    for (std::size_t size = 0, read = kPiece; read == kPiece; size += read) {
+        text.resize(size + kPiece);
+        read = std::fread(text.data() + size, 1, kPiece, file.get());
+        text.resize(size + read);
+    }
+    // A directory opens like a file and fails only here.
+    if (std::ferror(file.get()) != 0) {
+        return cannotBeRead(errno);
     }
     return CATParseToml(text, path);
 }
