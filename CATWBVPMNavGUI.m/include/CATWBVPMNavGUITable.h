@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CATUnicodeString.h"
+#include "CATWBRecordTables.h"
 
 class CATCommand;
 class CATWBAllDataBuffer;
@@ -14,6 +15,8 @@ struct CATWBVPMNavGUITable
     CATWBVPMMainPanel* (*createMainPanel)(CATCommand* parent, CATWBAllDataBuffer* record) = nullptr;
     /// The filter text of a root.
     CATUnicodeString (*getFilter)(const CATUnicodeString& rootIdentifier) = nullptr;
+    /// Everything in a record, for a program that knows no records.
+    std::vector<CATWBRecordTable> (*describeRecord)(const CATWBAllDataBuffer& record) = nullptr;
 };
 
 /// Registers a table and returns the one that stood there. Members may be null: then the contract's own

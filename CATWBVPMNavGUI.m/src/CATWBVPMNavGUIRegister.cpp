@@ -1,0 +1,13 @@
+#include "CATWBVPMNavGUITable.h"
+#include "WBMainPanel.h"
+
+/// The library's entry: the host calls it once after loading.
+extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
+{
+    CATWBVPMNavGUITable table;
+    table.createMainPanel = [](CATCommand* parent,
+                               CATWBAllDataBuffer* record) -> CATWBVPMMainPanel* {
+        return new WBMainPanel(parent, record); // the parent owns it
+    };
+    CATWBVPMNavGUISetTable(table);
+}
