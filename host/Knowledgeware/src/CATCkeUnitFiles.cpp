@@ -366,7 +366,7 @@ std::vector<std::string> CATCkeUnitFilePaths()
 CATHandle<CATCkeParmDictionary> CATCkeReadDictionary(const std::vector<std::string>& paths,
                                                      const CATCkeReport& report)
 {
-    const auto dictionary =
+    auto dictionary =
         CATHandle<CATCkeParmDictionary>::Adopt(new CATCkeParmDictionary); // the handle takes it
     for (const std::string& path : paths) {
         const CATTomlResult file = CATReadTomlFile(path);
