@@ -54,7 +54,6 @@ void CATServerWorker::Work()
         std::function<void()> job = std::exchange(m_job, {});
         lock.unlock();
         job();
-        job = {};
         lock.lock();
         m_busy = false;
         m_changed.notify_all();

@@ -21,8 +21,7 @@ public:
     /// Runs the job, which must not throw, on the thread. Not to be called before the former job is
     /// done.
     void Start(std::function<void()> job);
-    /// Whether the job is done within that time. Then the thread has also let go of everything that
-    /// the job held.
+    /// Whether the job is done within that time.
     bool IsDoneWithin(std::chrono::milliseconds time);
     void WaitUntilDone();
 
