@@ -255,6 +255,7 @@ constexpr std::array kBadUnits{
 TEST_F(CATCkeGlobalFunctionsTest, ABadEntryIsReportedByFileLineAndExpectationAndTheRestIsRead)
 {
     std::vector<std::pair<std::string, BadFile>> files;
+    files.reserve(kBadFiles.size() + kBadUnits.size());
     for (const BadFile& bad : kBadFiles) {
         files.emplace_back(bad.text, bad);
     }
@@ -352,8 +353,9 @@ TEST_F(CATCkeGlobalFunctionsTest, AFactorThatNoDoubleHoldsIsRefused)
     const std::string tiny = "0." + std::string(320, '0') + "1";
     for (const std::string& text :
          {huge, large + " * " + large, "1 / " + large + " * " + large, tiny}) {
-        WriteUserFile(std::string(kLengthUnit) + "symbol = \"yd\"\ndecimals = 1\nfactor = \"" +
-                      text + "\"\n");
+        std::string file = kLengthUnit;
+        WriteUserFile(
+            file.append("symbol = \"yd\"\ndecimals = 1\nfactor = \"").append(text).append("\"\n"));
         EXPECT_TRUE(Unit("LENGTH", "yd").IsNull()) << text;
     }
 }
