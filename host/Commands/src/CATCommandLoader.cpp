@@ -100,7 +100,8 @@ std::string LibraryPath(const CATString& name)
     static const char here = 0;
     Dl_info info{};
     dladdr(&here, &info);
-    const fs::path folder = fs::path(info.dli_fname).parent_path();
+    std::error_code ignored; // a path that cannot be resolved is named as it is
+    const fs::path folder = fs::weakly_canonical(info.dli_fname, ignored).parent_path();
     return (folder / ("lib" + name.ToStdString() + ".so")).string();
 }
 

@@ -1,0 +1,7 @@
+#include "CATHandle.h"
+#include "TestModule.h"
+
+extern "C" WB_EXPORT void TestCompanionFailsToRegisterRegister()
+{
+    CATRaiseNullHandle();
+}

@@ -1,0 +1,7 @@
+#include "CATDiagnostics.h"
+#include "TestModule.h"
+
+extern "C" WB_EXPORT void TestCompanionGoodRegister()
+{
+    CATDiagnosticOutput().Line("TestCompanionGood registers");
+}

@@ -1,0 +1,4 @@
+#include "TestModule.h"
+
+extern "C" WB_EXPORT void RegisterUnderAnotherName()
+{}

@@ -1,0 +1,6 @@
+#include "TestModule.h"
+
+extern "C" WB_EXPORT CATCommand* fctCreateNoCommand()
+{
+    return nullptr;
+}
