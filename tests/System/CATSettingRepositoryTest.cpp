@@ -7,18 +7,58 @@
 
 #include <gtest/gtest.h>
 
+#include <dlfcn.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <limits>
 #include <random>
 #include <thread>
 
 namespace
 {
+
+// What a test wants to be told of, or to go wrong, when a file is flushed or renamed.
+std::function<int(int file)> flushHook;
+std::function<int(const char* to)> renameHook;
+
+} // namespace
+
+// These stand before the C library's for the whole program; what a hook answers other than 0 is the
+// error of the call.
+extern "C" __attribute__((visibility("default"))) int fsync(int file)
+{
+    static const auto real = reinterpret_cast<int (*)(int)>(dlsym(RTLD_NEXT, "fsync"));
+    const int error = flushHook ? flushHook(file) : 0;
+    errno = error;
+    return error != 0 ? -1 : real(file);
+}
+
+extern "C" __attribute__((visibility("default"))) int rename(const char* from,
+                                                             const char* to) noexcept
+{
+    static const auto real =
+        reinterpret_cast<int (*)(const char*, const char*)>(dlsym(RTLD_NEXT, "rename"));
+    const int error = renameHook ? renameHook(to) : 0;
+    errno = error;
+    return error != 0 ? -1 : real(from, to);
+}
+
+namespace
+{
+
+bool IsDirectory(int file)
+{
+    struct stat status = {};
+    fstat(file, &status);
+    return S_ISDIR(status.st_mode);
+}
 
 class CATSettingRepositoryTest : public testing::Test
 {
@@ -33,6 +73,8 @@ protected:
     }
     ~CATSettingRepositoryTest() override
     {
+        flushHook = {};
+        renameHook = {};
         CATSettingRepository::ReportProblemsTo({});
         CATSettingRepository::CloseAll();
     }
@@ -288,6 +330,91 @@ TEST_F(CATSettingRepositoryTest, DamagedReferenceIsReportedAndLeftWhereItIs)
         << m_sentences[0].Text();
     EXPECT_TRUE(m_reference.Has("App.CATSettings"));
     EXPECT_EQ(m_reference.FileCount(), 1U);
+}
+
+TEST_F(CATSettingRepositoryTest, DamagedFileThatCannotBeSetAsideIsNotWrittenOver)
+{
+    const std::string path = m_user.Write("App.CATSettings", "a = \n");
+    renameHook = [](const char* to) {
+        return std::string(to).ends_with(".damaged-1") ? EACCES : 0;
+    };
+    CATSettingRepository& repository = Reopened();
+    const CATUnicodeString rest =
+        ". The file cannot be set aside: Permission denied. Nothing will be saved over it";
+    ASSERT_EQ(m_sentences.size(), 1U);
+    EXPECT_EQ(m_sentences[0].Find("The settings cannot be read: " + path + ":1:"), 0);
+    EXPECT_TRUE(m_sentences[0].Contains(rest)) << m_sentences[0].Text();
+    repository.WriteSetting("a", 1);
+    EXPECT_EQ(repository.SaveRepository(), E_FAIL);
+    ASSERT_EQ(m_sentences.size(), 2U);
+    EXPECT_EQ(m_sentences[1], "The settings cannot be read: " + path + rest);
+    EXPECT_EQ(m_user.Read("App.CATSettings"), "a = \n");
+    // As soon as it can be set aside, saving goes on.
+    renameHook = {};
+    EXPECT_EQ(repository.SaveRepository(), S_OK);
+    EXPECT_EQ(m_user.Read("App.CATSettings"), "a = 1\n");
+    EXPECT_EQ(m_user.Read("App.CATSettings.damaged-1"), "a = \n");
+    EXPECT_EQ(repository.SaveRepository(), S_OK);
+    EXPECT_EQ(m_user.FileCount(), 2U);
+}
+
+TEST_F(CATSettingRepositoryTest, DamagedFileThatTheUserTookAwayIsNoHindrance)
+{
+    m_user.Write("App.CATSettings", "a = \n");
+    renameHook = [](const char* to) {
+        return std::string(to).ends_with(".damaged-1") ? EACCES : 0;
+    };
+    CATSettingRepository& repository = Reopened();
+    std::filesystem::remove(m_user.At("App.CATSettings"));
+    EXPECT_EQ(repository.SaveRepository(), S_OK);
+    EXPECT_EQ(m_sentences.size(), 1U);
+}
+
+TEST_F(CATSettingRepositoryTest, SavingFlushesTheFileBeforeItsNameAndTheDirectoryBehindIt)
+{
+    m_user.Write("App.CATSettings", "a = 1\n");
+    CATSettingRepository& repository = Reopened();
+    repository.WriteSetting("a", 2);
+    std::vector<std::string> seen;
+    flushHook = [&](int file) {
+        seen.push_back((IsDirectory(file) ? "directory " : "file ") +
+                       m_user.Read("App.CATSettings"));
+        return 0;
+    };
+    EXPECT_EQ(repository.SaveRepository(), S_OK);
+    EXPECT_EQ(seen, (std::vector<std::string>{"file a = 1\n", "directory a = 2\n"}));
+}
+
+TEST_F(CATSettingRepositoryTest, FileThatCannotBeFlushedOrRenamedLeavesTheOldOne)
+{
+    m_user.Write("App.CATSettings", "a = 1\n");
+    CATSettingRepository& repository = Reopened();
+    repository.WriteSetting("a", 2);
+    flushHook = [](int file) {
+        return IsDirectory(file) ? 0 : EIO;
+    };
+    EXPECT_EQ(repository.SaveRepository(), E_FAIL);
+    flushHook = {};
+    renameHook = [](const char*) {
+        return EBUSY;
+    };
+    EXPECT_EQ(repository.SaveRepository(), E_FAIL);
+    EXPECT_EQ(m_user.Read("App.CATSettings"), "a = 1\n");
+    EXPECT_EQ(m_user.FileCount(), 1U);
+    const CATUnicodeString begin =
+        "The settings cannot be saved: " + m_user.At("App.CATSettings") + ": ";
+    EXPECT_EQ(m_sentences, (std::vector<CATUnicodeString>{begin + "Input/output error",
+                                                          begin + "Device or resource busy"}));
+}
+
+TEST_F(CATSettingRepositoryTest, DirectoryThatCannotBeFlushedIsReported)
+{
+    CATSettingRepository& repository = Reopened();
+    flushHook = [](int file) {
+        return IsDirectory(file) ? EIO : 0;
+    };
+    EXPECT_EQ(repository.SaveRepository(), E_FAIL);
+    EXPECT_EQ(m_sentences.size(), 1U);
 }
 
 // Runs in a child process, so that its limits and its end are its own; gives its wait status.

@@ -135,7 +135,7 @@ private:
     Shared* Block() const
     {
         Shared* block = nullptr;
-        std::memcpy(&block, m_bytes, sizeof(block));
+        std::memcpy(&block, m_bytes, sizeof(void*));
         return block;
     }
     void SetEmpty() noexcept

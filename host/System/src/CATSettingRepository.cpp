@@ -102,11 +102,12 @@ Values ReadReference(const std::string& path)
 // hand. False, and told to the listener, when that is not possible.
 bool SetAside(const std::string& path, const std::string& problem)
 {
-    std::string kept;
-    for (int number = 1; kept.empty() || fs::exists(kept); ++number) {
-        kept = path + ".damaged-" + std::to_string(number);
-    }
     std::error_code error;
+    int number = 1;
+    while (fs::exists(path + ".damaged-" + std::to_string(number), error)) {
+        ++number;
+    }
+    const std::string kept = path + ".damaged-" + std::to_string(number);
     fs::rename(path, kept, error);
     if (error) {
         Report("The settings cannot be read: " + problem + ". The file cannot be set aside: " +
@@ -345,7 +346,8 @@ long CATSettingRepository::SaveRepository()
         return E_FAIL;
     }
     if (!m_contents->unreadable.empty()) {
-        if (fs::exists(m_contents->unreadable) &&
+        std::error_code error;
+        if (fs::exists(m_contents->unreadable, error) &&
             !SetAside(m_contents->unreadable, m_contents->unreadable)) {
             return E_FAIL;
         }
@@ -354,9 +356,9 @@ long CATSettingRepository::SaveRepository()
     if (!MakeDirectory(fs::path(file).parent_path().string())) {
         return E_FAIL;
     }
-    const int error = WriteFileSafely(file, FileText(m_contents->user));
-    if (error != 0) {
-        Report("The settings cannot be saved: " + file + ": " + std::strerror(error));
+    const int failure = WriteFileSafely(file, FileText(m_contents->user));
+    if (failure != 0) {
+        Report("The settings cannot be saved: " + file + ": " + std::strerror(failure));
         return E_FAIL;
     }
     return S_OK;

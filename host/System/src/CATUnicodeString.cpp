@@ -153,7 +153,7 @@ void CATUnicodeString::Release(Shared* block) noexcept
 
 void CATUnicodeString::Hold(Shared* block) noexcept
 {
-    std::memcpy(m_bytes, &block, sizeof(block));
+    std::memcpy(m_bytes, &block, sizeof(void*));
     m_bytes[kInPlaceBytes] = static_cast<char>(kSharedTag);
 }
 
