@@ -2,19 +2,28 @@
 
 #include "CATCommand.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 
 class QWidget;
 
 /// The base of windows and controls. A control stands in its parent (a window, a frame, a tab page)
 /// at the place that SetPlacement gives it. Its texts come from the resource file of the dialog it
-/// stands in ("dialogs/<Class>.toml", the class named by the dialog's GetResourceFilename): the key is
-/// the path of control names below the dialog and the field, "MassFrame.MassLabel.Title"; fields are
-/// Title, Tooltip, Icon. Texts set by program win.
+/// stands in ("dialogs/<Class>.toml", the class named by the dialog's GetResourceFilename): the key
+/// is the path of control names below the dialog and the field, "MassFrame.MassLabel.Title"; fields
+/// are Title, Tooltip, Icon (a file below "icons" of the resources). They are read when the window
+/// is first shown, and for controls made later at once. Texts set by program win. A control that
+/// should show a text and has none in the resources shows its name, so that what is missing can be
+/// seen.
+///
+/// Without a running toolkit (a script) windows and controls exist, keep name, style words and
+/// title, and have no widget: every other operation does nothing and answers as for an empty
+/// control. The same holds for a control without a parent.
 ///
 /// The toolkit's object carries the control's name as its object name. The words of style and
-/// justification are kept as given (Style) and read in one table per kind of control; words that are
-/// not in it do nothing.
+/// justification are kept as given (Style) and read in one table per kind of control; words that
+/// are not in it do nothing.
 class WB_EXPORT CATDialog : public CATCommand
 {
 public:
@@ -34,10 +43,17 @@ public:
     /// label that stands before it.
     void SetAccessibleName(const CATUnicodeString& name);
 
+    /// Who is told, once a file, that a dialog's resource file is missing or broken; the sentence
+    /// names the file. The diagnostic error stream hears it too.
+    static void ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener);
+
     /// Cell of the parent's grid, from 0, and how many rows and columns the control covers.
-    /// Justification 30 fills the cell, 4 keeps the control's own size.
+    /// Justification 30 fills the cell, 4 keeps the control's own size: a frame (a row of buttons)
+    /// at the right of its cell, any other control at the left. A control that is never placed goes
+    /// below the others.
     void SetPlacement(int row, int column, int rows = 1, int columns = 1, int justification = 30);
-    /// How much of the free room a row or column of this container's grid takes; 0: none beyond need.
+    /// How much of the free room a row or column of this container's grid takes; 0: none beyond
+    /// need.
     void SetRowStretch(int row, int stretch);
     void SetColumnStretch(int column, int stretch);
 
@@ -49,12 +65,25 @@ public:
 
 protected:
     CATDialog(CATCommand* parent, const CATString& name, int style);
-    /// Called once by each kind of control with the toolkit's object that it made; this class owns it.
-    void Adopt(QWidget* widget);
-    /// The window that the control stands in (itself for a window).
-    CATDialog* Window() const;
+    /// Called once by each kind of control with the toolkit's object that it made; this class owns
+    /// it from then on. `outer` is what stands in the parent's grid when that is more than the
+    /// object itself; `container` is the piece inside it that takes controls, for a control that
+    /// takes any.
+    void Adopt(QWidget* widget, QWidget* outer = nullptr, QWidget* container = nullptr);
+    /// The toolkit's object that a control of this parent is made in; null where there is none.
+    static QWidget* Inside(CATDialog* parent);
+    /// The window that the control stands in (itself for a window); null for a control without one.
+    CATDialog* Window();
+    /// Reads the resources of a window and of all that stands in it, once: before it is first
+    /// shown.
+    void ApplyResources();
 
 private:
     struct State;
+    CATDialog* ParentDialog() const;
+    std::string ResourcePath(const char* field) const;
+    void TakeTextsFromResources();
+    void ShowTitle();
+    void PlaceLeftOver();
     std::unique_ptr<State> m_state;
 };

@@ -2,7 +2,10 @@
 
 #include "CATDialog.h"
 
-/// A box of controls. Style 1 draws a titled border; 0x80001 and 0x40001 draw none.
+// Events tell what the user did; a value that the program sets sends none.
+
+/// A box of controls. Style 1 draws a titled border; 0x80001, 0x40001 and words not listed draw
+/// none.
 class WB_EXPORT CATDlgFrame : public CATDialog
 {
 public:
@@ -13,7 +16,15 @@ public:
 class WB_EXPORT CATDlgLabel : public CATDialog
 {
 public:
-    enum class Role { Plain, Heading, Caption, Good, Warning, Problem };
+    enum class Role
+    {
+        Plain,
+        Heading,
+        Caption,
+        Good,
+        Warning,
+        Problem
+    };
     CATDlgLabel(CATDialog* parent, const CATString& name, int style = 0);
     /// How the text looks: a heading is larger, a caption quieter; Good, Warning and Problem carry
     /// their colour and stay readable without it.
@@ -35,13 +46,14 @@ public:
     void SetRightAligned(bool rightAligned);
 };
 
-/// A list of lines that drops down. Style 0x40000: the user chooses, but types nothing.
+/// A list of lines that drops down; the first line that is written is the chosen one until another
+/// is. Style 0x40000: the user chooses, but types nothing; without that word typing finds a line.
 class WB_EXPORT CATDlgCombo : public CATDialog
 {
 public:
     CATDlgCombo(CATDialog* parent, const CATString& name, int style = 0x40000);
     static const CATEvent Selected; ///< the user chose another line; the detail is its index from 0
-    /// Writes line `index` (from 0), appending it when it is the next one.
+    /// Writes line `index` (from 0), appending it when it is the next one; beyond that nothing.
     void SetLine(int index, const CATUnicodeString& text);
     void RemoveAll();
     int LineCount() const;

@@ -5,13 +5,15 @@
 
 /// A list of rows and columns. Rows count from 1, columns from 0. The user can sort it by a column
 /// (numbers as numbers, whatever unit follows them), filter it, copy cells with their headers and
-/// export it as seen to CSV; none of that changes the rows as the owner wrote them. Every column can
-/// be reached by keyboard; a text that is cut ends in an ellipsis and shows whole in its tooltip.
+/// export it as seen to CSV; none of that changes the rows as the owner wrote them. Every column
+/// can be reached by keyboard; a text that is cut ends in an ellipsis and shows whole in its
+/// tooltip.
 class WB_EXPORT CATDlgMultiList : public CATDialog
 {
 public:
     CATDlgMultiList(CATDialog* parent, const CATString& name, int style = 0);
-    static const CATEvent RowSelected; ///< the detail is the row
+    ~CATDlgMultiList() override;
+    static const CATEvent RowSelected; ///< the user went to another row; the detail is the row
 
     /// Titles fix the number of columns. A column of numbers is right-aligned, title and cells.
     void SetColumnTitles(const CATListValCATUnicodeString& titles);
@@ -21,8 +23,10 @@ public:
 
     /// Option of SetCell: appends the row when it is not there (the one after the last).
     static constexpr int kAppendRow = 64;
-    /// Without the option, a cell of a row that is not there is not written: S_FALSE.
+    /// Without the option, a cell of a row that is not there is not written: S_FALSE, as with it
+    /// for a row beyond the next. E_INVALIDARG for a row below 1 or a column that has no title.
     long SetCell(int column, int row, const CATUnicodeString& text, int option = kAppendRow);
+    /// The text as the owner wrote it; empty for a cell that is not there.
     CATUnicodeString Cell(int column, int row) const;
     /// Whole rows at once, replacing all: faster than cell by cell.
     void SetRows(std::vector<CATListValCATUnicodeString> rows);
@@ -39,6 +43,10 @@ public:
     void SelectRow(int row);
     /// What stands in the list's place when it has no rows ("No document revisions").
     void SetEmptyText(const CATUnicodeString& text);
+
+    /// The room that the list asks for; it takes more where there is more.
+    void SetVisibleLines(int lines);
+    void SetVisibleTextWidth(int characters);
 
 private:
     struct Model;

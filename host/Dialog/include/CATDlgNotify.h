@@ -3,14 +3,17 @@
 #include "CATDlgDialog.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 /// A message box. Style words: 0x10000000 an error, 0x8000000 a warning, 0 a plain message, and
-/// 0x8800200 a question with Yes and No.
+/// 0x8800200 a question with Yes and No. Without a running toolkit a box that nobody answers goes
+/// to the diagnostic error stream, and a question is answered by no.
 class WB_EXPORT CATDlgNotify : public CATDlgDialog
 {
 public:
     CATDlgNotify(CATCommand* parent, const CATString& name, int style);
+    ~CATDlgNotify() override;
     void SetText(const CATUnicodeString& text);
 
     /// Shows the box and goes on; the box deletes itself when it is closed.
@@ -31,4 +34,9 @@ public:
     };
     using Answerer = std::function<std::optional<int>(const Shown& box)>;
     static void SetAnswerer(Answerer answerer);
+
+private:
+    struct Box;
+    std::optional<int> AskAnswerer(bool blocking) const;
+    std::unique_ptr<Box> m_box;
 };

@@ -1,0 +1,88 @@
+#include "Appearance.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+#include <QStyleFactory>
+
+namespace
+{
+
+struct PaletteRow
+{
+    QPalette::ColorRole role;
+    QRgb usual;
+    QRgb disabled;
+};
+
+constexpr PaletteRow kPalette[] = {
+    {QPalette::Window, 0xfff4f5f7, 0xfff4f5f7},
+    {QPalette::WindowText, 0xff1d232b, 0xff8a919b},
+    {QPalette::Base, 0xffffffff, 0xfff4f5f7},
+    {QPalette::AlternateBase, 0xfff1f4f8, 0xfff1f4f8},
+    {QPalette::Text, 0xff1d232b, 0xff8a919b},
+    {QPalette::PlaceholderText, 0xff6b7480, 0xff8a919b},
+    {QPalette::Button, 0xffebedf0, 0xfff0f1f3},
+    {QPalette::ButtonText, 0xff1d232b, 0xff8a919b},
+    {QPalette::BrightText, 0xffffffff, 0xffffffff},
+    {QPalette::Highlight, 0xff1f5fae, 0xffb9c3d0},
+    {QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    {QPalette::ToolTipBase, 0xfffffbe6, 0xfffffbe6},
+    {QPalette::ToolTipText, 0xff1d232b, 0xff1d232b},
+    {QPalette::Link, 0xff1f5fae, 0xff8a919b},
+    {QPalette::Light, 0xffffffff, 0xffffffff},
+    {QPalette::Midlight, 0xfff0f1f3, 0xfff0f1f3},
+    {QPalette::Mid, 0xffb8bec7, 0xffb8bec7},
+    {QPalette::Dark, 0xff8a919b, 0xff8a919b},
+    {QPalette::Shadow, 0xff5c636d, 0xff5c636d},
+};
+
+constexpr int kFontPoints = 9;
+
+} // namespace
+
+void GiveAppearance(QApplication& application)
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QPalette palette;
+    for (const PaletteRow& row : kPalette) {
+        palette.setColor(QPalette::Active, row.role, QColor::fromRgb(row.usual));
+        palette.setColor(QPalette::Inactive, row.role, QColor::fromRgb(row.usual));
+        palette.setColor(QPalette::Disabled, row.role, QColor::fromRgb(row.disabled));
+    }
+    QApplication::setPalette(palette);
+
+    const QString family = QStringLiteral("DejaVu Sans");
+    QFont font = QFontDatabase::hasFamily(family) ? QFont(family) : application.font();
+    font.setPointSize(kFontPoints);
+    QApplication::setFont(font);
+}
+
+QPalette ReadOnlyPalette()
+{
+    QPalette palette = QApplication::palette();
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Base, QColor(0xe9, 0xec, 0xf0));
+    }
+    return palette;
+}
+
+QColor QuietColour()
+{
+    return {0x56, 0x5f, 0x6b};
+}
+
+QColor GoodColour()
+{
+    return {0x1a, 0x66, 0x2b};
+}
+
+QColor WarningColour()
+{
+    return {0x84, 0x4d, 0x00};
+}
+
+QColor ProblemColour()
+{
+    return {0xa8, 0x20, 0x1a};
+}

@@ -1,0 +1,226 @@
+#include "CATDlgMultiList.h"
+
+#include "CATDlgFile.h"
+#include "CATDlgNotify.h"
+#include "CATStatus.h"
+#include "ListCsv.h"
+#include "ListModel.h"
+#include "ListView.h"
+#include "Toolkit.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPointer>
+#include <QSaveFile>
+
+const CATEvent CATDlgMultiList::RowSelected("RowSelected");
+
+namespace
+{
+
+constexpr int kErrorStyle = 0x10000000;
+constexpr int kQuestionStyle = 0x8800200;
+constexpr int kYes = 3;
+
+bool MayReplace(CATDialog& list, const QString& path)
+{
+    if (!QFileInfo::exists(path)) {
+        return true;
+    }
+    auto* question = new CATDlgNotify(&list, "ReplaceFile", kQuestionStyle);
+    question->SetTitle(
+        FromQt(DialogMessage("List.ExportTitle", "@Export the list as it is shown")));
+    question->SetText(FromQt(DialogMessage(
+        "List.ExportExists", "@/p1\nis there already. Shall it be replaced?", {path})));
+    const int answer = question->DisplayBlocking();
+    question->RequestDelayedDestruction();
+    return answer == kYes;
+}
+
+void TellFailure(CATDialog& list, const QString& path, const QString& reason)
+{
+    auto* box = new CATDlgNotify(&list, "ExportFailed", kErrorStyle); // deletes itself when closed
+    box->SetTitle(FromQt(DialogMessage("List.ExportTitle", "@Export the list as it is shown")));
+    box->SetText(FromQt(
+        DialogMessage("List.ExportFailed", "@/p1\ncould not be written: /p2.", {path, reason})));
+    box->DisplayNonBlocking();
+}
+
+void ExportAsShown(CATDialog& list, ListView& view)
+{
+    auto* box = new CATDlgFile(&list, "ExportFile", CATDlgFile::Mode::Save);
+    box->SetTitle(FromQt(DialogMessage("List.ExportTitle", "@Export the list as it is shown")));
+    box->SetFileType(FromQt(DialogMessage("List.ExportType", "@Comma-separated values")), "csv");
+    box->SetSuggestedName(list.Name() + ".csv");
+    const QString path = ToQt(box->DisplayBlocking());
+    box->RequestDelayedDestruction();
+    if (path.isEmpty() || !MayReplace(list, path)) {
+        return;
+    }
+    // Written beside the old file and renamed: a full disk does not cost the old one.
+    QSaveFile file(path);
+    const QByteArray text = QByteArray::fromStdString(CsvText(view.ShownTable()));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+        TellFailure(list, path, file.errorString());
+    }
+}
+
+} // namespace
+
+struct CATDlgMultiList::Model
+{
+    QPointer<ListBox> box;
+    ListModel* rows = nullptr; ///< a child of the box
+    /// The rows, null where the list has no widget (any more).
+    ListModel* Rows() const { return box == nullptr ? nullptr : rows; }
+};
+
+CATDlgMultiList::CATDlgMultiList(CATDialog* parent, const CATString& name, int style)
+    : CATDialog(parent, name, style), m_model(std::make_unique<Model>())
+{
+    QWidget* inside = Inside(parent);
+    if (inside == nullptr) {
+        return;
+    }
+    auto* model = new ListModel(nullptr);
+    auto* box = new ListBox(inside, *model);
+    model->setParent(box); // the box deletes it, after the view
+    m_model->box = box;
+    m_model->rows = model;
+    Adopt(&box->View(), box);
+    box->SetFilterName(ToQt(name) + QStringLiteral("Filter"));
+    model->SetOnSettled([box] { box->Refresh(); });
+    box->View().onRowSelected = [this](int row) {
+        SendFromUser(*this, RowSelected, row + 1);
+    };
+    box->View().onExport = [this, box] {
+        ExportAsShown(*this, box->View());
+    };
+}
+
+CATDlgMultiList::~CATDlgMultiList() = default;
+
+void CATDlgMultiList::SetColumnTitles(const CATListValCATUnicodeString& titles)
+{
+    if (ListModel* model = m_model->Rows()) {
+        model->SetTitles(titles);
+    }
+}
+
+CATListValCATUnicodeString CATDlgMultiList::ColumnTitles() const
+{
+    const ListModel* model = m_model->Rows();
+    return model == nullptr ? CATListValCATUnicodeString() : model->Titles();
+}
+
+void CATDlgMultiList::SetColumnIsNumber(int column, bool isNumber)
+{
+    if (ListModel* model = m_model->Rows()) {
+        model->SetNumberColumn(column, isNumber);
+    }
+}
+
+void CATDlgMultiList::SetColumnTooltip(int column, const CATUnicodeString& tooltip)
+{
+    if (ListModel* model = m_model->Rows()) {
+        model->SetColumnTooltip(column, ToQt(tooltip));
+    }
+}
+
+long CATDlgMultiList::SetCell(int column, int row, const CATUnicodeString& text, int option)
+{
+    ListModel* model = m_model->Rows();
+    if (row < 1 || column < 0 || column >= ColumnCount()) {
+        return E_INVALIDARG;
+    }
+    const bool isNext = row == RowCount() + 1;
+    if (row > RowCount() && !(isNext && (option & kAppendRow) != 0)) {
+        return S_FALSE;
+    }
+    model->SetCell(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column), text);
+    return S_OK;
+}
+
+CATUnicodeString CATDlgMultiList::Cell(int column, int row) const
+{
+    const ListModel* model = m_model->Rows();
+    if (model == nullptr || row < 1 || column < 0) {
+        return {};
+    }
+    return CellText(model->Rows(), static_cast<std::size_t>(row) - 1,
+                    static_cast<std::size_t>(column));
+}
+
+void CATDlgMultiList::SetRows(std::vector<CATListValCATUnicodeString> rows)
+{
+    if (ListModel* model = m_model->Rows()) {
+        model->SetRows(std::move(rows));
+        m_model->box->View().ForgetSelection();
+    }
+}
+
+void CATDlgMultiList::RemoveAll()
+{
+    SetRows({});
+}
+
+int CATDlgMultiList::RowCount() const
+{
+    const ListModel* model = m_model->Rows();
+    return model == nullptr ? 0 : static_cast<int>(model->Rows().size());
+}
+
+int CATDlgMultiList::ColumnCount() const
+{
+    const ListModel* model = m_model->Rows();
+    return model == nullptr ? 0 : model->Titles().Size();
+}
+
+void CATDlgMultiList::SetRowEmphasis(int row, bool emphasised)
+{
+    if (row >= 1 && row <= RowCount()) {
+        m_model->rows->SetEmphasis(static_cast<std::size_t>(row) - 1, emphasised);
+    }
+}
+
+void CATDlgMultiList::SetCellTooltip(int column, int row, const CATUnicodeString& tooltip)
+{
+    if (row >= 1 && row <= RowCount() && column >= 0 && column < ColumnCount()) {
+        m_model->rows->SetCellTooltip(static_cast<std::size_t>(row) - 1,
+                                      static_cast<std::size_t>(column), ToQt(tooltip));
+    }
+}
+
+int CATDlgMultiList::SelectedRow() const
+{
+    return m_model->Rows() == nullptr ? 0 : m_model->box->View().CurrentOwnerRow() + 1;
+}
+
+void CATDlgMultiList::SelectRow(int row)
+{
+    if (ListModel* model = m_model->Rows()) {
+        model->Settle();
+        m_model->box->View().SelectOwnerRow(row >= 1 && row <= RowCount() ? row - 1 : -1);
+    }
+}
+
+void CATDlgMultiList::SetEmptyText(const CATUnicodeString& text)
+{
+    if (m_model->Rows() != nullptr) {
+        m_model->box->View().SetEmptyText(ToQt(text));
+    }
+}
+
+void CATDlgMultiList::SetVisibleLines(int lines)
+{
+    if (m_model->Rows() != nullptr) {
+        m_model->box->View().SetVisibleLines(lines);
+    }
+}
+
+void CATDlgMultiList::SetVisibleTextWidth(int characters)
+{
+    if (m_model->Rows() != nullptr) {
+        m_model->box->View().SetVisibleCharacters(characters);
+    }
+}

@@ -1,0 +1,76 @@
+#include "LineEditor.h"
+
+#include "Appearance.h"
+
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int kUsualCharacters = 16;
+// However wide the owner wants it, an editor gives way down to this when the window is small.
+constexpr int kKeptCharacters = 8;
+// The room the frame, the margins and the text cursor take beside the characters.
+constexpr int kRoomBesideText = 12;
+} // namespace
+
+LineEditor::LineEditor(QWidget* parent, bool isReadOnly)
+    : QLineEdit(parent), m_characters(kUsualCharacters)
+{
+    setReadOnly(isReadOnly);
+    if (isReadOnly) {
+        setFrame(false);
+        setTextMargins(2, 0, 2, 0);
+        setPalette(ReadOnlyPalette());
+    }
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void LineEditor::SetVisibleCharacters(int characters)
+{
+    m_characters = std::max(characters, 1);
+    updateGeometry();
+}
+
+bool LineEditor::IsCut() const
+{
+    return fontMetrics().horizontalAdvance(text()) > width() - kRoomBesideText;
+}
+
+int LineEditor::WidthOf(int characters) const
+{
+    return characters * fontMetrics().horizontalAdvance(QLatin1Char('0')) + kRoomBesideText;
+}
+
+QSize LineEditor::sizeHint() const
+{
+    // Flat and framed editors are equally tall, so that the texts of a row stand on one line.
+    return {WidthOf(m_characters), fontMetrics().height() + 10};
+}
+
+QSize LineEditor::minimumSizeHint() const
+{
+    return {WidthOf(std::min(m_characters, kKeptCharacters)), sizeHint().height()};
+}
+
+bool LineEditor::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && IsCut()) {
+        const QString whole = toolTip().isEmpty() ? text() : text() + QLatin1Char('\n') + toolTip();
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                           Qt::convertFromPlainText(whole), this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void LineEditor::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) {
+        home(false);
+    }
+}

@@ -1,0 +1,207 @@
+#include "ListModel.h"
+
+#include "Toolkit.h"
+
+#include <QApplication>
+#include <QFont>
+
+#include <algorithm>
+
+void ListModel::Expect(bool& what)
+{
+    what = true;
+    if (!m_settleIsQueued) {
+        m_settleIsQueued = true;
+        QMetaObject::invokeMethod(
+            this, [this] { Settle(); }, Qt::QueuedConnection);
+    }
+}
+
+void ListModel::SetTitles(const CATListValCATUnicodeString& titles)
+{
+    beginResetModel();
+    m_titles = titles;
+    endResetModel();
+    Expect(m_rowsChanged);
+}
+
+void ListModel::SetNumberColumn(int column, bool isNumber)
+{
+    if (isNumber) {
+        m_numberColumns.insert(column);
+    } else {
+        m_numberColumns.erase(column);
+    }
+    Expect(m_cellsChanged);
+}
+
+void ListModel::SetColumnTooltip(int column, const QString& tooltip)
+{
+    m_columnTooltips[column] = tooltip;
+}
+
+void ListModel::SetCell(std::size_t row, std::size_t column, const CATUnicodeString& text)
+{
+    if (row == m_rows.size()) {
+        m_rows.emplace_back();
+        m_rows.back().Resize(m_titles.Size());
+        Expect(m_rowsChanged);
+    }
+    CATListValCATUnicodeString& cells = m_rows[row];
+    if (static_cast<int>(column) >= cells.Size()) {
+        cells.Resize(static_cast<int>(column) + 1);
+    }
+    cells[static_cast<int>(column) + 1] = text;
+    Expect(m_cellsChanged);
+}
+
+void ListModel::SetRows(ListRows rows)
+{
+    m_rows = std::move(rows);
+    m_emphasised.clear();
+    m_cellTooltips.clear();
+    Expect(m_rowsChanged);
+}
+
+void ListModel::SetEmphasis(std::size_t row, bool emphasised)
+{
+    if (emphasised) {
+        m_emphasised.insert(row);
+    } else {
+        m_emphasised.erase(row);
+    }
+    Expect(m_cellsChanged);
+}
+
+void ListModel::SetCellTooltip(std::size_t row, std::size_t column, const QString& tooltip)
+{
+    m_cellTooltips[{row, column}] = tooltip;
+}
+
+void ListModel::SetFilter(const CATUnicodeString& filter)
+{
+    m_filterWords = FilterWords(filter);
+    m_rowsChanged = true;
+    Settle();
+}
+
+void ListModel::sort(int column, Qt::SortOrder order)
+{
+    if (column < 0) {
+        m_sort = ListSort::AsDelivered;
+    } else {
+        m_sort = order == Qt::AscendingOrder ? ListSort::Up : ListSort::Down;
+        m_sortColumn = static_cast<std::size_t>(column);
+    }
+    m_rowsChanged = true;
+    Settle();
+}
+
+int ListModel::PlaceOf(int ownerRow) const
+{
+    const auto found = std::ranges::find(m_shown, ownerRow);
+    return found == m_shown.end() ? -1 : static_cast<int>(found - m_shown.begin());
+}
+
+void ListModel::ShowAgain()
+{
+    std::vector<int> shown = ShownRows(m_rows, m_filterWords, m_sort, m_sortColumn);
+    const bool onlyAppends =
+        shown.size() > m_shown.size() && std::equal(m_shown.begin(), m_shown.end(), shown.begin());
+    if (onlyAppends) {
+        // The view keeps its selection and its place while rows arrive.
+        beginInsertRows(QModelIndex(), static_cast<int>(m_shown.size()),
+                        static_cast<int>(shown.size()) - 1);
+        m_shown = std::move(shown);
+        endInsertRows();
+    } else if (shown.size() != m_shown.size()) {
+        beginResetModel();
+        m_shown = std::move(shown);
+        endResetModel();
+    } else if (shown != m_shown) {
+        emit layoutAboutToBeChanged();
+        m_shown = std::move(shown);
+        emit layoutChanged();
+    }
+}
+
+void ListModel::Settle()
+{
+    m_settleIsQueued = false;
+    if (!m_rowsChanged && !m_cellsChanged) {
+        return;
+    }
+    // A changed text may belong elsewhere in a sorted or filtered list.
+    const bool mayMove = m_rowsChanged || m_sort != ListSort::AsDelivered || IsFiltered();
+    m_rowsChanged = false;
+    m_cellsChanged = false;
+    if (mayMove) {
+        ShowAgain();
+    }
+    if (!m_shown.empty() && m_titles.Size() > 0) {
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    }
+    if (m_onSettled) {
+        m_onSettled();
+    }
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_titles.Size();
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid()) {
+        return {};
+    }
+    const auto row = static_cast<std::size_t>(OwnerRow(index.row()));
+    const auto column = static_cast<std::size_t>(index.column());
+    switch (role) {
+    case Qt::DisplayRole:
+        return ToQt(CellText(m_rows, row, column));
+    case Qt::ToolTipRole: {
+        const auto found = m_cellTooltips.find({row, column});
+        return found == m_cellTooltips.end() ? QVariant() : QVariant(found->second);
+    }
+    case Qt::TextAlignmentRole:
+        return static_cast<int>((IsNumberColumn(index.column()) ? Qt::AlignRight : Qt::AlignLeft) |
+                                Qt::AlignVCenter);
+    case Qt::FontRole:
+        if (m_emphasised.contains(row)) {
+            QFont font = QApplication::font();
+            font.setBold(true);
+            return font;
+        }
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= m_titles.Size()) {
+        return {};
+    }
+    const QString title = ToQt(m_titles[section + 1]);
+    switch (role) {
+    case Qt::DisplayRole:
+        return title;
+    case Qt::ToolTipRole: {
+        const auto found = m_columnTooltips.find(section);
+        return found == m_columnTooltips.end() ? title : title + QLatin1Char('\n') + found->second;
+    }
+    case Qt::TextAlignmentRole:
+        return static_cast<int>((IsNumberColumn(section) ? Qt::AlignRight : Qt::AlignLeft) |
+                                Qt::AlignVCenter);
+    default:
+        return {};
+    }
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "ListOrder.h"
+
+#include <QAbstractTableModel>
+
+#include <functional>
+#include <map>
+#include <set>
+
+/// What stands in a list: the rows as their owner wrote them, and which of them are shown in which
+/// order. Rows of the model are places on the screen; OwnerRow and PlaceOf translate. Rows, columns
+/// and places count from 0 here.
+///
+/// The owner writes cell by cell; the view is told once, when the owner has finished (Settle,
+/// called from the event loop or by whoever needs the view to be right).
+class ListModel : public QAbstractTableModel
+{
+public:
+    explicit ListModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+    // The owner's side.
+    const ListRows& Rows() const { return m_rows; }
+    const CATListValCATUnicodeString& Titles() const { return m_titles; }
+    void SetTitles(const CATListValCATUnicodeString& titles);
+    void SetNumberColumn(int column, bool isNumber);
+    bool IsNumberColumn(int column) const { return m_numberColumns.contains(column); }
+    void SetColumnTooltip(int column, const QString& tooltip);
+    /// The row is there or is the one after the last.
+    void SetCell(std::size_t row, std::size_t column, const CATUnicodeString& text);
+    void SetRows(ListRows rows);
+    void SetEmphasis(std::size_t row, bool emphasised);
+    bool IsEmphasised(std::size_t row) const { return m_emphasised.contains(row); }
+    void SetCellTooltip(std::size_t row, std::size_t column, const QString& tooltip);
+
+    // The user's side.
+    void SetFilter(const CATUnicodeString& filter);
+    bool IsFiltered() const { return !m_filterWords.empty(); }
+    void sort(int column, Qt::SortOrder order) override;
+    ListSort Sorting() const { return m_sort; }
+    int OwnerRow(int place) const { return m_shown[static_cast<std::size_t>(place)]; }
+    /// -1 when the row is filtered away or not there.
+    int PlaceOf(int ownerRow) const;
+
+    /// Brings what the view knows up to what the owner wrote.
+    void Settle();
+    /// Called after the rows that are shown, their order or their texts have changed.
+    void SetOnSettled(std::function<void()> onSettled) { m_onSettled = std::move(onSettled); }
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    using CellKey = std::pair<std::size_t, std::size_t>;
+    void Expect(bool& what);
+    void ShowAgain();
+
+    ListRows m_rows;
+    CATListValCATUnicodeString m_titles;
+    std::set<int> m_numberColumns;
+    std::map<int, QString> m_columnTooltips;
+    std::set<std::size_t> m_emphasised;
+    std::map<CellKey, QString> m_cellTooltips;
+
+    std::vector<int> m_shown;
+    std::vector<std::string> m_filterWords;
+    ListSort m_sort = ListSort::AsDelivered;
+    std::size_t m_sortColumn = 0;
+
+    bool m_settleIsQueued = false;
+    bool m_rowsChanged = false;  ///< rows were added or all replaced
+    bool m_cellsChanged = false; ///< texts or looks of rows that the view knows
+    std::function<void()> m_onSettled;
+};

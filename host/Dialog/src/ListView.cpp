@@ -1,0 +1,446 @@
+#include "ListView.h"
+
+#include "Appearance.h"
+#include "ListCsv.h"
+#include "ListModel.h"
+#include "Toolkit.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QToolTip>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int kUsualLines = 5;
+constexpr int kLeastLines = 2;
+constexpr int kUsualCharacters = 50;
+constexpr int kLeastCharacters = 20;
+// Widths come from the first rows: looking at all of a long list would take longer than showing it.
+constexpr std::size_t kSampledRows = 200;
+constexpr int kWidestCharacters = 40;
+constexpr int kNarrowestCharacters = 4;
+constexpr int kCellMargin = 12;
+constexpr int kSortMarkRoom = 14;
+constexpr int kRowMargin = 6;
+constexpr std::size_t kRowsWithoutFilter = 8;
+} // namespace
+
+ListView::ListView(QWidget* parent, ListModel& model)
+    : QTableView(parent),
+      m_model(model),
+      m_visibleLines(kUsualLines),
+      m_visibleCharacters(kUsualCharacters)
+{
+    setModel(&model);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // The arrow keys reach every cell; Tab goes on to the next control.
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
+    QHeaderView& titles = *horizontalHeader();
+    titles.setTextElideMode(Qt::ElideRight);
+    titles.setHighlightSections(false);
+    titles.setSectionsMovable(true);
+    titles.setMinimumSectionSize(kCellMargin + kSortMarkRoom);
+    titles.setSortIndicator(-1, Qt::AscendingOrder);
+    titles.setSortIndicatorClearable(true);
+    setSortingEnabled(true);
+    connect(&titles, &QHeaderView::sectionResized, this,
+            [this] { m_userHasSized = m_userHasSized || !m_isFitting; });
+    MakeActions();
+    connect(this, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
+        auto* menu = new QMenu(this); // deletes itself when it closes
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->addActions(actions());
+        menu->popup(viewport()->mapToGlobal(position));
+    });
+}
+
+QAction* ListView::AddAction(const char* key, const char* defaultText, const QKeySequence& shortcut,
+                             const std::function<void()>& action)
+{
+    auto* entry = new QAction(DialogMessage(key, defaultText), this);
+    entry->setObjectName(QString::fromUtf8(key));
+    entry->setShortcut(shortcut);
+    entry->setShortcutContext(Qt::WidgetShortcut);
+    connect(entry, &QAction::triggered, this, action);
+    addAction(entry);
+    return entry;
+}
+
+void ListView::MakeActions()
+{
+    const auto separate = [this] {
+        auto* line = new QAction(this);
+        line->setSeparator(true);
+        addAction(line);
+    };
+    AddAction("List.Copy", "@Copy with column titles", QKeySequence::Copy,
+              [this] { QApplication::clipboard()->setText(TabbedText(SelectedTable())); });
+    AddAction("List.CopyPlain", "@Copy cells alone", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+              [this] {
+                  std::vector<QStringList> table = SelectedTable();
+                  if (!table.empty()) {
+                      table.erase(table.begin());
+                  }
+                  QApplication::clipboard()->setText(TabbedText(table));
+              });
+    AddAction("List.SelectAll", "@Select all", QKeySequence::SelectAll, [this] { selectAll(); });
+    separate();
+    AddAction("List.Filter", "@Filter", QKeySequence::Find, [this] { onFind(); });
+    AddAction("List.SortUp", "@Sort upwards by this column", QKeySequence(Qt::CTRL | Qt::Key_Up),
+              [this] { SortByCurrentColumn(Qt::AscendingOrder); });
+    AddAction("List.SortDown", "@Sort downwards by this column",
+              QKeySequence(Qt::CTRL | Qt::Key_Down),
+              [this] { SortByCurrentColumn(Qt::DescendingOrder); });
+    AddAction("List.SortNone", "@Order as delivered", QKeySequence(Qt::CTRL | Qt::Key_0),
+              [this] { sortByColumn(-1, Qt::AscendingOrder); });
+    separate();
+    AddAction("List.Export", "@Export to CSV...", QKeySequence(Qt::CTRL | Qt::Key_E),
+              [this] { onExport(); });
+}
+
+void ListView::SortByCurrentColumn(Qt::SortOrder order)
+{
+    sortByColumn(m_currentColumn, order);
+}
+
+void ListView::SetVisibleLines(int lines)
+{
+    m_visibleLines = std::max(lines, 1);
+    updateGeometry();
+}
+
+void ListView::SetVisibleCharacters(int characters)
+{
+    m_visibleCharacters = std::max(characters, 1);
+    updateGeometry();
+}
+
+void ListView::SetEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    viewport()->update();
+}
+
+QSize ListView::sizeHint() const
+{
+    const int lines = horizontalHeader()->sizeHint().height() +
+                      m_visibleLines * verticalHeader()->defaultSectionSize() + 2 * frameWidth() +
+                      kRowMargin;
+    return {m_visibleCharacters * fontMetrics().averageCharWidth(), lines};
+}
+
+QSize ListView::minimumSizeHint() const
+{
+    const int lines = std::min(m_visibleLines, kLeastLines);
+    return {std::min(m_visibleCharacters, kLeastCharacters) * fontMetrics().averageCharWidth(),
+            sizeHint().height() -
+                (m_visibleLines - lines) * verticalHeader()->defaultSectionSize()};
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (!current.isValid()) {
+        return; // filtered away or between two settings: the row is remembered
+    }
+    const int row = m_model.OwnerRow(current.row());
+    m_currentColumn = current.column();
+    if (row != m_currentRow) {
+        m_currentRow = row;
+        if (onRowSelected) {
+            onRowSelected(row);
+        }
+    }
+}
+
+void ListView::SelectOwnerRow(int row)
+{
+    const Quiet quiet;
+    m_currentRow = row;
+    const int place = row < 0 ? -1 : m_model.PlaceOf(row);
+    if (place < 0) {
+        selectionModel()->clear();
+        return;
+    }
+    const QModelIndex cell = m_model.index(place, m_currentColumn);
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect |
+                                                QItemSelectionModel::Rows);
+    scrollTo(cell);
+}
+
+void ListView::ForgetSelection()
+{
+    const Quiet quiet;
+    m_currentRow = -1;
+    m_currentColumn = 0;
+    selectionModel()->clear();
+}
+
+void ListView::Refresh()
+{
+    FitColumns();
+    const int place = m_currentRow < 0 ? -1 : m_model.PlaceOf(m_currentRow);
+    if (place >= 0 && place != currentIndex().row()) {
+        SelectOwnerRow(m_currentRow);
+    }
+    viewport()->update();
+}
+
+int ListView::FittingWidth(int column) const
+{
+    const QFontMetrics usual = fontMetrics();
+    QFont boldFont = font();
+    boldFont.setBold(true);
+    const QFontMetrics bold(boldFont);
+    const QString title = m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    int width = usual.horizontalAdvance(title) + kSortMarkRoom;
+    const ListRows& rows = m_model.Rows();
+    for (std::size_t row = 0; row < std::min(rows.size(), kSampledRows); ++row) {
+        const QFontMetrics& metrics = m_model.IsEmphasised(row) ? bold : usual;
+        const QString text = ToQt(CellText(rows, row, static_cast<std::size_t>(column)));
+        width = std::max(width, metrics.horizontalAdvance(text));
+    }
+    const int character = usual.horizontalAdvance(QLatin1Char('0'));
+    return std::clamp(width, kNarrowestCharacters * character, kWidestCharacters * character) +
+           kCellMargin;
+}
+
+void ListView::FitColumns()
+{
+    if (m_userHasSized || m_model.columnCount() == 0) {
+        return;
+    }
+    m_isFitting = true;
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        setColumnWidth(column, FittingWidth(column));
+    }
+    m_lastColumnFit = columnWidth(horizontalHeader()->logicalIndex(m_model.columnCount() - 1));
+    m_isFitting = false;
+    FillWidth();
+}
+
+void ListView::FillWidth()
+{
+    if (m_userHasSized || m_model.columnCount() == 0) {
+        return;
+    }
+    m_isFitting = true;
+    const int last = horizontalHeader()->logicalIndex(m_model.columnCount() - 1);
+    const int others = horizontalHeader()->length() - columnWidth(last);
+    setColumnWidth(last, std::max(m_lastColumnFit, viewport()->width() - others));
+    m_isFitting = false;
+}
+
+void ListView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    FillWidth();
+}
+
+bool ListView::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex cell = indexAt(help->pos());
+        if (cell.isValid()) {
+            const QString text = cell.data(Qt::DisplayRole).toString();
+            const QString more = cell.data(Qt::ToolTipRole).toString();
+            const QVariant cellFont = cell.data(Qt::FontRole);
+            const QFontMetrics metrics(cellFont.isValid() ? cellFont.value<QFont>() : font());
+            QStringList lines;
+            if (metrics.horizontalAdvance(text) > columnWidth(cell.column()) - kCellMargin / 2) {
+                lines.append(text);
+            }
+            if (!more.isEmpty()) {
+                lines.append(more);
+            }
+            QToolTip::showText(help->globalPos(),
+                               lines.isEmpty() ? QString()
+                                               : Qt::convertFromPlainText(lines.join('\n')),
+                               viewport(), visualRect(cell));
+            return true;
+        }
+    }
+    return QTableView::viewportEvent(event);
+}
+
+void ListView::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (m_model.rowCount() == 0 && !m_emptyText.isEmpty()) {
+        QPainter painter(viewport());
+        painter.setPen(QuietColour());
+        painter.drawText(viewport()->rect().adjusted(kCellMargin, 0, -kCellMargin, 0),
+                         static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap),
+                         m_emptyText);
+    }
+}
+
+std::vector<int> ListView::ColumnsAsShown() const
+{
+    std::vector<int> columns;
+    for (int place = 0; place < m_model.columnCount(); ++place) {
+        columns.push_back(horizontalHeader()->logicalIndex(place));
+    }
+    return columns;
+}
+
+QStringList ListView::TitlesOf(const std::vector<int>& columns) const
+{
+    QStringList titles;
+    for (const int column : columns) {
+        titles.append(m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    }
+    return titles;
+}
+
+std::vector<QStringList> ListView::ShownTable() const
+{
+    const std::vector<int> columns = ColumnsAsShown();
+    std::vector<QStringList> table{TitlesOf(columns)};
+    for (int place = 0; place < m_model.rowCount(); ++place) {
+        QStringList line;
+        for (const int column : columns) {
+            line.append(m_model.index(place, column).data().toString());
+        }
+        table.push_back(line);
+    }
+    return table;
+}
+
+std::vector<QStringList> ListView::SelectedTable() const
+{
+    const QItemSelection selection = selectionModel()->selection();
+    if (selection.isEmpty()) {
+        return {};
+    }
+    std::vector<bool> columnIsIn(static_cast<std::size_t>(m_model.columnCount()), false);
+    std::vector<bool> placeIsIn(static_cast<std::size_t>(m_model.rowCount()), false);
+    for (const QItemSelectionRange& range : selection) {
+        for (int column = range.left(); column <= range.right(); ++column) {
+            columnIsIn[static_cast<std::size_t>(column)] = true;
+        }
+        for (int place = range.top(); place <= range.bottom(); ++place) {
+            placeIsIn[static_cast<std::size_t>(place)] = true;
+        }
+    }
+    std::vector<int> columns = ColumnsAsShown();
+    std::erase_if(columns,
+                  [&](int column) { return !columnIsIn[static_cast<std::size_t>(column)]; });
+    std::vector<QStringList> table{TitlesOf(columns)};
+    for (int place = 0; place < m_model.rowCount(); ++place) {
+        if (!placeIsIn[static_cast<std::size_t>(place)]) {
+            continue;
+        }
+        QStringList line;
+        for (const int column : columns) {
+            const QModelIndex cell = m_model.index(place, column);
+            // One block of cells is selected as a whole; only several can leave gaps.
+            const bool isIn = selection.size() == 1 || selection.contains(cell);
+            line.append(isIn ? cell.data().toString() : QString());
+        }
+        table.push_back(line);
+    }
+    return table;
+}
+
+ListBox::ListBox(QWidget* parent, ListModel& model)
+    : QWidget(parent),
+      m_model(model),
+      m_filterRow(new QWidget(this)),
+      m_filter(new QLineEdit(m_filterRow)),
+      m_count(new QLabel(m_filterRow)),
+      m_view(new ListView(this, model))
+{
+    auto* line = new QHBoxLayout(m_filterRow);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(m_filter, 1);
+    line->addWidget(m_count);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addWidget(m_filterRow);
+    rows->addWidget(m_view, 1);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFocusProxy(m_view);
+
+    m_filter->setPlaceholderText(DialogMessage("List.Filter", "@Filter"));
+    m_filter->setAccessibleName(DialogMessage("List.Filter", "@Filter"));
+    m_filter->setToolTip(DialogMessage("List.FilterHint", "@Shows the rows that hold every word."));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->installEventFilter(this);
+    m_filterRow->hide();
+    connect(m_filter, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_model.SetFilter(FromQt(text)); });
+    m_view->onFind = [this] {
+        ShowFilter();
+    };
+}
+
+void ListBox::SetFilterName(const QString& objectName)
+{
+    m_filter->setObjectName(objectName);
+}
+
+void ListBox::ShowFilter()
+{
+    m_isAskedFor = true;
+    m_filterRow->show();
+    m_filter->setFocus(Qt::ShortcutFocusReason);
+    m_filter->selectAll();
+}
+
+void ListBox::Refresh()
+{
+    m_view->Refresh();
+    m_filterRow->setVisible(m_isAskedFor || m_model.IsFiltered() ||
+                            m_model.Rows().size() > kRowsWithoutFilter);
+    const QStringList counts{QString::number(m_model.rowCount()),
+                             QString::number(m_model.Rows().size())};
+    m_count->setText(m_model.IsFiltered()
+                         ? DialogMessage("List.FilterCount", "@/p1 of /p2 rows", counts)
+                         : QString());
+}
+
+bool ListBox::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_filter && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Escape) {
+            // Esc leaves the filter, not the window.
+            m_isAskedFor = false;
+            m_filter->clear();
+            m_view->setFocus(Qt::OtherFocusReason);
+            Refresh();
+            return true;
+        }
+        if (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) {
+            m_view->setFocus(Qt::OtherFocusReason);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
