@@ -49,7 +49,7 @@ double CATWireFields::Real()
 
 void CATWireFields::End()
 {
-    if (IsSound() && !m_rest.empty()) {
+    if (!m_rest.empty()) {
         ++m_field;
         Fail("the end");
     }
