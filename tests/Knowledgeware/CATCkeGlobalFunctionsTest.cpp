@@ -351,8 +351,8 @@ TEST_F(CATCkeGlobalFunctionsTest, AFactorThatNoDoubleHoldsIsRefused)
     const std::string huge = "1" + std::string(309, '0');
     const std::string large = "1" + std::string(200, '0');
     const std::string tiny = "0." + std::string(320, '0') + "1";
-    for (const std::string& text :
-         {huge, large + " * " + large, "1 / " + large + " * " + large, tiny}) {
+    const std::string largeSquared = std::string(large).append(" * ").append(large);
+    for (const std::string& text : {huge, largeSquared, "1 / " + largeSquared, tiny}) {
         std::string file = kLengthUnit;
         WriteUserFile(
             file.append("symbol = \"yd\"\ndecimals = 1\nfactor = \"").append(text).append("\"\n"));
