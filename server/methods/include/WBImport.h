@@ -1,0 +1,39 @@
+#pragma once
+
+#include "WBMassTypeTable.h"
+#include "WBProductTable.h"
+#include "WBStore.h"
+
+#include <string>
+#include <vector>
+
+namespace wb
+{
+struct ImportFileOptions
+{
+    TableOptions table;     // --mass-type, --poi-sign
+    bool checkOnly = false; // --check: compare and count, change nothing
+    std::string user;       // who, for the history
+};
+
+/// What came of reading a file into a database.
+struct ImportFileResult
+{
+    TableSummary table;
+    ImportCounts counts;
+    std::vector<std::string> errors; // ready sentences; empty: done (or checked)
+
+    bool Ok() const { return errors.empty(); }
+    /// Ready sentences for the user: rows, new, changed and unchanged parts and uses, parts that
+    /// nobody uses, remarks. Empty when there are errors.
+    std::vector<std::string> Sentences() const;
+};
+
+/// Reads a product table into a store: all of it, or nothing when anything is wrong.
+ImportFileResult ImportFile(Store& store, const std::string& path,
+                            const ImportFileOptions& options = {});
+
+/// Adds or changes the mass types of a table. Returns the sentences of what is wrong.
+std::vector<std::string> ImportMassTypes(Store& store, const std::string& path,
+                                         const std::string& user);
+} // namespace wb

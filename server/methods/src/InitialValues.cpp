@@ -1,0 +1,326 @@
+#include "Methods.h"
+#include "PickedPart.h"
+#include "Request.h"
+#include "WBRules.h"
+
+#include <algorithm>
+
+namespace wb
+{
+namespace
+{
+using Common = CATENOWBCSCommonDefinitions;
+
+/// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
+constexpr std::int64_t kDeepest = 10000;
+
+struct InitialRequest
+{
+    bool hasInstance = false;
+    std::string_view root;
+    std::string_view instance;
+    std::string_view part;
+    std::string_view version;
+    std::vector<std::string_view> instances; // from the root down, the picked one last
+};
+
+InitialRequest ReadRequest(std::string_view text)
+{
+    Request request(text);
+    InitialRequest read;
+    read.hasInstance = request.Flag("has-instance");
+    // Clients end the flag with its own separator; the empty field tells their requests from
+    // others.
+    request.Empty("2");
+    read.root = request.Text("root");
+    read.instance = request.Text("instance");
+    read.part = request.Text("part");
+    read.version = request.Text("version");
+    const std::int64_t count = request.Count("path count");
+    if (count > kDeepest) {
+        throw RequestError("The field path count of the request holds " + std::to_string(count) +
+                           ", expected at most " + std::to_string(kDeepest) + ".");
+    }
+    for (std::int64_t i = 0; i < count; ++i) {
+        read.instances.push_back(request.Text("path"));
+    }
+    request.End();
+    std::ranges::reverse(read.instances);
+    read.instances.push_back(read.instance);
+    return read;
+}
+
+PickedPart Find(const Store& store, const InitialRequest& request)
+{
+    WalkResult walk = Walk(store, request.root, request.instances);
+    if (!walk.picked) {
+        const bool root = walk.missing == request.root;
+        throw RequestError(std::string("The field ") + (root ? "root" : "path") +
+                           " of the request names \"" + walk.missing +
+                           "\", which the database does not hold there.");
+    }
+    const PartLine& part = walk.picked->Part();
+    const auto check = [](const char* field, std::string_view asked, const std::string& stored) {
+        if (asked != stored) {
+            throw RequestError(std::string("The field ") + field + " of the request names \"" +
+                               std::string(asked) + "\", but the instance is one of \"" + stored +
+                               "\".");
+        }
+    };
+    check("part", request.part, part.identifier);
+    check("version", request.version, part.version);
+    return std::move(*walk.picked);
+}
+
+/// Everything that was stated about the picked part and its use, and what follows for one part.
+struct Node
+{
+    const Store& store;
+    const PickedPart& picked;
+    Part part;
+    Use use;
+    std::vector<MassType> types;
+    DensityChoice densities;
+    std::string activeType;
+
+    bool IsLeaf() const { return !picked.Part().hasUses; }
+    NodeSets Sets() const { return {&use.sets, &part.sets}; }
+    const std::string& MaterialName() const
+    {
+        return use.material.empty() ? part.material : use.material;
+    }
+};
+
+DensityPair MaterialDensities(const Store& store, const std::string& name)
+{
+    const auto material = name.empty() ? std::nullopt : store.FindMaterial(name);
+    return material ? DensityPair{material->density, material->surfaceDensity} : DensityPair{};
+}
+
+Node ReadNode(const Store& store, const PickedPart& picked)
+{
+    Node node{store,
+              picked,
+              store.ReadPart(picked.Part().id).part,
+              store.ReadUse(picked.uses.back().id).use,
+              store.MassTypes(),
+              {},
+              {}};
+    DensityChoice& densities = node.densities;
+    densities.use = {node.use.density, node.use.surfaceDensity};
+    densities.part = {node.part.density, node.part.surfaceDensity};
+    densities.useMaterial = MaterialDensities(store, node.use.material);
+    densities.partMaterial = MaterialDensities(store, node.part.material);
+    densities.first = node.part.densityFirst == DensityOrder::Material
+                          ? Common::MaterialDensityFirst
+                          : Common::WBDensityFirst;
+    node.activeType = ActiveType(node.Sets(), node.use.activeType, node.part.activeType,
+                                 node.IsLeaf(), node.types);
+    return node;
+}
+
+/// Streams write dates with the delimiter that all clients read.
+std::string WireDate(std::string date)
+{
+    std::ranges::replace(date, '-', Common::dateYMDFieldDelimiter1[0]);
+    return date;
+}
+
+void AddDocuments(AnswerText& answer, const Part& part)
+{
+    const auto find = [&](auto member) {
+        const auto found = std::ranges::find_if(
+            part.documents, [&](const DocumentRevision& revision) { return (revision.*member)(); });
+        return found == part.documents.end() ? nullptr : &*found;
+    };
+    const DocumentRevision* active = find(&DocumentRevision::IsActive);
+    const DocumentRevision* attached = find(&DocumentRevision::IsAttached);
+    constexpr int kOldRevisionsUsable = 1;
+    constexpr int kLatestRevision = 0;
+    constexpr int kMayBePersisted = 1;
+    answer.Add(kOldRevisionsUsable).Add(kLatestRevision).Add(kMayBePersisted);
+    answer.Add(active == nullptr ? "0" : active->document)
+        .Add(active == nullptr ? std::string() : active->version)
+        .Add(attached == nullptr ? std::string() : attached->version)
+        .Add(active != nullptr && active != attached);
+    answer.Add(part.documents.size());
+    for (const DocumentRevision& revision : part.documents) {
+        answer.Add(revision.version)
+            .Add(WireDate(revision.checkinDate))
+            .Add(revision.checkinUser)
+            .Add(revision.checkoutUser)
+            .Add(revision.massType)
+            .Add(revision.mass);
+    }
+}
+
+void AddValues(AnswerText& answer, const ValueSet& set, const MassType& type)
+{
+    const Deviations deviations = DeviationsOf(set, type);
+    answer.Add(set[Fact::Mass]).Add(deviations.lower).Add(deviations.upper);
+    for (const Fact fact : {Fact::CgX, Fact::CgY, Fact::CgZ, Fact::Ixx, Fact::Iyy, Fact::Izz,
+                            Fact::Ixz, Fact::Ixy, Fact::Iyz}) {
+        answer.Add(set[fact]);
+    }
+}
+
+void AddPrecision(AnswerText& answer, const ValueSet& set)
+{
+    if (set.Has(Fact::Lower)) {
+        answer.Add(Common::PrecisionDefined)
+            .Add(Common::Absolute)
+            .Add(set[Fact::Lower])
+            .Add(set[Fact::Upper]);
+    } else if (set.Has(Fact::LowerPct)) {
+        answer.Add(Common::PrecisionDefined)
+            .Add(Common::Percentage)
+            .Add(set[Fact::LowerPct])
+            .Add(set[Fact::UpperPct]);
+    } else {
+        answer.Add(Common::NoPrecision);
+    }
+}
+
+void AddMassTypes(AnswerText& answer, const Node& node)
+{
+    answer.Add(node.types.size() + 1);
+    // Computed comes first and is empty until somebody asks for the sum of what is below.
+    answer.Add(Common::Computed).Add(Common::Empty).Add(Common::NoPrecision).Add(0.0).Add(0.0);
+    for (const MassType& type : node.types) {
+        const ValueSet* stated = node.Sets().Find(type.name);
+        const ValueSet set = stated == nullptr ? ValueSet() : WithMass(*stated, node.densities);
+        const ValueStatus status = StatusOf(&set);
+        answer.Add(type.name).Add(status);
+        if (status == Common::Assigned) {
+            AddValues(answer, set, type);
+        }
+        AddPrecision(answer, set);
+        if (status == Common::Assigned) {
+            answer.Add(node.part.standard == Answer::Yes);
+        }
+        answer.Add(type.lowerPct).Add(type.upperPct);
+    }
+}
+
+/// The density that the record shows: of the dimension in which the active values are sized, else
+/// of whatever dimension there is.
+struct ShownDensity
+{
+    double value = kUnknown;
+    Dimension dimension = Dimension::Volume;
+};
+
+ShownDensity DensityOf(const Node& node, const DensityChoice& choice)
+{
+    const ValueSet* active = node.Sets().Find(node.activeType);
+    const Dimension wanted =
+        (active == nullptr ? std::nullopt : SizedBy(*active))
+            .value_or(IsKnown(DensityInUse(choice, Dimension::Volume)) ? Dimension::Volume
+                                                                       : Dimension::Surface);
+    return {DensityInUse(choice, wanted), wanted};
+}
+
+/// Of a leaf: assigned with a density, partially assigned with a material that has none. Of an
+/// assembly: whether all, some or none of the leaves below have one.
+ValueStatus DensityStatus(const Node& node, double density, const std::string& material)
+{
+    if (node.IsLeaf()) {
+        if (IsKnown(density)) {
+            return Common::Assigned;
+        }
+        return material.empty() ? Common::Empty : Common::PartiallyAssigned;
+    }
+    const DensityCount count = node.store.CountDensities(node.picked.Part().id);
+    if (count.with == 0) {
+        return Common::Empty;
+    }
+    return count.without == 0 ? Common::Assigned : Common::PartiallyAssigned;
+}
+
+void AddDensity(AnswerText& answer, const Node& node, bool hasInstance)
+{
+    const double density = DensityOf(node, node.densities).value;
+    const ValueStatus status = DensityStatus(node, density, node.MaterialName());
+    const bool assigned = status == Common::Assigned;
+    answer.Add(status).Add(density);
+    if (assigned) {
+        answer.Add(node.MaterialName());
+    }
+    if (hasInstance) {
+        return;
+    }
+    const bool ofUse =
+        !node.use.material.empty() || IsKnown(node.use.density) || IsKnown(node.use.surfaceDensity);
+    if (assigned) {
+        answer.Add(ofUse ? Common::partInst : Common::partRef);
+    }
+    const DensityChoice ofPart{
+        {}, node.densities.part, {}, node.densities.partMaterial, node.densities.first};
+    const double partDensity = DensityOf(node, ofPart).value;
+    const ValueStatus partStatus = DensityStatus(node, partDensity, node.part.material);
+    answer.Add(partStatus).Add(partDensity);
+    if (partStatus == Common::Assigned) {
+        answer.Add(node.part.material);
+    }
+}
+
+/// One entry for a leaf whose active values have a mass, so that the shares add up to it.
+void AddStatistics(AnswerText& answer, const Node& node)
+{
+    const ValueSet* active = node.Sets().Find(node.activeType);
+    const ValueSet set = active == nullptr ? ValueSet() : WithMass(*active, node.densities);
+    if (!node.IsLeaf() || !set.Has(Fact::Mass)) {
+        answer.Add(0);
+        return;
+    }
+    const bool hasMaterial = !node.MaterialName().empty();
+    const ShownDensity density = DensityOf(node, node.densities);
+    const Dimension dimension = hasMaterial ? density.dimension : Dimension::Volume;
+    answer.Add(1)
+        .Add(hasMaterial ? node.MaterialName() : std::string("(no material)"))
+        .Add(static_cast<int>(dimension))
+        .Add(set[Fact::Mass])
+        .Add(hasMaterial ? density.value : kUnknown);
+}
+
+void AddProperties(AnswerText& answer, const Node& node)
+{
+    answer.Add(node.part.properties.size() + node.use.properties.size());
+    const auto add = [&](const std::vector<Property>& properties, const char* owner) {
+        for (const Property& property : properties) {
+            answer.Add(property.name)
+                .Add(static_cast<int>(property.type))
+                .Add(property.isDate)
+                .Add(owner)
+                .Add(property.isDate ? WireDate(property.value) : property.value)
+                .Add(property.magnitude);
+        }
+    };
+    add(node.part.properties, "Part");
+    add(node.use.properties, "Instance");
+}
+} // namespace
+
+std::string GetInitialValues(const Store& store, std::string_view text, const CallContext&)
+{
+    const InitialRequest request = ReadRequest(text);
+    const PickedPart picked = Find(store, request);
+    const Node node = ReadNode(store, picked);
+
+    AnswerText answer;
+    AddDocuments(answer, node.part);
+    AddMassTypes(answer, node);
+    constexpr int kUseRevisions = 1;
+    const bool imposed = node.activeType != Common::Computed;
+    answer.Add(kUseRevisions).Add(node.activeType).Add(imposed ? node.activeType : std::string());
+    AddDensity(answer, node, request.hasInstance);
+    constexpr int kNotUpToDate = 0;
+    answer.Add(kNotUpToDate).Add(static_cast<int>(node.densities.first));
+    AddStatistics(answer, node);
+    for (const double coefficient : Coefficients(picked.placement)) {
+        answer.Add(coefficient);
+    }
+    AddProperties(answer, node);
+    return answer.Take();
+}
+} // namespace wb

@@ -1,0 +1,63 @@
+#include "Methods.h"
+#include "Request.h"
+
+namespace wb
+{
+std::string ListRoots(const Store& store, std::string_view, const CallContext&)
+{
+    const auto roots = store.Roots();
+    AnswerText answer;
+    answer.Add(roots.size());
+    for (const PartLine& root : roots) {
+        answer.Add(root.identifier).Add(root.version).Add(root.name).Add(PartTypeName(root.type));
+    }
+    return answer.Take();
+}
+
+std::string ListUses(const Store& store, std::string_view text, const CallContext&)
+{
+    Request request(text);
+    const std::string_view identifier = request.Text("part");
+    const std::string_view version = request.Text("version");
+    request.End();
+    const auto part = store.FindPart(identifier, version);
+    if (!part) {
+        throw RequestError("The field part of the request names \"" + std::string(identifier) +
+                           "\" in version \"" + std::string(version) +
+                           "\", which the database does not hold.");
+    }
+    const auto uses = store.UsesOf(part->id);
+    AnswerText answer;
+    answer.Add(uses.size());
+    for (const UseLine& use : uses) {
+        answer.Add(use.instance)
+            .Add(use.part.identifier)
+            .Add(use.part.version)
+            .Add(use.part.name)
+            .Add(PartTypeName(use.part.type))
+            .Add(use.quantity)
+            .Add(use.part.hasUses);
+        for (const double coefficient : Coefficients(use.placement)) {
+            answer.Add(coefficient);
+        }
+    }
+    return answer.Take();
+}
+
+std::string ListMassTypes(const Store& store, std::string_view, const CallContext&)
+{
+    const auto types = store.MassTypes();
+    AnswerText answer;
+    answer.Add(types.size());
+    for (const MassType& type : types) {
+        answer.Add(type.name)
+            .Add(type.order)
+            .Add(type.kind == MassType::Kind::Goal ? "goal" : "claim")
+            .Add(type.category)
+            .Add(type.lowerPct)
+            .Add(type.upperPct)
+            .Add(type.meaning);
+    }
+    return answer.Take();
+}
+} // namespace wb

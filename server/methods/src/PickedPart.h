@@ -1,0 +1,37 @@
+#pragma once
+
+#include "WBStore.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb
+{
+/// A place in a product, found by walking from its root down.
+struct PickedPart
+{
+    PartLine root;
+    /// From the root down; empty when the root itself was picked.
+    std::vector<UseLine> uses;
+    /// Of the picked part in the root's axes.
+    Placement placement;
+
+    const PartLine& Part() const { return uses.empty() ? root : uses.back().part; }
+};
+
+/// Where a walk stopped.
+struct WalkResult
+{
+    std::optional<PickedPart> picked;
+    std::string missing; // the name that was not found
+};
+
+/// Walks from the root of that identifier along the instance names, root side first.
+WalkResult Walk(const Store& store, std::string_view root,
+                const std::vector<std::string_view>& instances);
+
+/// Instance names from the parent of the picked part up to just below the root.
+std::vector<std::string> LeafSidePath(const PickedPart& picked);
+} // namespace wb

@@ -1,0 +1,85 @@
+#include "Request.h"
+
+#include "WBNumbers.h"
+
+namespace wb
+{
+std::string_view Request::Next(const char* name)
+{
+    if (m_atEnd) {
+        throw RequestError(std::string("The field ") + name + " of the request is missing.");
+    }
+    const std::size_t end = m_rest.find('|');
+    const std::string_view field = m_rest.substr(0, end);
+    m_atEnd = end == std::string_view::npos;
+    m_rest.remove_prefix(m_atEnd ? m_rest.size() : end + 1);
+    return field;
+}
+
+std::string_view Request::Text(const char* name)
+{
+    const std::string_view field = Next(name);
+    if (field.empty()) {
+        throw RequestError(std::string("The field ") + name +
+                           " of the request is empty, expected a text.");
+    }
+    return field;
+}
+
+void Request::Empty(const char* name)
+{
+    const std::string_view field = Next(name);
+    if (!field.empty()) {
+        throw RequestError(std::string("The field ") + name + " of the request holds \"" +
+                           std::string(field) + "\", expected an empty field.");
+    }
+}
+
+std::int64_t Request::Count(const char* name)
+{
+    const std::string_view field = Next(name);
+    const auto value = ReadInteger(field);
+    if (!value || *value < 0) {
+        throw RequestError(std::string("The field ") + name + " of the request holds \"" +
+                           std::string(field) + "\", expected a whole number from 0.");
+    }
+    return *value;
+}
+
+bool Request::Flag(const char* name)
+{
+    const std::string_view field = Next(name);
+    if (field != "0" && field != "1") {
+        throw RequestError(std::string("The field ") + name + " of the request holds \"" +
+                           std::string(field) + "\", expected 0 or 1.");
+    }
+    return field == "1";
+}
+
+void Request::End()
+{
+    if (!m_rest.empty()) {
+        throw RequestError("The request holds \"" + std::string(m_rest) +
+                           "\" behind its last field, expected nothing.");
+    }
+}
+
+AnswerText& AnswerText::Add(std::string_view text)
+{
+    m_text.append(text.empty() ? std::string_view("__null__") : text).append(1, '|');
+    return *this;
+}
+
+AnswerText& AnswerText::Add(double number)
+{
+    AppendNumber(m_text, number);
+    m_text += '|';
+    return *this;
+}
+
+AnswerText& AnswerText::Add(std::int64_t number)
+{
+    m_text.append(std::to_string(number)).append(1, '|');
+    return *this;
+}
+} // namespace wb

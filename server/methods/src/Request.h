@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb
+{
+/// A request cannot be answered; what() is the sentence for the user.
+class RequestError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads the fields of a request front to back. A missing or wrong field throws RequestError with a
+/// sentence that names it.
+class Request
+{
+public:
+    explicit Request(std::string_view text) : m_rest(text), m_atEnd(text.empty()) {}
+
+    /// A field that must hold something. "__null__" is something.
+    std::string_view Text(const char* name);
+    /// A field that must be there and be empty.
+    void Empty(const char* name);
+    /// A whole number of at least 0.
+    std::int64_t Count(const char* name);
+    bool Flag(const char* name);
+    /// That nothing follows but one empty field.
+    void End();
+
+private:
+    std::string_view Next(const char* name);
+
+    std::string_view m_rest;
+    bool m_atEnd;
+};
+
+/// Builds an answer, each field followed by "|".
+class AnswerText
+{
+public:
+    AnswerText& Add(std::string_view text); // an empty text travels as "__null__"
+    AnswerText& Add(const std::string& text) { return Add(std::string_view(text)); }
+    AnswerText& Add(const char* text) { return Add(std::string_view(text)); }
+    AnswerText& Add(double number); // an unknown number travels as 0
+    AnswerText& Add(std::int64_t number);
+    AnswerText& Add(std::size_t number) { return Add(static_cast<std::int64_t>(number)); }
+    AnswerText& Add(int number) { return Add(std::int64_t{number}); }
+    AnswerText& Add(bool flag) { return Add(std::int64_t{flag ? 1 : 0}); }
+    std::string Take() { return std::move(m_text); }
+
+private:
+    std::string m_text;
+};
+} // namespace wb

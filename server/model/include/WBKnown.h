@@ -1,0 +1,32 @@
+#pragma once
+
+#include "WBProduct.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb
+{
+/// The five mass types that a new database holds.
+std::vector<MassType> ShippedMassTypes();
+
+/// What is there already when a table is read: a database, or, for a table that is opened as a
+/// local file, nothing but the shipped mass types.
+class KnownProducts
+{
+public:
+    KnownProducts() = default;
+    KnownProducts(const KnownProducts&) = delete;
+    KnownProducts& operator=(const KnownProducts&) = delete;
+    virtual ~KnownProducts() = default;
+
+    virtual std::vector<MassType> MassTypes() const { return ShippedMassTypes(); }
+    /// The versions of a part, oldest first.
+    virtual std::vector<std::string> VersionsOf(std::string_view) const { return {}; }
+    /// The stated type of a part version; unstated where the part is not known.
+    virtual PartType TypeOf(std::string_view, std::string_view) const { return PartType::Unstated; }
+    virtual std::optional<Material> FindMaterial(std::string_view) const { return std::nullopt; }
+};
+} // namespace wb

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace wb
+{
+/// Reads a whole text as a finite number, whatever the locale: "." or "," as decimal mark, a sign
+/// "+" or "-", an exponent. Blanks around it, hexadecimal, "inf" and "nan" are no numbers.
+std::optional<double> ReadNumber(std::string_view text);
+
+/// Reads a whole text as an integer with an optional sign.
+std::optional<long long> ReadInteger(std::string_view text);
+
+/// Writes a number as "%.15g" does under a point locale; a negative zero is written "0".
+std::string WriteNumber(double value);
+
+/// Appends what WriteNumber writes; unknown (not a number) is written "0", as the streams want it.
+void AppendNumber(std::string& text, double value);
+} // namespace wb

@@ -1,0 +1,166 @@
+#pragma once
+
+#include "WBKnown.h"
+#include "WBProduct.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb
+{
+class Database;
+
+/// The database could not answer; what() is a sentence for the user that names the file. Reads of a
+/// Store throw it; Server::Call turns it into an answer.
+class StoreError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+using RowId = std::int64_t; // of a row of the database; never 0
+
+/// A part version and its place in the database.
+struct StoredPart
+{
+    RowId id = 0;
+    Part part;
+};
+
+/// What a list of parts or uses shows, without values.
+struct PartLine
+{
+    RowId id = 0;
+    std::string identifier;
+    std::string version;
+    std::string name;                   // the identifier where the part has none
+    PartType type = PartType::Unstated; // the effective type, never Unstated
+    bool hasUses = false;
+};
+
+/// One use below a part, without values.
+struct UseLine
+{
+    RowId id = 0;
+    std::string instance;
+    int quantity = 1;
+    Placement placement;
+    PartLine part;
+};
+
+/// One use with everything that was stated about it. Use::parent and Use::part are not set.
+struct StoredUse
+{
+    RowId id = 0;
+    RowId parent = 0;
+    RowId part = 0;
+    Use use;
+};
+
+/// How many different leaves below a node have a density in their place, and how many have none.
+struct DensityCount
+{
+    std::int64_t with = 0;
+    std::int64_t without = 0;
+};
+
+/// An entry of the history: who changed what, when, from which file.
+struct HistoryEntry
+{
+    std::string when; // UTC, yyyy-mm-dd hh:mm:ss
+    std::string who;
+    std::string what;
+    std::string subject; // a file or a name
+    std::string checksum;
+};
+
+struct ImportOptions
+{
+    std::string user;
+    std::string file; // as the messages and the history name it
+    std::string checksum;
+    bool checkOnly = false; // count and compare, change nothing
+};
+
+/// What an import did, or would do.
+struct ImportCounts
+{
+    std::size_t newParts = 0;
+    std::size_t changedParts = 0;
+    std::size_t unchangedParts = 0;
+    std::size_t newUses = 0;
+    std::size_t changedUses = 0;
+    std::size_t unchangedUses = 0;
+    /// Parts of this import that nobody uses: the product roots, as "identifier version".
+    std::vector<std::string> unusedParts;
+
+    bool Changes() const { return newParts + changedParts + newUses + changedUses > 0; }
+};
+
+struct ImportOutcome
+{
+    ImportCounts counts;
+    std::vector<std::string> errors; // ready sentences; empty: done, or checked
+};
+
+/// Products in one SQLite file. Reads fetch one part at a time; nothing of a product stays in
+/// memory. One thread at a time may use a store.
+class Store : public KnownProducts
+{
+public:
+    struct Opened
+    {
+        std::unique_ptr<Store> store; // null when error is filled
+        std::string error;            // a sentence that names the file and says what to do
+    };
+
+    /// Opens an existing database. lockWait: milliseconds to wait while another program writes.
+    static Opened Open(const std::string& path, int lockWait = 5000);
+    /// Opens a database; makes it, with the shipped mass types, where the file does not exist.
+    static Opened OpenOrCreate(const std::string& path, int lockWait = 5000);
+    ~Store() override;
+
+    const std::string& Path() const;
+
+    // Known to the reader of tables.
+    std::vector<MassType> MassTypes() const override; // by order
+    std::vector<std::string> VersionsOf(std::string_view identifier) const override;
+    PartType TypeOf(std::string_view identifier, std::string_view version) const override;
+    std::optional<Material> FindMaterial(std::string_view name) const override;
+
+    // Reads. They throw StoreError.
+    /// The parts that nobody uses, by identifier and version.
+    std::vector<PartLine> Roots() const;
+    /// The root of that identifier; of several versions the one that was stored last.
+    std::optional<PartLine> FindRoot(std::string_view identifier) const;
+    std::optional<PartLine> FindPart(std::string_view identifier, std::string_view version) const;
+    std::optional<PartLine> FindPart(RowId part) const;
+    /// The uses below a part, in the order they were stored.
+    std::vector<UseLine> UsesOf(RowId part) const;
+    std::optional<UseLine> FindUse(RowId parent, std::string_view instance) const;
+    /// Everything that was stated about a part or a use.
+    StoredPart ReadPart(RowId part) const;
+    StoredUse ReadUse(RowId use) const;
+    DensityCount CountDensities(RowId part) const;
+    std::vector<HistoryEntry> History() const; // oldest first
+    /// Rises with every change of the part's own facts or of anything below it.
+    std::int64_t ChangeNumber(RowId part) const;
+
+    // Writes; each is one transaction and leaves nothing behind when it fails.
+    ImportOutcome Import(const Product& product, const ImportOptions& options);
+    /// Adds mass types or changes those of the same name. Returns the sentences of what is wrong.
+    std::vector<std::string> PutMassTypes(const std::vector<MassType>& types,
+                                          const std::string& user, const std::string& file);
+
+private:
+    friend class StoreImport;
+    explicit Store(std::unique_ptr<Database> database);
+
+    std::unique_ptr<Database> m_database;
+};
+} // namespace wb

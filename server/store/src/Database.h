@@ -1,0 +1,94 @@
+#pragma once
+
+#include "WBStore.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <sqlite3.h>
+
+namespace wb
+{
+/// A prepared statement. Texts are bound without a copy: they must outlive the next Step or Run.
+class Statement
+{
+public:
+    Statement(sqlite3* database, const std::string& path, std::string_view sql);
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+    ~Statement();
+
+    /// Starts over: forgets the row and all values; binding begins at the first parameter.
+    Statement& Start();
+    Statement& Bind(std::string_view text);     // an empty text is stored as NULL
+    Statement& BindText(std::string_view text); // an empty text stays a text
+    Statement& Bind(double value);              // an unknown number is stored as NULL
+    Statement& Bind(std::int64_t value);
+    Statement& BindNull();
+
+    /// Moves to the next row; false at the end.
+    bool Step();
+    /// Executes a statement without rows.
+    void Run();
+
+    // The columns of the row, read from left to right.
+    std::string Text();
+    double Number();
+    std::int64_t Integer();
+    bool IsNull() const; // of the next column
+
+private:
+    void Check(int result) const;
+
+    sqlite3* m_database;
+    const std::string& m_path;
+    sqlite3_stmt* m_statement = nullptr;
+    int m_parameter = 0;
+    int m_column = 0;
+};
+
+/// Why the database did not do what was asked, as a sentence with what to do about it.
+std::string DatabaseSentence(const std::string& path, int code, const char* message);
+
+/// An open SQLite file.
+class Database
+{
+public:
+    /// Throws StoreError when the file cannot be opened.
+    Database(const std::string& path, bool create, int lockWait);
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+    ~Database();
+
+    const std::string& Path() const { return m_path; }
+    /// Statements of reads are prepared once and kept.
+    Statement& Kept(std::string_view sql);
+    std::unique_ptr<Statement> Prepare(std::string_view sql);
+    void Execute(const std::string& sql);
+    /// The single number that a query answers; 0 when it answers no row.
+    std::int64_t Ask(std::string_view sql);
+
+private:
+    std::string m_path;
+    sqlite3* m_database = nullptr;
+    std::map<std::string, std::unique_ptr<Statement>, std::less<>> m_kept;
+};
+
+/// Everything until Commit happens, or nothing.
+class Transaction
+{
+public:
+    explicit Transaction(Database& database);
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    ~Transaction();
+
+    void Commit();
+
+private:
+    Database& m_database;
+    bool m_open = true;
+};
+} // namespace wb

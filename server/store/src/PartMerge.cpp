@@ -1,0 +1,308 @@
+#include "PartMerge.h"
+
+#include "WBNumbers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace wb
+{
+namespace
+{
+constexpr std::size_t kMostErrors = 20;
+
+/// Numbers that read back alike are alike: the same mass in kg and in lb is one fact.
+bool Alike(double left, double right)
+{
+    return left == right || WriteNumber(left) == WriteNumber(right);
+}
+
+/// What to show of a number: as typed where that was kept.
+std::string Shown(double value, const std::string& typed, Fact fact)
+{
+    const std::string_view text = TypedText(typed, FactName(fact));
+    return text.empty() ? WriteNumber(value) : std::string(text);
+}
+} // namespace
+
+void PartMerge::Added(Weight weight)
+{
+    m_changed = true;
+    m_touchesSums = m_touchesSums || weight == Weight::InSums;
+}
+
+void PartMerge::Refuse(std::uint32_t line, const std::string& what, const std::string& stated,
+                       const std::string& stored)
+{
+    if (m_errors.size() <= kMostErrors) {
+        m_errors.push_back(m_errors.size() == kMostErrors
+                               ? "and more"
+                               : m_file + ":" + std::to_string(line) + ": " + m_subject + ", " +
+                                     what + ": found \"" + stated + "\", the database holds \"" +
+                                     stored + "\"; expected the same fact or a blank cell");
+    }
+}
+
+void PartMerge::KeepTypedOf(std::string& storedTyped, const std::string& statedTyped,
+                            const char* name)
+{
+    const std::string_view typed = TypedText(statedTyped, name);
+    if (!typed.empty()) {
+        KeepTyped(storedTyped, name, typed, {});
+    }
+}
+
+/// True when the number was added; its text as typed is then the caller's to take over.
+bool PartMerge::MergeNumber(double& stored, double stated, Fact fact, const FactLines& lines,
+                            const std::string& storedTyped, const std::string& statedTyped)
+{
+    if (!IsKnown(stated)) {
+        return false;
+    }
+    if (!IsKnown(stored)) {
+        stored = stated;
+        Added(Weight::InSums);
+        return true;
+    }
+    if (!Alike(stored, stated)) {
+        Refuse(lines.LineOf(fact), FactName(fact), Shown(stated, statedTyped, fact),
+               Shown(stored, storedTyped, fact));
+    }
+    return false;
+}
+
+void PartMerge::Text(std::string& stored, const std::string& stated, Fact fact,
+                     const FactLines& lines, Weight weight)
+{
+    if (stated.empty() || stored == stated) {
+        return;
+    }
+    if (stored.empty()) {
+        stored = stated;
+        Added(weight);
+    } else {
+        Refuse(lines.LineOf(fact), FactName(fact), stated, stored);
+    }
+}
+
+template <typename Choice>
+void PartMerge::Choose(Choice& stored, Choice stated, Fact fact, const FactLines& lines)
+{
+    if (stated == Choice{} || stored == stated) {
+        return;
+    }
+    if (stored == Choice{}) {
+        stored = stated;
+        Added(Weight::InSums);
+    } else {
+        Refuse(lines.LineOf(fact), FactName(fact), "another choice", "one already");
+    }
+}
+
+void PartMerge::Densities(double& density, double& surfaceDensity, double statedDensity,
+                          double statedSurfaceDensity, const FactLines& lines,
+                          std::string& storedTyped, const std::string& statedTyped)
+{
+    if (MergeNumber(density, statedDensity, Fact::Density, lines, storedTyped, statedTyped)) {
+        KeepTypedOf(storedTyped, statedTyped, FactName(Fact::Density));
+    }
+    if (MergeNumber(surfaceDensity, statedSurfaceDensity, Fact::SurfaceDensity, lines, storedTyped,
+                    statedTyped)) {
+        KeepTypedOf(storedTyped, statedTyped, FactName(Fact::SurfaceDensity));
+    }
+}
+
+void PartMerge::Merge(Part& stored, const Part& stated)
+{
+    m_subject = "part " + stated.identifier + " " + stated.version;
+    Text(stored.name, stated.name, Fact::Name, stated.lines, Weight::Beside);
+    Text(stored.code, stated.code, Fact::Code, stated.lines, Weight::InSums);
+    Text(stored.material, stated.material, Fact::Material, stated.lines, Weight::InSums);
+    Text(stored.activeType, stated.activeType, Fact::Active, stated.lines, Weight::InSums);
+    Text(stored.note, stated.note, Fact::Note, stated.lines, Weight::Beside);
+    Choose(stored.type, stated.type, Fact::Type, stated.lines);
+    Choose(stored.standard, stated.standard, Fact::Standard, stated.lines);
+    Choose(stored.densityFirst, stated.densityFirst, Fact::DensityFirst, stated.lines);
+    Choose(stored.errors, stated.errors, Fact::Errors, stated.lines);
+    if (MergeNumber(stored.growthPct, stated.growthPct, Fact::GrowthPct, stated.lines, stored.typed,
+                    stated.typed)) {
+        KeepTypedOf(stored.typed, stated.typed, FactName(Fact::GrowthPct));
+    }
+    Densities(stored.density, stored.surfaceDensity, stated.density, stated.surfaceDensity,
+              stated.lines, stored.typed, stated.typed);
+    Sets(stored.sets, stated.sets);
+    Documents(stored.documents, stated.documents);
+    Properties(stored.properties, stated.properties);
+}
+
+void PartMerge::Merge(Use& stored, const Use& stated, const std::string& name)
+{
+    m_subject = "use " + name;
+    if (stated.quantity != 0 && stored.quantity != stated.quantity) {
+        if (stored.quantity == 0) {
+            stored.quantity = stated.quantity;
+            Added(Weight::InSums);
+        } else {
+            Refuse(stated.lines.LineOf(Fact::Quantity), FactName(Fact::Quantity),
+                   std::to_string(stated.quantity), std::to_string(stored.quantity));
+        }
+    }
+    Position(stored, stated);
+    Text(stored.material, stated.material, Fact::Material, stated.lines, Weight::InSums);
+    Text(stored.activeType, stated.activeType, Fact::Active, stated.lines, Weight::InSums);
+    Text(stored.note, stated.note, Fact::Note, stated.lines, Weight::Beside);
+    Densities(stored.density, stored.surfaceDensity, stated.density, stated.surfaceDensity,
+              stated.lines, stored.typed, stated.typed);
+    Sets(stored.sets, stated.sets);
+    Properties(stored.properties, stated.properties);
+}
+
+void PartMerge::Position(Use& stored, const Use& stated)
+{
+    const auto listed = [](const auto& numbers) {
+        std::string text;
+        for (const double number : numbers) {
+            text += (text.empty() ? "" : " ") + WriteNumber(number);
+        }
+        return text;
+    };
+    const auto rows = [&](const Placement::Matrix& rotation) {
+        return listed(rotation[0]) + " " + listed(rotation[1]) + " " + listed(rotation[2]);
+    };
+    if (stated.positionStated && !stored.positionStated) {
+        stored.positionStated = true;
+        stored.placement.shift = stated.placement.shift;
+        for (const char* name : {"x", "y", "z"}) {
+            KeepTypedOf(stored.typed, stated.typed, name);
+        }
+        Added(Weight::InSums);
+    } else if (stated.positionStated && stored.placement.shift != stated.placement.shift) {
+        Refuse(stated.lines.LineOf(Fact::Position), "position in mm",
+               listed(stated.placement.shift), listed(stored.placement.shift));
+    }
+    if (stated.rotationStated && !stored.rotationStated) {
+        stored.rotationStated = true;
+        stored.placement.rotation = stated.placement.rotation;
+        for (const char* name :
+             {"rx", "ry", "rz", "r11", "r12", "r13", "r21", "r22", "r23", "r31", "r32", "r33"}) {
+            KeepTypedOf(stored.typed, stated.typed, name);
+        }
+        Added(Weight::InSums);
+    } else if (stated.rotationStated && stored.placement.rotation != stated.placement.rotation) {
+        Refuse(stated.lines.LineOf(Fact::Rotation), "rotation", rows(stated.placement.rotation),
+               rows(stored.placement.rotation));
+    }
+}
+
+void PartMerge::Merge(Material& stored, const Material& stated)
+{
+    m_subject = "material " + stated.name;
+    const auto number = [&](double& target, double value, Fact fact) {
+        if (MergeNumber(target, value, fact, stated.lines, stored.typed, stated.typed)) {
+            KeepTypedOf(stored.typed, stated.typed, FactName(fact));
+        }
+    };
+    number(stored.density, stated.density, Fact::MaterialDensity);
+    number(stored.surfaceDensity, stated.surfaceDensity, Fact::MaterialSurfaceDensity);
+    if (IsKnown(stored.density) && IsKnown(stored.surfaceDensity)) {
+        const bool surface = IsKnown(stated.surfaceDensity);
+        const Fact added = surface ? Fact::MaterialSurfaceDensity : Fact::MaterialDensity;
+        const Fact kept = surface ? Fact::MaterialDensity : Fact::MaterialSurfaceDensity;
+        Refuse(stated.lines.LineOf(added), FactName(added),
+               Shown(surface ? stated.surfaceDensity : stated.density, stated.typed, added),
+               std::string(FactName(kept)) + " " +
+                   Shown(surface ? stored.density : stored.surfaceDensity, stored.typed, kept));
+    }
+}
+
+void PartMerge::Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>& stated)
+{
+    for (const ValueSet& set : stated) {
+        const auto found = std::ranges::find(stored, set.massType, &ValueSet::massType);
+        if (found == stored.end()) {
+            stored.push_back(set);
+            Added(Weight::InSums);
+        } else {
+            const std::string subject = m_subject;
+            m_subject += ", mass type " + set.massType;
+            Set(*found, set);
+            m_subject = subject;
+        }
+    }
+}
+
+void PartMerge::Set(ValueSet& stored, const ValueSet& stated)
+{
+    for (std::size_t i = 0; i < kSetNumbers; ++i) {
+        const auto fact = static_cast<Fact>(i);
+        if (MergeNumber(stored[fact], stated[fact], fact, stated.lines, stored.typed,
+                        stated.typed)) {
+            KeepTypedOf(stored.typed, stated.typed, FactName(fact));
+        }
+    }
+    if (stored.Has(Fact::Lower) && stored.Has(Fact::LowerPct)) {
+        const Fact added = stated.Has(Fact::Lower) ? Fact::Lower : Fact::LowerPct;
+        const Fact kept = stated.Has(Fact::Lower) ? Fact::LowerPct : Fact::Lower;
+        Refuse(stated.lines.LineOf(added), FactName(added),
+               Shown(stated[added], stated.typed, added),
+               std::string(FactName(kept)) + " " + Shown(stored[kept], stored.typed, kept));
+    }
+    Text(stored.source, stated.source, Fact::Source, stated.lines, Weight::Beside);
+    Text(stored.sourceDate, stated.sourceDate, Fact::SourceDate, stated.lines, Weight::Beside);
+    Text(stored.author, stated.author, Fact::Author, stated.lines, Weight::Beside);
+    Text(stored.note, stated.note, Fact::Note, stated.lines, Weight::Beside);
+}
+
+void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Property>& stated)
+{
+    for (const Property& property : stated) {
+        const auto found = std::ranges::find(stored, property.name, &Property::name);
+        if (found == stored.end()) {
+            stored.push_back(property);
+            Added(Weight::Beside);
+        } else if (found->value != property.value || found->type != property.type ||
+                   found->magnitude != property.magnitude) {
+            Refuse(property.line, "property " + property.name, property.value, found->value);
+        }
+    }
+}
+
+void PartMerge::Documents(std::vector<DocumentRevision>& stored,
+                          const std::vector<DocumentRevision>& stated)
+{
+    for (const DocumentRevision& revision : stated) {
+        auto found = std::ranges::find_if(stored, [&](const DocumentRevision& other) {
+            return other.document == revision.document && other.version == revision.version;
+        });
+        if (found == stored.end()) {
+            stored.push_back(revision);
+            Added(Weight::Beside);
+            found = stored.end() - 1;
+        } else {
+            const bool summed = m_touchesSums;
+            Text(found->checkinDate, revision.checkinDate, Fact::CheckinDate, revision.lines,
+                 Weight::Beside);
+            Text(found->checkinUser, revision.checkinUser, Fact::CheckinUser, revision.lines,
+                 Weight::Beside);
+            Text(found->checkoutUser, revision.checkoutUser, Fact::CheckoutUser, revision.lines,
+                 Weight::Beside);
+            Text(found->massType, revision.massType, Fact::DocumentMassType, revision.lines,
+                 Weight::Beside);
+            if (MergeNumber(found->mass, revision.mass, Fact::DocumentMass, revision.lines,
+                            found->typed, revision.typed)) {
+                KeepTypedOf(found->typed, revision.typed, FactName(Fact::DocumentMass));
+            }
+            Choose(found->use, revision.use, Fact::DocumentUse, revision.lines);
+            m_touchesSums = summed; // what documents say of masses is not summed
+        }
+        for (const DocumentRevision& other : stored) {
+            const int shared = static_cast<int>(other.use) & static_cast<int>(revision.use);
+            if (shared != 0 && &other != &*found) {
+                Refuse(revision.lines.LineOf(Fact::DocumentUse),
+                       (shared & 1) != 0 ? "attached revision" : "active revision",
+                       revision.version, other.version);
+            }
+        }
+    }
+}
+} // namespace wb

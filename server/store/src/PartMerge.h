@@ -1,0 +1,64 @@
+#pragma once
+
+#include "WBProduct.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace wb
+{
+/// Puts what a table states beside what is stored. A fact that is not stored yet is added, one that
+/// is stored alike is left, one that is stored differently becomes a sentence.
+class PartMerge
+{
+public:
+    PartMerge(const std::string& file, std::vector<std::string>& errors)
+        : m_file(file), m_errors(errors)
+    {}
+
+    void Merge(Part& stored, const Part& stated);
+    /// name: how messages call the use.
+    void Merge(Use& stored, const Use& stated, const std::string& name);
+    void Merge(Material& stored, const Material& stated);
+
+    /// Since the last call of Forget: anything was added.
+    bool Changed() const { return m_changed; }
+    /// Something was added that sums depend on; names, notes, revisions and properties are not.
+    bool TouchesSums() const { return m_touchesSums; }
+    void Forget() { m_changed = m_touchesSums = false; }
+
+private:
+    enum class Weight
+    {
+        InSums,
+        Beside
+    };
+
+    void Added(Weight weight);
+    bool MergeNumber(double& stored, double stated, Fact fact, const FactLines& lines,
+                     const std::string& storedTyped, const std::string& statedTyped);
+    void Text(std::string& stored, const std::string& stated, Fact fact, const FactLines& lines,
+              Weight weight);
+    template <typename Choice>
+    void Choose(Choice& stored, Choice stated, Fact fact, const FactLines& lines);
+    void Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>& stated);
+    void Set(ValueSet& stored, const ValueSet& stated);
+    void Properties(std::vector<Property>& stored, const std::vector<Property>& stated);
+    void Documents(std::vector<DocumentRevision>& stored,
+                   const std::vector<DocumentRevision>& stated);
+    void Position(Use& stored, const Use& stated);
+    void Densities(double& density, double& surfaceDensity, double statedDensity,
+                   double statedSurfaceDensity, const FactLines& lines, std::string& storedTyped,
+                   const std::string& statedTyped);
+    void KeepTypedOf(std::string& storedTyped, const std::string& statedTyped, const char* name);
+    void Refuse(std::uint32_t line, const std::string& what, const std::string& stated,
+                const std::string& stored);
+
+    const std::string& m_file;
+    std::vector<std::string>& m_errors;
+    std::string m_subject;
+    bool m_changed = false;
+    bool m_touchesSums = false;
+};
+} // namespace wb

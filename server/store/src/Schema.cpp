@@ -1,0 +1,188 @@
+#include "Schema.h"
+
+namespace wb
+{
+namespace
+{
+constexpr const char* kTables = R"sql(
+CREATE TABLE meta (
+    key TEXT PRIMARY KEY NOT NULL,
+    value TEXT NOT NULL
+) WITHOUT ROWID;
+
+CREATE TABLE mass_type (
+    id INTEGER PRIMARY KEY,
+    name TEXT NOT NULL UNIQUE CHECK (name NOT IN ('', 'Active', 'MostPrecise', 'Computed')),
+    rank INTEGER NOT NULL UNIQUE,
+    kind TEXT NOT NULL CHECK (kind IN ('claim', 'goal')),
+    category TEXT CHECK ((kind = 'goal' AND category IS NULL)
+        OR (kind = 'claim' AND category IN ('estimated', 'calculated', 'actual'))),
+    lower_pct REAL NOT NULL CHECK (lower_pct >= 0),
+    upper_pct REAL NOT NULL CHECK (upper_pct >= 0),
+    meaning TEXT
+);
+
+CREATE TABLE material (
+    id INTEGER PRIMARY KEY,
+    name TEXT NOT NULL UNIQUE,
+    density REAL CHECK (density >= 0),
+    surface_density REAL CHECK (surface_density >= 0),
+    typed TEXT,
+    CHECK (density IS NULL OR surface_density IS NULL)
+);
+
+CREATE TABLE part (
+    id INTEGER PRIMARY KEY,
+    identifier TEXT NOT NULL CHECK (identifier <> ''),
+    version TEXT NOT NULL CHECK (version <> ''),
+    name TEXT,
+    type INTEGER NOT NULL CHECK (type BETWEEN 0 AND 4),
+    standard INTEGER NOT NULL CHECK (standard BETWEEN 0 AND 2),
+    code TEXT,
+    growth_pct REAL CHECK (growth_pct >= 0),
+    density REAL CHECK (density >= 0),
+    surface_density REAL CHECK (surface_density >= 0),
+    density_first INTEGER NOT NULL CHECK (density_first BETWEEN 0 AND 2),
+    errors INTEGER NOT NULL CHECK (errors BETWEEN 0 AND 2),
+    material INTEGER REFERENCES material (id),
+    active INTEGER REFERENCES mass_type (id),
+    note TEXT,
+    typed TEXT,
+    change_number INTEGER NOT NULL,
+    UNIQUE (identifier, version)
+);
+
+CREATE TABLE use (
+    id INTEGER PRIMARY KEY,
+    parent INTEGER NOT NULL REFERENCES part (id),
+    instance TEXT NOT NULL CHECK (instance <> ''),
+    part INTEGER NOT NULL REFERENCES part (id) CHECK (part <> parent),
+    quantity INTEGER NOT NULL CHECK (quantity >= 0),
+    stated INTEGER NOT NULL CHECK (stated BETWEEN 0 AND 3),
+    r11 REAL NOT NULL, r12 REAL NOT NULL, r13 REAL NOT NULL,
+    r21 REAL NOT NULL, r22 REAL NOT NULL, r23 REAL NOT NULL,
+    r31 REAL NOT NULL, r32 REAL NOT NULL, r33 REAL NOT NULL,
+    x REAL NOT NULL, y REAL NOT NULL, z REAL NOT NULL,
+    density REAL CHECK (density >= 0),
+    surface_density REAL CHECK (surface_density >= 0),
+    material INTEGER REFERENCES material (id),
+    active INTEGER REFERENCES mass_type (id),
+    note TEXT,
+    typed TEXT,
+    UNIQUE (parent, instance)
+);
+CREATE INDEX use_part ON use (part);
+
+CREATE TABLE document_revision (
+    part INTEGER NOT NULL REFERENCES part (id),
+    position INTEGER NOT NULL,
+    document TEXT NOT NULL,
+    version TEXT NOT NULL,
+    use INTEGER NOT NULL CHECK (use BETWEEN 0 AND 3),
+    checkin_date TEXT,
+    checkin_user TEXT,
+    checkout_user TEXT,
+    mass_type TEXT,
+    mass REAL,
+    typed TEXT,
+    PRIMARY KEY (part, position),
+    UNIQUE (part, document, version)
+) WITHOUT ROWID;
+
+CREATE TABLE history (
+    id INTEGER PRIMARY KEY,
+    at TEXT NOT NULL DEFAULT CURRENT_TIMESTAMP,
+    who TEXT NOT NULL,
+    what TEXT NOT NULL,
+    subject TEXT,
+    checksum TEXT,
+    before TEXT,
+    after TEXT
+);
+)sql";
+
+/// The value sets of parts and of uses are alike; so are their properties.
+std::string OwnedTables(const std::string& owner)
+{
+    std::string sql = "CREATE TABLE " + owner + "_value (owner INTEGER NOT NULL REFERENCES " +
+                      owner + " (id), mass_type INTEGER NOT NULL REFERENCES mass_type (id)";
+    for (std::size_t i = 0; i < kSetNumbers; ++i) {
+        sql += std::string(", ") + FactName(static_cast<Fact>(i)) + " REAL";
+    }
+    sql += ", source TEXT, source_date TEXT, author TEXT, note TEXT, typed TEXT, "
+           "CHECK (lower >= 0 AND upper >= 0 OR lower IS NULL AND upper IS NULL), "
+           "CHECK (lower_pct >= 0 AND upper_pct >= 0 OR lower_pct IS NULL AND upper_pct IS NULL), "
+           "CHECK ((cgx IS NULL) = (cgy IS NULL) AND (cgx IS NULL) = (cgz IS NULL)), "
+           "PRIMARY KEY (owner, mass_type)) WITHOUT ROWID;"
+           "CREATE TABLE " +
+           owner + "_property (owner INTEGER NOT NULL REFERENCES " + owner +
+           " (id), position INTEGER NOT NULL, name TEXT NOT NULL, "
+           "type INTEGER NOT NULL CHECK (type IN (1, 2, 3, 4, 100)), "
+           "is_date INTEGER NOT NULL CHECK (is_date IN (0, 1)), value TEXT NOT NULL, "
+           "magnitude TEXT, typed TEXT, PRIMARY KEY (owner, position), UNIQUE (owner, name)) "
+           "WITHOUT ROWID;";
+    return sql;
+}
+} // namespace
+
+std::string SetNumberColumns()
+{
+    std::string columns;
+    for (std::size_t i = 0; i < kSetNumbers; ++i) {
+        columns += std::string(", ") + FactName(static_cast<Fact>(i));
+    }
+    return columns;
+}
+
+std::string SetNumberParameters()
+{
+    std::string parameters;
+    for (std::size_t i = 0; i < kSetNumbers; ++i) {
+        parameters += ", ?";
+    }
+    return parameters;
+}
+
+void CreateSchema(Database& database)
+{
+    Transaction transaction(database);
+    database.Execute(kTables + OwnedTables("part") + OwnedTables("use"));
+    const auto insert = database.Prepare(
+        "INSERT INTO mass_type (name, rank, kind, category, lower_pct, upper_pct, meaning) "
+        "VALUES (?, ?, ?, ?, ?, ?, ?)");
+    for (const MassType& type : ShippedMassTypes()) {
+        const bool goal = type.kind == MassType::Kind::Goal;
+        insert->Start()
+            .Bind(type.name)
+            .Bind(std::int64_t{type.order})
+            .Bind(std::string_view(goal ? "goal" : "claim"))
+            .Bind(type.category)
+            .Bind(type.lowerPct)
+            .Bind(type.upperPct)
+            .Bind(type.meaning)
+            .Run();
+    }
+    database.Execute("INSERT INTO meta VALUES ('change_number', '0'), ('created_by', 'wb 0.1.0');"
+                     "PRAGMA application_id = " +
+                     std::to_string(kApplicationId) +
+                     ";PRAGMA user_version = " + std::to_string(kSchemaVersion));
+    transaction.Commit();
+}
+
+void CheckSchema(Database& database)
+{
+    const std::int64_t application = database.Ask("PRAGMA application_id");
+    const std::int64_t version = database.Ask("PRAGMA user_version");
+    if (application != kApplicationId) {
+        throw StoreError(database.Path() + ": the file is no weight-and-balance database; open "
+                                           "another file, or import a product into a new one");
+    }
+    if (version > kSchemaVersion) {
+        throw StoreError(database.Path() +
+                         ": the database was written by a newer version of wb "
+                         "(its tables are version " +
+                         std::to_string(version) + ", this program knows version " +
+                         std::to_string(kSchemaVersion) + "); open it with that version");
+    }
+}
+} // namespace wb

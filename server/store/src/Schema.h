@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Database.h"
+
+#include <string>
+
+namespace wb
+{
+/// Marks our files among all SQLite files ("WBDB").
+constexpr std::int64_t kApplicationId = 0x57424442;
+/// Of the tables; a file of a higher version is refused.
+constexpr std::int64_t kSchemaVersion = 1;
+
+/// Makes all tables and the shipped mass types in an empty file.
+void CreateSchema(Database& database);
+
+/// Throws StoreError when the file is no database of ours, or of a newer version.
+void CheckSchema(Database& database);
+
+/// ", mass, lower, ..." or ", ?, ?, ..." for the numbers of a value set.
+std::string SetNumberColumns();
+std::string SetNumberParameters();
+} // namespace wb

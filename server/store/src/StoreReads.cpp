@@ -1,0 +1,370 @@
+#include "Database.h"
+#include "Schema.h"
+#include "WBStore.h"
+
+namespace wb
+{
+namespace
+{
+/// The columns of a PartLine; p is the part. Whether anybody uses it and whether it has uses are
+/// answered from indexes.
+const std::string kLineColumns =
+    "p.id, p.identifier, p.version, coalesce(p.name, p.identifier), p.type, "
+    "EXISTS (SELECT 1 FROM use WHERE part = p.id), EXISTS (SELECT 1 FROM use WHERE parent = p.id)";
+
+const std::string kUseLineColumns =
+    "u.id, u.instance, max(u.quantity, 1), u.r11, u.r12, u.r13, u.r21, u.r22, u.r23, u.r31, "
+    "u.r32, u.r33, u.x, u.y, u.z, ";
+
+PartLine ReadLine(Statement& row)
+{
+    PartLine line;
+    line.id = row.Integer();
+    line.identifier = row.Text();
+    line.version = row.Text();
+    line.name = row.Text();
+    const auto stated = static_cast<PartType>(row.Integer());
+    const bool isUsed = row.Integer() != 0;
+    line.hasUses = row.Integer() != 0;
+    line.type = EffectiveType(stated, isUsed, line.hasUses);
+    return line;
+}
+
+Placement ReadPlacement(Statement& row)
+{
+    Placement placement;
+    for (auto& line : placement.rotation) {
+        for (double& term : line) {
+            term = row.Number();
+        }
+    }
+    for (double& term : placement.shift) {
+        term = row.Number();
+    }
+    return placement;
+}
+
+UseLine ReadUseLine(Statement& row)
+{
+    UseLine line;
+    line.id = row.Integer();
+    line.instance = row.Text();
+    line.quantity = static_cast<int>(row.Integer());
+    line.placement = ReadPlacement(row);
+    line.part = ReadLine(row);
+    return line;
+}
+
+std::vector<ValueSet> ReadSets(Database& database, const char* owner, RowId id)
+{
+    std::vector<ValueSet> sets;
+    Statement& rows = database.Kept("SELECT m.name" + SetNumberColumns() +
+                                    ", source, source_date, author, note, typed FROM " + owner +
+                                    "_value v JOIN mass_type m ON m.id = v.mass_type "
+                                    "WHERE v.owner = ? ORDER BY m.rank");
+    rows.Bind(id);
+    while (rows.Step()) {
+        ValueSet& set = sets.emplace_back();
+        set.massType = rows.Text();
+        for (double& number : set.numbers) {
+            number = rows.Number();
+        }
+        set.source = rows.Text();
+        set.sourceDate = rows.Text();
+        set.author = rows.Text();
+        set.note = rows.Text();
+        set.typed = rows.Text();
+    }
+    return sets;
+}
+
+std::vector<Property> ReadProperties(Database& database, const char* owner, RowId id)
+{
+    std::vector<Property> properties;
+    Statement& rows = database.Kept(std::string("SELECT name, type, is_date, value, magnitude, "
+                                                "typed FROM ") +
+                                    owner + "_property WHERE owner = ? ORDER BY position");
+    rows.Bind(id);
+    while (rows.Step()) {
+        Property& property = properties.emplace_back();
+        property.name = rows.Text();
+        property.type = static_cast<Property::Type>(rows.Integer());
+        property.isDate = rows.Integer() != 0;
+        property.value = rows.Text();
+        property.magnitude = rows.Text();
+        property.typed = rows.Text();
+    }
+    return properties;
+}
+
+std::vector<DocumentRevision> ReadDocuments(Database& database, RowId id)
+{
+    std::vector<DocumentRevision> documents;
+    Statement& rows = database.Kept(
+        "SELECT document, version, use, checkin_date, checkin_user, checkout_user, mass_type, "
+        "mass, typed FROM document_revision WHERE part = ? ORDER BY position");
+    rows.Bind(id);
+    while (rows.Step()) {
+        DocumentRevision& revision = documents.emplace_back();
+        revision.document = rows.Text();
+        revision.version = rows.Text();
+        revision.use = static_cast<DocumentRevision::Use>(rows.Integer());
+        revision.checkinDate = rows.Text();
+        revision.checkinUser = rows.Text();
+        revision.checkoutUser = rows.Text();
+        revision.massType = rows.Text();
+        revision.mass = rows.Number();
+        revision.typed = rows.Text();
+    }
+    return documents;
+}
+} // namespace
+
+std::vector<MassType> Store::MassTypes() const
+{
+    std::vector<MassType> types;
+    Statement& rows = m_database->Kept("SELECT name, rank, kind = 'goal', category, lower_pct, "
+                                       "upper_pct, meaning FROM mass_type ORDER BY rank");
+    while (rows.Step()) {
+        MassType& type = types.emplace_back();
+        type.name = rows.Text();
+        type.order = static_cast<int>(rows.Integer());
+        type.kind = rows.Integer() != 0 ? MassType::Kind::Goal : MassType::Kind::Claim;
+        type.category = rows.Text();
+        type.lowerPct = rows.Number();
+        type.upperPct = rows.Number();
+        type.meaning = rows.Text();
+    }
+    return types;
+}
+
+std::vector<std::string> Store::VersionsOf(std::string_view identifier) const
+{
+    std::vector<std::string> versions;
+    Statement& rows = m_database->Kept("SELECT version FROM part WHERE identifier = ? ORDER BY id");
+    rows.BindText(identifier);
+    while (rows.Step()) {
+        versions.push_back(rows.Text());
+    }
+    return versions;
+}
+
+PartType Store::TypeOf(std::string_view identifier, std::string_view version) const
+{
+    Statement& rows =
+        m_database->Kept("SELECT type FROM part WHERE identifier = ? AND version = ?");
+    rows.BindText(identifier).BindText(version);
+    PartType type = PartType::Unstated;
+    while (rows.Step()) {
+        type = static_cast<PartType>(rows.Integer());
+    }
+    return type;
+}
+
+std::optional<Material> Store::FindMaterial(std::string_view name) const
+{
+    std::optional<Material> found;
+    Statement& rows = m_database->Kept(
+        "SELECT name, density, surface_density, typed FROM material WHERE name = ?");
+    rows.BindText(name);
+    while (rows.Step()) {
+        Material& material = found.emplace();
+        material.name = rows.Text();
+        material.density = rows.Number();
+        material.surfaceDensity = rows.Number();
+        material.typed = rows.Text();
+    }
+    return found;
+}
+
+std::vector<PartLine> Store::Roots() const
+{
+    std::vector<PartLine> roots;
+    Statement& rows = m_database->Kept("SELECT " + kLineColumns +
+                                       " FROM part p WHERE NOT EXISTS (SELECT 1 FROM use WHERE "
+                                       "part = p.id) ORDER BY p.identifier, p.version");
+    while (rows.Step()) {
+        roots.push_back(ReadLine(rows));
+    }
+    return roots;
+}
+
+std::optional<PartLine> Store::FindRoot(std::string_view identifier) const
+{
+    std::optional<PartLine> root;
+    Statement& rows = m_database->Kept("SELECT " + kLineColumns +
+                                       " FROM part p WHERE p.identifier = ? AND NOT EXISTS (SELECT "
+                                       "1 FROM use WHERE part = p.id) ORDER BY p.id");
+    rows.BindText(identifier);
+    while (rows.Step()) {
+        root = ReadLine(rows);
+    }
+    return root;
+}
+
+std::optional<PartLine> Store::FindPart(std::string_view identifier, std::string_view version) const
+{
+    std::optional<PartLine> part;
+    Statement& rows = m_database->Kept("SELECT " + kLineColumns +
+                                       " FROM part p WHERE p.identifier = ? AND p.version = ?");
+    rows.BindText(identifier).BindText(version);
+    while (rows.Step()) {
+        part = ReadLine(rows);
+    }
+    return part;
+}
+
+std::optional<PartLine> Store::FindPart(RowId id) const
+{
+    std::optional<PartLine> part;
+    Statement& rows = m_database->Kept("SELECT " + kLineColumns + " FROM part p WHERE p.id = ?");
+    rows.Bind(id);
+    while (rows.Step()) {
+        part = ReadLine(rows);
+    }
+    return part;
+}
+
+std::vector<UseLine> Store::UsesOf(RowId part) const
+{
+    std::vector<UseLine> uses;
+    Statement& rows =
+        m_database->Kept("SELECT " + kUseLineColumns + kLineColumns +
+                         " FROM use u JOIN part p ON p.id = u.part WHERE u.parent = ? ORDER BY "
+                         "u.id");
+    rows.Bind(part);
+    while (rows.Step()) {
+        uses.push_back(ReadUseLine(rows));
+    }
+    return uses;
+}
+
+std::optional<UseLine> Store::FindUse(RowId parent, std::string_view instance) const
+{
+    std::optional<UseLine> use;
+    Statement& rows =
+        m_database->Kept("SELECT " + kUseLineColumns + kLineColumns +
+                         " FROM use u JOIN part p ON p.id = u.part WHERE u.parent = ? AND "
+                         "u.instance = ?");
+    rows.Bind(parent).BindText(instance);
+    while (rows.Step()) {
+        use = ReadUseLine(rows);
+    }
+    return use;
+}
+
+StoredPart Store::ReadPart(RowId id) const
+{
+    StoredPart stored;
+    Statement& row = m_database->Kept(
+        "SELECT p.id, identifier, version, p.name, type, standard, code, growth_pct, p.density, "
+        "p.surface_density, density_first, errors, m.name, t.name, note, p.typed FROM part p "
+        "LEFT JOIN material m ON m.id = p.material LEFT JOIN mass_type t ON t.id = p.active "
+        "WHERE p.id = ?");
+    row.Bind(id);
+    while (row.Step()) {
+        stored.id = row.Integer();
+        Part& part = stored.part;
+        part.identifier = row.Text();
+        part.version = row.Text();
+        part.name = row.Text();
+        part.type = static_cast<PartType>(row.Integer());
+        part.standard = static_cast<Answer>(row.Integer());
+        part.code = row.Text();
+        part.growthPct = row.Number();
+        part.density = row.Number();
+        part.surfaceDensity = row.Number();
+        part.densityFirst = static_cast<DensityOrder>(row.Integer());
+        part.errors = static_cast<ErrorRule>(row.Integer());
+        part.material = row.Text();
+        part.activeType = row.Text();
+        part.note = row.Text();
+        part.typed = row.Text();
+    }
+    stored.part.sets = ReadSets(*m_database, "part", id);
+    stored.part.documents = ReadDocuments(*m_database, id);
+    stored.part.properties = ReadProperties(*m_database, "part", id);
+    return stored;
+}
+
+StoredUse Store::ReadUse(RowId id) const
+{
+    StoredUse stored;
+    Statement& row = m_database->Kept(
+        "SELECT u.id, parent, part, instance, quantity, stated, r11, r12, r13, r21, r22, r23, r31, "
+        "r32, r33, x, y, z, u.density, u.surface_density, m.name, t.name, note, u.typed FROM use u "
+        "LEFT JOIN material m ON m.id = u.material LEFT JOIN mass_type t ON t.id = u.active "
+        "WHERE u.id = ?");
+    row.Bind(id);
+    while (row.Step()) {
+        stored.id = row.Integer();
+        stored.parent = row.Integer();
+        stored.part = row.Integer();
+        Use& use = stored.use;
+        use.instance = row.Text();
+        use.quantity = static_cast<int>(row.Integer());
+        const std::int64_t stated = row.Integer();
+        use.positionStated = (stated & 1) != 0;
+        use.rotationStated = (stated & 2) != 0;
+        use.placement = ReadPlacement(row);
+        use.density = row.Number();
+        use.surfaceDensity = row.Number();
+        use.material = row.Text();
+        use.activeType = row.Text();
+        use.note = row.Text();
+        use.typed = row.Text();
+    }
+    stored.use.sets = ReadSets(*m_database, "use", id);
+    stored.use.properties = ReadProperties(*m_database, "use", id);
+    return stored;
+}
+
+DensityCount Store::CountDensities(RowId part) const
+{
+    // Every different place of a leaf counts once: the same part with and without a material of
+    // its own are two. UNION drops what was met before, so shared assemblies are walked once.
+    Statement& row = m_database->Kept(
+        "WITH RECURSIVE below (part, density) AS ("
+        "SELECT ?, 0 UNION "
+        "SELECT u.part, coalesce(u.density, u.surface_density, um.density, um.surface_density, "
+        "p.density, p.surface_density, pm.density, pm.surface_density) IS NOT NULL "
+        "FROM below b JOIN use u ON u.parent = b.part JOIN part p ON p.id = u.part "
+        "LEFT JOIN material um ON um.id = u.material LEFT JOIN material pm ON pm.id = p.material) "
+        "SELECT coalesce(sum(density), 0), coalesce(sum(NOT density), 0) FROM below "
+        "WHERE NOT EXISTS (SELECT 1 FROM use WHERE parent = below.part)");
+    row.Bind(part);
+    DensityCount count;
+    while (row.Step()) {
+        count.with = row.Integer();
+        count.without = row.Integer();
+    }
+    return count;
+}
+
+std::vector<HistoryEntry> Store::History() const
+{
+    std::vector<HistoryEntry> entries;
+    Statement& rows =
+        m_database->Kept("SELECT at, who, what, subject, checksum FROM history ORDER BY id");
+    while (rows.Step()) {
+        HistoryEntry& entry = entries.emplace_back();
+        entry.when = rows.Text();
+        entry.who = rows.Text();
+        entry.what = rows.Text();
+        entry.subject = rows.Text();
+        entry.checksum = rows.Text();
+    }
+    return entries;
+}
+
+std::int64_t Store::ChangeNumber(RowId part) const
+{
+    Statement& row = m_database->Kept("SELECT change_number FROM part WHERE id = ?");
+    row.Bind(part);
+    std::int64_t number = 0;
+    while (row.Step()) {
+        number = row.Integer();
+    }
+    return number;
+}
+} // namespace wb

@@ -1,0 +1,68 @@
+#include "WBStore.h"
+
+#include "Database.h"
+#include "Schema.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace wb
+{
+namespace
+{
+/// What every connection wants: references are checked, and temporary data stays in memory. The
+/// journal is SQLite's ordinary one, so that a database at rest is exactly one file that people can
+/// copy; a write-ahead log would leave a second file beside it.
+constexpr const char* kSettings = "PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY; "
+                                  "PRAGMA cache_size = -65536";
+} // namespace
+
+Store::Store(std::unique_ptr<Database> database) : m_database(std::move(database))
+{}
+
+Store::~Store() = default;
+
+const std::string& Store::Path() const
+{
+    return m_database->Path();
+}
+
+Store::Opened Store::Open(const std::string& path, int lockWait)
+{
+    std::error_code code;
+    if (!std::filesystem::exists(path, code)) {
+        return {nullptr, path +
+                             ": the database does not exist; make one with \"wb import FILE.csv "
+                             "--into " +
+                             path + "\""};
+    }
+    if (std::filesystem::is_directory(path, code)) {
+        return {nullptr, path + ": is a directory; name the database file in it"};
+    }
+    try {
+        auto database = std::make_unique<Database>(path, false, lockWait);
+        CheckSchema(*database);
+        database->Execute(kSettings);
+        return {std::unique_ptr<Store>(new Store(std::move(database))), {}};
+    } catch (const StoreError& error) {
+        return {nullptr, error.what()};
+    }
+}
+
+Store::Opened Store::OpenOrCreate(const std::string& path, int lockWait)
+{
+    std::error_code code;
+    if (std::filesystem::exists(path, code)) {
+        return Open(path, lockWait);
+    }
+    try {
+        {
+            Database database(path, true, lockWait);
+            CreateSchema(database);
+        }
+        return Open(path, lockWait);
+    } catch (const StoreError& error) {
+        return {nullptr, error.what()};
+    }
+}
+} // namespace wb

@@ -1,0 +1,175 @@
+#include "CsvTable.h"
+
+#include "CATENOWBCSCommonDefinitions.h"
+#include "WBTexts.h"
+
+#include <csv.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace wb
+{
+namespace
+{
+/// The separator that occurs in the header outside quotes; a tab goes before ";", that before ",",
+/// since the rarer mark is the surer sign.
+char FindSeparator(std::string_view content)
+{
+    bool quoted = false;
+    bool semicolon = false;
+    bool tab = false;
+    for (const char character : content) {
+        if (character == '"') {
+            quoted = !quoted;
+        } else if (!quoted && (character == '\n' || character == '\r')) {
+            break;
+        }
+        semicolon = semicolon || (!quoted && character == ';');
+        tab = tab || (!quoted && character == '\t');
+    }
+    if (tab) {
+        return '\t';
+    }
+    return semicolon ? ';' : ',';
+}
+
+/// True when no cell can hold a text that is refused, so that nobody needs to look at each.
+bool IsPlain(std::string_view content, char separator)
+{
+    const bool control = std::ranges::any_of(content, [separator](char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        const bool layout = character == '\n' || character == '\r' || character == separator;
+        return (byte < 0x20 && !layout) || byte == 0x7F || character == '|' || character == '~';
+    });
+    return !control && content.find("__null__") == std::string_view::npos &&
+           content.find(CATENOWBCSCommonDefinitions::errMsgHeader) == std::string_view::npos;
+}
+
+std::uint32_t LineAt(std::string_view content, std::size_t position)
+{
+    return 1 + static_cast<std::uint32_t>(std::ranges::count(content.substr(0, position), '\n'));
+}
+} // namespace
+
+/// Receives the parser's fields and row ends.
+struct CsvTable::Collector
+{
+    CsvTable& table;
+    TableErrors& errors;
+    bool plain;
+    bool inHeader = true;
+    std::size_t rowStart = 0;  // the first cell of the current row
+    std::uint32_t line = 1;    // of what comes next
+    std::uint32_t rowLine = 1; // where the current row began
+    std::uint32_t column = 0;  // of the next field
+
+    void Field(std::string_view text)
+    {
+        if (column == 0) {
+            rowLine = line;
+        }
+        const auto lineEnds = static_cast<std::uint32_t>(std::ranges::count(text, '\n'));
+        line += lineEnds;
+        if (inHeader) {
+            table.m_header.emplace_back(text);
+        } else if (!text.empty()) {
+            Keep(text, lineEnds > 0);
+        }
+        ++column;
+    }
+
+    void Keep(std::string_view text, bool hasLineEnds)
+    {
+        if (!plain || hasLineEnds) {
+            if (const auto wrong = ForbiddenText(text)) {
+                errors.Found(rowLine, HeaderOf(column), text, "a text " + *wrong);
+            }
+        }
+        table.m_cells.push_back({column, static_cast<std::uint32_t>(table.m_text.size()),
+                                 static_cast<std::uint32_t>(text.size())});
+        table.m_text += text;
+    }
+
+    std::string_view HeaderOf(std::uint32_t position) const
+    {
+        return position < table.m_header.size() ? table.m_header[position] : std::string_view();
+    }
+
+    void RowEnd(int terminator)
+    {
+        if (column > 0 && inHeader) {
+            inHeader = false;
+            table.m_headerLine = rowLine;
+        } else if (column > 0) {
+            CloseRow();
+        }
+        column = 0;
+        line += terminator == '\n' ? 1U : 0U;
+    }
+
+    void CloseRow()
+    {
+        if (table.m_cells.size() == rowStart) {
+            return; // a row of blanks says nothing
+        }
+        if (column != table.m_header.size()) {
+            errors.Line(rowLine, "the row has " + std::to_string(column) + " cells, expected " +
+                                     std::to_string(table.m_header.size()) + " as in the header");
+        }
+        table.m_rows.push_back({rowLine, static_cast<std::uint32_t>(rowStart)});
+        rowStart = table.m_cells.size();
+    }
+};
+
+CsvTable CsvTable::Parse(std::string_view content, TableErrors& errors)
+{
+    CsvTable table;
+    if (content.starts_with("\xEF\xBB\xBF")) {
+        content.remove_prefix(3);
+    }
+    if (content.size() >= std::numeric_limits<std::uint32_t>::max()) {
+        errors.File("the file is larger than 4 GB, expected less");
+        return table;
+    }
+    if (const auto position = FirstNonUtf8(content)) {
+        errors.Line(LineAt(content, *position),
+                    "a character is not UTF-8, expected a file saved as UTF-8");
+        return table;
+    }
+    table.m_separator = FindSeparator(content);
+    table.m_text.reserve(content.size());
+
+    Collector collector{table, errors, IsPlain(content, table.m_separator)};
+    csv_parser parser{};
+    // Every line end is told, so that lines are counted; a quote inside a bare field, or one that
+    // never ends, is an error and not a guess.
+    if (csv_init(&parser, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL) != 0) {
+        errors.File("the table cannot be read, not enough memory");
+        return table;
+    }
+    csv_set_delim(&parser, static_cast<unsigned char>(table.m_separator));
+    const auto onField = [](void* text, std::size_t size, void* data) {
+        static_cast<Collector*>(data)->Field({static_cast<const char*>(text), size});
+    };
+    const auto onRow = [](int terminator, void* data) {
+        static_cast<Collector*>(data)->RowEnd(terminator);
+    };
+    const std::size_t read =
+        csv_parse(&parser, content.data(), content.size(), onField, onRow, &collector);
+    if (read != content.size() || csv_fini(&parser, onField, onRow, &collector) != 0) {
+        errors.Line(collector.column == 0 ? collector.line : collector.rowLine,
+                    "a quoted text does not end, or a quote stands inside a text; expected the "
+                    "whole text in double quotes, and a double quote inside it doubled");
+    }
+    csv_free(&parser);
+    return table;
+}
+
+std::span<const CsvTable::Cell> CsvTable::CellsOf(std::size_t row) const
+{
+    const std::size_t first = m_rows[row].firstCell;
+    const std::size_t end = row + 1 < m_rows.size() ? m_rows[row + 1].firstCell : m_cells.size();
+    return std::span(m_cells).subspan(first, end - first);
+}
+} // namespace wb

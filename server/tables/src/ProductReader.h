@@ -1,0 +1,164 @@
+#pragma once
+
+#include "CsvTable.h"
+#include "FactKeeper.h"
+#include "TableColumns.h"
+#include "TableErrors.h"
+#include "WBProductTable.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace wb
+{
+/// Makes a product of a table in three walks: which parts there are, who uses whom, what is said of
+/// them. Everything wrong goes to the errors; the walks go on, so that a user learns of it all.
+class ProductReader
+{
+public:
+    ProductReader(const CsvTable& table, const TableOptions& options, const KnownProducts& known,
+                  TableErrors& errors);
+
+    /// Reads the whole table; call it once.
+    void Read();
+
+    Product& TakeProduct() { return m_product; }
+    TableSummary& TakeSummary() { return m_summary; }
+
+private:
+    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+    /// The part and the use that a row speaks of.
+    struct RowSubject
+    {
+        std::uint32_t part = kNone;
+        std::uint32_t parent = kNone;
+        std::uint32_t use = kNone;
+    };
+    /// The versions of one identifier that the table names.
+    struct Versions
+    {
+        std::uint32_t first = kNone; // in Product::parts
+        std::uint32_t count = 0;
+    };
+    struct UseKey
+    {
+        std::uint32_t parent;
+        std::string_view instance;
+        bool operator==(const UseKey&) const = default;
+    };
+    struct UseKeyHash
+    {
+        std::size_t operator()(const UseKey& key) const
+        {
+            return std::hash<std::string_view>()(key.instance) ^ (key.parent * 0x9E3779B97F4A7C15U);
+        }
+    };
+    /// What a set needs beyond its numbers until all rows are read.
+    struct PendingInertia
+    {
+        bool ofUse = false;
+        std::uint32_t owner = 0;
+        std::string massType;
+        bool atOrigin = false;
+        std::array<double, 3> radii{kUnknown, kUnknown, kUnknown}; // mm
+        std::uint32_t line = 0;
+    };
+
+    // ProductReader.cpp: the current row and its cells.
+    void Load(std::size_t row);
+    std::string_view Cell(Column column) const { return m_cells[static_cast<std::size_t>(column)]; }
+    bool Filled(Column column) const { return !Cell(column).empty(); }
+    bool AnyFilled(Column first, Column last) const;
+    void Wrong(Column column, std::string_view expected);
+    void Complain(Column column, std::string_view text);
+    /// The number in a cell as typed; nothing when the cell is blank or was complained about.
+    std::optional<double> Typed(Column column);
+    std::optional<double> TypedText(std::string_view text, const std::string& header);
+    /// The number in storage units.
+    std::optional<double> Stored(Column column);
+    std::optional<double> StoredNotNegative(Column column);
+    std::optional<bool> YesNo(Column column);
+    /// The position of the cell's text among the choices; complains about any other text.
+    std::optional<std::size_t> Choice(Column column, std::vector<std::string_view> choices);
+    std::string_view UnitOf(Column column) const;
+    void ReadPartFacts(Part& part);
+    void ReadPartSwitches(Part& part);
+    void ReadProperties(Part& part, Use* use);
+    void StateProperty(std::vector<Property>& properties, const PropertyColumn& column,
+                       std::string_view text);
+    std::optional<Property> ReadProperty(const PropertyColumn& column, std::string_view text);
+
+    // ProductStructure.cpp: parts, versions, uses, positions.
+    void FindParts();
+    void ResolveVersions();
+    std::uint32_t Intern(std::string_view identifier, std::string_view version);
+    std::uint32_t FindPart(std::string_view identifier, std::string_view version) const;
+    std::uint32_t ResolvePart(std::string_view identifier, Column identifierColumn,
+                              Column versionColumn, bool mayBeNew);
+    void FindUses();
+    void FindUse(std::size_t row);
+    std::uint32_t NewUse(const RowSubject& subject, std::string_view instance);
+    void NameUses();
+    void ReadPosition(Use& use);
+    void ReadRotation(Use& use);
+    std::optional<Placement::Matrix> ReadAngles();
+    std::optional<Placement::Matrix> ReadMatrix(const Use& use);
+    std::string UseName(const Use& use) const;
+    void RefuseCycles();
+    void RefuseImpossibleTypes();
+
+    // ProductValues.cpp: value sets, materials, documents.
+    void ReadValues(const RowSubject& subject);
+    std::string RowMassType(bool hasValues);
+    ValueSet& SetOf(std::vector<ValueSet>& sets, const std::string& massType);
+    void ReadMassAndPrecision(ValueSet& set);
+    void ReadCentre(ValueSet& set);
+    void ReadInertia(ValueSet& set, bool ofUse, std::uint32_t owner);
+    std::optional<double> ProductFactor(bool anyProduct);
+    void ReadRadii(bool ofUse, std::uint32_t owner, const ValueSet& set);
+    PendingInertia& Pending(bool ofUse, std::uint32_t owner, const std::string& massType);
+    void StateNumber(ValueSet& set, Column column, Fact fact, std::optional<double> value);
+    void ReadMaterial(const RowSubject& subject, Use* use);
+    void ReadDensities(Part& part, Use* use);
+    void StateMaterialDensity(Material& material);
+    void ReadDocument(Part& part);
+    void ReadDocumentFacts(Part& part, DocumentRevision& revision);
+    void FinishInertias();
+    void FinishInertia(const PendingInertia& pending, ValueSet& set);
+    double MassOf(const PendingInertia& pending, const ValueSet& set) const;
+    void RefuseNegativeMasses();
+    void RefuseNegativeMass(const ValueSet& set, const Part& part);
+
+    const CsvTable& m_table;
+    const TableOptions& m_options;
+    const KnownProducts& m_known;
+    TableErrors& m_errors;
+    TableColumns m_columns;
+    FactKeeper m_keeper;
+    std::vector<wb::MassType> m_massTypes;
+    Product m_product;
+    TableSummary m_summary;
+
+    std::unordered_map<std::string_view, Versions> m_versions;
+    std::vector<std::uint32_t> m_nextVersion; // per part: another version of the same identifier
+    std::vector<RowSubject> m_subjects;       // per row
+    std::unordered_map<UseKey, std::uint32_t, UseKeyHash> m_uses;
+    std::vector<std::uint32_t> m_unnamedUses;
+    std::unordered_map<std::string, std::uint32_t> m_materials;
+    std::map<std::tuple<bool, std::uint32_t, std::string>, PendingInertia> m_pending;
+
+    std::uint32_t m_line = 0; // of the current row
+    std::array<std::string_view, kColumns> m_cells;
+    std::vector<std::string_view> m_propertyCells;
+    std::vector<std::uint32_t> m_filledProperties;
+    char m_decimalMark = 0; // '.' or ','; 0 until a number shows it
+    std::uint32_t m_decimalMarkLine = 0;
+};
+} // namespace wb

@@ -1,0 +1,151 @@
+#pragma once
+
+#include "CsvTable.h"
+#include "TableErrors.h"
+#include "WBProduct.h"
+#include "WBUnits.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb
+{
+/// The fixed columns of the table form; TableColumns.cpp holds their names and magnitudes.
+enum class Column : std::uint8_t
+{
+    Parent,
+    ParentVersion,
+    Instance,
+    Part,
+    Version,
+    Name,
+    Type,
+    Standard,
+    Quantity,
+    X,
+    Y,
+    Z,
+    Rx,
+    Ry,
+    Rz,
+    R11,
+    R12,
+    R13,
+    R21,
+    R22,
+    R23,
+    R31,
+    R32,
+    R33,
+    MassType,
+    ValuesOn,
+    Active,
+    Mass,
+    Lower,
+    Upper,
+    LowerPct,
+    UpperPct,
+    CgX,
+    CgY,
+    CgZ,
+    Ixx,
+    Iyy,
+    Izz,
+    Ixy,
+    Ixz,
+    Iyz,
+    PoiSign,
+    InertiaAt,
+    Kx,
+    Ky,
+    Kz,
+    Volume,
+    Area,
+    Material,
+    MaterialDensity,
+    MaterialSurfaceDensity,
+    MaterialOn,
+    Density,
+    SurfaceDensity,
+    DensityFirst,
+    SigmaMass,
+    SigmaCgX,
+    SigmaCgY,
+    SigmaCgZ,
+    SigmaIxx,
+    SigmaIyy,
+    SigmaIzz,
+    SigmaIxy,
+    SigmaIxz,
+    SigmaIyz,
+    Errors,
+    GrowthPct,
+    Code,
+    Source,
+    SourceDate,
+    Author,
+    Note,
+    Doc,
+    DocVersion,
+    DocUse,
+    DocCheckinDate,
+    DocCheckinUser,
+    DocCheckoutUser,
+    DocMassType,
+    DocMass,
+    Count
+};
+
+constexpr std::size_t kColumns = static_cast<std::size_t>(Column::Count);
+
+/// A column "p:NAME" (of the part) or "i:NAME" (of the use).
+struct PropertyColumn
+{
+    bool ofUse = false;
+    std::string name;
+    Property::Type type = Property::Type::Text;
+    bool isDate = false;
+    const Magnitude* magnitude = nullptr;
+    const Unit* unit = nullptr;
+    std::string header;
+};
+
+/// What the header of one table says.
+class TableColumns
+{
+public:
+    /// Reads the header. Unknown and repeated columns, missing and unknown units go to errors.
+    static TableColumns Read(const CsvTable& table, TableErrors& errors);
+
+    /// What the column at that position holds: a fixed column (property null), a property, or
+    /// neither where the header was refused.
+    struct Place
+    {
+        Column column = Column::Count;
+        std::int32_t property = -1;
+    };
+    const Place& At(std::size_t position) const { return m_places[position]; }
+    const std::vector<PropertyColumn>& Properties() const { return m_properties; }
+    /// The header as it stands in the file; the column's plain name where the file lacks it.
+    const std::string& HeaderOf(Column column) const;
+    /// The unit of a dimensioned column that the file has.
+    const Unit* UnitOf(Column column) const { return m_units[static_cast<std::size_t>(column)]; }
+    bool Has(Column column) const { return m_present[static_cast<std::size_t>(column)]; }
+
+private:
+    TableColumns();
+    void ReadFixed(std::size_t position, const std::string& header, TableErrors& errors,
+                   std::uint32_t line);
+    void ReadProperty(std::size_t position, const std::string& header, TableErrors& errors,
+                      std::uint32_t line);
+
+    std::vector<Place> m_places;
+    std::vector<PropertyColumn> m_properties;
+    std::array<std::string, kColumns> m_headers;
+    std::array<const Unit*, kColumns> m_units{};
+    std::array<bool, kColumns> m_present{};
+};
+} // namespace wb

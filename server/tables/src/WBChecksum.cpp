@@ -1,0 +1,92 @@
+#include "WBChecksum.h"
+
+#include <array>
+#include <bit>
+#include <cstdint>
+
+namespace wb
+{
+namespace
+{
+using Word = std::uint32_t;
+using State = std::array<Word, 8>;
+
+// The first 32 bits of the fractional parts of the cube roots of the first 64 primes.
+constexpr std::array<Word, 64> kRounds{
+    0x428a2f98, 0x71374491, 0xb5c0fbcf, 0xe9b5dba5, 0x3956c25b, 0x59f111f1, 0x923f82a4, 0xab1c5ed5,
+    0xd807aa98, 0x12835b01, 0x243185be, 0x550c7dc3, 0x72be5d74, 0x80deb1fe, 0x9bdc06a7, 0xc19bf174,
+    0xe49b69c1, 0xefbe4786, 0x0fc19dc6, 0x240ca1cc, 0x2de92c6f, 0x4a7484aa, 0x5cb0a9dc, 0x76f988da,
+    0x983e5152, 0xa831c66d, 0xb00327c8, 0xbf597fc7, 0xc6e00bf3, 0xd5a79147, 0x06ca6351, 0x14292967,
+    0x27b70a85, 0x2e1b2138, 0x4d2c6dfc, 0x53380d13, 0x650a7354, 0x766a0abb, 0x81c2c92e, 0x92722c85,
+    0xa2bfe8a1, 0xa81a664b, 0xc24b8b70, 0xc76c51a3, 0xd192e819, 0xd6990624, 0xf40e3585, 0x106aa070,
+    0x19a4c116, 0x1e376c08, 0x2748774c, 0x34b0bcb5, 0x391c0cb3, 0x4ed8aa4a, 0x5b9cca4f, 0x682e6ff3,
+    0x748f82ee, 0x78a5636f, 0x84c87814, 0x8cc70208, 0x90befffa, 0xa4506ceb, 0xbef9a3f7, 0xc67178f2};
+
+void Digest(State& state, const unsigned char* block)
+{
+    std::array<Word, 64> w{};
+    for (std::size_t i = 0; i < 16; ++i) {
+        w[i] = (Word{block[4 * i]} << 24U) | (Word{block[4 * i + 1]} << 16U) |
+               (Word{block[4 * i + 2]} << 8U) | Word{block[4 * i + 3]};
+    }
+    for (std::size_t i = 16; i < 64; ++i) {
+        const Word s0 = std::rotr(w[i - 15], 7) ^ std::rotr(w[i - 15], 18) ^ (w[i - 15] >> 3U);
+        const Word s1 = std::rotr(w[i - 2], 17) ^ std::rotr(w[i - 2], 19) ^ (w[i - 2] >> 10U);
+        w[i] = w[i - 16] + s0 + w[i - 7] + s1;
+    }
+    auto [a, b, c, d, e, f, g, h] = state;
+    for (std::size_t i = 0; i < 64; ++i) {
+        const Word s1 = std::rotr(e, 6) ^ std::rotr(e, 11) ^ std::rotr(e, 25);
+        const Word t1 = h + s1 + ((e & f) ^ (~e & g)) + kRounds[i] + w[i];
+        const Word s0 = std::rotr(a, 2) ^ std::rotr(a, 13) ^ std::rotr(a, 22);
+        const Word t2 = s0 + ((a & b) ^ (a & c) ^ (b & c));
+        h = g;
+        g = f;
+        f = e;
+        e = d + t1;
+        d = c;
+        c = b;
+        b = a;
+        a = t1 + t2;
+    }
+    const State change{a, b, c, d, e, f, g, h};
+    for (std::size_t i = 0; i < change.size(); ++i) {
+        state[i] += change[i];
+    }
+}
+} // namespace
+
+std::string Checksum(std::string_view bytes)
+{
+    constexpr std::size_t kBlock = 64;
+    // The fractional parts of the square roots of the first eight primes.
+    State state{0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
+                0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
+    const std::size_t whole = bytes.size() / kBlock * kBlock;
+    for (std::size_t start = 0; start < whole; start += kBlock) {
+        std::array<unsigned char, kBlock> block{};
+        bytes.copy(reinterpret_cast<char*>(block.data()), kBlock, start);
+        Digest(state, block.data());
+    }
+    // The rest, one set bit, zeros, and the length in bits at the end of the last block.
+    std::array<unsigned char, 2 * kBlock> tail{};
+    const std::size_t rest = bytes.copy(reinterpret_cast<char*>(tail.data()), kBlock, whole);
+    tail[rest] = 0x80;
+    const std::size_t length = rest + 9 <= kBlock ? kBlock : 2 * kBlock;
+    std::uint64_t bits = std::uint64_t{bytes.size()} * 8;
+    for (std::size_t i = 1; i <= 8; ++i, bits >>= 8U) {
+        tail[length - i] = static_cast<unsigned char>(bits & 0xFFU);
+    }
+    Digest(state, tail.data());
+    if (length == 2 * kBlock) {
+        Digest(state, tail.data() + kBlock);
+    }
+    std::string digits;
+    for (const Word word : state) {
+        for (int shift = 28; shift >= 0; shift -= 4) {
+            digits += "0123456789abcdef"[(word >> static_cast<unsigned>(shift)) & 0xFU];
+        }
+    }
+    return digits;
+}
+} // namespace wb
