@@ -54,6 +54,7 @@ TEST(CATTomlFile, TablesKeepTheOrderOfTheFileAndTheirLines)
     EXPECT_EQ(keys, (std::vector<std::pair<std::string, int>>{
                         {"zebra", 1}, {"ant", 2}, {"mass", 4}, {"length", 9}}));
     const Table& mass = *read.root.Find("mass")->AsTable();
+    ASSERT_EQ(mass.size(), 2U);
     EXPECT_EQ(mass[0].first, "kg");
     EXPECT_EQ(mass[1].first, "g");
     EXPECT_EQ((*mass[1].second.AsArray())[1].Line(), 8);
