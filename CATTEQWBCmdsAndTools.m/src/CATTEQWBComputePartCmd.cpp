@@ -171,8 +171,7 @@ bool CATTEQWBComputePartCmd::IsNavigatorSelectionValid() const
 {
     const CATUnicodeString type = m_identifierAgent->GetType();
     CATDiagnosticOutput().Line("selection type: ", type);
-    // A type that begins with the name, without the family before it, is not taken.
-    return type.Find("ENOVIA_VPMItemInstance") >= 1;
+    return WBIsNavigatorInstanceType(type);
 }
 
 bool CATTEQWBComputePartCmd::IsProductSelectionValid()

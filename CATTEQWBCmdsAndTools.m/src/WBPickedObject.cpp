@@ -26,7 +26,7 @@ bool ReadRootIdentifier(CATUnicodeString& identifier)
         return false;
     }
     const int position = names.Locate(kRootIdentifierName);
-    if (position == 0 || position > values.Size()) {
+    if (position == 0) {
         return false;
     }
     identifier = values[position];
@@ -34,6 +34,12 @@ bool ReadRootIdentifier(CATUnicodeString& identifier)
 }
 
 } // namespace
+
+bool WBIsNavigatorInstanceType(const CATUnicodeString& type)
+{
+    // A type that begins with the name, without the family before it, is not taken.
+    return type.Find("ENOVIA_VPMItemInstance") >= 1;
+}
 
 bool WBIdentifyNavigatorPick(const CATImmIdentifierAcquisitionAgent* agent, WBPickedObject& picked)
 {
@@ -43,7 +49,7 @@ bool WBIdentifyNavigatorPick(const CATImmIdentifierAcquisitionAgent* agent, WBPi
     const CATIPLMIdentificator_var identificator = agent->GetIdentificator();
     CATListValCATUnicodeString identifiers;
     if (identificator.IsNull() || !ReadRootIdentifier(picked.rootIdentifier) ||
-        agent->GetIdentifiers(identifiers) != S_OK || identifiers.Size() < 2) {
+        agent->GetIdentifiers(identifiers) != S_OK) {
         return Refuse("Unable to retrieve the current product's identifier!");
     }
     picked.identificators.Append(identificator);

@@ -18,6 +18,10 @@ struct WBPickedObject
     int depth = 0;           ///< objects on the picked path, root and leaf included; 0: unknown
 };
 
+/// Whether a navigator type, which names the family before the kind ("Item/..."), is that of an
+/// item instance.
+bool WBIsNavigatorInstanceType(const CATUnicodeString& type);
+
 // Both write a diagnostic line and answer false when a piece is missing.
 
 /// The navigator's pick: the root by its "V_ID", the object by its part and version.
