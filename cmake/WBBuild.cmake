@@ -9,6 +9,8 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Programs are compiled like libraries, so that both can use the same precompiled headers.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
@@ -94,14 +96,15 @@ function(wb_add_library name)
     target_link_libraries(wb_internal_${name} INTERFACE ${ARG_PUBLIC} ${ARG_PRIVATE})
 endfunction()
 
-# wb_add_resources(TARGET DIRECTORY) brings DIRECTORY's files (catalogs/, dialogs/, units/, ...) to
-# the build's resources/ folder, where the host looks from lib/../resources.
+# wb_add_resources(TARGET DIRECTORY [INTO]) brings DIRECTORY's files (catalogs/, dialogs/, units/, ...)
+# to the build's resources/ folder (or its subfolder INTO), where the host looks from lib/../resources.
 function(wb_add_resources target directory)
-    set(source "${CMAKE_CURRENT_SOURCE_DIR}/${directory}")
+    cmake_path(ABSOLUTE_PATH directory NORMALIZE OUTPUT_VARIABLE source)
+    cmake_path(APPEND CMAKE_BINARY_DIR "resources" "${ARGN}" OUTPUT_VARIABLE destination)
     file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE "${source}" "${source}/*")
     set(copies)
     foreach(file IN LISTS files)
-        set(copy "${CMAKE_BINARY_DIR}/resources/${file}")
+        set(copy "${destination}/${file}")
         add_custom_command(OUTPUT "${copy}"
             COMMAND "${CMAKE_COMMAND}" -E copy "${source}/${file}" "${copy}"
             DEPENDS "${source}/${file}" VERBATIM)

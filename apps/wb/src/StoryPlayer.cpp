@@ -1,0 +1,463 @@
+#include "StoryPlayer.h"
+
+#include "CATCkeGlobalFunctions.h"
+#include "CATDlgApplication.h"
+#include "CATDlgControls.h"
+#include "CATDlgDialog.h"
+#include "CATDlgFile.h"
+#include "CATDlgMultiList.h"
+#include "CATDlgNotify.h"
+#include "CATENOWBCSCommonDefinitions.h"
+#include "ProductTreeModel.h"
+#include "ProductTreeView.h"
+#include "QtTexts.h"
+#include "StoryControls.h"
+#include "Workbench.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QFile>
+#include <QHeaderView>
+#include <QJsonDocument>
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPixmap>
+#include <QTableView>
+#include <QTest>
+
+#include <algorithm>
+#include <map>
+
+namespace
+{
+
+constexpr int kYes = 3;
+constexpr int kNo = 4;
+constexpr int kOther = 1;
+
+/// The parts of "ROOT/INSTANCE/INSTANCE".
+std::vector<QString> SplitPath(const std::string& path)
+{
+    std::vector<QString> names;
+    for (const QString& name : QString::fromStdString(path).split('/')) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+// Which window was shown when, kept on the window itself.
+constexpr const char* kShowOrder = "wbShowOrder";
+
+/// Every visible window in one picture, where they stand, the ones opened later above.
+QPixmap GrabWindows()
+{
+    QRect whole;
+    QWidgetList windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            windows.append(window);
+            whole |= window->geometry();
+        }
+    }
+    std::stable_sort(windows.begin(), windows.end(), [](const QWidget* a, const QWidget* b) {
+        return a->property(kShowOrder).toInt() < b->property(kShowOrder).toInt();
+    });
+    QPixmap picture(whole.size());
+    picture.fill(QColor(0xd0, 0xd4, 0xd8));
+    QPainter painter(&picture);
+    for (QWidget* window : windows) {
+        painter.drawPixmap(window->geometry().topLeft() - whole.topLeft(), window->grab());
+    }
+    return picture;
+}
+
+} // namespace
+
+StoryPlayer::StoryPlayer(WorkbenchWindow& workbench) : m_workbench(workbench)
+{
+    qApp->installEventFilter(this);
+    CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) -> std::optional<int> {
+        m_boxes.push_back({box.title.ToStdString() + "\n" + box.text.ToStdString(), false});
+        if (!box.blocking) {
+            return std::nullopt;
+        }
+        // A box that nobody answers would stop the story for ever: it is refused, and the story fails
+        // because no step expected it.
+        std::string answer = "No";
+        if (!m_answers.empty()) {
+            answer = m_answers.front();
+            m_answers.pop_front();
+            m_boxes.back().expected = true;
+        }
+        return answer == "Yes" ? kYes : answer == "No" ? kNo : kOther;
+    });
+    // An empty path cancels the box.
+    CATDlgFile::SetChooser([this](const CATDlgFile::Request& request) -> std::optional<CATUnicodeString> {
+        if (m_files.empty()) {
+            m_boxes.push_back({"a file box: " + request.title.ToStdString(), false});
+            return CATUnicodeString();
+        }
+        const std::string path = m_files.front();
+        m_files.pop_front();
+        return path == "cancel" ? CATUnicodeString() : CATUnicodeString(path);
+    });
+}
+
+StoryPlayer::~StoryPlayer()
+{
+    CATDlgNotify::SetAnswerer({});
+    CATDlgFile::SetChooser({});
+}
+
+bool StoryPlayer::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::Show && object->isWidgetType() && static_cast<QWidget*>(object)->isWindow()) {
+        object->setProperty(kShowOrder, ++m_shown);
+    }
+    return false;
+}
+
+bool StoryPlayer::Play(const std::string& path)
+{
+    std::vector<StoryStep> steps;
+    if (!ReadStory(path, steps, m_failure)) {
+        return false;
+    }
+    int shownLine = 0;
+    for (const StoryStep& step : steps) {
+        shownLine = step.line;
+        if (step.words.front() == "quit") {
+            break;
+        }
+        std::string problem = Run(step);
+        CATDlgApplication::ProcessEvents();
+        // A box is waited for by the step that follows it.
+        const bool waitsForBox = &step != &steps.back() && (&step + 1)->words.front() == "expect-box";
+        if (problem.empty() && !waitsForBox) {
+            problem = UnexpectedBox();
+        }
+        if (!problem.empty()) {
+            m_failure = path + ":" + std::to_string(step.line) + ": " + step.words.front() + ": " + problem;
+            return false;
+        }
+    }
+    if (!m_answers.empty() || !m_files.empty()) {
+        m_failure = path + ":" + std::to_string(shownLine) + ": a box that was answered never came";
+        return false;
+    }
+    return true;
+}
+
+std::string StoryPlayer::UnexpectedBox() const
+{
+    for (const Box& box : m_boxes) {
+        if (!box.expected) {
+            return "a box came that no step waits for: " + box.text;
+        }
+    }
+    return {};
+}
+
+std::string StoryPlayer::Run(const StoryStep& step)
+{
+    static const std::map<std::string, Handler> kHandlers{
+        {"open", &StoryPlayer::Open},        {"workshop", &StoryPlayer::Workshop},
+        {"start", &StoryPlayer::Start},      {"pick", &StoryPlayer::Pick},
+        {"click", &StoryPlayer::Click},      {"check", &StoryPlayer::Check},
+        {"type", &StoryPlayer::Type},        {"select", &StoryPlayer::Select},
+        {"key", &StoryPlayer::Key},          {"sort", &StoryPlayer::Sort},
+        {"resize", &StoryPlayer::Resize},    {"units", &StoryPlayer::Units},
+        {"expect", &StoryPlayer::Expect},    {"expect-cell", &StoryPlayer::ExpectCell},
+        {"expect-box", &StoryPlayer::ExpectBox}, {"answer", &StoryPlayer::Answer},
+        {"file", &StoryPlayer::File},        {"close", &StoryPlayer::Close},
+        {"shot", &StoryPlayer::Shot},        {"dump", &StoryPlayer::Dump},
+    };
+    return (this->*kHandlers.at(step.words.front()))(step.words);
+}
+
+std::string StoryPlayer::Open(const Words& words)
+{
+    CATUnicodeString problem;
+    const bool isFile = words[1].size() > 4 && words[1].substr(words[1].size() - 4) == ".csv";
+    const bool opened = isFile ? m_workbench.OpenFile(words[1], problem) : m_workbench.OpenRoot(words[1], problem);
+    return opened ? std::string() : problem.ToStdString();
+}
+
+std::string StoryPlayer::Workshop(const Words& words)
+{
+    return m_workbench.ShowWorkshop(words[1])
+               ? std::string()
+               : "there is no workshop \"" + words[1] + "\"; there are \"" + CATENOWBCSCommonDefinitions::vpmNavWshp +
+                     "\" and \"" + CATENOWBCSCommonDefinitions::prodStructWshp + "\"";
+}
+
+std::string StoryPlayer::Start(const Words& words)
+{
+    CATUnicodeString problem;
+    return m_workbench.StartCommand(words[1], problem) ? std::string() : problem.ToStdString();
+}
+
+std::string StoryPlayer::Pick(const Words& words)
+{
+    ProductTreeView& tree = m_workbench.CurrentTree();
+    for (std::size_t at = 1; at < words.size(); ++at) {
+        std::vector<QString> names = SplitPath(words[at]);
+        const QModelIndex root = tree.Products().index(0, 0);
+        const bool rightRoot = root.isValid() && root.data().toString() == names.front();
+        names.erase(names.begin());
+        const QModelIndex index = rightRoot ? tree.Products().Find(names) : QModelIndex();
+        if (!index.isValid()) {
+            return "the tree has no \"" + words[at] + "\"";
+        }
+        for (QModelIndex parent = index.parent(); parent.isValid(); parent = parent.parent()) {
+            tree.expand(parent);
+        }
+        tree.scrollTo(index);
+        CATDlgApplication::ProcessEvents();
+        // The mouse goes down on the row, and comes up at the last one: that is when a pick is made.
+        const bool last = at + 1 == words.size();
+        const Qt::KeyboardModifiers modifiers = at == 1 ? Qt::NoModifier : Qt::ControlModifier;
+        const QPoint place = tree.visualRect(index).center();
+        if (last) {
+            QTest::mouseClick(tree.viewport(), Qt::LeftButton, modifiers, place);
+        } else {
+            tree.selectionModel()->select(index, (at == 1 ? QItemSelectionModel::ClearAndSelect
+                                                          : QItemSelectionModel::Select) |
+                                                     QItemSelectionModel::Rows);
+        }
+    }
+    return {};
+}
+
+std::string StoryPlayer::Click(const Words& words)
+{
+    std::string problem;
+    CATDialog* control = FindControl(words[1], problem);
+    if (control == nullptr) {
+        return problem;
+    }
+    if (!control->IsVisible() || !control->IsSensitive()) {
+        return "the control is hidden or greyed";
+    }
+    if (auto* page = dynamic_cast<CATDlgTabPage*>(control)) {
+        auto* container = dynamic_cast<CATDlgTabContainer*>(page->Parent());
+        for (int position = 1; position <= container->ChildCount(); ++position) {
+            if (container->Child(position) == page) {
+                container->SelectPage(position - 1);
+            }
+        }
+        return {};
+    }
+    QTest::mouseClick(control->Widget(), Qt::LeftButton, {}, QPoint(10, control->Widget()->height() / 2));
+    return {};
+}
+
+std::string StoryPlayer::Check(const Words& words)
+{
+    if (words[2] != "on" && words[2] != "off") {
+        return "expected \"on\" or \"off\"";
+    }
+    std::string problem;
+    CATDialog* control = FindControl(words[1], problem);
+    if (control == nullptr) {
+        return problem;
+    }
+    return VisibleText(*control).toStdString() == words[2] ? std::string() : Click(words);
+}
+
+std::string StoryPlayer::Type(const Words& words)
+{
+    std::string problem;
+    CATDialog* control = FindControl(words[1], problem);
+    auto* line = control == nullptr ? nullptr : qobject_cast<QLineEdit*>(control->Widget());
+    if (line == nullptr || line->isReadOnly() || !line->isEnabled()) {
+        return problem.empty() ? "this control takes no text" : problem;
+    }
+    line->setFocus();
+    line->selectAll();
+    QTest::keyClicks(line, QString::fromStdString(words[2]));
+    QTest::keyClick(line, Qt::Key_Tab);
+    return {};
+}
+
+std::string StoryPlayer::Select(const Words& words)
+{
+    std::string problem;
+    CATDialog* control = FindControl(words[1], problem);
+    if (control == nullptr) {
+        return problem;
+    }
+    if (auto* combo = dynamic_cast<CATDlgCombo*>(control)) {
+        for (int index = 0; index < combo->LineCount(); ++index) {
+            if (combo->Line(index).View() == words[2]) {
+                combo->Select(index);
+                return {};
+            }
+        }
+        return "there is no line \"" + words[2] + "\"";
+    }
+    if (auto* list = dynamic_cast<CATDlgMultiList*>(control)) {
+        for (int row = 1; row <= list->RowCount(); ++row) {
+            if (list->Cell(0, row).View() == words[2]) {
+                list->SelectRow(row);
+                return {};
+            }
+        }
+        return "there is no row \"" + words[2] + "\"";
+    }
+    return "nothing can be selected in this control";
+}
+
+std::string StoryPlayer::Key(const Words& words)
+{
+    const QKeySequence keys(QString::fromStdString(words[1]), QKeySequence::PortableText);
+    if (keys.isEmpty() || keys[0].key() == Qt::Key_unknown) {
+        return "there is no key \"" + words[1] + "\"";
+    }
+    QWidget* target = QApplication::focusWidget();
+    target = target != nullptr ? target : QApplication::activeWindow();
+    QTest::keyClick(target != nullptr ? target : &m_workbench, keys[0].key(), keys[0].keyboardModifiers());
+    return {};
+}
+
+std::string StoryPlayer::Sort(const Words& words)
+{
+    std::string problem;
+    CATDialog* control = FindControl(words[1], problem);
+    if (control == nullptr) {
+        return problem;
+    }
+    const int column = SeenColumn(*control, words[2]);
+    auto* table = column < 0 ? nullptr : control->Widget()->findChild<QTableView*>();
+    if (table == nullptr) {
+        return "the list has no column \"" + words[2] + "\"";
+    }
+    QHeaderView* header = table->horizontalHeader();
+    table->scrollTo(table->model()->index(0, column));
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(column) + 8, header->height() / 2));
+    return {};
+}
+
+std::string StoryPlayer::Resize(const Words& words)
+{
+    std::string problem;
+    CATDialog* window = FindControl(words[1], problem);
+    if (window == nullptr) {
+        return problem;
+    }
+    const QSize size(QString::fromStdString(words[2]).toInt(), QString::fromStdString(words[3]).toInt());
+    if (size.isEmpty()) {
+        return "expected a width and a height in pixels";
+    }
+    window->Widget()->resize(size);
+    CATDlgApplication::ProcessEvents();
+    const QSize seen = window->Widget()->size();
+    return seen == size ? std::string()
+                        : "the window has " + std::to_string(seen.width()) + " x " + std::to_string(seen.height());
+}
+
+std::string StoryPlayer::Units(const Words& words)
+{
+    const CATICkeMagnitude_var magnitude = CATCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(words[1]);
+    if (magnitude.IsNull()) {
+        return "there is no magnitude \"" + words[1] + "\"";
+    }
+    return magnitude->SetCurrentUnit(words[2]) < 0 ? "the magnitude has no unit \"" + words[2] + "\"" : std::string();
+}
+
+std::string StoryPlayer::Expect(const Words& words)
+{
+    std::string problem;
+    QString seen;
+    if (words[1] == "Prompt") {
+        seen = ToQString(CATApplicationFrame::GetFrame()->Prompt());
+    } else {
+        const CATDialog* control = FindControl(words[1], problem);
+        if (control == nullptr) {
+            return problem;
+        }
+        seen = VisibleText(*control);
+    }
+    return seen.toStdString() == words[2] ? std::string()
+                                          : "expected \"" + words[2] + "\", seen \"" + seen.toStdString() + "\"";
+}
+
+std::string StoryPlayer::ExpectCell(const Words& words)
+{
+    std::string problem;
+    const CATDialog* list = FindControl(words[1], problem);
+    QString seen;
+    if (list == nullptr || !SeenCell(*list, words[2], words[3], seen, problem)) {
+        return problem;
+    }
+    return seen.toStdString() == words[4] ? std::string()
+                                          : "expected \"" + words[4] + "\", seen \"" + seen.toStdString() + "\"";
+}
+
+std::string StoryPlayer::ExpectBox(const Words& words)
+{
+    for (Box& box : m_boxes) {
+        if (!box.expected && box.text.find(words[1]) != std::string::npos) {
+            box.expected = true;
+            // Read and put away, as a person would: the box deletes itself.
+            CloseBoxes();
+            return {};
+        }
+    }
+    std::string seen;
+    for (const Box& box : m_boxes) {
+        seen += box.expected ? "" : "\n" + box.text;
+    }
+    return seen.empty() ? "no box came" : "the boxes that came say:" + seen;
+}
+
+std::string StoryPlayer::Answer(const Words& words)
+{
+    m_answers.push_back(words[1]);
+    return {};
+}
+
+std::string StoryPlayer::File(const Words& words)
+{
+    m_files.push_back(words[1]);
+    return {};
+}
+
+std::string StoryPlayer::Close(const Words& words)
+{
+    std::string problem;
+    CATDialog* window = FindControl(words[1], problem);
+    if (window == nullptr) {
+        return problem;
+    }
+    window->Widget()->close();
+    return {};
+}
+
+std::string StoryPlayer::Shot(const Words& words)
+{
+    std::string problem;
+    QPixmap picture;
+    if (words.size() > 2) {
+        const CATDialog* window = FindControl(words[2], problem);
+        if (window == nullptr) {
+            return problem;
+        }
+        picture = window->Widget()->grab();
+    } else {
+        picture = GrabWindows();
+    }
+    return picture.save(QString::fromStdString(words[1])) ? std::string() : words[1] + " cannot be written";
+}
+
+std::string StoryPlayer::Dump(const Words& words)
+{
+    QFile file(QString::fromStdString(words[1]));
+    const QByteArray text = QJsonDocument(DumpWindows()).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
+        return words[1] + " cannot be written: " + file.errorString().toStdString();
+    }
+    return {};
+}

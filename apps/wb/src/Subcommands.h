@@ -1,0 +1,45 @@
+#pragma once
+
+#include "HostSession.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The program's subcommands, each a function from its options to the exit status: 0 done, 1 refused or
+/// failed (with what was wrong on the standard error), 2 wrong use.
+
+struct WorkbenchOptions
+{
+    SessionOptions session; ///< without a database: the samples
+    std::string product;    ///< a root of the database, or a CSV file; empty: the sample aeroplane
+    std::string story;      ///< plays it and returns; empty: the user works
+};
+int RunWorkbench(int argc, char** argv, const WorkbenchOptions& options);
+
+struct PartOptions
+{
+    SessionOptions session;
+    std::string path; ///< "ROOT/INSTANCE/INSTANCE"
+    bool json = false;
+};
+int RunPart(int argc, char** argv, const PartOptions& options);
+
+struct ImportOptions
+{
+    std::vector<std::string> files;
+    std::string database;
+    std::string massTypes; ///< a file of mass types, read first; may be empty
+    std::string massType;  ///< of values whose row names none; may be empty
+    std::string poiSign;   ///< "positive" or "negative"; may be empty
+    std::string user;
+    bool check = false; ///< says what would happen and changes nothing
+};
+int RunImport(const ImportOptions& options);
+
+struct MassTypesOptions
+{
+    std::string database;
+    std::string file; ///< adds or changes those of this file; empty: lists them
+};
+int RunMassTypes(const MassTypesOptions& options);

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "CATApplicationFrame.h"
+#include "CATCommandLoader.h"
+#include "CATDocument.h"
+#include "CATNavigator.h"
+
+#include <QMainWindow>
+#include <QString>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class ProductTreeView;
+class QAction;
+class QActionGroup;
+class QLabel;
+class QStackedWidget;
+class QToolBar;
+
+/// The workbench's main window: the navigator's tree of the current root and the structure of the open
+/// document, one shown at a time (the two workshops); the commands of the present workshop in menu and
+/// toolbar; the running command's prompt in the status line.
+class WorkbenchWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// `databaseName` is what the status line says the products come from.
+    explicit WorkbenchWindow(const QString& databaseName);
+    ~WorkbenchWindow() override;
+
+    /// Opens a product root of the database in the navigator and as a document. False, with a sentence,
+    /// when there is no such root.
+    bool OpenRoot(const CATUnicodeString& identifier, CATUnicodeString& problem);
+    /// Opens a CSV file as a document that lives on disk, outside the database, and shows it. False,
+    /// with what is wrong with the file.
+    bool OpenFile(const std::string& path, CATUnicodeString& problem);
+    /// The roots of the database, in its order.
+    std::vector<CATProductRow> Roots() const;
+
+    /// Shows the other workshop; the running command ends, since it belongs to its workshop. False for
+    /// an unknown name.
+    bool ShowWorkshop(const CATString& workshop);
+    /// Starts the command of that class or title. False, with a sentence, when it is not offered here
+    /// or cannot be loaded.
+    bool StartCommand(const CATUnicodeString& name, CATUnicodeString& problem);
+    /// The tree of the present workshop.
+    ProductTreeView& CurrentTree() const;
+    /// Tells the user in a box, without waiting.
+    void ShowProblem(const QString& title, const CATUnicodeString& problem);
+
+private:
+    class Frame;
+
+    void MakeActions();
+    void MakeCommandActions();
+    void MakeStatusLine(const QString& databaseName);
+    void UpdateCommands();
+    void AskForRoot();
+    void AskForFile();
+    void ShowAbout();
+
+    std::vector<CATCommandHeader> m_headers;
+    std::vector<QAction*> m_commandActions; // one a header, in its order
+    std::unique_ptr<CATApplicationFrame> m_frame;
+    std::shared_ptr<CATProductSource> m_database;
+    CATProductDocument_var m_document;
+    QStackedWidget* m_pages = nullptr;
+    ProductTreeView* m_navigatorTree = nullptr;
+    ProductTreeView* m_structureTree = nullptr;
+    QAction* m_navigatorAction = nullptr;
+    QAction* m_structureAction = nullptr;
+    QLabel* m_documentLabel = nullptr;
+    QLabel* m_prompt = nullptr;
+};
