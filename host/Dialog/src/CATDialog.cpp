@@ -155,7 +155,8 @@ void CATDialog::Adopt(QWidget* widget, QWidget* outer, QWidget* container)
 void CATDialog::PlaceLeftOver()
 {
     CATDialog* parent = ParentDialog();
-    if (!m_state->isPlaced && parent != nullptr && parent->m_state->grid != nullptr) {
+    if (!m_state->isPlaced && parent != nullptr && parent->m_state->grid != nullptr &&
+        m_state->widget != nullptr && !m_state->widget->isWindow()) {
         SetPlacement(parent->m_state->grid->rowCount(), 0);
     }
 }
@@ -258,7 +259,8 @@ void CATDialog::SetPlacement(int row, int column, int rows, int columns, int jus
     m_state->justification = justification;
     m_state->isPlaced = true;
     CATDialog* parent = ParentDialog();
-    if (m_state->outer == nullptr || parent == nullptr || parent->m_state->grid == nullptr) {
+    if (m_state->outer == nullptr || m_state->outer->isWindow() || parent == nullptr ||
+        parent->m_state->grid == nullptr) {
         return;
     }
     const bool keepsSize = LookOf<Place>(justification, kPlaces, Place::Fills) == Place::KeepsSize;

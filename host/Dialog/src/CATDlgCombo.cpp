@@ -3,6 +3,11 @@
 #include "Toolkit.h"
 
 #include <QComboBox>
+#include <QHelpEvent>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <array>
 
@@ -20,6 +25,52 @@ constexpr std::array kComboWords{StyleWord<Typing>{0x40000, Typing::None}};
 // A combo asks for so much and shows longer lines cut; its list is as wide as its lines.
 constexpr int kVisibleCharacters = 12;
 
+/// A combo whose chosen line ends in an ellipsis where it does not fit, and shows whole in the
+/// tooltip.
+class ComboBox : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStylePainter painter(this);
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        option.currentText = fontMetrics().elidedText(currentText(), Qt::ElideRight, Room(option));
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip && IsCut()) {
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                               Qt::convertFromPlainText(currentText()), this);
+            return true;
+        }
+        return QComboBox::event(event);
+    }
+
+private:
+    bool IsCut() const
+    {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        return fontMetrics().horizontalAdvance(currentText()) > Room(option);
+    }
+
+    int Room(const QStyleOptionComboBox& option) const
+    {
+        return style()
+                   ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField,
+                                    this)
+                   .width() -
+               2;
+    }
+};
+
 } // namespace
 
 CATDlgCombo::CATDlgCombo(CATDialog* parent, const CATString& name, int style)
@@ -29,7 +80,7 @@ CATDlgCombo::CATDlgCombo(CATDialog* parent, const CATString& name, int style)
     if (inside == nullptr) {
         return;
     }
-    auto* combo = new QComboBox(inside);
+    auto* combo = new ComboBox(inside);
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setEditable(LookOf<Typing>(style, kComboWords, Typing::FindsALine) ==
                        Typing::FindsALine);

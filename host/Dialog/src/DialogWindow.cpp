@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -108,11 +109,25 @@ void DialogWindow::keyPressEvent(QKeyEvent* event)
     QDialog::keyPressEvent(event);
 }
 
+void DialogWindow::FocusFirstField()
+{
+    for (QWidget* widget = nextInFocusChain(); widget != this;
+         widget = widget->nextInFocusChain()) {
+        const bool takesKeys = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled() &&
+                               widget->isVisibleTo(this);
+        if (takesKeys && qobject_cast<QLabel*>(widget) == nullptr) {
+            widget->setFocus(Qt::ActiveWindowFocusReason);
+            return;
+        }
+    }
+}
+
 void DialogWindow::showEvent(QShowEvent* event)
 {
     if (!m_wasShown) {
         m_wasShown = true;
         resize(sizeHint());
+        FocusFirstField();
     }
     QDialog::showEvent(event);
 }

@@ -38,6 +38,8 @@ protected:
 
 private:
     QSize Bounded(QSize size) const;
+    /// The user begins in the first control that does something, not in a text that can be copied.
+    void FocusFirstField();
 
     ContentArea* m_area;
     QWidget* m_content;

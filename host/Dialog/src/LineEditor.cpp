@@ -4,6 +4,10 @@
 
 #include <QFocusEvent>
 #include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include <algorithm>
@@ -65,6 +69,26 @@ bool LineEditor::event(QEvent* event)
         return true;
     }
     return QLineEdit::event(event);
+}
+
+void LineEditor::paintEvent(QPaintEvent* event)
+{
+    if (hasFocus() || !IsCut()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QStyleOptionFrame panel;
+    initStyleOption(&panel);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
+    // One pixel more at both sides is what the toolkit leaves for the text cursor.
+    const QRect room = style()
+                           ->subElementRect(QStyle::SE_LineEditContents, &panel, this)
+                           .marginsRemoved(textMargins())
+                           .adjusted(2, 0, -2, 0);
+    style()->drawItemText(
+        &painter, room, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), palette(), isEnabled(),
+        fontMetrics().elidedText(text(), Qt::ElideRight, room.width()), QPalette::Text);
 }
 
 void LineEditor::focusOutEvent(QFocusEvent* event)

@@ -15,6 +15,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QProxyStyle>
+#include <QStyledItemDelegate>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -30,10 +33,52 @@ constexpr int kLeastCharacters = 20;
 constexpr std::size_t kSampledRows = 200;
 constexpr int kWidestCharacters = 40;
 constexpr int kNarrowestCharacters = 4;
-constexpr int kCellMargin = 12;
+constexpr int kCellPadding = 6;
+constexpr int kCellMargin = 2 * kCellPadding;
 constexpr int kSortMarkRoom = 14;
 constexpr int kRowMargin = 6;
 constexpr std::size_t kRowsWithoutFilter = 8;
+
+/// A cell with room at both sides, so that a number at the right of its column and a text at the
+/// left of the next one do not run into each other.
+class PaddedCell : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem cell = option;
+        initStyleOption(&cell, index);
+        const QString text = std::exchange(cell.text, QString());
+        const QStyle& style = *cell.widget->style();
+        style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+        const QRect room = cell.rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
+        painter->save();
+        painter->setFont(cell.font);
+        const bool isSelected = (cell.state & QStyle::State_Selected) != 0;
+        const bool isEnabled = (cell.state & QStyle::State_Enabled) != 0;
+        style.drawItemText(painter, room, static_cast<int>(cell.displayAlignment), cell.palette,
+                           isEnabled,
+                           cell.fontMetrics.elidedText(text, Qt::ElideRight, room.width()),
+                           isSelected ? QPalette::HighlightedText : QPalette::Text);
+        painter->restore();
+    }
+};
+
+/// Titles with the same room as the cells below them.
+class PaddedTitles : public QProxyStyle
+{
+public:
+    PaddedTitles() : QProxyStyle(QStringLiteral("Fusion")) {}
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override
+    {
+        return metric == PM_HeaderMargin ? kCellPadding
+                                         : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
 } // namespace
 
 ListView::ListView(QWidget* parent, ListModel& model)
@@ -43,6 +88,10 @@ ListView::ListView(QWidget* parent, ListModel& model)
       m_visibleCharacters(kUsualCharacters)
 {
     setModel(&model);
+    setItemDelegate(new PaddedCell(this)); // goes with the view
+    auto* titleStyle = new PaddedTitles;
+    titleStyle->setParent(this);
+    horizontalHeader()->setStyle(titleStyle);
     setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
@@ -271,7 +320,7 @@ bool ListView::viewportEvent(QEvent* event)
             const QVariant cellFont = cell.data(Qt::FontRole);
             const QFontMetrics metrics(cellFont.isValid() ? cellFont.value<QFont>() : font());
             QStringList lines;
-            if (metrics.horizontalAdvance(text) > columnWidth(cell.column()) - kCellMargin / 2) {
+            if (metrics.horizontalAdvance(text) > columnWidth(cell.column()) - kCellMargin) {
                 lines.append(text);
             }
             if (!more.isEmpty()) {
@@ -420,6 +469,7 @@ void ListBox::Refresh()
                             m_model.Rows().size() > kRowsWithoutFilter);
     const QStringList counts{QString::number(m_model.rowCount()),
                              QString::number(m_model.Rows().size())};
+    m_count->setVisible(m_model.IsFiltered());
     m_count->setText(m_model.IsFiltered()
                          ? DialogMessage("List.FilterCount", "@/p1 of /p2 rows", counts)
                          : QString());

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace
