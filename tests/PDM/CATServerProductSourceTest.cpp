@@ -43,7 +43,7 @@ struct CATServerProductSourceTest : ServerTest
 
 TEST_F(CATServerProductSourceTest, ListsTheServersRoots)
 {
-    server->answer = "2|CAR|A|Small car|product|1|PLATE||Plate|part|0|";
+    server->answer = "2|CAR|A|Small car|product|PLATE|B|__null__|part|";
     const std::vector<CATProductRow> roots = source->Roots();
     EXPECT_EQ(server->calls.at(0).method, "WBListRoots");
     EXPECT_EQ(server->calls.at(0).request, "");
@@ -57,8 +57,10 @@ TEST_F(CATServerProductSourceTest, ListsTheServersRoots)
     EXPECT_TRUE(roots[0].hasUses);
     EXPECT_EQ(roots[0].placement, CATMathTransformation());
     EXPECT_EQ(roots[1].part, "PLATE");
-    EXPECT_EQ(roots[1].version, "");
-    EXPECT_FALSE(roots[1].hasUses);
+    EXPECT_EQ(roots[1].version, "B");
+    EXPECT_EQ(roots[1].name, "");
+    EXPECT_EQ(roots[1].type, "part");
+    EXPECT_TRUE(roots[1].hasUses); // the list does not say, so a user may look
     EXPECT_THAT(told, IsEmpty());
 }
 

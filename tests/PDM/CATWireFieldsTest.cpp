@@ -42,6 +42,14 @@ TEST(CATWireFields, ReadsPointsWhereTheSessionWritesCommas)
     ASSERT_TRUE(CATUseNumberLocale("C.UTF-8"));
 }
 
+TEST(CATWireFields, ATextThatTravelsAsNothingIsEmpty)
+{
+    CATWireFields fields("__null__|__null__s|");
+    EXPECT_EQ(fields.Text(), "");
+    EXPECT_EQ(fields.Text(), "__null__s");
+    EXPECT_TRUE(fields.IsSound());
+}
+
 TEST(CATWireFields, AMissingFieldIsAFault)
 {
     CATWireFields fields("one|");

@@ -65,7 +65,8 @@ class WB_EXPORT CATNavigator
 public:
     /// The server's products as a source (methods "WBListRoots" and "WBListUses"). A call that
     /// fails, or an answer that cannot be read, gives no rows; a sentence that says so is told to
-    /// ReportProblemsTo and to the diagnostic error stream.
+    /// ReportProblemsTo and to the diagnostic error stream. The server's list of roots does not say
+    /// which of them have uses: their rows all promise some.
     static std::shared_ptr<CATProductSource> ServerSource();
     /// Opens a root of that source; replaces the one that was open. Without a source null, and the
     /// one that was open stays.

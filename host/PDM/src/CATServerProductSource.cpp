@@ -36,7 +36,7 @@ CATProductRow ReadRoot(CATWireFields& fields)
     row.version = fields.Text();
     row.name = fields.Text();
     row.type = fields.Text();
-    row.hasUses = fields.Flag();
+    row.hasUses = true; // the list does not say; whoever opens the root finds out
     return row;
 }
 

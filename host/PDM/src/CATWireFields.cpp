@@ -5,7 +5,8 @@
 
 std::string_view CATWireFields::Text()
 {
-    return Next().value_or(std::string_view());
+    const std::string_view field = Next().value_or(std::string_view());
+    return field == "__null__" ? std::string_view() : field;
 }
 
 int CATWireFields::Count()

@@ -12,6 +12,7 @@ public:
     /// The text stays the caller's and must outlive the reader.
     explicit CATWireFields(std::string_view text) : m_rest(text) {}
 
+    /// "__null__" is how an empty text travels.
     std::string_view Text();
     /// Not negative.
     int Count();
