@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace wb
@@ -23,8 +24,12 @@ public:
     virtual ~KnownProducts() = default;
 
     virtual std::vector<MassType> MassTypes() const { return ShippedMassTypes(); }
-    /// The versions of a part, oldest first.
-    virtual std::vector<std::string> VersionsOf(std::string_view) const { return {}; }
+    /// The versions of every part, oldest first, by identifier. Asked once a table, since a
+    /// question a row would cost more than all the rest.
+    virtual std::unordered_map<std::string, std::vector<std::string>> PartVersions() const
+    {
+        return {};
+    }
     /// The stated type of a part version; unstated where the part is not known.
     virtual PartType TypeOf(std::string_view, std::string_view) const { return PartType::Unstated; }
     virtual std::optional<Material> FindMaterial(std::string_view) const { return std::nullopt; }

@@ -10,7 +10,7 @@ namespace wb
 /// nothing where it may. The streams between client and server have no escaping: a "|", a control
 /// character or the server's error marker inside a text, or one of the two texts that stand for
 /// "empty" ("__null__" and "~"), would change what a stream says.
-std::optional<std::string> ForbiddenText(std::string_view text);
+std::optional<std::string_view> ForbiddenText(std::string_view text);
 
 /// True for names that no mass type may bear: they are words of the requests, or derived.
 bool IsReservedMassType(std::string_view name);

@@ -90,7 +90,10 @@ std::uint32_t FactLines::LineOf(Fact fact) const
 void KeepTyped(std::string& typed, std::string_view name, std::string_view text,
                std::string_view unit)
 {
-    if (!typed.empty()) {
+    constexpr std::size_t kUsual = 160; // a mass, a centre and an inertia
+    if (typed.empty()) {
+        typed.reserve(kUsual);
+    } else {
         typed += '|';
     }
     typed.append(name).append(1, '=').append(text);

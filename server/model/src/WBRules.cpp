@@ -66,7 +66,7 @@ ValueSet WithMass(const ValueSet& set, const DensityChoice& choice)
     const double stated = DensityOfPart(choice, *dimension);
     if (IsKnown(density) && IsKnown(stated) && density != stated) {
         for (const Fact fact : kInertia) {
-            result[fact] *= density / stated;
+            result[fact] = result[fact] * density / stated;
         }
     }
     return result;

@@ -10,7 +10,7 @@
 
 namespace wb
 {
-std::optional<std::string> ForbiddenText(std::string_view text)
+std::optional<std::string_view> ForbiddenText(std::string_view text)
 {
     if (text.find('|') != std::string_view::npos) {
         return "without \"|\", which separates fields";
@@ -26,8 +26,7 @@ std::optional<std::string> ForbiddenText(std::string_view text)
         return "other than \"__null__\" and \"~\", which stand for empty";
     }
     if (text.find(CATENOWBCSCommonDefinitions::errMsgHeader) != std::string_view::npos) {
-        return std::string("without \"") + CATENOWBCSCommonDefinitions::errMsgHeader +
-               "\", which marks errors";
+        return "without the mark that begins the server's errors";
     }
     return std::nullopt;
 }

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace wb
@@ -129,7 +130,7 @@ public:
 
     // Known to the reader of tables.
     std::vector<MassType> MassTypes() const override; // by order
-    std::vector<std::string> VersionsOf(std::string_view identifier) const override;
+    std::unordered_map<std::string, std::vector<std::string>> PartVersions() const override;
     PartType TypeOf(std::string_view identifier, std::string_view version) const override;
     std::optional<Material> FindMaterial(std::string_view name) const override;
 

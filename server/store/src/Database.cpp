@@ -66,6 +66,7 @@ Statement& Statement::Start()
 {
     // A reset repeats the error of the last step, which was thrown already.
     sqlite3_reset(m_statement);
+    sqlite3_clear_bindings(m_statement);
     m_parameter = 0;
     return *this;
 }
@@ -99,7 +100,7 @@ Statement& Statement::Bind(std::int64_t value)
 
 Statement& Statement::BindNull()
 {
-    Check(sqlite3_bind_null(m_statement, ++m_parameter));
+    ++m_parameter; // Start left every value NULL
     return *this;
 }
 
@@ -156,7 +157,7 @@ bool Statement::IsNull() const
 Database::Database(const std::string& path, bool create, int lockWait) : m_path(path)
 {
     const int flags =
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
     const int result = sqlite3_open_v2(path.c_str(), &m_database, flags, nullptr);
     if (result != SQLITE_OK) {
         const std::string sentence = DatabaseSentence(path, result, sqlite3_errstr(result));
@@ -194,6 +195,11 @@ void Database::Execute(const std::string& sql)
     }
 }
 
+void Database::Try(const char* sql)
+{
+    sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr);
+}
+
 std::int64_t Database::Ask(std::string_view sql)
 {
     const auto statement = Prepare(sql);
@@ -210,12 +216,8 @@ Transaction::Transaction(Database& database) : m_database(database)
 Transaction::~Transaction()
 {
     if (m_open) {
-        try {
-            m_database.Execute("ROLLBACK");
-        } catch (const StoreError&) {
-            // The database rolled back by itself when the statement before failed.
-            m_open = false;
-        }
+        // Where a statement failed badly the database has rolled back by itself already.
+        m_database.Try("ROLLBACK");
     }
 }
 

@@ -67,6 +67,8 @@ public:
     Statement& Kept(std::string_view sql);
     std::unique_ptr<Statement> Prepare(std::string_view sql);
     void Execute(const std::string& sql);
+    /// The same without a complaint, for destructors: what fails there has failed before.
+    void Try(const char* sql);
     /// The single number that a query answers; 0 when it answers no row.
     std::int64_t Ask(std::string_view sql);
 

@@ -101,7 +101,8 @@ CREATE TABLE history (
 );
 )sql";
 
-/// The value sets of parts and of uses are alike; so are their properties.
+/// The value sets of parts and of uses are alike; so are their properties. The checks use no IN
+/// with a list: SQLite would build a table of the list for every inserted row.
 std::string OwnedTables(const std::string& owner)
 {
     std::string sql = "CREATE TABLE " + owner + "_value (owner INTEGER NOT NULL REFERENCES " +
@@ -117,19 +118,19 @@ std::string OwnedTables(const std::string& owner)
            "CREATE TABLE " +
            owner + "_property (owner INTEGER NOT NULL REFERENCES " + owner +
            " (id), position INTEGER NOT NULL, name TEXT NOT NULL, "
-           "type INTEGER NOT NULL CHECK (type IN (1, 2, 3, 4, 100)), "
-           "is_date INTEGER NOT NULL CHECK (is_date IN (0, 1)), value TEXT NOT NULL, "
-           "magnitude TEXT, typed TEXT, PRIMARY KEY (owner, position), UNIQUE (owner, name)) "
+           "type INTEGER NOT NULL CHECK (type BETWEEN 1 AND 4 OR type = 100), "
+           "is_date INTEGER NOT NULL CHECK (is_date BETWEEN 0 AND 1), value TEXT NOT NULL, "
+           "magnitude TEXT, typed TEXT, PRIMARY KEY (owner, name)) "
            "WITHOUT ROWID;";
     return sql;
 }
 } // namespace
 
-std::string SetNumberColumns()
+std::string SetNumberColumns(const std::string& prefix)
 {
     std::string columns;
     for (std::size_t i = 0; i < kSetNumbers; ++i) {
-        columns += std::string(", ") + FactName(static_cast<Fact>(i));
+        columns += ", " + prefix + FactName(static_cast<Fact>(i));
     }
     return columns;
 }

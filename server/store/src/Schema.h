@@ -17,7 +17,8 @@ void CreateSchema(Database& database);
 /// Throws StoreError when the file is no database of ours, or of a newer version.
 void CheckSchema(Database& database);
 
-/// ", mass, lower, ..." or ", ?, ?, ..." for the numbers of a value set.
-std::string SetNumberColumns();
+/// ", mass, lower, ...", each behind a prefix such as "v.", or ", ?, ?, ..." for the numbers of a
+/// set.
+std::string SetNumberColumns(const std::string& prefix = {});
 std::string SetNumberParameters();
 } // namespace wb

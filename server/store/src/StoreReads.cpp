@@ -58,7 +58,7 @@ UseLine ReadUseLine(Statement& row)
 std::vector<ValueSet> ReadSets(Database& database, const char* owner, RowId id)
 {
     std::vector<ValueSet> sets;
-    Statement& rows = database.Kept("SELECT m.name" + SetNumberColumns() +
+    Statement& rows = database.Kept("SELECT m.name" + SetNumberColumns("v.") +
                                     ", source, source_date, author, note, typed FROM " + owner +
                                     "_value v JOIN mass_type m ON m.id = v.mass_type "
                                     "WHERE v.owner = ? ORDER BY m.rank");
@@ -138,13 +138,13 @@ std::vector<MassType> Store::MassTypes() const
     return types;
 }
 
-std::vector<std::string> Store::VersionsOf(std::string_view identifier) const
+std::unordered_map<std::string, std::vector<std::string>> Store::PartVersions() const
 {
-    std::vector<std::string> versions;
-    Statement& rows = m_database->Kept("SELECT version FROM part WHERE identifier = ? ORDER BY id");
-    rows.BindText(identifier);
+    std::unordered_map<std::string, std::vector<std::string>> versions;
+    Statement& rows = m_database->Kept("SELECT identifier, version FROM part ORDER BY id");
     while (rows.Step()) {
-        versions.push_back(rows.Text());
+        const std::string identifier = rows.Text();
+        versions[identifier].push_back(rows.Text());
     }
     return versions;
 }

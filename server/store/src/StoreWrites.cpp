@@ -8,15 +8,14 @@ namespace
 {
 std::string ValueInsert(const std::string& owner)
 {
-    // Replacing serves new sets and sets that gained a fact alike.
-    return "INSERT OR REPLACE INTO " + owner + "_value (owner, mass_type" + SetNumberColumns() +
+    return "INSERT INTO " + owner + "_value (owner, mass_type" + SetNumberColumns() +
            ", source, source_date, author, note, typed) VALUES (?, ?" + SetNumberParameters() +
            ", ?, ?, ?, ?, ?)";
 }
 
 std::string PropertyInsert(const std::string& owner)
 {
-    return "INSERT OR REPLACE INTO " + owner +
+    return "INSERT INTO " + owner +
            "_property (owner, position, name, type, is_date, value, magnitude, typed) "
            "VALUES (?, ?, ?, ?, ?, ?, ?, ?)";
 }
@@ -46,10 +45,10 @@ PartWriter::PartWriter(Database& database)
       m_useValue(database.Prepare(ValueInsert("use"))),
       m_partProperty(database.Prepare(PropertyInsert("part"))),
       m_useProperty(database.Prepare(PropertyInsert("use"))),
-      m_document(database.Prepare(
-          "INSERT OR REPLACE INTO document_revision (part, position, document, version, use, "
-          "checkin_date, checkin_user, checkout_user, mass_type, mass, typed) "
-          "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"))
+      m_document(
+          database.Prepare("INSERT INTO document_revision (part, position, document, version, use, "
+                           "checkin_date, checkin_user, checkout_user, mass_type, mass, typed) "
+                           "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"))
 {
     Statement& rows = database.Kept("SELECT name, id FROM mass_type");
     while (rows.Step()) {
@@ -130,9 +129,19 @@ void PartWriter::UpdatePart(RowId id, const Part& part)
              part)
         .Bind(id)
         .Run();
+    Clear({"part_value", "part_property"}, id);
+    m_database.Kept("DELETE FROM document_revision WHERE part = ?").Bind(id).Run();
     WriteSets(*m_partValue, id, part.sets);
     WriteProperties(*m_partProperty, id, part.properties);
     WriteDocuments(id, part.documents);
+}
+
+/// What a changed owner says is written anew, so that inserting needs to look for nothing.
+void PartWriter::Clear(std::initializer_list<const char*> tables, RowId owner)
+{
+    for (const char* table : tables) {
+        m_database.Kept(std::string("DELETE FROM ") + table + " WHERE owner = ?").Bind(owner).Run();
+    }
 }
 
 Statement& PartWriter::BindUse(Statement& statement, const Use& use)
@@ -171,6 +180,7 @@ void PartWriter::UpdateUse(RowId id, const Use& use)
             use)
         .Bind(id)
         .Run();
+    Clear({"use_value", "use_property"}, id);
     WriteSets(*m_useValue, id, use.sets);
     WriteProperties(*m_useProperty, id, use.properties);
 }

@@ -2,6 +2,7 @@
 
 #include "Database.h"
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -30,6 +31,7 @@ private:
     Statement& BindUse(Statement& statement, const Use& use);
     Statement& BindReference(Statement& statement, const std::string& name,
                              const std::unordered_map<std::string, RowId>& ids);
+    void Clear(std::initializer_list<const char*> tables, RowId owner);
     void WriteSets(Statement& statement, RowId owner, const std::vector<ValueSet>& sets);
     void WriteProperties(Statement& statement, RowId owner,
                          const std::vector<Property>& properties);

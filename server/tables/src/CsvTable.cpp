@@ -83,7 +83,7 @@ struct CsvTable::Collector
     {
         if (!plain || hasLineEnds) {
             if (const auto wrong = ForbiddenText(text)) {
-                errors.Found(rowLine, HeaderOf(column), text, "a text " + *wrong);
+                errors.Found(rowLine, HeaderOf(column), text, "a text " + std::string(*wrong));
             }
         }
         table.m_cells.push_back({column, static_cast<std::uint32_t>(table.m_text.size()),

@@ -17,6 +17,7 @@ ProductReader::ProductReader(const CsvTable& table, const TableOptions& options,
       m_columns(TableColumns::Read(table, errors)),
       m_keeper(errors),
       m_massTypes(known.MassTypes()),
+      m_knownVersions(known.PartVersions()),
       m_propertyCells(m_columns.Properties().size())
 {}
 

@@ -99,6 +99,7 @@ private:
     void FindParts();
     void ResolveVersions();
     std::uint32_t Intern(std::string_view identifier, std::string_view version);
+    std::vector<std::string> KnownVersions(std::string_view identifier) const;
     std::uint32_t FindPart(std::string_view identifier, std::string_view version) const;
     std::uint32_t ResolvePart(std::string_view identifier, Column identifierColumn,
                               Column versionColumn, bool mayBeNew);
@@ -143,6 +144,7 @@ private:
     TableColumns m_columns;
     FactKeeper m_keeper;
     std::vector<wb::MassType> m_massTypes;
+    std::unordered_map<std::string, std::vector<std::string>> m_knownVersions;
     Product m_product;
     TableSummary m_summary;
 

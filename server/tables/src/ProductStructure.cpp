@@ -34,6 +34,13 @@ std::uint32_t ProductReader::FindPart(std::string_view identifier, std::string_v
     return part;
 }
 
+std::vector<std::string> ProductReader::KnownVersions(std::string_view identifier) const
+{
+    const auto found = m_knownVersions.empty() ? m_knownVersions.end()
+                                               : m_knownVersions.find(std::string(identifier));
+    return found == m_knownVersions.end() ? std::vector<std::string>() : found->second;
+}
+
 std::uint32_t ProductReader::Intern(std::string_view identifier, std::string_view version)
 {
     const std::uint32_t known = FindPart(identifier, version);
@@ -60,7 +67,7 @@ std::uint32_t ProductReader::ResolvePart(std::string_view identifier, Column ide
         if (part != kNone) {
             return part;
         }
-        const auto stored = m_known.VersionsOf(identifier);
+        const auto stored = KnownVersions(identifier);
         if (std::ranges::find(stored, Cell(versionColumn)) != stored.end()) {
             return Intern(identifier, Cell(versionColumn));
         }
@@ -69,7 +76,7 @@ std::uint32_t ProductReader::ResolvePart(std::string_view identifier, Column ide
         return kNone;
     }
     const auto found = m_versions.find(identifier);
-    auto versions = m_known.VersionsOf(identifier);
+    auto versions = KnownVersions(identifier);
     for (std::uint32_t part = found == m_versions.end() ? kNone : found->second.first;
          part != kNone; part = m_nextVersion[part]) {
         if (std::ranges::find(versions, m_product.parts[part].version) == versions.end()) {
