@@ -38,6 +38,11 @@ struct CallContext
 ///   types with values, density and material, material statistics, the twelve coefficients of its
 ///   place in the root's axes, properties.
 ///
+/// "WBGetValueDetails": root, instance, part, version, count, that many instance names as above. On
+///   the record's stream an unknown figure travels as 0; this tells which are known. Answers the
+///   part's name, a count, then for each mass type, "Computed" first, its name and three flags (0 or
+///   1): mass, centre of gravity, inertia.
+///
 /// "WBListRoots": request ignored. Answers a count, then for each part that nobody uses: part,
 ///   version, name, type (product, assembly, part, adjustment).
 ///

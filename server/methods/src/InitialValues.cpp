@@ -1,7 +1,6 @@
 #include "Methods.h"
-#include "PickedPart.h"
+#include "PickedNode.h"
 #include "Request.h"
-#include "WBRules.h"
 
 #include <algorithm>
 
@@ -10,114 +9,6 @@ namespace wb
 namespace
 {
 using Common = CATENOWBCSCommonDefinitions;
-
-/// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
-constexpr std::int64_t kDeepest = 10000;
-
-struct InitialRequest
-{
-    bool hasInstance = false;
-    std::string_view root;
-    std::string_view instance;
-    std::string_view part;
-    std::string_view version;
-    std::vector<std::string_view> instances; // from the root down, the picked one last
-};
-
-InitialRequest ReadRequest(std::string_view text)
-{
-    Request request(text);
-    InitialRequest read;
-    read.hasInstance = request.Flag("has-instance");
-    // Clients end the flag with its own separator; the empty field tells their requests from
-    // others.
-    request.Empty("2");
-    read.root = request.Text("root");
-    read.instance = request.Text("instance");
-    read.part = request.Text("part");
-    read.version = request.Text("version");
-    const std::int64_t count = request.Count("path count");
-    if (count > kDeepest) {
-        throw RequestError("The field path count of the request holds " + std::to_string(count) +
-                           ", expected at most " + std::to_string(kDeepest) + ".");
-    }
-    for (std::int64_t i = 0; i < count; ++i) {
-        read.instances.push_back(request.Text("path"));
-    }
-    request.End();
-    std::ranges::reverse(read.instances);
-    read.instances.push_back(read.instance);
-    return read;
-}
-
-PickedPart Find(const Store& store, const InitialRequest& request)
-{
-    WalkResult walk = Walk(store, request.root, request.instances);
-    if (!walk.picked) {
-        const bool root = walk.missing == request.root;
-        throw RequestError(std::string("The field ") + (root ? "root" : "path") +
-                           " of the request names \"" + walk.missing +
-                           "\", which the database does not hold there.");
-    }
-    const PartLine& part = walk.picked->Part();
-    const auto check = [](const char* field, std::string_view asked, const std::string& stored) {
-        if (asked != stored) {
-            throw RequestError(std::string("The field ") + field + " of the request names \"" +
-                               std::string(asked) + "\", but the instance is one of \"" + stored +
-                               "\".");
-        }
-    };
-    check("part", request.part, part.identifier);
-    check("version", request.version, part.version);
-    return std::move(*walk.picked);
-}
-
-/// Everything that was stated about the picked part and its use, and what follows for one part.
-struct Node
-{
-    const Store& store;
-    const PickedPart& picked;
-    Part part;
-    Use use;
-    std::vector<MassType> types;
-    DensityChoice densities;
-    std::string activeType;
-
-    bool IsLeaf() const { return !picked.Part().hasUses; }
-    NodeSets Sets() const { return {&use.sets, &part.sets}; }
-    const std::string& MaterialName() const
-    {
-        return use.material.empty() ? part.material : use.material;
-    }
-};
-
-DensityPair MaterialDensities(const Store& store, const std::string& name)
-{
-    const auto material = name.empty() ? std::nullopt : store.FindMaterial(name);
-    return material ? DensityPair{material->density, material->surfaceDensity} : DensityPair{};
-}
-
-Node ReadNode(const Store& store, const PickedPart& picked)
-{
-    Node node{store,
-              picked,
-              store.ReadPart(picked.Part().id).part,
-              store.ReadUse(picked.uses.back().id).use,
-              store.MassTypes(),
-              {},
-              {}};
-    DensityChoice& densities = node.densities;
-    densities.use = {node.use.density, node.use.surfaceDensity};
-    densities.part = {node.part.density, node.part.surfaceDensity};
-    densities.useMaterial = MaterialDensities(store, node.use.material);
-    densities.partMaterial = MaterialDensities(store, node.part.material);
-    densities.first = node.part.densityFirst == DensityOrder::Material
-                          ? Common::MaterialDensityFirst
-                          : Common::WBDensityFirst;
-    node.activeType = ActiveType(node.Sets(), node.use.activeType, node.part.activeType,
-                                 node.IsLeaf(), node.types);
-    return node;
-}
 
 /// Streams write dates with the delimiter that all clients read.
 std::string WireDate(std::string date)
@@ -187,8 +78,7 @@ void AddMassTypes(AnswerText& answer, const Node& node)
     // Computed comes first and is empty until somebody asks for the sum of what is below.
     answer.Add(Common::Computed).Add(Common::Empty).Add(Common::NoPrecision).Add(0.0).Add(0.0);
     for (const MassType& type : node.types) {
-        const ValueSet* stated = node.Sets().Find(type.name);
-        const ValueSet set = stated == nullptr ? ValueSet() : WithMass(*stated, node.densities);
+        const ValueSet set = node.CompleteSet(type.name);
         const ValueStatus status = StatusOf(&set);
         answer.Add(type.name).Add(status);
         if (status == Common::Assigned) {
@@ -200,6 +90,14 @@ void AddMassTypes(AnswerText& answer, const Node& node)
         }
         answer.Add(type.lowerPct).Add(type.upperPct);
     }
+}
+
+/// The type that somebody made active; one that is active because nobody chose was not imposed.
+std::string LastImposed(const Node& node)
+{
+    const std::string& chosen =
+        node.use.activeType.empty() ? node.part.activeType : node.use.activeType;
+    return chosen == Common::Computed ? std::string() : chosen;
 }
 
 /// The density that the record shows: of the dimension in which the active values are sized, else
@@ -267,8 +165,7 @@ void AddDensity(AnswerText& answer, const Node& node, bool hasInstance)
 /// One entry for a leaf whose active values have a mass, so that the shares add up to it.
 void AddStatistics(AnswerText& answer, const Node& node)
 {
-    const ValueSet* active = node.Sets().Find(node.activeType);
-    const ValueSet set = active == nullptr ? ValueSet() : WithMass(*active, node.densities);
+    const ValueSet set = node.CompleteSet(node.activeType);
     if (!node.IsLeaf() || !set.Has(Fact::Mass)) {
         answer.Add(0);
         return;
@@ -303,17 +200,20 @@ void AddProperties(AnswerText& answer, const Node& node)
 
 std::string GetInitialValues(const Store& store, std::string_view text, const CallContext&)
 {
-    const InitialRequest request = ReadRequest(text);
-    const PickedPart picked = Find(store, request);
+    Request request(text);
+    const bool hasInstance = request.Flag("has-instance");
+    // Clients end the flag with its own separator; the empty field tells their requests from
+    // others.
+    request.Empty("2");
+    const PickedPart picked = FindPicked(store, request);
     const Node node = ReadNode(store, picked);
 
     AnswerText answer;
     AddDocuments(answer, node.part);
     AddMassTypes(answer, node);
     constexpr int kUseRevisions = 1;
-    const bool imposed = node.activeType != Common::Computed;
-    answer.Add(kUseRevisions).Add(node.activeType).Add(imposed ? node.activeType : std::string());
-    AddDensity(answer, node, request.hasInstance);
+    answer.Add(kUseRevisions).Add(node.activeType).Add(LastImposed(node));
+    AddDensity(answer, node, hasInstance);
     constexpr int kNotUpToDate = 0;
     answer.Add(kNotUpToDate).Add(static_cast<int>(node.densities.first));
     AddStatistics(answer, node);

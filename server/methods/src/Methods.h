@@ -13,6 +13,8 @@ namespace wb
 /// One method each; wrong input throws RequestError, a failing database StoreError.
 std::string GetInitialValues(const Store& store, std::string_view request,
                              const CallContext& context);
+std::string GetValueDetails(const Store& store, std::string_view request,
+                            const CallContext& context);
 std::string ListRoots(const Store& store, std::string_view request, const CallContext& context);
 std::string ListUses(const Store& store, std::string_view request, const CallContext& context);
 std::string ListMassTypes(const Store& store, std::string_view request, const CallContext& context);

@@ -19,8 +19,11 @@ struct MethodRow
 };
 
 constexpr std::array kMethods{
-    MethodRow{"WBCompPartGetInitialValues", GetInitialValues}, MethodRow{"WBListRoots", ListRoots},
-    MethodRow{"WBListUses", ListUses}, MethodRow{"WBListMassTypes", ListMassTypes}};
+    MethodRow{"WBCompPartGetInitialValues", GetInitialValues},
+    MethodRow{"WBGetValueDetails", GetValueDetails},
+    MethodRow{"WBListRoots", ListRoots},
+    MethodRow{"WBListUses", ListUses},
+    MethodRow{"WBListMassTypes", ListMassTypes}};
 
 std::string ErrorAnswer(const std::string& sentence)
 {

@@ -1,0 +1,98 @@
+#include "TestFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <string>
+
+using testing::HasSubstr;
+
+// Plays little stories in the program itself. The long ones stand in tests/scenarios.
+namespace
+{
+
+struct Played
+{
+    int status;
+    std::string err;
+};
+
+Played Play(const TestFolder& folder, const std::string& story, const std::string& environment = {})
+{
+    const std::string file = folder.Write("a.story", story);
+    const std::string command = "cd '" + folder.Path("") + "' && " + environment + " '" WB_PROGRAM "' workbench --play '" + file +
+                                "' >/dev/null 2>'" + folder.Path("stderr") + "'";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), folder.Read("stderr")};
+}
+
+} // namespace
+
+TEST(Story, HoldsWhenEveryStepHolds)
+{
+    const TestFolder folder;
+    const Played played = Play(folder, "start CATTEQWBComputePartCmd\n"
+                                       "pick LA1/FIN-000.1/FIN-300.1\n"
+                                       "dump windows.json\n"
+                                       "shot all.png\n"
+                                       "shot panel.png CATWBVPMMainPanel\n"
+                                       "quit\n"
+                                       "expect Nothing is-checked-after-quit\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+    EXPECT_THAT(folder.Read("windows.json"), HasSubstr("\"name\": \"CATWBVPMMainPanel\""));
+    EXPECT_GT(std::filesystem::file_size(folder.Path("all.png")), 1000U);
+    EXPECT_GT(std::filesystem::file_size(folder.Path("panel.png")), 1000U);
+}
+
+TEST(Story, FailsAtTheFirstStepThatDoesNotHoldAndSaysWhatWasSeen)
+{
+    const TestFolder folder;
+    const Played played = Play(folder, "start CATTEQWBComputePartCmd\n\npick LA1/FIN-000.1/FIN-300.1\n"
+                                       "expect CATWBVPMMainPanel/Path wrong\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, HasSubstr("a.story:4: expect: expected \"wrong\", seen \"LA1"));
+}
+
+TEST(Story, ABoxThatNoStepWaitsForFails)
+{
+    const TestFolder folder;
+    folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\nR,A.1,A,0,0,0\n");
+    const std::string before = "open p.csv\nstart CATTEQWBComputePartCmd\npick R/A.1\n";
+    const Played unexpected = Play(folder, before);
+    EXPECT_EQ(unexpected.status, 1);
+    EXPECT_THAT(unexpected.err, HasSubstr("a.story:3: pick: a box came that no step waits for"));
+    const Played expected = Play(folder, before + "expect-box \"not in the database\"\n");
+    EXPECT_EQ(expected.status, 1) << "the box says something else";
+    EXPECT_THAT(expected.err, HasSubstr("the boxes that came say"));
+}
+
+TEST(Story, StepsThatCannotBeDoneSayWhy)
+{
+    const TestFolder folder;
+    const auto fails = [&](const std::string& story, const char* why) {
+        const Played played = Play(folder, story);
+        EXPECT_EQ(played.status, 1) << story;
+        EXPECT_THAT(played.err, HasSubstr(why)) << story;
+    };
+    fails("open NONE\n", "There is no product root \"NONE\"");
+    fails("workshop Kitchen\n", "there is no workshop \"Kitchen\"");
+    fails("start Nothing\n", "There is no command \"Nothing\" in this workshop.");
+    fails("pick LA1/NOWHERE.1\n", "the tree has no \"LA1/NOWHERE.1\"");
+    fails("click Nothing\n", "no open window has a control \"Nothing\"");
+    fails("expect Panel/Nothing x\n", "there is no window \"Panel\"");
+    fails("key Wurst\n", "there is no key \"Wurst\"");
+    fails("units LENGHT mm\n", "there is no magnitude \"LENGHT\"");
+    fails("units LENGTH furlong\n", "the magnitude has no unit \"furlong\"");
+    fails("expect-box anything\n", "no box came");
+    fails("answer Yes\nexpect Prompt \"Choose a command, then pick in the tree\"\n", "expected");
+    fails("shot /nowhere/a.png\n", "/nowhere/a.png cannot be written");
+    fails("dump /nowhere/a.json\n", "/nowhere/a.json cannot be written");
+}
+
+TEST(Story, LeavesTheUsersSettingsAlone)
+{
+    const TestFolder folder;
+    const Played played = Play(folder, "units MASS lb\n", "CATUserSettingPath='" + folder.Path("mine") + "'");
+    EXPECT_EQ(played.status, 0) << played.err;
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("mine")));
+}
