@@ -33,7 +33,7 @@ public:
     using Entity = CATENOWBCSCommonDefinitions::Entity;
 
     /// What GetDocRevsInfo tells of a document revision.
-    enum DocInfo
+    enum DocInfo : int
     {
         Version = 0,
         LastCheckInDate = 1,
