@@ -184,6 +184,18 @@ TEST_F(CATSessionStart, SharedCommandThatWantsToBeExclusiveIsSoWhenItComesBack)
     EXPECT_EQ(CATSession::RunningCommand(), shared);
 }
 
+TEST_F(CATSessionStart, SharedCommandStartedAgainAsExclusiveIsNotHiddenForItself)
+{
+    auto* command = Shared("S");
+    CATSession::Start(command);
+
+    command->RequestStatusChange(CATCommandMode::Exclusive);
+    CATSession::Start(command);
+
+    EXPECT_EQ(CATSession::RunningCommand(), command);
+    EXPECT_THAT(m_log, ElementsAre("S activated", "S activated"));
+}
+
 TEST_F(CATSessionStart, ExclusiveCommandStartedAgainAsSharedIsNoLongerTheRunningOne)
 {
     CATSession::Start(Shared("S"));
@@ -250,7 +262,10 @@ class CommandThatKeepsItself : public CATCommand
 {
 public:
     using CATCommand::CATCommand;
+    long Activate(CATCommand*, const CATNotification*) override { return activateStatus; }
     long Cancel(CATCommand*, const CATNotification*) override { return S_OK; }
+
+    long activateStatus = S_OK;
 };
 } // namespace
 
@@ -291,6 +306,16 @@ TEST_F(CATSessionStart, NegativeActivationStatusEndsTheCommandAndIsTold)
     EXPECT_TRUE(command->IsDestructionRequested());
     EXPECT_EQ(CATSession::RunningCommand(), nullptr);
     EXPECT_THAT(m_told, ElementsAre("A: It could not be activated (status 80004005)."));
+}
+
+TEST_F(CATSessionStart, CommandThatCannotBeActivatedIsDestroyedEvenWhenItKeepsItself)
+{
+    auto* command = new CommandThatKeepsItself(nullptr, "K");
+    command->activateStatus = E_FAIL;
+
+    EXPECT_FALSE(CATSession::Start(command));
+
+    EXPECT_TRUE(command->IsDestructionRequested());
 }
 
 TEST_F(CATSessionStart, PositiveActivationStatusIsNoFailure)
@@ -791,6 +816,21 @@ TEST_F(CATSessionClose, TellsNobodyAndBringsNothingBack)
 
     EXPECT_THAT(m_log, ElementsAre("A destroyed", "S destroyed"));
     EXPECT_EQ(CATSession::RunningCommand(), nullptr);
+}
+
+TEST_F(CATSessionClose, CommandsThatAreStillHeldRunNoMore)
+{
+    const CATHandle<CATCommand> exclusive(Exclusive("A"));
+    CATSession::Start(exclusive.Get());
+    const CATHandle<CATCommand> shared(Shared("S"));
+    CATSession::Start(shared.Get());
+
+    CATSession::Close();
+    EXPECT_EQ(CATSession::RunningCommand(), nullptr);
+    m_log.clear();
+    CATSession::Start(Exclusive("B"));
+
+    EXPECT_THAT(m_log, ElementsAre("B activated"));
 }
 
 TEST_F(CATSessionClose, ForgetsTheListeners)
