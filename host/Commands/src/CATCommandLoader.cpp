@@ -89,7 +89,8 @@ void ReadFile(const std::string& path, std::vector<CATCommandHeader>& headers,
         if (problem.empty()) {
             headers.push_back(header);
         } else {
-            problems.push_back(path + ":" + std::to_string(entry.Line()) + ": " + problem);
+            std::string& sentence = problems.emplace_back(path);
+            sentence.append(":").append(std::to_string(entry.Line())).append(": ").append(problem);
         }
     }
 }
