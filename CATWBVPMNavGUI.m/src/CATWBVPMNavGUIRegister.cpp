@@ -1,5 +1,7 @@
 #include "CATWBVPMNavGUITable.h"
 #include "WBMainPanel.h"
+#include "WBRecordTables.h"
+#include "WBValueDetails.h"
 
 /// The library's entry: the host calls it once after loading.
 extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
@@ -8,6 +10,9 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
     table.createMainPanel = [](CATCommand* parent,
                                CATWBAllDataBuffer* record) -> CATWBVPMMainPanel* {
         return new WBMainPanel(parent, record); // the parent owns it
+    };
+    table.describeRecord = [](const CATWBAllDataBuffer& record) {
+        return WBDescribeRecord(WBReadPanelRecord(record, WBValueDetails::Ask(record)));
     };
     CATWBVPMNavGUISetTable(table);
 }

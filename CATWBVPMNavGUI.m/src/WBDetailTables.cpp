@@ -106,22 +106,22 @@ WBPanelTable WBMaterialTable(const WBPanelRecord& record)
     WBPanelTable table;
     table.columns = {
         {WBPanelText("Materials.Name.Title", "@Material"), {}, false},
-        {WBPanelText("Materials.Dimension.Title", "@Weighed"),
-         WBPanelText("Materials.Dimension.Tooltip",
-                     "@Whether mass comes from a volume or from an area"),
-         false},
         {WBTitleWithUnit(WBPanelText("Materials.Mass.Title", "@Mass"), kMass), {}, true},
         {WBPanelText("Materials.Share.Title", "@Share [%]"),
          WBPanelText("Materials.Share.Tooltip", "@Share in the mass of all materials listed here"),
-         true}};
+         true},
+        {WBPanelText("Materials.Dimension.Title", "@Weighed"),
+         WBPanelText("Materials.Dimension.Tooltip",
+                     "@Whether mass comes from a volume or from an area"),
+         false}};
     const double whole = WholeMass(record.statistics);
     for (const WBPanelStatistic& statistic : record.statistics) {
         // Nothing has a share in nothing.
         const CATUnicodeString share =
             whole == 0.0 ? CATUnicodeString()
                          : CATUnicodeString::FromReal(100.0 * statistic.mass / whole, "%.3g");
-        table.rows.push_back({statistic.material, DimensionText(statistic.dimension),
-                              WBNumberInUnit(kMass, statistic.mass), share});
+        table.rows.push_back({statistic.material, WBNumberInUnit(kMass, statistic.mass), share,
+                              DimensionText(statistic.dimension)});
     }
     return table;
 }
@@ -131,18 +131,19 @@ WBPanelTable WBRevisionTable(const WBPanelRecord& record)
     WBPanelTable table;
     table.columns = {
         {WBPanelText("Revisions.Version.Title", "@Version"), {}, false},
+        {WBTitleWithUnit(WBPanelText("Revisions.Mass.Title", "@Mass"), kMass), {}, true},
+        {WBPanelText("Revisions.MassType.Title", "@Active mass type"), {}, false},
         {WBPanelText("Revisions.CheckInDate.Title", "@Checked in"), {}, false},
         {WBPanelText("Revisions.CheckInUser.Title", "@Checked in by"), {}, false},
         {WBPanelText("Revisions.CheckOutUser.Title", "@Checked out by"),
          WBPanelText("Revisions.CheckOutUser.Tooltip", "@Who holds the revision; empty: nobody"),
-         false},
-        {WBPanelText("Revisions.MassType.Title", "@Active mass type"), {}, false},
-        {WBTitleWithUnit(WBPanelText("Revisions.Mass.Title", "@Mass"), kMass), {}, true}};
+         false}};
     for (const WBPanelRevision& revision : record.revisions) {
         table.rows.push_back(
-            {revision.version, revision.checkInDate, revision.checkInUser, revision.checkOutUser,
-             revision.activeMassType,
-             revision.mass ? WBNumberInUnit(kMass, *revision.mass) : CATUnicodeString()});
+            {revision.version,
+             revision.mass ? WBNumberInUnit(kMass, *revision.mass) : CATUnicodeString(),
+             revision.activeMassType, revision.checkInDate, revision.checkInUser,
+             revision.checkOutUser});
     }
     return table;
 }

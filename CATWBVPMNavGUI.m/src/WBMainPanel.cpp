@@ -1,5 +1,7 @@
 #include "WBMainPanel.h"
 
+#include "WBValueDetails.h"
+
 #include "CATDlgMultiList.h"
 
 #include <string>
@@ -102,20 +104,22 @@ void WBMainPanel::BuildHeading()
     auto* frame = new CATDlgFrame(this, "Heading", kPlainFrame);
     frame->SetPlacement(0, 0);
     frame->SetColumnStretch(1, 1);
-    m_part = new CATDlgLabel(frame, "Part");
-    m_part->SetRole(CATDlgLabel::Role::Heading);
-    m_part->SetPlacement(0, 0, 1, 2);
+    frame->SetColumnStretch(3, 1);
+    m_name = new CATDlgLabel(frame, "Name");
+    m_name->SetRole(CATDlgLabel::Role::Heading);
+    m_name->SetPlacement(0, 0, 1, 4);
     m_upToDate = new CATDlgLabel(frame, "UpToDate");
-    m_upToDate->SetPlacement(0, 2);
+    m_upToDate->SetPlacement(0, 4);
     m_kind = new CATDlgLabel(frame, "Kind");
-    m_kind->SetPlacement(1, 2);
-    m_instance = AddFact(frame, "Instance", 1);
-    m_path = AddFact(frame, "Path", 2, 0, 2);
+    m_kind->SetPlacement(1, 4);
+    m_part = AddFact(frame, "Part", 1);
+    m_instance = AddFact(frame, "Instance", 1, 2);
+    m_path = AddFact(frame, "Path", 2, 0, 4);
 }
 
 void WBMainPanel::BuildSummary()
 {
-    auto* frame = new CATDlgFrame(this, "Summary");
+    auto* frame = new CATDlgFrame(this, "Summary", kPlainFrame);
     frame->SetPlacement(1, 0);
     frame->SetColumnStretch(1, 1);
     frame->SetColumnStretch(3, 1);
@@ -123,7 +127,7 @@ void WBMainPanel::BuildSummary()
     m_imposed = AddFact(frame, "LastImposed", 1);
     m_mass = AddFact(frame, "Mass", 0, 2);
     m_bounds = AddFact(frame, "Bounds", 1, 2);
-    m_centre = AddFact(frame, "Centre", 2, 2);
+    m_centre = AddFact(frame, "Centre", 2, 0, 3);
     for (CATDlgLabel* value : {m_active, m_mass}) {
         value->SetRole(CATDlgLabel::Role::Heading);
     }
@@ -136,8 +140,8 @@ void WBMainPanel::BuildMassTypes(CATDlgTabContainer* tabs)
     m_massTypes = AddList(page, "List", 0, WBPanelText("MassTypes.None", "@No mass types"));
     m_inertiaHeading = new CATDlgLabel(page, "InertiaHeading");
     m_inertiaHeading->SetPlacement(1, 0);
-    constexpr int kMatrixRows = 3;
     m_inertia = AddList(page, "Inertia", 2, WBPanelText("Inertia.None", "@Not known"));
+    constexpr int kMatrixRows = 3;
     m_inertia->SetVisibleLines(kMatrixRows);
     auto* note = new CATDlgLabel(page, "InertiaNote");
     note->SetRole(CATDlgLabel::Role::Caption);
@@ -191,8 +195,8 @@ void WBMainPanel::BuildPosition(CATDlgTabContainer* tabs)
     auto* page = new CATDlgTabPage(tabs, "Position");
     m_placementWords = new CATDlgLabel(page, "Words");
     m_placementWords->SetPlacement(0, 0);
-    page->SetRowStretch(1, 1);
     m_placement = AddList(page, "List", 1, WBPanelText("Placement.None", "@Not known"));
+    page->SetRowStretch(1, 1);
     auto* note = new CATDlgLabel(page, "Note");
     note->SetRole(CATDlgLabel::Role::Caption);
     note->SetPlacement(2, 0);
@@ -210,7 +214,8 @@ void WBMainPanel::BuildCloseButton()
 
 void WBMainPanel::Fill()
 {
-    m_shown = m_record.IsNull() ? WBPanelRecord() : WBReadPanelRecord(*m_record);
+    m_shown = m_record.IsNull() ? WBPanelRecord()
+                                : WBReadPanelRecord(*m_record, WBValueDetails::Ask(*m_record));
     FillHeadingAndSummary();
     FillMassTypes();
     FillMaterial();
@@ -224,6 +229,7 @@ void WBMainPanel::FillHeadingAndSummary()
 {
     const WBPanelSummary summary = WBSummarise(m_shown);
     SetTitle(summary.windowTitle);
+    m_name->SetTitle(summary.name);
     m_part->SetTitle(summary.part);
     m_instance->SetTitle(summary.instance);
     m_path->SetTitle(summary.path);

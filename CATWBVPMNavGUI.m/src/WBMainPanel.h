@@ -47,6 +47,7 @@ private:
     WBPanelRecord m_shown; // what the record said when it was set
 
     // Controls belong to the controls that they stand in.
+    CATDlgLabel* m_name = nullptr;
     CATDlgLabel* m_part = nullptr;
     CATDlgLabel* m_instance = nullptr;
     CATDlgLabel* m_path = nullptr;

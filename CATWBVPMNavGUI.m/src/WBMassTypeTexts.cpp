@@ -206,19 +206,24 @@ CATUnicodeString WBInertiaHeading(const WBPanelMassType* massType)
 WBPanelTable WBInertiaTable(const WBPanelMassType* massType)
 {
     constexpr std::array kAxes{"x", "y", "z"};
+    constexpr std::array kTerms{"Ixx   -Pxy   -Pxz", "-Pxy   Iyy   -Pyz", "-Pxz   -Pyz   Izz"};
     WBPanelTable table;
     table.columns.push_back({WBPanelText("Inertia.Row.Title", "@Row"), {}, false});
     for (const char* axis : kAxes) {
         table.columns.push_back({WBTitleWithUnit(axis, kInertia), {}, true});
     }
+    // The last column takes the room that is left, so it is one of words.
+    table.columns.push_back({WBPanelText("Inertia.Terms.Title", "@Terms of the row"), {}, false});
     if (massType == nullptr || !massType->inertia) {
         return table;
     }
     for (int row = 1; row <= 3; ++row) {
-        WBPanelRow cells{kAxes[static_cast<std::size_t>(row) - 1]};
+        const auto index = static_cast<std::size_t>(row) - 1;
+        WBPanelRow cells{kAxes[index]};
         for (int column = 1; column <= 3; ++column) {
             cells.Append(WBNumberInUnit(kInertia, massType->inertia->GetCoef(row, column)));
         }
+        cells.Append(kTerms[index]);
         table.rows.push_back(std::move(cells));
     }
     return table;

@@ -1,5 +1,7 @@
 #include "WBPanelRecord.h"
 
+#include "WBValueDetails.h"
+
 #include "CATWBAllDataBuffer.h"
 #include "CATWBToken.h"
 
@@ -29,11 +31,13 @@ bool IsZero(const CATMath3x3Matrix& matrix)
     return true;
 }
 
-// The stream carries unknown figures as 0, and the record cannot tell them from real ones. A body
-// has moments of inertia, so all six terms 0 means that nobody knows them. A centre exactly at the
-// origin is real where an inertia about it is known; without one it counts as unknown. A dash for a
-// known 0 makes a user ask; a 0 for an unknown centre would be used in the next sum.
-void ReadCentreAndInertia(const CATWBAllDataBuffer& record, WBPanelMassType& massType)
+// The stream carries unknown figures as 0; the server says beside it which ones are known. Where it
+// did not say so, all six terms of an inertia being 0 means that nobody knows them, since a body
+// has moments of inertia, and a centre exactly at the origin counts as known only together with an
+// inertia about it. A dash for a known 0 makes a user ask; a 0 for an unknown centre would be used
+// in the next sum.
+void ReadCentreAndInertia(const CATWBAllDataBuffer& record, const WBValueDetails& details,
+                          WBPanelMassType& massType)
 {
     CATMathPoint* centre = nullptr;
     record.GetCenterOfGravity(massType.name, centre);
@@ -41,11 +45,15 @@ void ReadCentreAndInertia(const CATWBAllDataBuffer& record, WBPanelMassType& mas
     CATMath3x3Matrix* inertia = nullptr;
     record.GetInertia(massType.name, inertia);
     const std::unique_ptr<CATMath3x3Matrix> ownedInertia(inertia);
-
-    if (inertia != nullptr && !IsZero(*inertia)) {
+    if (centre == nullptr || inertia == nullptr) {
+        return;
+    }
+    const bool isSaid = details.Says(massType.name);
+    const WBValueDetails::Known known = details.Of(massType.name);
+    if (isSaid ? known.inertia : !IsZero(*inertia)) {
         massType.inertia = *inertia;
     }
-    if (centre != nullptr && (!IsZero(*centre) || massType.inertia)) {
+    if (isSaid ? known.centre : !IsZero(*centre) || massType.inertia.has_value()) {
         massType.centre = *centre;
     }
 }
@@ -64,15 +72,17 @@ void ReadPrecision(const CATWBAllDataBuffer& record, WBPanelMassType& massType)
     record.GetDefaultUpperPrecision(massType.name, massType.defaultUpperPrecision);
 }
 
-WBPanelMassType ReadMassType(const CATWBAllDataBuffer& record, const CATUnicodeString& name)
+WBPanelMassType ReadMassType(const CATWBAllDataBuffer& record, const WBValueDetails& details,
+                             const CATUnicodeString& name)
 {
     WBPanelMassType massType;
     massType.name = name;
     // A status that is none of the three leaves the type without values, as one that has none.
     record.GetMassTypeStatus(name, massType.status);
     ReadPrecision(record, massType);
-    if (massType.status != Definitions::Assigned) {
-        return massType; // only an assigned type's values came over the stream
+    // Only an assigned type's values came over the stream.
+    if (massType.status != Definitions::Assigned || !details.Of(name).mass) {
+        return massType;
     }
     double value = 0.0;
     record.GetMass(name, value);
@@ -81,16 +91,17 @@ WBPanelMassType ReadMassType(const CATWBAllDataBuffer& record, const CATUnicodeS
     massType.lowerDeviation = value;
     record.GetUpperDeviation(name, value);
     massType.upperDeviation = value;
-    ReadCentreAndInertia(record, massType);
+    ReadCentreAndInertia(record, details, massType);
     return massType;
 }
 
-void ReadMassTypes(const CATWBAllDataBuffer& record, WBPanelRecord& panel)
+void ReadMassTypes(const CATWBAllDataBuffer& record, const WBValueDetails& details,
+                   WBPanelRecord& panel)
 {
     CATListValCATUnicodeString names;
     record.GetMassTypes(names);
     for (const CATUnicodeString& name : names.Items()) {
-        panel.massTypes.push_back(ReadMassType(record, name));
+        panel.massTypes.push_back(ReadMassType(record, details, name));
     }
     record.GetActiveMassType(panel.activeMassType);
     record.GetLastImposedMassType(panel.lastImposedMassType);
@@ -232,12 +243,13 @@ const WBPanelMassType* WBPanelRecord::Active() const
     return nullptr;
 }
 
-WBPanelRecord WBReadPanelRecord(const CATWBAllDataBuffer& record)
+WBPanelRecord WBReadPanelRecord(const CATWBAllDataBuffer& record, const WBValueDetails& details)
 {
     WBPanelRecord panel;
+    panel.partName = details.PartName();
     ReadIdentity(record, panel);
     ReadFlags(record, panel);
-    ReadMassTypes(record, panel);
+    ReadMassTypes(record, details, panel);
     ReadMaterial(record, panel);
     ReadDocuments(record, panel);
     ReadProperties(record, panel);

@@ -11,6 +11,7 @@
 #include <vector>
 
 class CATWBAllDataBuffer;
+class WBValueDetails;
 
 /// What the main panel shows, read once from a record: plain values, with nothing where the record
 /// knows nothing. Storage units (kg, mm, kg.m2, kg/m3).
@@ -69,6 +70,7 @@ struct WBPanelProperty
 struct WBPanelRecord
 {
     CATUnicodeString part;
+    CATUnicodeString partName; ///< as people say it; empty where the server did not
     CATUnicodeString version;
     CATUnicodeString instance;
     CATUnicodeString root;
@@ -105,4 +107,5 @@ struct WBPanelRecord
     const WBPanelMassType* Active() const;
 };
 
-WBPanelRecord WBReadPanelRecord(const CATWBAllDataBuffer& record);
+/// `details` tells what the record cannot: the part's name and which of its figures are known.
+WBPanelRecord WBReadPanelRecord(const CATWBAllDataBuffer& record, const WBValueDetails& details);

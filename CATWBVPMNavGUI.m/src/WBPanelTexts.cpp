@@ -37,7 +37,7 @@ CATUnicodeString PartAndVersion(const WBPanelRecord& record)
 
 CATUnicodeString Kind(const WBPanelRecord& record)
 {
-    const CATUnicodeString kind = record.isLeaf ? WBPanelText("Kind.Part", "@Part")
+    const CATUnicodeString kind = record.isLeaf ? WBPanelText("Kind.Part", "@Single part")
                                                 : WBPanelText("Kind.Assembly", "@Assembly");
     return record.isStandardPart ? kind + ", " + WBPanelText("Kind.Standard", "@standard part")
                                  : kind;
@@ -108,7 +108,9 @@ WBPanelSummary WBSummarise(const WBPanelRecord& record)
 {
     WBPanelSummary summary;
     summary.part = WBOrDash(PartAndVersion(record));
-    summary.windowTitle = WBPanelText("Window.Title", "@Weight and balance of /p1", {summary.part});
+    // A part without a name is called by its identifier.
+    summary.name = record.partName.IsEmpty() ? WBOrDash(record.part) : record.partName;
+    summary.windowTitle = WBPanelText("Window.Title", "@Weight and balance of /p1", {summary.name});
     summary.instance = WBOrDash(record.instance);
     summary.path = WBOrDash(Path(record.path));
     summary.upToDate = record.isUpToDate ? WBPanelText("UpToDate.Yes", "@Up to date")

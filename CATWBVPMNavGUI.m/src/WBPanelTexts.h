@@ -21,6 +21,7 @@ CATUnicodeString WBOrDash(const CATUnicodeString& text);
 struct WBPanelSummary
 {
     CATUnicodeString windowTitle;
+    CATUnicodeString name; ///< as people say it
     CATUnicodeString part; ///< identifier and version
     CATUnicodeString instance;
     CATUnicodeString path; ///< root first, with "/" between

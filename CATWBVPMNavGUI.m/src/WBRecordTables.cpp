@@ -1,10 +1,11 @@
 #include "WBRecordTables.h"
 
-#include "ENOWBAllDataBuffer.h"
-#include "WBValueDetails.h"
+#include "WBPanelRecord.h"
 
+#include <array>
 #include <charconv>
-#include <memory>
+#include <optional>
+#include <string_view>
 
 namespace
 {
@@ -15,8 +16,7 @@ using Row = std::vector<Cell>;
 
 Cell Text(const CATUnicodeString& text)
 {
-    const bool isNothing = text.IsEmpty() || text == CATUnicodeString("__null__");
-    return isNothing ? Cell{} : Cell{Cell::Kind::Text, text};
+    return text.IsEmpty() ? Cell{} : Cell{Cell::Kind::Text, text};
 }
 
 Cell Flag(bool flag)
@@ -33,11 +33,6 @@ Cell Number(double value)
             std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data()))};
 }
 
-Cell NumberIf(bool isKnown, double value)
-{
-    return isKnown ? Number(value) : Cell{};
-}
-
 const char* WordOf(Definitions::ValueStatus status)
 {
     switch (status) {
@@ -51,229 +46,150 @@ const char* WordOf(Definitions::ValueStatus status)
     return "";
 }
 
-/// A getter of the record that fills its output.
-template <class Value, class... Arguments>
-Value Get(const ENOWBAllDataBuffer& record, long (ENOWBAllDataBuffer::*getter)(Arguments...) const,
-          const CATUnicodeString& massType)
+Cell Number(const std::optional<double>& value)
 {
-    Value value{};
-    (record.*getter)(massType, value);
-    return value;
+    return value ? Number(*value) : Cell{};
 }
 
-template <class Value>
-Value Get(const ENOWBAllDataBuffer& record, long (ENOWBAllDataBuffer::*getter)(Value&) const)
+CATUnicodeString JoinedPath(const std::vector<CATUnicodeString>& path)
 {
-    Value value{};
-    (record.*getter)(value);
-    return value;
+    CATUnicodeString joined;
+    for (const CATUnicodeString& name : path) {
+        joined += joined.IsEmpty() ? name : "/" + name;
+    }
+    return joined;
 }
 
-CATWBRecordTable PartTable(const ENOWBAllDataBuffer& record)
+CATWBRecordTable PartTable(const WBPanelRecord& record)
 {
-    using Record = ENOWBAllDataBuffer;
     return {"part",
             false,
-            {"root", "instance", "part", "version", "path", "is_leaf", "standard_part",
-             "up_to_date", "has_pdm_instance", "active_mass_type", "last_imposed_mass_type"},
-            {{Text(Get(record, &Record::GetCurrentPRCID)),
-              Text(Get(record, &Record::GetCurrentInstanceID)),
-              Text(Get(record, &Record::GetCurrentPartID)),
-              Text(Get(record, &Record::GetCurrentPartVersion)), Text(record.GetInstancePath()),
-              Flag(record.IsLeaf()), Flag(record.IsStandatadPart()),
-              Flag(Get(record, &Record::GetUpToDateFlag)), Flag(record.HasInstInENOVIA()),
-              Text(Get(record, &Record::GetActiveMassType)),
-              Text(Get(record, &Record::GetLastImposedMassType))}}};
+            {"root", "instance", "part", "version", "path", "is_leaf", "standard_part", "up_to_date",
+             "has_pdm_instance", "active_mass_type", "last_imposed_mass_type"},
+            {{Text(record.root), Text(record.instance), Text(record.part), Text(record.version),
+              Text(JoinedPath(record.path)), Flag(record.isLeaf), Flag(record.isStandardPart), Flag(record.isUpToDate),
+              Flag(record.hasInstanceInPDM), Text(record.activeMassType), Text(record.lastImposedMassType)}}};
 }
 
-void AppendCentre(Row& row, const ENOWBAllDataBuffer& record, const CATUnicodeString& massType,
-                  bool isKnown)
+void AppendCentre(Row& row, const std::optional<CATMathPoint>& centre)
 {
-    CATMathPoint* received = nullptr;
-    record.GetCenterOfGravity(massType, received);
-    const std::unique_ptr<CATMathPoint> centre(received);
-    const bool shown = isKnown && centre != nullptr;
-    row.push_back(NumberIf(shown, shown ? centre->GetX() : 0.0));
-    row.push_back(NumberIf(shown, shown ? centre->GetY() : 0.0));
-    row.push_back(NumberIf(shown, shown ? centre->GetZ() : 0.0));
+    for (const auto coordinate : {&CATMathPoint::GetX, &CATMathPoint::GetY, &CATMathPoint::GetZ}) {
+        row.push_back(centre ? Number(((*centre).*coordinate)()) : Cell{});
+    }
 }
 
-/// The moments and the products, the products with the sign of + integral of x y dm.
-void AppendInertia(Row& row, const ENOWBAllDataBuffer& record, const CATUnicodeString& massType,
-                   bool isKnown)
+/// The moments, then the products with the sign of + integral of x y dm.
+void AppendInertia(Row& row, const std::optional<CATMath3x3Matrix>& inertia)
 {
-    CATMath3x3Matrix* received = nullptr;
-    record.GetInertia(massType, received);
-    const std::unique_ptr<CATMath3x3Matrix> inertia(received);
-    const bool shown = isKnown && inertia != nullptr;
     struct Term
     {
         int row;
         int column;
         double sign;
     };
-    constexpr std::array kTerms{Term{1, 1, 1},  Term{2, 2, 1},  Term{3, 3, 1},
-                                Term{1, 2, -1}, Term{1, 3, -1}, Term{2, 3, -1}};
+    constexpr std::array kTerms{Term{1, 1, 1}, Term{2, 2, 1}, Term{3, 3, 1}, Term{1, 2, -1}, Term{1, 3, -1}, Term{2, 3, -1}};
     for (const Term& term : kTerms) {
-        row.push_back(
-            NumberIf(shown, shown ? term.sign * inertia->GetCoef(term.row, term.column) : 0.0));
+        row.push_back(inertia ? Number(term.sign * inertia->GetCoef(term.row, term.column)) : Cell{});
     }
 }
 
-Row MassTypeRow(const ENOWBAllDataBuffer& record, const CATUnicodeString& massType,
-                const WBValueDetails& details)
-{
-    using Record = ENOWBAllDataBuffer;
-    const auto status = Get<Definitions::ValueStatus>(record, &Record::GetMassTypeStatus, massType);
-    const bool hasValues = status == Definitions::Assigned;
-    const WBValueDetails::Known known = details.Of(massType);
-    const bool hasMass = hasValues && known.mass;
-    Row row{Text(massType), Text(WordOf(status)),
-            NumberIf(hasMass, Get<double>(record, &Record::GetMass, massType)),
-            NumberIf(hasMass, Get<double>(record, &Record::GetLowerDeviation, massType)),
-            NumberIf(hasMass, Get<double>(record, &Record::GetUpperDeviation, massType))};
-    AppendCentre(row, record, massType, hasValues && known.centre);
-    AppendInertia(row, record, massType, hasValues && known.inertia);
-    const bool isPrecise =
-        Get<Definitions::PrecisionType>(record, &Record::GetPrecisionType, massType) ==
-        Definitions::PrecisionDefined;
-    const bool isAbsolute =
-        Get<Definitions::PrecisionValueType>(record, &Record::GetPrecisionValueType, massType) ==
-        Definitions::Absolute;
-    row.push_back(isPrecise ? Text(isAbsolute ? "absolute" : "percentage") : Cell{});
-    row.push_back(NumberIf(isPrecise, Get<double>(record, &Record::GetLowerPrecision, massType)));
-    row.push_back(NumberIf(isPrecise, Get<double>(record, &Record::GetUpperPrecision, massType)));
-    row.push_back(Number(Get<double>(record, &Record::GetDefaultLowerPrecision, massType)));
-    row.push_back(Number(Get<double>(record, &Record::GetDefaultUpperPrecision, massType)));
-    return row;
-}
-
-CATWBRecordTable MassTypesTable(const ENOWBAllDataBuffer& record, const WBValueDetails& details)
+CATWBRecordTable MassTypesTable(const WBPanelRecord& record)
 {
     CATWBRecordTable table{"mass_types",
                            true,
-                           {"name", "status", "mass", "lower_deviation", "upper_deviation", "cgx",
-                            "cgy", "cgz", "ixx", "iyy", "izz", "ixy", "ixz", "iyz", "precision",
-                            "lower_precision", "upper_precision", "default_lower_precision",
-                            "default_upper_precision"},
+                           {"name", "status", "mass", "lower_deviation", "upper_deviation", "cgx", "cgy", "cgz", "ixx",
+                            "iyy", "izz", "ixy", "ixz", "iyz", "precision", "lower_precision", "upper_precision",
+                            "default_lower_precision", "default_upper_precision"},
                            {}};
-    CATListValCATUnicodeString massTypes;
-    record.GetMassTypes(massTypes);
-    for (const CATUnicodeString& massType : massTypes.Items()) {
-        table.rows.push_back(MassTypeRow(record, massType, details));
-    }
-    return table;
-}
-
-CATWBRecordTable MaterialTable(const ENOWBAllDataBuffer& record)
-{
-    using Record = ENOWBAllDataBuffer;
-    const auto status = Get(record, &Record::GetWBDensityStatus);
-    const auto partStatus = record.GetPartRefWBDensityStatus();
-    const auto priority = Get(record, &Record::GetDensityPriority);
-    return {"material",
-            false,
-            {"material", "applied_on", "density_status", "density", "density_first",
-             "part_material", "part_density_status", "part_density"},
-            {{Text(Get(record, &Record::GetWBMaterialName)), Text(record.GetAppliedOnObject()),
-              Text(WordOf(status)),
-              NumberIf(status == Definitions::Assigned, Get(record, &Record::GetWBDensity)),
-              Text(priority == Definitions::WBDensityFirst ? "wb" : "material"),
-              Text(record.GetPartRefWBMaterialName()), Text(WordOf(partStatus)),
-              NumberIf(partStatus == Definitions::Assigned, record.GetPartRefWBDensity())}}};
-}
-
-CATWBRecordTable StatisticsTable(const ENOWBAllDataBuffer& record)
-{
-    CATWBRecordTable table{"material_statistics", true, {"material", "dimension", "mass"}, {}};
-    CATListValCATUnicodeString names;
-    CATRawColldouble masses;
-    CATRawCollint dimensions;
-    record.GetWBMatStatInfo(names, masses, dimensions);
-    for (int position = 1; position <= names.Size(); ++position) {
-        table.rows.push_back(
-            {Text(names[position]), Number(dimensions[position]), Number(masses[position])});
-    }
-    return table;
-}
-
-CATWBRecordTable DocumentTable(const ENOWBAllDataBuffer& record)
-{
-    const bool hasDocument = !(record.GetActiveDocId() == CATUnicodeString("0"));
-    return {
-        "document",
-        false,
-        {"active", "version", "attached", "old_revisions_usable", "used_specific_revision_before"},
-        {{hasDocument ? Text(record.GetActiveDocId()) : Cell{}, Text(record.GetActiveDocVersion()),
-          Text(record.GetCurrentlyAttachedVersion()), Flag(record.AreOldDocumentsUsed()),
-          Flag(record.HasUsedSpecificRevBefore())}}};
-}
-
-CATWBRecordTable RevisionsTable(const ENOWBAllDataBuffer& record)
-{
-    using Record = ENOWBAllDataBuffer;
-    CATWBRecordTable table{
-        "revisions",
-        true,
-        {"version", "checkin_date", "checkin_user", "checkout_user", "active_mass_type", "mass"},
-        {}};
-    constexpr std::array kTexts{Record::Version, Record::LastCheckInDate, Record::LastCheckInUser,
-                                Record::LastCheckOutUser, Record::ActiveMassType};
-    for (int position = 1; position <= record.GetVersionCount(); ++position) {
-        Row row;
-        CATUnicodeString text;
-        for (const Record::DocInfo what : kTexts) {
-            record.GetDocRevsInfo(position, what, text);
-            row.push_back(Text(text));
-        }
-        double mass = 0.0;
-        record.GetDocRevsInfo(position, Record::Mass, text);
-        row.push_back(NumberIf(text.ReadReal(mass) == 1, mass));
+    for (const WBPanelMassType& type : record.massTypes) {
+        Row row{Text(type.name), Text(WordOf(type.status)), Number(type.mass), Number(type.lowerDeviation),
+                Number(type.upperDeviation)};
+        AppendCentre(row, type.centre);
+        AppendInertia(row, type.inertia);
+        row.push_back(type.hasPrecision ? Text(type.isPrecisionAbsolute ? "absolute" : "percentage") : Cell{});
+        row.push_back(type.hasPrecision ? Number(type.lowerPrecision) : Cell{});
+        row.push_back(type.hasPrecision ? Number(type.upperPrecision) : Cell{});
+        row.push_back(Number(type.defaultLowerPrecision));
+        row.push_back(Number(type.defaultUpperPrecision));
         table.rows.push_back(std::move(row));
     }
     return table;
 }
 
-CATWBRecordTable PropertiesTable(const ENOWBAllDataBuffer& record)
+CATWBRecordTable MaterialTable(const WBPanelRecord& record)
 {
-    CATWBRecordTable table{
-        "properties", true, {"name", "type", "is_date", "owner", "value", "magnitude"}, {}};
-    CATListValCATUnicodeString names;
-    CATListValCATUnicodeString owners;
-    CATListValCATUnicodeString values;
-    CATListValCATUnicodeString magnitudes;
-    CATRawCollint types;
-    CATRawCollint dates;
-    record.GetExtraPropertiesInfo(names, types, dates, owners, values, magnitudes);
-    for (int position = 1; position <= names.Size(); ++position) {
-        table.rows.push_back({Text(names[position]), Number(types[position]),
-                              Flag(dates[position] == 1), Text(owners[position]),
-                              Text(values[position]), Text(magnitudes[position])});
+    return {"material",
+            false,
+            {"material", "applied_on", "density_status", "density", "density_first", "part_material",
+             "part_density_status", "part_density"},
+            {{Text(record.density.material), Text(record.appliedOn), Text(WordOf(record.density.status)),
+              Number(record.density.density), Text(record.isMaterialDensityFirst ? "material" : "wb"),
+              Text(record.partDensity.material), Text(WordOf(record.partDensity.status)),
+              Number(record.partDensity.density)}}};
+}
+
+CATWBRecordTable StatisticsTable(const WBPanelRecord& record)
+{
+    CATWBRecordTable table{"material_statistics", true, {"material", "dimension", "mass"}, {}};
+    for (const WBPanelStatistic& statistic : record.statistics) {
+        table.rows.push_back({Text(statistic.material), Number(statistic.dimension), Number(statistic.mass)});
     }
     return table;
 }
 
-CATWBRecordTable PositionTable(const ENOWBAllDataBuffer& record)
+CATWBRecordTable DocumentTable(const WBPanelRecord& record)
+{
+    return {"document",
+            false,
+            {"active", "version", "attached", "computed_on", "old_revisions_usable", "used_specific_revision_before"},
+            {{Text(record.activeDocument), Text(record.activeDocumentVersion), Text(record.attachedRevision),
+              Text(record.isAttachedRevisionUsed ? "attached" : "latest"), Flag(record.areOldRevisionsUsable),
+              Flag(record.hasUsedSpecificRevision)}}};
+}
+
+CATWBRecordTable RevisionsTable(const WBPanelRecord& record)
+{
+    CATWBRecordTable table{"revisions",
+                           true,
+                           {"version", "checkin_date", "checkin_user", "checkout_user", "active_mass_type", "mass"},
+                           {}};
+    for (const WBPanelRevision& revision : record.revisions) {
+        table.rows.push_back({Text(revision.version), Text(revision.checkInDate), Text(revision.checkInUser),
+                              Text(revision.checkOutUser), Text(revision.activeMassType), Number(revision.mass)});
+    }
+    return table;
+}
+
+CATWBRecordTable PropertiesTable(const WBPanelRecord& record)
+{
+    CATWBRecordTable table{"properties", true, {"name", "type", "is_date", "owner", "value", "magnitude"}, {}};
+    for (const WBPanelProperty& property : record.properties) {
+        table.rows.push_back({Text(property.name), Number(property.type), Flag(property.isDate), Text(property.owner),
+                              Text(property.value), Text(property.magnitude)});
+    }
+    return table;
+}
+
+CATWBRecordTable PositionTable(const WBPanelRecord& record)
 {
     CATWBRecordTable table{"position",
                            false,
                            {"xx", "xy", "xz", "yx", "yy", "yz", "zx", "zy", "zz", "x", "y", "z"},
                            {{}}};
-    CATRawColldouble values;
-    record.GetListOfTransMatrix(values);
-    for (int position = 1; position <= table.columns.Size(); ++position) {
-        table.rows.front().push_back(position <= values.Size() ? Number(values[position]) : Cell{});
+    std::array<double, 12> coefficients{};
+    if (record.placement) {
+        record.placement->GetCoefficients(coefficients);
+    }
+    for (const double coefficient : coefficients) {
+        table.rows.front().push_back(record.placement ? Number(coefficient) : Cell{});
     }
     return table;
 }
 
 } // namespace
 
-std::vector<CATWBRecordTable> WBDescribeRecord(const ENOWBAllDataBuffer& record,
-                                               const WBValueDetails& details)
+std::vector<CATWBRecordTable> WBDescribeRecord(const WBPanelRecord& record)
 {
-    return {PartTable(record),       MassTypesTable(record, details),
-            MaterialTable(record),   StatisticsTable(record),
-            DocumentTable(record),   RevisionsTable(record),
-            PropertiesTable(record), PositionTable(record)};
+    return {PartTable(record),     MassTypesTable(record), MaterialTable(record),   StatisticsTable(record),
+            DocumentTable(record), RevisionsTable(record), PropertiesTable(record), PositionTable(record)};
 }

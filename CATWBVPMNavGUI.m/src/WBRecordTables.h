@@ -2,11 +2,9 @@
 
 #include "CATWBRecordTables.h"
 
-class ENOWBAllDataBuffer;
-class WBValueDetails;
+struct WBPanelRecord;
 
-/// Everything in a record as plain tables: "part" (identity, flags, active mass type),
-/// "mass_types", "material", "material_statistics", "documents" and "revisions", "properties",
-/// "position". What `details` says is unknown, or a status says is not there, is Unknown.
-std::vector<CATWBRecordTable> WBDescribeRecord(const ENOWBAllDataBuffer& record,
-                                               const WBValueDetails& details);
+/// Everything that the panel knows as plain tables, for programs that print it: "part", "mass_types",
+/// "material", "material_statistics", "document", "revisions", "properties", "position". What the record
+/// does not know is Unknown.
+std::vector<CATWBRecordTable> WBDescribeRecord(const WBPanelRecord& record);

@@ -60,6 +60,7 @@ WBValueDetails WBValueDetails::Ask(const ENOWBAllDataBuffer& record)
 bool WBValueDetails::Read(const CATUnicodeString& answer)
 {
     CATToken fields(answer);
+    const CATUnicodeString partName = fields.GetNextToken(kSeparator);
     int count = 0;
     if (fields.GetNextToken(kSeparator).ReadInt(count) != 1) {
         return false;
@@ -75,8 +76,14 @@ bool WBValueDetails::Read(const CATUnicodeString& answer)
         }
         known.insert_or_assign(name.ToStdString(), flags);
     }
+    m_partName = partName;
     m_known = std::move(known);
     return true;
+}
+
+bool WBValueDetails::Says(const CATUnicodeString& massType) const
+{
+    return m_known.find(massType.View()) != m_known.end();
 }
 
 WBValueDetails::Known WBValueDetails::Of(const CATUnicodeString& massType) const

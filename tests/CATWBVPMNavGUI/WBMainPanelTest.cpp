@@ -1,0 +1,495 @@
+#include "WBMainPanel.h"
+
+#include "PanelSession.h"
+
+#include "CATDlgMultiList.h"
+#include "CATFatalError.h"
+#include "CATWBVPMNavGUITable.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <QToolTip>
+
+extern "C" void CATWBVPMNavGUIRegister();
+
+namespace
+{
+
+/// The toolkit, once for all tests of the program.
+class Toolkit : public testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        m_application = std::make_unique<CATDlgApplication>(m_count, m_arguments.data());
+        CATUseNumberLocale("C");
+    }
+    void TearDown() override { m_application.reset(); }
+
+private:
+    int m_count = 1;
+    std::array<char, 5> m_program{'t', 'e', 's', 't', '\0'};
+    std::array<char*, 2> m_arguments{m_program.data(), nullptr};
+    std::unique_ptr<CATDlgApplication> m_application;
+};
+const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
+
+class WBMainPanelTest : public PanelSession
+{
+protected:
+    ~WBMainPanelTest() override { CATSession::Close(); }
+
+    void Open(const RecordHandle& record)
+    {
+        panel = new WBMainPanel(&CATSession::Root(), record.Get());
+        panel->SetVisibility(true);
+        Settle();
+    }
+    void Resize(int width, int height)
+    {
+        panel->Widget()->resize(width, height);
+        Settle();
+    }
+    static void Settle()
+    {
+        for (int round = 0; round < 3; ++round) {
+            CATDlgApplication::ProcessEvents();
+        }
+    }
+    template <class T>
+    T* Find(const char* name) const
+    {
+        return FindBelow<T>(*panel, name);
+    }
+    std::string Text(const char* label) const
+    {
+        const auto* found = Find<CATDlgLabel>(label);
+        return found == nullptr ? "no such label" : found->Title().ToStdString();
+    }
+    CATDlgMultiList* List(const char* page, const char* name = "List") const
+    {
+        return FindBelow<CATDlgMultiList>(*Find<CATDlgTabPage>(page), name);
+    }
+    QTabWidget* Tabs() const { return panel->Widget()->findChild<QTabWidget*>(); }
+    static QTableView* View(const CATDlgMultiList& list)
+    {
+        auto* view = qobject_cast<QTableView*>(list.Widget());
+        return view != nullptr ? view : list.Widget()->findChild<QTableView*>();
+    }
+
+    WBMainPanel* panel = nullptr;
+
+private:
+    template <class T>
+    static T* FindBelow(const CATCommand& parent, const char* name)
+    {
+        for (int position = 1; position <= parent.ChildCount(); ++position) {
+            CATCommand* child = parent.Child(position);
+            auto* wanted = dynamic_cast<T*>(child);
+            if (wanted != nullptr && child->Name() == name) {
+                return wanted;
+            }
+            if (T* found = FindBelow<T>(*child, name)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+};
+
+/// What the tooltip at that place of the widget says.
+std::string TooltipAt(QWidget& widget, const QPoint& place)
+{
+    QToolTip::hideText();
+    QHelpEvent help(QEvent::ToolTip, place, widget.mapToGlobal(place));
+    QApplication::sendEvent(&widget, &help);
+    return QToolTip::text().toStdString();
+}
+
+bool Says(const std::string& tooltip, const QString& whole)
+{
+    // Tooltips are made of plain text, in which blanks may be kept as unbreakable ones.
+    const QString plain =
+        QString::fromStdString(tooltip).remove(QChar(0xa0)).remove(QLatin1Char(' '));
+    QString wanted = whole.split(QLatin1Char('\n')).first();
+    wanted.remove(QLatin1Char(' '));
+    return plain.contains(wanted) ||
+           QString::fromStdString(tooltip).toHtmlEscaped().contains(whole.toHtmlEscaped());
+}
+
+/// Every label shows its text whole, or the whole text stands in its tooltip.
+void ExpectNoLabelIsCutInSilence(QWidget& window)
+{
+    for (QLabel* label : window.findChildren<QLabel*>()) {
+        if (!label->isVisible()) {
+            continue;
+        }
+        EXPECT_GE(label->contentsRect().height(), label->fontMetrics().height())
+            << label->objectName().toStdString();
+        int widest = 0;
+        for (const QString& line : label->text().split(QLatin1Char('\n'))) {
+            widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+        }
+        if (widest > label->contentsRect().width()) {
+            EXPECT_TRUE(Says(TooltipAt(*label, label->rect().center()), label->text()))
+                << label->objectName().toStdString();
+        }
+    }
+}
+
+/// No visible control reaches beyond the window or stands over another one.
+void ExpectNothingLeavesTheWindow(QWidget& window)
+{
+    const QRect room = window.rect();
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->isWindow() || widget->objectName().isEmpty() ||
+            widget->objectName().startsWith(QLatin1String("qt_"))) {
+            continue;
+        }
+        const QRect place(widget->mapTo(&window, QPoint(0, 0)), widget->size());
+        EXPECT_TRUE(room.contains(place)) << widget->objectName().toStdString();
+        for (QObject* other : widget->parentWidget()->children()) {
+            const auto* sibling = qobject_cast<QWidget*>(other);
+            if (sibling != nullptr && sibling != widget && sibling->isVisible() &&
+                !sibling->objectName().isEmpty() && qobject_cast<QLabel*>(widget) != nullptr &&
+                qobject_cast<const QLabel*>(sibling) != nullptr) {
+                EXPECT_FALSE(widget->geometry().intersects(sibling->geometry()))
+                    << widget->objectName().toStdString() << " and "
+                    << sibling->objectName().toStdString();
+            }
+        }
+    }
+}
+
+/// A list's titles are whole, numbers stand right, and what is cut in a cell stands in its tooltip.
+void ExpectListIsReadable(QTableView& view)
+{
+    const QAbstractItemModel& model = *view.model();
+    const QFontMetrics metrics = view.fontMetrics();
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const QString title = model.headerData(column, Qt::Horizontal).toString();
+        EXPECT_LE(metrics.horizontalAdvance(title), view.columnWidth(column))
+            << title.toStdString();
+        for (int row = 0; row < std::min(model.rowCount(), 3); ++row) {
+            const QModelIndex cell = model.index(row, column);
+            view.scrollTo(cell);
+            const QString text = cell.data().toString();
+            const QVariant font = cell.data(Qt::FontRole);
+            const int width = (font.isValid() ? QFontMetrics(font.value<QFont>()) : metrics)
+                                  .horizontalAdvance(text);
+            const QRect rect = view.visualRect(cell).intersected(view.viewport()->rect());
+            // Cells have room of 6 pixels at either side.
+            if (width > view.columnWidth(column) - 12 && !rect.isEmpty()) {
+                EXPECT_TRUE(Says(TooltipAt(*view.viewport(), rect.center()), text))
+                    << title.toStdString() << ": " << text.toStdString();
+            }
+        }
+    }
+    view.scrollToTop();
+}
+
+void ExpectEveryColumnIsReachedByKeys(QTableView& view)
+{
+    view.setFocus();
+    view.setCurrentIndex(view.model()->index(0, 0));
+    view.scrollTo(view.currentIndex());
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+        EXPECT_EQ(view.currentIndex().column(), column);
+        const QRect cell = view.visualRect(view.currentIndex());
+        EXPECT_TRUE(view.viewport()->rect().intersects(cell)) << column;
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+        QApplication::sendEvent(&view, &press);
+    }
+}
+
+} // namespace
+
+TEST_F(WBMainPanelTest, IsMadeThroughTheTableOfTheLibrary)
+{
+    const CATWBVPMNavGUITable before = CATWBVPMNavGUISetTable({});
+    CATWBVPMNavGUIRegister();
+    const RecordHandle record = RecordOf(FirewallStream());
+    CATWBVPMMainPanel* made = CATWBVPMMainPanel::Create(&CATSession::Root(), record.Get());
+    CATWBVPMNavGUISetTable(before);
+    ASSERT_NE(made, nullptr);
+    EXPECT_STREQ(made->ClassName(), "WBMainPanel");
+    EXPECT_EQ(made->Name(), "CATWBVPMMainPanel");
+    EXPECT_EQ(made->Parent(), &CATSession::Root());
+    EXPECT_EQ(made->GetResourceFilename(0), "CATWBVPMMainPanel");
+    EXPECT_EQ(made->GetResourceFilename(1), "");
+    EXPECT_EQ(record->ReferenceCount(), 2);
+}
+
+TEST_F(WBMainPanelTest, ShowsTheFirewallAtFirstGlance)
+{
+    server->details = "Firewall|1|Calculated|1|1|1|";
+    const RecordHandle record = RecordOf(FirewallStream());
+    record->SetIsLeaf(true);
+    Open(record);
+    EXPECT_EQ(panel->Title(), "Weight and balance of Firewall");
+    EXPECT_EQ(Text("Name"), "Firewall");
+    EXPECT_EQ(Text("Part"), "FUS-110, version A");
+    EXPECT_EQ(Text("Instance"), "FUS-110.1");
+    EXPECT_EQ(Text("Path"), "LA1 / FUS-000.1 / FUS-100.1 / FUS-110.1");
+    EXPECT_EQ(Text("UpToDate"), "Up to date");
+    EXPECT_EQ(Text("Kind"), "Single part");
+    EXPECT_EQ(Text("ActiveMassType"), "Calculated");
+    EXPECT_EQ(Text("LastImposed"), "Estimated");
+    EXPECT_EQ(Text("Mass"), "1.92 kg");
+    EXPECT_EQ(Text("Bounds"), "1.862 to 2.016 kg"); // 1.92 - 0.0576 and 1.92 + 0.096
+    EXPECT_EQ(Text("Centre"), "x 2   y 0   z -60 mm");
+}
+
+TEST_F(WBMainPanelTest, CaptionsComeFromTheResources)
+{
+    Open(RecordOf(FirewallStream()));
+    EXPECT_EQ(Text("CentreLabel"), "Centre of gravity");
+    EXPECT_EQ(Text("BoundsLabel"), "Mass lies between");
+    EXPECT_EQ(Tabs()->tabText(0), "Mass types");
+    EXPECT_EQ(Tabs()->tabText(4), "Position");
+    EXPECT_EQ(panel->GetCloseButton()->Title(), "Close");
+    // A caption that the resources lack shows the control's name.
+    for (QLabel* label : panel->Widget()->findChildren<QLabel*>()) {
+        EXPECT_FALSE(label->text().endsWith("Label")) << label->text().toStdString();
+        EXPECT_FALSE(label->text().endsWith("Note")) << label->text().toStdString();
+    }
+}
+
+TEST_F(WBMainPanelTest, SpeaksGermanWithACommaToo)
+{
+    CATMsgCatalog::SetLanguage("de");
+    ASSERT_TRUE(CATUseNumberLocale("de_DE.UTF-8"));
+    Open(RecordOf(FirewallStream()));
+    EXPECT_EQ(Text("CentreLabel"), "Schwerpunkt");
+    EXPECT_EQ(Text("Mass"), "1,92 kg");
+    EXPECT_EQ(Text("Bounds"), "1,862 bis 2,016 kg");
+    EXPECT_EQ(Tabs()->tabText(0), "Massentypen");
+    EXPECT_EQ(panel->GetCloseButton()->Title(), "Schließen");
+}
+
+TEST_F(WBMainPanelTest, FillsEveryTab)
+{
+    Open(RecordOf(FirewallStream()));
+    EXPECT_EQ(List("MassTypes")->RowCount(), 5);
+    EXPECT_EQ(List("MassTypes")->Cell(0, 3), "Calculated");
+    EXPECT_EQ(List("MassTypes")->Cell(3, 3), "1.92");
+    EXPECT_EQ(Text("Density"), "7900 kg/m3");
+    EXPECT_EQ(Text("MaterialName"), "Stainless steel 321");
+    EXPECT_EQ(Text("AppliedOn"), "–");
+    EXPECT_EQ(Text("PartDensity"), "–");
+    EXPECT_EQ(Text("PartMaterial"), "–");
+    EXPECT_EQ(Text("Priority"), "the density of the material");
+    EXPECT_EQ(List("Material")->Cell(2, 1), "75");
+    EXPECT_EQ(Text("ActiveDocument"), "DOC-55, version B");
+    EXPECT_EQ(Text("AttachedRevision"), "DOC-55 2");
+    EXPECT_EQ(Text("ComputedOn"), "the latest revision");
+    EXPECT_EQ(Text("OldRevisions"), "yes");
+    EXPECT_EQ(Text("SpecificRevision"), "yes");
+    EXPECT_EQ(Text("Saving"), "yes");
+    EXPECT_EQ(List("Documents")->Cell(5, 2), "jones");
+    EXPECT_EQ(List("Properties")->RowCount(), 6);
+    EXPECT_EQ(List("Properties")->Cell(1, 1), "1");
+    EXPECT_EQ(List("Properties")->Cell(2, 1), "h");
+    EXPECT_EQ(Text("Words"), "Turned by 30 deg about the axis (0; 0; 1).\n"
+                             "Shifted by x 1000 mm, y -20.5 mm, z 0 mm.");
+    EXPECT_EQ(List("Position")->Cell(4, 2), "-20.5");
+}
+
+TEST_F(WBMainPanelTest, ActiveMassTypeIsSelectedBoldAndItsInertiaShown)
+{
+    Open(RecordOf(FirewallStream()));
+    CATDlgMultiList* list = List("MassTypes");
+    EXPECT_EQ(list->SelectedRow(), 3);
+    const QTableView* view = View(*list);
+    EXPECT_TRUE(view->model()->index(2, 0).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_FALSE(view->model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(Text("InertiaHeading"), "Inertia of Calculated");
+    EXPECT_EQ(List("MassTypes", "Inertia")->Cell(1, 1), "0.275557");
+}
+
+TEST_F(WBMainPanelTest, SelectedMassTypeShowsItsInertia)
+{
+    Open(RecordOf(FirewallStream()));
+    QTableView* view = View(*List("MassTypes"));
+    view->setFocus();
+    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
+    QApplication::sendEvent(view, &up);
+    EXPECT_EQ(Text("InertiaHeading"), "The inertia of Estimated is not known");
+    EXPECT_EQ(List("MassTypes", "Inertia")->RowCount(), 0);
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(view, &down);
+    EXPECT_EQ(Text("InertiaHeading"), "Inertia of Calculated");
+    EXPECT_EQ(List("MassTypes", "Inertia")->RowCount(), 3);
+}
+
+TEST_F(WBMainPanelTest, AnotherRecordReplacesTheShownOne)
+{
+    const RecordHandle first = RecordOf(FirewallStream());
+    const RecordHandle second = RecordOf(WideStream());
+    Open(first);
+    panel->SetModel(second.Get());
+    EXPECT_EQ(first->ReferenceCount(), 1);
+    EXPECT_EQ(second->ReferenceCount(), 2);
+    EXPECT_EQ(List("MassTypes")->RowCount(), 60);
+    EXPECT_EQ(List("MassTypes")->SelectedRow(), 1);
+    EXPECT_EQ(Text("Mass"), "1234567.891 kg");
+    EXPECT_EQ(Text("UpToDate"), "Not up to date");
+    panel->SetModel(first.Get());
+    EXPECT_EQ(second->ReferenceCount(), 1);
+    EXPECT_EQ(List("MassTypes")->RowCount(), 5);
+    EXPECT_EQ(Text("Mass"), "1.92 kg");
+}
+
+TEST_F(WBMainPanelTest, RecordWithoutTheActiveTypeSelectsNoRow)
+{
+    const RecordHandle record = RecordOf(FirewallStream());
+    Open(record);
+    record->SetActiveMassType("Gone");
+    panel->SetModel(record.Get());
+    EXPECT_EQ(List("MassTypes")->SelectedRow(), 0);
+    EXPECT_EQ(Text("InertiaHeading"), "Inertia: select a mass type");
+    EXPECT_EQ(Text("Mass"), "–");
+}
+
+TEST_F(WBMainPanelTest, UnitsAreThoseOfTheNextRecord)
+{
+    const RecordHandle record = RecordOf(FirewallStream());
+    Open(record);
+    ShowIn("MASS", "g");
+    panel->SetModel(record.Get());
+    EXPECT_EQ(Text("Mass"), "1920 g");
+    EXPECT_EQ(List("MassTypes")->ColumnTitles()[4], "Mass [g]");
+    EXPECT_EQ(List("MassTypes")->Cell(3, 3), "1920");
+}
+
+TEST_F(WBMainPanelTest, EmptyRecordShowsDashesAndEmptyLists)
+{
+    Open(RecordHandle::Adopt(new CATWBAllDataBuffer));
+    EXPECT_EQ(Text("Mass"), "–");
+    EXPECT_EQ(Text("Centre"), "–");
+    EXPECT_EQ(List("MassTypes")->RowCount(), 0);
+    EXPECT_EQ(Text("Words"), "The position in the product is not known.");
+}
+
+TEST_F(WBMainPanelTest, PanelWithoutARecordIsEmpty)
+{
+    panel = new WBMainPanel(&CATSession::Root(), nullptr);
+    panel->SetVisibility(true);
+    EXPECT_EQ(Text("Mass"), "–");
+    EXPECT_EQ(List("MassTypes")->RowCount(), 0);
+}
+
+TEST_F(WBMainPanelTest, CloseButtonHidesThePanelAndTellsItsListeners)
+{
+    Open(RecordOf(FirewallStream()));
+    auto* listener = new CATCommand(&CATSession::Root(), "Listener");
+    int heard = 0;
+    listener->Subscribe(panel->GetCloseButton(), CATDlgPushButton::Activated,
+                        [&heard](const CATNotification&) { ++heard; });
+    auto* button = panel->Widget()->findChild<QAbstractButton*>("CloseButton");
+    ASSERT_NE(button, nullptr);
+    button->click();
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(heard, 1);
+}
+
+TEST_F(WBMainPanelTest, FaultOfAnOwnActionLeavesThePanelOpenAndReloaded)
+{
+    CATSession::SetFaultReporter([](const CATUnicodeString&, const CATUnicodeString&) {});
+    Open(RecordOf(FirewallStream()));
+    Find<CATDlgLabel>("Mass")->SetTitle("half written");
+    EXPECT_FALSE(CATSession::RunGuarded(panel, [] { throw CATFatalError("x", "Some.cpp", 1); }));
+    EXPECT_FALSE(panel->IsDestructionRequested());
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(Text("Mass"), "1.92 kg");
+    CATSession::SetFaultReporter({});
+}
+
+TEST_F(WBMainPanelTest, EveryFieldIsReadOnlySelectableAndCopyable)
+{
+    Open(RecordOf(FirewallStream()));
+    for (QLabel* label : panel->Widget()->findChildren<QLabel*>()) {
+        if (label->objectName().isEmpty()) {
+            continue;
+        }
+        EXPECT_TRUE(label->textInteractionFlags().testFlag(Qt::TextSelectableByMouse))
+            << label->objectName().toStdString();
+        EXPECT_TRUE(label->textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard))
+            << label->objectName().toStdString();
+        EXPECT_FALSE(label->textInteractionFlags().testFlag(Qt::TextEditable));
+    }
+    for (QTableView* view : panel->Widget()->findChildren<QTableView*>()) {
+        EXPECT_EQ(view->editTriggers(), QAbstractItemView::NoEditTriggers);
+        EXPECT_NE(view->selectionMode(), QAbstractItemView::NoSelection);
+    }
+    auto* mass = panel->Widget()->findChild<QLabel*>("Mass");
+    ASSERT_NE(mass, nullptr);
+    QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+    QApplication::sendEvent(mass, &copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "1.92 kg");
+}
+
+TEST_F(WBMainPanelTest, NumbersStandAtTheRightUnderTitlesThatDoToo)
+{
+    Open(RecordOf(FirewallStream()));
+    const QAbstractItemModel& model = *View(*List("MassTypes"))->model();
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const bool isNumber = column >= 3 && column <= 14;
+        for (const QVariant& alignment :
+             {model.index(2, column).data(Qt::TextAlignmentRole),
+              model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole)}) {
+            EXPECT_EQ((alignment.toInt() & Qt::AlignRight) != 0, isNumber) << column;
+        }
+    }
+    EXPECT_FALSE(model.headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString().isEmpty());
+}
+
+TEST_F(WBMainPanelTest, NothingIsCutInSilenceOnSmallAndLargeScreens)
+{
+    Open(RecordOf(WideStream()));
+    ASSERT_EQ(List("MassTypes")->RowCount(), 60);
+    for (const QSize& size : {QSize(800, 600), QSize(1920, 1080)}) {
+        Resize(size.width(), size.height());
+        ASSERT_EQ(panel->Widget()->size(), size);
+        for (int page = 0; page < Tabs()->count(); ++page) {
+            SCOPED_TRACE(std::to_string(size.width()) + " wide, page " + std::to_string(page));
+            Tabs()->setCurrentIndex(page);
+            Settle();
+            ExpectNoLabelIsCutInSilence(*panel->Widget());
+            ExpectNothingLeavesTheWindow(*panel->Widget());
+            for (QTableView* view : panel->Widget()->findChildren<QTableView*>()) {
+                if (view->isVisible()) {
+                    ExpectListIsReadable(*view);
+                    ExpectEveryColumnIsReachedByKeys(*view);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(WBMainPanelTest, FirstGlanceIsWholeForOrdinaryNamesOnASmallScreen)
+{
+    for (const char* language : {"en", "de"}) {
+        CATMsgCatalog::SetLanguage(language);
+        Open(RecordOf(FirewallStream()));
+        Resize(800, 600);
+        for (const char* name : {"Name", "Part", "Instance", "Path", "UpToDate", "Kind",
+                                 "ActiveMassType", "LastImposed", "Mass", "Bounds", "Centre",
+                                 "ActiveMassTypeLabel", "BoundsLabel", "CentreLabel"}) {
+            const auto* label = panel->Widget()->findChild<QLabel*>(name);
+            ASSERT_NE(label, nullptr) << name;
+            EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()),
+                      label->contentsRect().width())
+                << name;
+        }
+    }
+}
