@@ -270,7 +270,8 @@ int ListView::FittingWidth(int column) const
     for (std::size_t row = 0; row < std::min(rows.size(), kSampledRows); ++row) {
         const QFontMetrics& metrics = m_model.IsEmphasised(row) ? bold : usual;
         const QString text = ToQt(CellText(rows, row, static_cast<std::size_t>(column)));
-        width = std::max(width, metrics.horizontalAdvance(text));
+        // An advance is rounded, and may be a part of a pixel short of what is painted.
+        width = std::max(width, metrics.horizontalAdvance(text) + 1);
     }
     const int character = usual.horizontalAdvance(QLatin1Char('0'));
     return std::clamp(width, kNarrowestCharacters * character, kWidestCharacters * character) +
@@ -320,7 +321,7 @@ bool ListView::viewportEvent(QEvent* event)
             const QVariant cellFont = cell.data(Qt::FontRole);
             const QFontMetrics metrics(cellFont.isValid() ? cellFont.value<QFont>() : font());
             QStringList lines;
-            if (metrics.horizontalAdvance(text) > columnWidth(cell.column()) - kCellMargin) {
+            if (metrics.horizontalAdvance(text) >= columnWidth(cell.column()) - kCellMargin) {
                 lines.append(text);
             }
             if (!more.isEmpty()) {
