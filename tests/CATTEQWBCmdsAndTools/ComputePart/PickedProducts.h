@@ -16,10 +16,7 @@
 class FakeDocument : public CATDocument
 {
 public:
-    long GetIdentifier(CATUnicodeString& output) const override
-    {
-        return Give(identifier, output);
-    }
+    long GetIdentifier(CATUnicodeString& output) const override { return Give(identifier, output); }
     long GetStorageEnvironment(CATUnicodeString& output) const override
     {
         return Give(environment, output);
