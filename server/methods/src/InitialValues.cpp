@@ -111,10 +111,10 @@ struct ShownDensity
 ShownDensity DensityOf(const Node& node, const DensityChoice& choice)
 {
     const ValueSet* active = node.Sets().Find(node.activeType);
-    const Dimension wanted =
-        (active == nullptr ? std::nullopt : SizedBy(*active))
-            .value_or(IsKnown(DensityInUse(choice, Dimension::Volume)) ? Dimension::Volume
-                                                                       : Dimension::Surface);
+    const bool surfaceAlone = !IsKnown(DensityInUse(choice, Dimension::Volume)) &&
+                              IsKnown(DensityInUse(choice, Dimension::Surface));
+    const Dimension wanted = (active == nullptr ? std::nullopt : SizedBy(*active))
+                                 .value_or(surfaceAlone ? Dimension::Surface : Dimension::Volume);
     return {DensityInUse(choice, wanted), wanted};
 }
 

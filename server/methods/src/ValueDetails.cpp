@@ -16,10 +16,7 @@ std::string GetValueDetails(const Store& store, std::string_view text, const Cal
     answer.Add(CATENOWBCSCommonDefinitions::Computed).Add(false).Add(false).Add(false);
     for (const MassType& type : node.types) {
         const ValueSet set = node.CompleteSet(type.name);
-        answer.Add(type.name)
-            .Add(set.Has(Fact::Mass))
-            .Add(set.HasCentre())
-            .Add(set.HasInertia());
+        answer.Add(type.name).Add(set.Has(Fact::Mass)).Add(set.HasCentre()).Add(set.HasInertia());
     }
     return answer.Take();
 }

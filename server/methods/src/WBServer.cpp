@@ -20,10 +20,8 @@ struct MethodRow
 
 constexpr std::array kMethods{
     MethodRow{"WBCompPartGetInitialValues", GetInitialValues},
-    MethodRow{"WBGetValueDetails", GetValueDetails},
-    MethodRow{"WBListRoots", ListRoots},
-    MethodRow{"WBListUses", ListUses},
-    MethodRow{"WBListMassTypes", ListMassTypes}};
+    MethodRow{"WBGetValueDetails", GetValueDetails}, MethodRow{"WBListRoots", ListRoots},
+    MethodRow{"WBListUses", ListUses}, MethodRow{"WBListMassTypes", ListMassTypes}};
 
 std::string ErrorAnswer(const std::string& sentence)
 {

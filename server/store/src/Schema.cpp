@@ -111,8 +111,8 @@ std::string OwnedTables(const std::string& owner)
         sql += std::string(", ") + FactName(static_cast<Fact>(i)) + " REAL";
     }
     sql += ", source TEXT, source_date TEXT, author TEXT, note TEXT, typed TEXT, "
-           "CHECK (lower >= 0 AND upper >= 0 OR lower IS NULL AND upper IS NULL), "
-           "CHECK (lower_pct >= 0 AND upper_pct >= 0 OR lower_pct IS NULL AND upper_pct IS NULL), "
+           "CHECK ((lower IS NULL) = (upper IS NULL) AND min(lower, upper) >= 0), "
+           "CHECK ((lower_pct IS NULL) = (upper_pct IS NULL) AND min(lower_pct, upper_pct) >= 0), "
            "CHECK ((cgx IS NULL) = (cgy IS NULL) AND (cgx IS NULL) = (cgz IS NULL)), "
            "PRIMARY KEY (owner, mass_type)) WITHOUT ROWID;"
            "CREATE TABLE " +

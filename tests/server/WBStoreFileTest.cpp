@@ -1,0 +1,156 @@
+#include "ServerTesting.h"
+#include "WBStore.h"
+
+#include <sqlite3.h>
+
+using namespace wb;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace
+{
+/// Runs SQL on a file through a connection of its own.
+class Connection
+{
+public:
+    explicit Connection(const std::string& path) { sqlite3_open(path.c_str(), &m_database); }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection() { sqlite3_close(m_database); }
+    int Run(const std::string& sql)
+    {
+        return sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
+    }
+
+private:
+    sqlite3* m_database = nullptr;
+};
+
+Product SmallProduct()
+{
+    return wbtest::Read("parent,instance,part\n,,A\nA,P.1,P\n").product;
+}
+} // namespace
+
+TEST(WBStoreFile, NewDatabaseHoldsTheShippedMassTypes)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+    ASSERT_NE(opened.store, nullptr) << opened.error;
+    EXPECT_EQ(opened.store->MassTypes(), ShippedMassTypes());
+    EXPECT_TRUE(opened.store->Roots().empty());
+    EXPECT_EQ(opened.store->Path(), directory.File("x.db"));
+}
+
+TEST(WBStoreFile, DatabaseAtRestIsOneFile)
+{
+    const wbtest::Directory directory;
+    {
+        const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+        EXPECT_THAT(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c", false}).errors,
+                    ElementsAre());
+    }
+    const auto count = std::distance(
+        std::filesystem::directory_iterator(std::filesystem::path(directory.File(""))),
+        std::filesystem::directory_iterator());
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(Store::Open(directory.File("x.db")).store->Roots().size(), 1U);
+}
+
+TEST(WBStoreFile, MissingFileIsNamedWithWhatToDo)
+{
+    const auto opened = Store::Open("/nowhere/x.db");
+    EXPECT_EQ(opened.store, nullptr);
+    EXPECT_EQ(opened.error, "/nowhere/x.db: the database does not exist; make one with \"wb import "
+                            "FILE.csv --into /nowhere/x.db\"");
+}
+
+TEST(WBStoreFile, PlaceThatCannotBeWrittenIsNamed)
+{
+    EXPECT_THAT(Store::OpenOrCreate("/nowhere/x.db").error,
+                StartsWith("/nowhere/x.db: the database cannot be opened"));
+    EXPECT_THAT(Store::Open("/tmp").error, HasSubstr("is a directory"));
+}
+
+TEST(WBStoreFile, DamagedFileIsRefused)
+{
+    const wbtest::Directory directory;
+    const auto path = directory.Write("x.db", std::string(4096, 'x'));
+    EXPECT_EQ(Store::Open(path).error,
+              path +
+                  ": the file is damaged or is not a database; restore it from a copy, or import "
+                  "the products into a new one");
+}
+
+TEST(WBStoreFile, DatabaseOfAnotherProgramIsRefused)
+{
+    const wbtest::Directory directory;
+    const auto path = directory.File("x.db");
+    Connection(path).Run("CREATE TABLE t (a)");
+    EXPECT_THAT(Store::Open(path).error, HasSubstr("is no weight-and-balance database"));
+    EXPECT_THAT(Store::Open(directory.Write("empty.db", "")).error,
+                HasSubstr("is no weight-and-balance database"));
+}
+
+TEST(WBStoreFile, NewerVersionIsRefused)
+{
+    const wbtest::Directory directory;
+    const auto path = directory.File("x.db");
+    Store::OpenOrCreate(path);
+    Connection(path).Run("PRAGMA user_version = 9");
+    EXPECT_EQ(Store::Open(path).error,
+              path + ": the database was written by a newer version of wb (its tables are version "
+                     "9, this program knows version 1); open it with that version");
+}
+
+TEST(WBStoreFile, LockedDatabaseIsSaidAndLeftAsItWas)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"), 10);
+    Connection other(directory.File("x.db"));
+    ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
+    const std::string locked = directory.File("x.db") + ": another program is writing to this "
+                                                        "database; wait until it has ended and "
+                                                        "try again";
+    EXPECT_THAT(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c", false}).errors,
+                ElementsAre(locked));
+    EXPECT_THAT(opened.store->PutMassTypes(ShippedMassTypes(), "kim", "m.csv"),
+                ElementsAre(locked));
+    EXPECT_THROW(opened.store->Roots(), StoreError);
+    EXPECT_EQ(Store::Open(directory.File("x.db"), 10).error, locked);
+    other.Run("COMMIT");
+    EXPECT_TRUE(opened.store->Roots().empty());
+}
+
+TEST(WBStoreFile, TablesRefuseWhatNoImportWouldWrite)
+{
+    const wbtest::Directory directory;
+    const auto path = directory.File("x.db");
+    Store::OpenOrCreate(path);
+    Connection other(path);
+    other.Run("PRAGMA foreign_keys = ON");
+    const auto run = [&](const std::string& sql) {
+        return other.Run(sql);
+    };
+    const std::string part =
+        "INSERT INTO part (identifier, version, type, standard, density_first, "
+        "errors, change_number) VALUES ";
+    EXPECT_EQ(run(part + "('P', 'A', 0, 0, 0, 0, 1)"), SQLITE_OK);
+    EXPECT_EQ(run(part + "('P', 'A', 0, 0, 0, 0, 1)"), SQLITE_CONSTRAINT);
+    EXPECT_EQ(run(part + "('', 'A', 0, 0, 0, 0, 1)"), SQLITE_CONSTRAINT);
+    EXPECT_EQ(run(part + "('Q', 'A', 9, 0, 0, 0, 1)"), SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO part_value (owner, mass_type, mass) VALUES (1, 2, 3)"), SQLITE_OK);
+    EXPECT_EQ(run("INSERT INTO part_value (owner, mass_type) VALUES (7, 2)"), SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO part_value (owner, mass_type, lower) VALUES (1, 3, 3)"),
+              SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO part_value (owner, mass_type, cgx) VALUES (1, 3, 3)"),
+              SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO part_property VALUES (1, 1, 'N', 5, 0, 'x', NULL, NULL)"),
+              SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO mass_type VALUES (9, 'Computed', 99, 'goal', NULL, 0, 0, '')"),
+              SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO mass_type VALUES (9, 'X', 99, 'goal', 'actual', 0, 0, '')"),
+              SQLITE_CONSTRAINT);
+    EXPECT_EQ(run("INSERT INTO material VALUES (1, 'Al', 1, 1, '')"), SQLITE_CONSTRAINT);
+}
