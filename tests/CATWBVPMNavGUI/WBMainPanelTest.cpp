@@ -14,7 +14,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScrollBar>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTableView>
 #include <QToolTip>
@@ -386,6 +386,40 @@ TEST_F(WBMainPanelTest, PanelWithoutARecordIsEmpty)
     panel->SetVisibility(true);
     EXPECT_EQ(Text("Mass"), "–");
     EXPECT_EQ(List("MassTypes")->RowCount(), 0);
+}
+
+TEST_F(WBMainPanelTest, StateIsSaidToThoseWhoDoNotSeeItsColour)
+{
+    const RecordHandle record = RecordOf(FirewallStream());
+    Open(record);
+    const auto* sign = panel->Widget()->findChild<QLabel*>("UpToDate");
+    EXPECT_EQ(sign->accessibleDescription(), "good");
+    record->SetUpToDateFlag(false);
+    panel->SetModel(record.Get());
+    EXPECT_EQ(sign->accessibleDescription(), "warning");
+    EXPECT_EQ(Text("UpToDate"), "Not up to date");
+}
+
+TEST_F(WBMainPanelTest, ListsTakeTheRoomThatALargeScreenHas)
+{
+    Open(RecordOf(WideStream()));
+    Resize(1920, 1080);
+    const char* const pages[] = {"MassTypes", "Material", "Documents", "Properties", "Position"};
+    for (int page = 0; page < Tabs()->count(); ++page) {
+        Tabs()->setCurrentIndex(page);
+        Settle();
+        EXPECT_GT(View(*List(pages[page]))->height(), 500) << pages[page];
+        EXPECT_GT(View(*List(pages[page]))->width(), 1800) << pages[page];
+    }
+    EXPECT_LT(View(*List("MassTypes", "Inertia"))->height(), 150);
+}
+
+TEST_F(WBMainPanelTest, OpensAsLargeAsTheScreenAllows)
+{
+    Open(RecordOf(FirewallStream()));
+    const QSize screen = panel->Widget()->screen()->availableSize();
+    EXPECT_GE(panel->Widget()->width(), std::min(screen.width() - 100, 1000));
+    EXPECT_GE(panel->Widget()->height(), std::min(screen.height() - 150, 700));
 }
 
 TEST_F(WBMainPanelTest, CloseButtonHidesThePanelAndTellsItsListeners)
