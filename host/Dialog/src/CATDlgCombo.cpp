@@ -1,13 +1,11 @@
 #include "CATDlgControls.h"
 #include "StyleWords.h"
 #include "Toolkit.h"
+#include "WholeText.h"
 
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
-#include <QTextDocument>
-#include <QToolTip>
 
 #include <array>
 
@@ -45,12 +43,7 @@ protected:
 
     bool event(QEvent* event) override
     {
-        if (event->type() == QEvent::ToolTip && IsCut()) {
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                               Qt::convertFromPlainText(currentText()), this);
-            return true;
-        }
-        return QComboBox::event(event);
+        return ShowWholeText(*this, *event, currentText(), IsCut()) || QComboBox::event(event);
     }
 
 private:

@@ -135,6 +135,7 @@ struct CATDlgNotify::Box
 CATDlgNotify::CATDlgNotify(CATCommand* parent, const CATString& name, int style)
     : CATDlgDialog(parent, name, style), m_box(std::make_unique<Box>())
 {
+    SetTitle(name);
     auto* window = dynamic_cast<DialogWindow*>(Widget());
     if (window == nullptr) {
         return;

@@ -1,14 +1,12 @@
 #include "LineEditor.h"
 
 #include "Appearance.h"
+#include "WholeText.h"
 
 #include <QFocusEvent>
-#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
-#include <QTextDocument>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -62,13 +60,7 @@ QSize LineEditor::minimumSizeHint() const
 
 bool LineEditor::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTip && IsCut()) {
-        const QString whole = toolTip().isEmpty() ? text() : text() + QLatin1Char('\n') + toolTip();
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           Qt::convertFromPlainText(whole), this);
-        return true;
-    }
-    return QLineEdit::event(event);
+    return ShowWholeText(*this, *event, text(), IsCut()) || QLineEdit::event(event);
 }
 
 void LineEditor::paintEvent(QPaintEvent* event)

@@ -4,6 +4,7 @@
 #include "ListCsv.h"
 #include "ListModel.h"
 #include "Toolkit.h"
+#include "WholeText.h"
 
 #include <QAction>
 #include <QApplication>
@@ -17,7 +18,6 @@
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyledItemDelegate>
-#include <QTextDocument>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -212,11 +212,27 @@ QSize ListView::minimumSizeHint() const
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
-    if (!current.isValid()) {
-        return; // filtered away or between two settings: the row is remembered
+    NoteSelectedRow();
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    NoteSelectedRow();
+}
+
+void ListView::NoteSelectedRow()
+{
+    const QModelIndex current = currentIndex();
+    if (current.isValid()) {
+        m_currentColumn = current.column();
+    }
+    // A list that is merely entered has a current cell and no selected one. A row that is filtered
+    // away has neither and is remembered.
+    if (!current.isValid() || !selectionModel()->isSelected(current)) {
+        return;
     }
     const int row = m_model.OwnerRow(current.row());
-    m_currentColumn = current.column();
     if (row != m_currentRow) {
         m_currentRow = row;
         if (onRowSelected) {
@@ -327,9 +343,7 @@ bool ListView::viewportEvent(QEvent* event)
             if (!more.isEmpty()) {
                 lines.append(more);
             }
-            QToolTip::showText(help->globalPos(),
-                               lines.isEmpty() ? QString()
-                                               : Qt::convertFromPlainText(lines.join('\n')),
+            QToolTip::showText(help->globalPos(), AsTooltip(lines.join(QLatin1Char('\n'))),
                                viewport(), visualRect(cell));
             return true;
         }

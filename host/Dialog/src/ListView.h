@@ -22,7 +22,7 @@ public:
     void SetVisibleCharacters(int characters);
     void SetEmptyText(const QString& text);
 
-    /// The owner's row (from 0) that the user stands in, -1 for none.
+    /// The owner's row (from 0) that the user selected, the last one of several; -1 for none.
     int CurrentOwnerRow() const { return m_currentRow; }
     void SelectOwnerRow(int row);
     /// After the owner has replaced the rows: none is selected.
@@ -45,11 +45,14 @@ public:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void NoteSelectedRow();
     void MakeActions();
     QAction* AddAction(const char* key, const char* defaultText, const QKeySequence& shortcut,
                        const std::function<void()>& action);

@@ -1,18 +1,16 @@
 #include "TextLabel.h"
 
 #include "Toolkit.h"
+#include "WholeText.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
-#include <QTextDocument>
-#include <QToolTip>
 
 namespace
 {
@@ -88,13 +86,7 @@ QSize TextLabel::minimumSizeHint() const
 
 bool TextLabel::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTip && IsCut()) {
-        const QString whole = toolTip().isEmpty() ? text() : text() + QLatin1Char('\n') + toolTip();
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           Qt::convertFromPlainText(whole), this);
-        return true;
-    }
-    return QLabel::event(event);
+    return ShowWholeText(*this, *event, text(), IsCut()) || QLabel::event(event);
 }
 
 void TextLabel::paintEvent(QPaintEvent* event)

@@ -1,0 +1,524 @@
+#include "CATDlgMultiList.h"
+#include "CATDlgControls.h"
+#include "CATStatus.h"
+#include "DialogSession.h"
+#include "TemporaryDirectory.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
+#include <QToolTip>
+
+#include <chrono>
+
+namespace
+{
+
+class CATDlgMultiListTest : public DialogSession
+{
+protected:
+    CATDlgMultiListTest() : m_list(*new CATDlgMultiList(&m_window, "List"))
+    {
+        m_list.SetColumnTitles({"Name", "Mass"});
+        m_list.SetColumnIsNumber(1, true);
+        m_window.SetPreferredSize(600, 400);
+    }
+
+    void Fill(std::initializer_list<std::pair<const char*, const char*>> rows)
+    {
+        int row = 0;
+        for (const auto& [name, mass] : rows) {
+            ++row;
+            m_list.SetCell(0, row, name);
+            m_list.SetCell(1, row, mass);
+        }
+        Settle();
+    }
+    QTableView& View() { return *qobject_cast<QTableView*>(m_list.Widget()); }
+    /// The names as they stand on the screen.
+    std::vector<std::string> Shown()
+    {
+        std::vector<std::string> names;
+        for (int row = 0; row < View().model()->rowCount(); ++row) {
+            names.push_back(View().model()->index(row, 0).data().toString().toStdString());
+        }
+        return names;
+    }
+    void ClickTitle(int column)
+    {
+        QHeaderView& titles = *View().horizontalHeader();
+        const QPoint middle(titles.sectionViewportPosition(column) + titles.sectionSize(column) / 2,
+                            titles.height() / 2);
+        QTest::mouseClick(titles.viewport(), Qt::LeftButton, {}, middle);
+        Settle();
+    }
+    void ClickCell(int row, int column)
+    {
+        QTest::mouseClick(View().viewport(), Qt::LeftButton, {},
+                          View().visualRect(View().model()->index(row, column)).center());
+    }
+    QString TooltipOf(int row, int column)
+    {
+        const QPoint middle = View().visualRect(View().model()->index(row, column)).center();
+        QHelpEvent event(QEvent::ToolTip, middle, View().viewport()->mapToGlobal(middle));
+        QApplication::sendEvent(View().viewport(), &event);
+        return QToolTip::text();
+    }
+    QLineEdit& Filter() { return *Child<QLineEdit>(m_window, "ListFilter"); }
+    using Names = std::vector<std::string>;
+
+    CATDlgMultiList& m_list;
+};
+
+TEST_F(CATDlgMultiListTest, TitlesFixTheColumns)
+{
+    EXPECT_EQ(m_list.ColumnCount(), 2);
+    EXPECT_EQ(m_list.ColumnTitles(), (CATListValCATUnicodeString{"Name", "Mass"}));
+    EXPECT_EQ(View().model()->headerData(1, Qt::Horizontal).toString(), "Mass");
+}
+
+TEST_F(CATDlgMultiListTest, CellsAreWrittenAndReadWithRowsFromOneAndColumnsFromZero)
+{
+    EXPECT_EQ(m_list.SetCell(0, 1, "wheel"), S_OK);
+    EXPECT_EQ(m_list.SetCell(1, 1, "2kg"), S_OK);
+    EXPECT_EQ(m_list.SetCell(0, 1, "wing"), S_OK);
+    EXPECT_EQ(m_list.Cell(0, 1), "wing");
+    EXPECT_EQ(m_list.Cell(1, 1), "2kg");
+    EXPECT_EQ(m_list.RowCount(), 1);
+    EXPECT_EQ(m_list.Cell(0, 0), "");
+    EXPECT_EQ(m_list.Cell(0, 2), "");
+    EXPECT_EQ(m_list.Cell(2, 1), "");
+    EXPECT_EQ(m_list.Cell(-1, 1), "");
+}
+
+TEST_F(CATDlgMultiListTest, OnlyTheNextRowIsAppendedAndOnlyWithTheOption)
+{
+    EXPECT_EQ(m_list.SetCell(0, 1, "x", 0), S_FALSE);
+    EXPECT_EQ(m_list.SetCell(0, 2, "x", 64), S_FALSE);
+    EXPECT_EQ(m_list.SetCell(0, 0, "x"), E_INVALIDARG);
+    EXPECT_EQ(m_list.SetCell(2, 1, "x"), E_INVALIDARG);
+    EXPECT_EQ(m_list.SetCell(-1, 1, "x"), E_INVALIDARG);
+    EXPECT_EQ(m_list.RowCount(), 0);
+    EXPECT_EQ(m_list.SetCell(0, 1, "x", 64), S_OK);
+    EXPECT_EQ(m_list.SetCell(0, 1, "y", 0), S_OK);
+    EXPECT_EQ(m_list.Cell(0, 1), "y");
+}
+
+TEST_F(CATDlgMultiListTest, ViewShowsWhatTheOwnerWrote)
+{
+    Fill({{"wheel", "2kg"}, {"wing", "30kg"}});
+    EXPECT_EQ(Shown(), (Names{"wheel", "wing"}));
+    m_list.SetCell(0, 2, "rudder");
+    Settle();
+    EXPECT_EQ(Shown(), (Names{"wheel", "rudder"}));
+    m_list.RemoveAll();
+    Settle();
+    EXPECT_EQ(Shown(), Names{});
+    EXPECT_EQ(m_list.RowCount(), 0);
+}
+
+TEST_F(CATDlgMultiListTest, WholeRowsReplaceAll)
+{
+    Fill({{"wheel", "2kg"}, {"wing", "30kg"}});
+    m_list.SetRows({{"rudder", "4kg"}});
+    Settle();
+    EXPECT_EQ(Shown(), Names{"rudder"});
+    EXPECT_EQ(m_list.Cell(1, 1), "4kg");
+}
+
+TEST_F(CATDlgMultiListTest, ClickOnATitleSortsUpThenDownThenAsDelivered)
+{
+    Fill({{"b", "9kg"}, {"c", "10kg"}, {"a", "1kg"}});
+    Show();
+    ClickTitle(1);
+    EXPECT_EQ(Shown(), (Names{"a", "b", "c"}));
+    ClickTitle(1);
+    EXPECT_EQ(Shown(), (Names{"c", "b", "a"}));
+    ClickTitle(1);
+    EXPECT_EQ(Shown(), (Names{"b", "c", "a"}));
+    EXPECT_EQ(m_list.Cell(0, 1), "b"); // the owner's rows never moved
+}
+
+TEST_F(CATDlgMultiListTest, RowsWrittenIntoASortedListTakeTheirPlaceInIt)
+{
+    Fill({{"b", "2kg"}, {"c", "3kg"}});
+    Show();
+    ClickTitle(1);
+    m_list.SetCell(0, 3, "a");
+    m_list.SetCell(1, 3, "1kg");
+    Settle();
+    EXPECT_EQ(Shown(), (Names{"a", "b", "c"}));
+    EXPECT_EQ(m_list.Cell(0, 3), "a");
+    m_list.SetCell(1, 1, "9kg");
+    Settle();
+    EXPECT_EQ(Shown(), (Names{"a", "c", "b"}));
+}
+
+TEST_F(CATDlgMultiListTest, SelectedRowIsTheOwnersAndStaysSelectedWhileSorting)
+{
+    Fill({{"b", "2kg"}, {"c", "3kg"}, {"a", "1kg"}});
+    Show();
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    ClickTitle(1);
+    const auto& rows = Notes(m_list, CATDlgMultiList::RowSelected);
+    ClickCell(0, 0);
+    EXPECT_EQ(m_list.SelectedRow(), 3);
+    EXPECT_EQ(rows, std::vector<int>{3});
+    ClickTitle(1);
+    EXPECT_EQ(m_list.SelectedRow(), 3);
+    EXPECT_EQ(View().currentIndex().row(), 2);
+    EXPECT_EQ(rows.size(), 1U);
+}
+
+TEST_F(CATDlgMultiListTest, ProgramSelectsARowWithoutTellingAnybody)
+{
+    Fill({{"b", "2kg"}, {"c", "3kg"}});
+    const auto& rows = Notes(m_list, CATDlgMultiList::RowSelected);
+    m_list.SelectRow(2);
+    EXPECT_EQ(m_list.SelectedRow(), 2);
+    EXPECT_EQ(View().selectionModel()->selectedRows().size(), 1);
+    m_list.SelectRow(0);
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    m_list.SelectRow(7);
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    m_list.SelectRow(1);
+    m_list.RemoveAll();
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    EXPECT_TRUE(rows.empty());
+}
+
+TEST_F(CATDlgMultiListTest, RowIsSelectedBeforeTheEventLoopCameRound)
+{
+    m_list.SetCell(0, 1, "wheel");
+    m_list.SelectRow(1);
+    EXPECT_EQ(View().currentIndex().row(), 0);
+}
+
+TEST_F(CATDlgMultiListTest, NumbersStandAtTheRightWithTheirTitle)
+{
+    Fill({{"wheel", "2kg"}});
+    const QAbstractItemModel& model = *View().model();
+    const auto right = [](const QVariant& alignment) {
+        return (alignment.toInt() & static_cast<int>(Qt::AlignRight)) != 0;
+    };
+    EXPECT_TRUE(right(model.index(0, 1).data(Qt::TextAlignmentRole)));
+    EXPECT_TRUE(right(model.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole)));
+    EXPECT_FALSE(right(model.index(0, 0).data(Qt::TextAlignmentRole)));
+    EXPECT_FALSE(right(model.headerData(0, Qt::Horizontal, Qt::TextAlignmentRole)));
+    m_list.SetColumnIsNumber(1, false);
+    EXPECT_FALSE(right(model.index(0, 1).data(Qt::TextAlignmentRole)));
+}
+
+TEST_F(CATDlgMultiListTest, EmphasisedRowIsBoldAlsoWhereSortingPutsIt)
+{
+    Fill({{"b", "2kg"}, {"a", "1kg"}});
+    m_list.SetRowEmphasis(1, true);
+    m_list.SetRowEmphasis(9, true); // there is no such row
+    const auto isBold = [this](int row) {
+        return View().model()->index(row, 0).data(Qt::FontRole).value<QFont>().bold();
+    };
+    EXPECT_TRUE(isBold(0));
+    EXPECT_FALSE(isBold(1));
+    Show();
+    ClickTitle(1);
+    EXPECT_TRUE(isBold(1));
+    m_list.SetRowEmphasis(1, false);
+    EXPECT_FALSE(isBold(1));
+}
+
+TEST_F(CATDlgMultiListTest, CellThatIsCutShowsWholeInItsTooltip)
+{
+    const std::string name = "a" + std::string(78, 'n') + "z";
+    Fill({{name.c_str(), "2kg"}});
+    m_list.SetCellTooltip(1, 1, "weighed on Monday");
+    Show();
+    EXPECT_LT(View().columnWidth(0), 80 * View().fontMetrics().horizontalAdvance('n'));
+    EXPECT_TRUE(TooltipOf(0, 0).contains(QString::fromStdString(name)));
+    EXPECT_TRUE(TooltipOf(0, 1).contains("weighed on Monday"));
+}
+
+TEST_F(CATDlgMultiListTest, CellThatFitsNeedsNoTooltip)
+{
+    Fill({{"wheel", "2kg"}});
+    Show();
+    EXPECT_EQ(TooltipOf(0, 0), "");
+}
+
+TEST_F(CATDlgMultiListTest, TitleHasTheColumnsTooltip)
+{
+    m_list.SetColumnTooltip(1, "with its bounds");
+    EXPECT_EQ(View().model()->headerData(1, Qt::Horizontal, Qt::ToolTipRole).toString(),
+              "Mass\nwith its bounds");
+    EXPECT_EQ(View().model()->headerData(0, Qt::Horizontal, Qt::ToolTipRole).toString(), "Name");
+}
+
+TEST_F(CATDlgMultiListTest, ColumnsFitTheirTextsAndTheLastTakesTheRest)
+{
+    Fill({{"a name with some length", "2kg"}});
+    Show();
+    const int needed = View().fontMetrics().horizontalAdvance("a name with some length");
+    EXPECT_GE(View().columnWidth(0), needed);
+    EXPECT_LT(View().columnWidth(0), needed + 60);
+    EXPECT_EQ(View().horizontalHeader()->length(), View().viewport()->width());
+}
+
+TEST_F(CATDlgMultiListTest, WidthThatTheUserGaveStays)
+{
+    Fill({{"wheel", "2kg"}});
+    Show();
+    View().setColumnWidth(0, 222);
+    m_list.SetCell(0, 2, "a name that would need much more than that");
+    Settle();
+    EXPECT_EQ(View().columnWidth(0), 222);
+}
+
+TEST_F(CATDlgMultiListTest, ArrowKeysReachEveryColumnAndBringItIntoSight)
+{
+    CATListValCATUnicodeString titles;
+    CATListValCATUnicodeString cells;
+    for (int column = 0; column < 24; ++column) {
+        titles.Append("A long title of column " + CATUnicodeString::FromInt(column));
+        cells.Append("x");
+    }
+    m_list.SetColumnTitles(titles);
+    m_list.SetRows({cells});
+    Show();
+    m_list.SelectRow(1);
+    View().setFocus();
+    for (int column = 0; column < 23; ++column) {
+        QTest::keyClick(&View(), Qt::Key_Right);
+    }
+    EXPECT_EQ(View().currentIndex().column(), 23);
+    EXPECT_TRUE(
+        View().viewport()->rect().contains(View().visualRect(View().currentIndex()).center()));
+}
+
+TEST_F(CATDlgMultiListTest, TabLeavesTheList)
+{
+    auto* button = new CATDlgPushButton(&m_window, "Button");
+    button->SetPlacement(1, 0);
+    Fill({{"a", "1kg"}});
+    Show();
+    m_list.SelectRow(1);
+    View().setFocus();
+    QTest::keyClick(&View(), Qt::Key_Tab);
+    EXPECT_EQ(m_window.Widget()->focusWidget(), button->Widget());
+}
+
+TEST_F(CATDlgMultiListTest, FilterLineComesWithManyRowsAndWithCtrlF)
+{
+    Fill({{"a", "1kg"}});
+    Show();
+    EXPECT_FALSE(Filter().isVisible());
+    m_list.SelectRow(1);
+    View().setFocus();
+    QTest::keyClick(&View(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(Filter().isVisible());
+    QTest::keyClick(&Filter(), Qt::Key_Escape);
+    EXPECT_FALSE(Filter().isVisible());
+    EXPECT_TRUE(m_window.IsVisible()); // Esc left the filter and not the window
+    for (int row = 1; row <= 9; ++row) {
+        m_list.SetCell(0, row, "x");
+    }
+    Settle();
+    EXPECT_TRUE(Filter().isVisible());
+}
+
+TEST_F(CATDlgMultiListTest, FilterHidesRowsWithoutTakingThemAway)
+{
+    Fill({{"wheel", "1kg"}, {"wing", "2kg"}, {"rudder", "3kg"}});
+    Show();
+    QTest::keyClicks(&Filter(), "w");
+    EXPECT_EQ(Shown(), (Names{"wheel", "wing"}));
+    EXPECT_EQ(m_list.RowCount(), 3);
+    m_list.SetCell(0, 4, "window");
+    m_list.SetCell(0, 5, "seat");
+    Settle();
+    EXPECT_EQ(Shown(), (Names{"wheel", "wing", "window"}));
+    QTest::keyClick(&Filter(), Qt::Key_Escape);
+    EXPECT_EQ(Shown(), (Names{"wheel", "wing", "rudder", "window", "seat"}));
+}
+
+TEST_F(CATDlgMultiListTest, CellsAreCopiedWithTheirTitles)
+{
+    Fill({{"b", "2kg"}, {"a", "1kg"}});
+    Show();
+    ClickTitle(1);
+    View().setFocus();
+    QTest::keyClick(&View(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Name\tMass\na\t1kg\nb\t2kg");
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "a\t1kg\nb\t2kg");
+}
+
+TEST_F(CATDlgMultiListTest, OneCellIsCopiedWithItsTitle)
+{
+    Fill({{"b", "2kg"}, {"a", "1kg"}});
+    Show();
+    ClickCell(1, 1);
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Mass\n1kg");
+}
+
+TEST_F(CATDlgMultiListTest, CellsBetweenSelectedOnesAreCopiedEmpty)
+{
+    Fill({{"b", "2kg"}, {"a", "1kg"}});
+    Show();
+    ClickCell(0, 0);
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      View().visualRect(View().model()->index(1, 1)).center());
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Name\tMass\nb\t\n\t1kg");
+}
+
+TEST_F(CATDlgMultiListTest, ColumnThatTheUserMovedIsCopiedWhereItStands)
+{
+    Fill({{"b", "2kg"}});
+    Show();
+    View().horizontalHeader()->moveSection(0, 1);
+    View().selectAll();
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Mass\tName\n2kg\tb");
+}
+
+TEST_F(CATDlgMultiListTest, KeysSortByTheColumnOfTheCurrentCell)
+{
+    Fill({{"b", "2kg"}, {"a", "1kg"}, {"c", "3kg"}});
+    Show();
+    ClickCell(0, 1);
+    QTest::keyClick(&View(), Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(Shown(), (Names{"a", "b", "c"}));
+    QTest::keyClick(&View(), Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(Shown(), (Names{"c", "b", "a"}));
+    QTest::keyClick(&View(), Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(Shown(), (Names{"b", "a", "c"}));
+}
+
+TEST_F(CATDlgMultiListTest, MenuOffersWhatTheKeysDo)
+{
+    QStringList offered;
+    for (const QAction* action : View().actions()) {
+        if (!action->isSeparator()) {
+            offered.append(action->objectName());
+        }
+    }
+    EXPECT_EQ(offered,
+              (QStringList{"List.Copy", "List.CopyPlain", "List.SelectAll", "List.Filter",
+                           "List.SortUp", "List.SortDown", "List.SortNone", "List.Export"}));
+}
+
+TEST_F(CATDlgMultiListTest, ExportWritesTheListAsSeen)
+{
+    const TemporaryDirectory directory;
+    CATDlgFile::SetChooser([&](const CATDlgFile::Request& request) {
+        EXPECT_EQ(request.mode, CATDlgFile::Mode::Save);
+        EXPECT_EQ(request.suggestedName, "List.csv");
+        EXPECT_EQ(request.extension, "csv");
+        return CATUnicodeString(directory.At("out"));
+    });
+    Fill({{"wing", "2kg"}, {"rudder", "3kg"}, {"wheel, left", "1kg"}});
+    Show();
+    QTest::keyClicks(&Filter(), "w");
+    ClickTitle(1);
+    QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(directory.Read("out.csv"), "Name,Mass\r\n\"wheel, left\",1kg\r\nwing,2kg\r\n");
+}
+
+TEST_F(CATDlgMultiListTest, ExportAsksBeforeItReplacesAFile)
+{
+    const TemporaryDirectory directory;
+    const std::string path = directory.Write("out.csv", "old");
+    CATDlgFile::SetChooser([&](const CATDlgFile::Request&) { return CATUnicodeString(path); });
+    Fill({{"wing", "2kg"}});
+    Show();
+    int answer = 4;
+    std::vector<std::string> asked;
+    CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
+        asked.push_back(box.text.ToStdString());
+        return answer;
+    });
+    QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(directory.Read("out.csv"), "old");
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_NE(asked.front().find(path), std::string::npos);
+    answer = 3;
+    QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(directory.Read("out.csv"), "Name,Mass\r\nwing,2kg\r\n");
+}
+
+TEST_F(CATDlgMultiListTest, ExportThatFailsNamesTheFile)
+{
+    CATDlgFile::SetChooser(
+        [](const CATDlgFile::Request&) { return CATUnicodeString("/no/such/directory/out.csv"); });
+    std::vector<CATDlgNotify::Shown> boxes;
+    CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
+        boxes.push_back(box);
+        return 1;
+    });
+    Fill({{"wing", "2kg"}});
+    Show();
+    QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes.front().style, 0x10000000);
+    EXPECT_TRUE(boxes.front().text.Contains("/no/such/directory/out.csv"));
+}
+
+TEST_F(CATDlgMultiListTest, ExportThatIsCancelledWritesNothing)
+{
+    CATDlgFile::SetChooser([](const CATDlgFile::Request&) { return CATUnicodeString(); });
+    CATDlgNotify::SetAnswerer([](const CATDlgNotify::Shown&) -> std::optional<int> {
+        ADD_FAILURE() << "no box should be shown";
+        return 1;
+    });
+    Fill({{"wing", "2kg"}});
+    Show();
+    QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
+}
+
+TEST_F(CATDlgMultiListTest, EmptyListSaysWhyItIsEmpty)
+{
+    m_list.SetEmptyText("No document revisions");
+    Show();
+    const QImage with = View().viewport()->grab().toImage();
+    m_list.SetEmptyText("");
+    EXPECT_NE(with, View().viewport()->grab().toImage());
+}
+
+TEST_F(CATDlgMultiListTest, VisibleLinesAndWidthAreAskedFor)
+{
+    const int line = View().verticalHeader()->defaultSectionSize();
+    m_list.SetVisibleLines(3);
+    const int three = View().sizeHint().height();
+    m_list.SetVisibleLines(30);
+    EXPECT_EQ(View().sizeHint().height() - three, 27 * line);
+    m_list.SetVisibleTextWidth(100);
+    EXPECT_EQ(View().sizeHint().width(), 100 * View().fontMetrics().averageCharWidth());
+}
+
+TEST_F(CATDlgMultiListTest, HundredThousandRowsAreShownAtOnce)
+{
+    CATListValCATUnicodeString titles;
+    CATListValCATUnicodeString cells;
+    for (int column = 0; column < 24; ++column) {
+        titles.Append("Column");
+        cells.Append("12.5kg");
+    }
+    m_list.SetColumnTitles(titles);
+    Show();
+    std::vector<CATListValCATUnicodeString> rows(100000, cells);
+    const auto start = std::chrono::steady_clock::now();
+    m_list.SetRows(std::move(rows));
+    Settle();
+    const auto took = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(View().model()->rowCount(), 100000);
+    // Far above what it takes, far below what looking at every cell would.
+    EXPECT_LT(std::chrono::duration<double>(took).count(), 0.25);
+}
+
+} // namespace
