@@ -42,8 +42,11 @@ long CATWBServices::FindOccurenceOfDelim(CATUnicodeString text, int n, CATUnicod
 void CATWBServices::StringTokenizer(const CATUnicodeString& text, const CATUnicodeString& delimiter,
                                     CATListValCATUnicodeString& tokens, int& count)
 {
-    tokens = LeadingTokens(text, delimiter);
-    count = tokens.Size();
+    const CATListValCATUnicodeString found = LeadingTokens(text, delimiter);
+    for (const CATUnicodeString& token : found.Items()) {
+        tokens.Append(token);
+    }
+    count = found.Size();
 }
 
 int CATWBServices::ConvertToDouble(const CATUnicodeString& text, double& value)

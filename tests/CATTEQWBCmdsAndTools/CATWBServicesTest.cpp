@@ -87,12 +87,21 @@ TEST(StringTokenizer, GivesTheTokensBeforeTheFirstEmptyOne)
     for (const Row& row :
          {Row{"a/b/c", "/", {"a", "b", "c"}}, Row{"a/b//c", "/", {"a", "b"}}, Row{"/a", "/", {}},
           Row{"", "/", {}}, Row{"a/", "/", {"a"}}, Row{"a--b-c", "--", {"a", "b-c"}}}) {
-        CATListValCATUnicodeString tokens{"old"};
+        CATListValCATUnicodeString tokens;
         int count = -1;
         CATWBServices::StringTokenizer(row.text, row.delimiter, tokens, count);
         EXPECT_EQ(tokens.Items(), row.tokens.Items()) << row.text;
         EXPECT_EQ(count, row.tokens.Size()) << row.text;
     }
+}
+
+TEST(StringTokenizer, AppendsToTheListAndCountsItsOwnTokens)
+{
+    CATListValCATUnicodeString tokens{"first"};
+    int count = -1;
+    CATWBServices::StringTokenizer("a/b", "/", tokens, count);
+    EXPECT_EQ(tokens, (CATListValCATUnicodeString{"first", "a", "b"}));
+    EXPECT_EQ(count, 2);
 }
 
 TEST(ConvertToDouble, TakesEitherSeparatorInEitherLocale)

@@ -28,7 +28,7 @@ public:
     /// is not how the integer form counts. E_FAIL, with a diagnostic line, when there are not that
     /// many or `n` is negative.
     static long FindOccurenceOfDelim(CATUnicodeString text, int n, CATUnicodeString& token);
-    /// The tokens before the first empty one, and their number; replaces the list.
+    /// The tokens before the first empty one, appended to the list, and their number.
     static void StringTokenizer(const CATUnicodeString& text, const CATUnicodeString& delimiter,
                                 CATListValCATUnicodeString& tokens, int& count);
 
