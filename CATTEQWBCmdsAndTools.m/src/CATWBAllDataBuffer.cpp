@@ -577,6 +577,10 @@ void CATWBAllDataBuffer::ReadExtraProperties(WBFieldReader& reader)
         magnitudes.Append(reader.NullableText("Magnitude: "));
     }
     reader.ReportKept("extra properties", announced, names.Size());
+    if (names.Size() < announced) {
+        // The type of the first property that is missing: as fatal here as it is in a short list.
+        reader.Int("Type: ");
+    }
     SetExtraPropertiesInfo(std::move(names), std::move(types), std::move(isDateFlags),
                            std::move(owners), std::move(values), std::move(magnitudes));
 }

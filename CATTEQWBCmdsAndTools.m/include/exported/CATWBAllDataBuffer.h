@@ -18,7 +18,8 @@ class WBFieldWriter;
 /// missing text is empty, a missing real 0.0 and a missing integer fatal. When a list's announced
 /// length is far beyond what the stream holds, the list ends with the stream or after a thousand
 /// entries, whichever is later, and its length is what was kept: a wrong length costs an error, not
-/// the session's memory.
+/// the session's memory. The integers that should follow are missing then, so such a stream ends in
+/// the fatal error like any other that is cut; only who goes on after it sees the shorter list.
 class WB_EXPORT CATWBAllDataBuffer : public ENOWBAllDataBuffer
 {
 public:
