@@ -207,6 +207,27 @@ TEST_F(Encoding, OnlyMaterialAndPropertyValuesAreWrittenAsNull)
                                           "</userDefinedProps>|"));
 }
 
+TEST_F(Encoding, ActiveMassTypeStandsBeforeTheLastImposedOne)
+{
+    m_record.SetActiveMassType("Computed");
+    m_record.SetLastImposedMassType("Weighed");
+    EXPECT_THAT(AllData().ToStdString(), testing::HasSubstr("|Estimated|0|0|Computed|Weighed|1|"));
+}
+
+TEST_F(Encoding, UnknownValuesOfEnumerationsTravelAsTheyAre)
+{
+    ServerStream stream;
+    stream.massTypes = "2|Computed|0|1|9|5|6|7|8|Target|0|4|7|8|";
+    stream.priority = "1|-7|";
+    m_record = Record();
+    ASSERT_EQ(m_record.SetAllData(stream.Full(), true), S_OK);
+    m_record.SetEntityToCompute(static_cast<ENOWBAllDataBuffer::Entity>(11));
+    EXPECT_EQ(AllData(), "0|PART-0001|A|DOC-55|B|2|Computed|0|1|9|5|6|Target|0|4|"
+                         "Estimated|Estimated|1|7850|Steel|PartRef|4|INST-0001|ROOT-1|SUB-3|PRC-07|"
+                         "-7|<userDefinedProps>|1|Customer|1|0|Part|CUST-01|</userDefinedProps>|");
+    EXPECT_EQ(ComputedInfo(), "PART-0001|A|2|ROOT-1|SUB-3|-7|Steel|Active|0|11|PRC-07||1|9|5|6|");
+}
+
 TEST_F(Encoding, CountOfMassTypesIsRefreshed)
 {
     m_record.UnSetMassType("Estimated");

@@ -591,6 +591,17 @@ TEST(ENOWBAllDataBufferPerType, UnsetValuesAreZero)
     EXPECT_EQ(*Inertia(record, "Estimated"), CATMath3x3Matrix(1, 4, 5, 4, 2, 6, 5, 6, 3));
 }
 
+TEST(ENOWBAllDataBufferPerType, UnsettingWhatWasNeverSetSucceeds)
+{
+    Record record({"Computed", "Estimated"});
+    EXPECT_EQ(record.UnSetMass("Estimated"), S_OK);
+    EXPECT_EQ(record.UnSetCenterOfGravity("Estimated"), S_OK);
+    EXPECT_EQ(record.UnSetInertia("Estimated"), S_OK);
+    double mass = 7.0;
+    EXPECT_EQ(record.GetMass("Estimated", mass), S_OK);
+    EXPECT_EQ(mass, 0.0);
+}
+
 TEST(ENOWBAllDataBufferPerType, UnsettingAnUnknownMassTypeSaysSo)
 {
     Record record({"Computed"});
