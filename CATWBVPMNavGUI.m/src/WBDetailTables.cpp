@@ -110,7 +110,7 @@ WBPanelTable WBMaterialTable(const WBPanelRecord& record)
         {WBPanelText("Materials.Share.Title", "@Share [%]"),
          WBPanelText("Materials.Share.Tooltip", "@Share in the mass of all materials listed here"),
          true},
-        {WBPanelText("Materials.Dimension.Title", "@Weighed"),
+        {WBPanelText("Materials.Dimension.Title", "@Counted"),
          WBPanelText("Materials.Dimension.Tooltip",
                      "@Whether mass comes from a volume or from an area"),
          false}};

@@ -14,6 +14,14 @@ namespace
 
 using Definitions = CATENOWBCSCommonDefinitions;
 
+// What an empty text travels as.
+const CATUnicodeString kNothing = "__null__";
+
+CATUnicodeString Said(const CATUnicodeString& text)
+{
+    return text == kNothing ? CATUnicodeString() : text;
+}
+
 bool IsZero(const CATMathPoint& point)
 {
     return point == CATMathPoint();
@@ -105,6 +113,8 @@ void ReadMassTypes(const CATWBAllDataBuffer& record, const WBValueDetails& detai
     }
     record.GetActiveMassType(panel.activeMassType);
     record.GetLastImposedMassType(panel.lastImposedMassType);
+    panel.activeMassType = Said(panel.activeMassType);
+    panel.lastImposedMassType = Said(panel.lastImposedMassType);
 }
 
 void ReadIdentity(const CATWBAllDataBuffer& record, WBPanelRecord& panel)
@@ -133,20 +143,26 @@ void ReadFlags(const CATWBAllDataBuffer& record, WBPanelRecord& panel)
     panel.hasInstanceInPDM = record.HasInstInENOVIA();
 }
 
+// An assembly whose parts all have a density is assigned, but has none of its own: it travels as 0, and
+// nothing real has a density of 0.
+std::optional<double> KnownDensity(Definitions::ValueStatus status, double density)
+{
+    return status == Definitions::Assigned && density != 0.0 ? std::optional(density)
+                                                             : std::nullopt;
+}
+
 void ReadMaterial(const CATWBAllDataBuffer& record, WBPanelRecord& panel)
 {
     record.GetWBDensityStatus(panel.density.status);
     record.GetWBMaterialName(panel.density.material);
-    if (panel.density.status == Definitions::Assigned) {
-        panel.density.density.emplace();
-        record.GetWBDensity(*panel.density.density);
-    }
+    double density = 0.0;
+    record.GetWBDensity(density);
+    panel.density.density = KnownDensity(panel.density.status, density);
     panel.appliedOn = record.GetAppliedOnObject();
     panel.partDensity.status = record.GetPartRefWBDensityStatus();
-    panel.partDensity.material = record.GetPartRefWBMaterialName();
-    if (panel.partDensity.status == Definitions::Assigned) {
-        panel.partDensity.density = record.GetPartRefWBDensity();
-    }
+    panel.partDensity.material = Said(record.GetPartRefWBMaterialName());
+    panel.partDensity.density =
+        KnownDensity(panel.partDensity.status, record.GetPartRefWBDensity());
     Definitions::DensityPriority priority = Definitions::WBDensityFirst;
     record.GetDensityPriority(priority);
     panel.isMaterialDensityFirst = priority == Definitions::MaterialDensityFirst;
@@ -165,7 +181,7 @@ WBPanelRevision ReadRevision(const CATWBAllDataBuffer& record, int position)
     const auto info = [&](ENOWBAllDataBuffer::DocInfo what) {
         CATUnicodeString text;
         record.GetDocRevsInfo(position, what, text);
-        return text == "__null__" ? CATUnicodeString() : text;
+        return Said(text);
     };
     WBPanelRevision revision;
     revision.version = info(ENOWBAllDataBuffer::Version);
@@ -186,9 +202,11 @@ void ReadDocuments(const CATWBAllDataBuffer& record, WBPanelRecord& panel)
     // "0" as the identifier says that there is no active document.
     if (!(record.GetActiveDocId() == "0")) {
         panel.activeDocument = record.GetActiveDocId();
-        panel.activeDocumentVersion = record.GetActiveDocVersion();
+        panel.activeDocumentVersion = Said(record.GetActiveDocVersion());
     }
-    panel.attachedRevision = record.GetCurrentlyAttachedVersion().Stripped();
+    // Identifier, blank, revision; without a revision nothing is attached.
+    const CATUnicodeString attached = record.GetCurrentlyAttachedVersion().Stripped();
+    panel.attachedRevision = attached.Contains(kNothing) ? CATUnicodeString() : attached;
     panel.isAttachedRevisionUsed = record.GetDocAutoMode() == 1;
     panel.areOldRevisionsUsable = record.AreOldDocumentsUsed();
     panel.hasUsedSpecificRevision = record.HasUsedSpecificRevBefore();

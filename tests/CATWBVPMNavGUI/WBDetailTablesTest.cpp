@@ -35,7 +35,7 @@ TEST_F(WBDetailTablesTest, MaterialsShowMassAndShareOfTheWhole)
     record.statistics = {
         {"Steel", 3, 1.5}, {"Sealant", 3, 0.3}, {"Paint", 2, 0.2}, {"Other", 0, 0}};
     const WBPanelTable table = WBMaterialTable(record);
-    EXPECT_THAT(Titles(table), ElementsAre("Material", "Mass [kg]", "Share [%]", "Weighed"));
+    EXPECT_THAT(Titles(table), ElementsAre("Material", "Mass [kg]", "Share [%]", "Counted"));
     EXPECT_THAT(table.rows, ElementsAre(WBPanelRow({"Steel", "1.5", "75", "by volume"}),
                                         WBPanelRow({"Sealant", "0.3", "15", "by volume"}),
                                         WBPanelRow({"Paint", "0.2", "10", "by area"}),

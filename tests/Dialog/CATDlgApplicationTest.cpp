@@ -1,3 +1,4 @@
+#include "CATDiagnostics.h"
 #include "CATDlgControls.h"
 #include "CATFatalError.h"
 #include "CATSession.h"
@@ -32,6 +33,16 @@ TEST_F(CATDlgApplicationTest, DelayedDestructionsRunFromTheEventLoop)
     EXPECT_FALSE(widget.isNull());
     CATDlgApplication::ProcessEvents();
     EXPECT_TRUE(widget.isNull());
+}
+
+TEST_F(CATDlgApplicationTest, WhatTheToolkitHasToSayGoesWithTheDiagnosticLines)
+{
+    std::vector<std::string> lines;
+    const auto before = CATDiagnosticErrors().SetListener(
+        [&lines](std::string_view line) { lines.emplace_back(line); });
+    qWarning("the screen is too small");
+    CATDiagnosticErrors().SetListener(before);
+    EXPECT_EQ(lines, std::vector<std::string>{"the screen is too small"});
 }
 
 TEST_F(CATDlgApplicationTest, DestructionsWaitForLoopsOfTheToolkitsOwn)

@@ -63,9 +63,9 @@ TEST(FileProducts, AWrongFileIsRefusedWithItsPlace)
 {
     const TestFolder folder;
     std::string problem;
-    EXPECT_FALSE(OpenFileProducts(folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\nR,A.1,A,ten,0,0\n"), problem));
+    EXPECT_FALSE(OpenFileProducts(folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\n,,R,,,\nR,A.1,A,ten,0,0\n"), problem));
     EXPECT_THAT(problem, HasSubstr("p.csv"));
-    EXPECT_THAT(problem, HasSubstr("2"));
+    EXPECT_THAT(problem, HasSubstr(":3:"));
     EXPECT_THAT(problem, HasSubstr("ten"));
 
     problem.clear();

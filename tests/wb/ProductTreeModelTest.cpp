@@ -11,7 +11,7 @@ namespace
 class Named : public CATBaseUnknown
 {
 public:
-    explicit Named(std::string name) : name(std::move(name)) {}
+    explicit Named(std::string text) : name(std::move(text)) {}
     std::string name;
 };
 

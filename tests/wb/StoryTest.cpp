@@ -56,7 +56,7 @@ TEST(Story, FailsAtTheFirstStepThatDoesNotHoldAndSaysWhatWasSeen)
 TEST(Story, ABoxThatNoStepWaitsForFails)
 {
     const TestFolder folder;
-    folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\nR,A.1,A,0,0,0\n");
+    folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\n,,R,,,\nR,A.1,A,0,0,0\n");
     const std::string before = "open p.csv\nstart CATTEQWBComputePartCmd\npick R/A.1\n";
     const Played unexpected = Play(folder, before);
     EXPECT_EQ(unexpected.status, 1);

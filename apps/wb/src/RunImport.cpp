@@ -2,8 +2,12 @@
 
 #include "WBImport.h"
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <optional>
 
 namespace
 {
@@ -16,6 +20,30 @@ int Refuse(const std::vector<std::string>& errors)
     std::fprintf(stderr, "wb: nothing was imported\n");
     return 1;
 }
+
+/// A database file that goes away with this object.
+class PassingDatabase
+{
+public:
+    PassingDatabase() : m_path((std::filesystem::temp_directory_path() / "wb_check.XXXXXX").string())
+    {
+        const int file = mkstemp(m_path.data());
+        close(file);
+        std::filesystem::remove(m_path); // the name is what counts: the store makes its own file
+    }
+    ~PassingDatabase()
+    {
+        for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+            std::filesystem::remove(m_path + suffix);
+        }
+    }
+    PassingDatabase(const PassingDatabase&) = delete;
+    PassingDatabase& operator=(const PassingDatabase&) = delete;
+    const std::string& Path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
 
 wb::ImportFileOptions OptionsOf(const ImportOptions& options)
 {
@@ -34,10 +62,12 @@ wb::ImportFileOptions OptionsOf(const ImportOptions& options)
 
 int RunImport(const ImportOptions& options)
 {
-    // A check of a database that is not there yet is made against an empty one, and leaves none.
-    const wb::Store::Opened opened = options.check && !std::filesystem::exists(options.database)
-                                         ? wb::Store::OpenOrCreate(":memory:")
-                                         : wb::Store::OpenOrCreate(options.database);
+    // A check against a database that is not there yet is one against an empty one, and leaves none.
+    std::optional<PassingDatabase> passing;
+    if (options.check && !std::filesystem::exists(options.database)) {
+        passing.emplace();
+    }
+    const wb::Store::Opened opened = wb::Store::OpenOrCreate(passing ? passing->Path() : options.database);
     if (!opened.store) {
         return Refuse({opened.error});
     }

@@ -88,6 +88,9 @@ int RunWorkbench(int argc, char** argv, const WorkbenchOptions& options)
         window->ShowProblem(QObject::tr("The product was not opened"), problem);
     }
     if (!plays) {
+        CATDlgDialog* main = CATApplicationFrame::GetFrame()->MainWindow();
+        main->Subscribe(main, CATDlgDialog::WindowClosed,
+                        [&application](const CATNotification&) { application.Quit(0); });
         return application.Run();
     }
     StoryPlayer player(*window);

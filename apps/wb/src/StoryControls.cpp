@@ -88,16 +88,6 @@ CATDialog* FindInWindow(std::string_view windowName, std::string_view path, std:
     return control;
 }
 
-const QTableView* TableOf(const CATDialog& list)
-{
-    const QWidget* widget = list.Widget();
-    if (widget == nullptr) {
-        return nullptr;
-    }
-    const auto* table = qobject_cast<const QTableView*>(widget);
-    return table != nullptr ? table : widget->findChild<QTableView*>();
-}
-
 QString HeaderText(const QAbstractItemModel& model, int column)
 {
     return model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
@@ -156,7 +146,7 @@ QJsonObject DumpControl(const CATDialog& control)
         object["lines"] = lines;
     }
     if (dynamic_cast<const CATDlgMultiList*>(&control) != nullptr) {
-        if (const QTableView* table = TableOf(control)) {
+        if (const QTableView* table = SeenTable(control)) {
             QJsonArray titles;
             for (int column = 0; column < table->model()->columnCount(); ++column) {
                 titles.append(HeaderText(*table->model(), column));
@@ -198,6 +188,16 @@ CATDialog* FindControl(std::string_view name, std::string& problem)
     return found;
 }
 
+const QTableView* SeenTable(const CATDialog& list)
+{
+    const QWidget* widget = list.Widget();
+    if (widget == nullptr) {
+        return nullptr;
+    }
+    const auto* table = qobject_cast<const QTableView*>(widget);
+    return table != nullptr ? table : widget->findChild<QTableView*>();
+}
+
 QString VisibleText(const CATDialog& control)
 {
     if (const auto* editor = dynamic_cast<const CATDlgEditor*>(&control)) {
@@ -220,7 +220,7 @@ QString VisibleText(const CATDialog& control)
 
 int SeenColumn(const CATDialog& list, const std::string& column)
 {
-    const QTableView* table = TableOf(list);
+    const QTableView* table = SeenTable(list);
     if (table == nullptr) {
         return -1;
     }
@@ -240,7 +240,7 @@ int SeenColumn(const CATDialog& list, const std::string& column)
 bool SeenCell(const CATDialog& list, const std::string& row, const std::string& column, QString& text,
               std::string& problem)
 {
-    const QTableView* table = TableOf(list);
+    const QTableView* table = SeenTable(list);
     if (table == nullptr) {
         problem = "this control is no list";
         return false;

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+class QTableView;
+
 /// Finding controls by name and saying what they show: the story player's eyes.
 
 /// The control named "Dialog/Control" ("Dialog/Page/Control" where pages share names), or "Control" where
@@ -17,6 +19,9 @@ CATDialog* FindControl(std::string_view name, std::string& problem);
 /// What a person reads on a control: an editor's or label's text, a button's title, a combo's chosen
 /// line, "on" or "off" for a check or radio button.
 QString VisibleText(const CATDialog& control);
+
+/// The table that shows a list; null for another control.
+const QTableView* SeenTable(const CATDialog& list);
 
 /// A list's cell as the user sees the list now: row from 1, column by title or by index from 0. False,
 /// with what was found instead.

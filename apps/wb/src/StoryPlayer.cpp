@@ -23,6 +23,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 
@@ -315,9 +316,13 @@ std::string StoryPlayer::Key(const Words& words)
     if (keys.isEmpty() || keys[0].key() == Qt::Key_unknown) {
         return "there is no key \"" + words[1] + "\"";
     }
-    QWidget* target = QApplication::focusWidget();
-    target = target != nullptr ? target : QApplication::activeWindow();
-    QTest::keyClick(target != nullptr ? target : &m_workbench, keys[0].key(), keys[0].keyboardModifiers());
+    if (QApplication::activeWindow() == nullptr) {
+        // Keys go to the main window when the window before it was closed, as on any desktop.
+        m_workbench.activateWindow();
+        CATDlgApplication::ProcessEvents();
+    }
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : &m_workbench, keys[0].key(), keys[0].keyboardModifiers());
     return {};
 }
 
@@ -329,12 +334,12 @@ std::string StoryPlayer::Sort(const Words& words)
         return problem;
     }
     const int column = SeenColumn(*control, words[2]);
-    auto* table = column < 0 ? nullptr : control->Widget()->findChild<QTableView*>();
-    if (table == nullptr) {
+    if (column < 0) {
         return "the list has no column \"" + words[2] + "\"";
     }
-    QHeaderView* header = table->horizontalHeader();
-    table->scrollTo(table->model()->index(0, column));
+    const QTableView* table = SeenTable(*control);
+    const QHeaderView* header = table->horizontalHeader();
+    table->horizontalScrollBar()->setValue(header->sectionPosition(column));
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
                       QPoint(header->sectionViewportPosition(column) + 8, header->height() / 2));
     return {};

@@ -102,10 +102,7 @@ WorkbenchWindow::WorkbenchWindow(const QString& databaseName) : m_database(CATNa
     CATSession::OnRunningCommandChanged([this](CATCommand*) { UpdateCommands(); });
 }
 
-WorkbenchWindow::~WorkbenchWindow()
-{
-    CATSession::OnRunningCommandChanged({});
-}
+WorkbenchWindow::~WorkbenchWindow() = default;
 
 void WorkbenchWindow::MakeStatusLine(const QString& databaseName)
 {

@@ -2,6 +2,7 @@
 
 #include "Appearance.h"
 #include "CATApplicationFrame.h"
+#include "CATDiagnostics.h"
 #include "CATDlgNotify.h"
 #include "CATFatalError.h"
 #include "CATNumberLocale.h"
@@ -28,9 +29,17 @@ void ChoosePlatform()
     }
 }
 
+/// What the toolkit has to say is for developers too: it goes with the session's diagnostic lines and
+/// never into a command's own output.
+void TellToolkitMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text)
+{
+    CATDiagnosticErrors().Line(text.toStdString());
+}
+
 QApplication* MakeToolkit(int& argc, char** argv)
 {
     ChoosePlatform();
+    qInstallMessageHandler(TellToolkitMessage);
     auto* application = new QApplication(argc, argv);
     GiveAppearance(*application);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -120,6 +129,7 @@ CATDlgApplication::~CATDlgApplication()
     CATSession::SetFaultReporter({});
     CATSession::SetDestructionScheduler({});
     delete QCoreApplication::instance();
+    qInstallMessageHandler(nullptr);
 }
 
 int CATDlgApplication::Run()

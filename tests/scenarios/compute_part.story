@@ -1,0 +1,112 @@
+# One pick fills the panel, in each workshop. The expected texts are typed from data/light_aeroplane.csv.
+
+# The navigator: an item instance of the database.
+start CATTEQWBComputePartCmd
+expect Prompt "Select a part or an assembly"
+pick LA1/WNG-000.1/WNG-200R.1/WNG-210.1/WNG-211.1
+
+# At first glance: name, place, active values, and whether they are up to date.
+expect CATWBVPMMainPanel/Name "Spar cap"
+expect CATWBVPMMainPanel/Part "WNG-211, version B"
+expect CATWBVPMMainPanel/Instance WNG-211.1
+expect CATWBVPMMainPanel/Path "LA1 / WNG-000.1 / WNG-200R.1 / WNG-210.1 / WNG-211.1"
+expect CATWBVPMMainPanel/Kind "Single part"
+expect CATWBVPMMainPanel/UpToDate "Not up to date"
+expect CATWBVPMMainPanel/ActiveMassType Calculated
+# 0.00123 m3 of 2780 kg/m3 is 3.4194 kg; 1 % below is 3.385206, 2 % above 3.487788.
+expect CATWBVPMMainPanel/Mass "3.419 kg"
+expect CATWBVPMMainPanel/Bounds "3.385 to 3.488 kg"
+expect CATWBVPMMainPanel/Centre "x 1620   y 0   z 4 mm"
+
+# Every mass type, in order of maturity behind Computed.
+expect CATWBVPMMainPanel/MassTypes/List 6
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 "Mass type" Computed
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 Mass ""
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 "Mass type" Estimated
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 Mass 3.9
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 "Lower dev." 0.39
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 "Upper dev." 0.78
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 "CoG x" ""
+expect-cell CATWBVPMMainPanel/MassTypes/List 4 "Mass type" Calculated
+expect-cell CATWBVPMMainPanel/MassTypes/List 4 Role active
+expect-cell CATWBVPMMainPanel/MassTypes/List 4 Mass 3.419
+expect-cell CATWBVPMMainPanel/MassTypes/List 4 Ixx 0.000833
+expect-cell CATWBVPMMainPanel/MassTypes/List 4 Iyy 4.00737
+expect-cell CATWBVPMMainPanel/MassTypes/List 4 Izz 4.00769
+shot compute_part_navigator.png
+
+# Material, documents, properties, place.
+click CATWBVPMMainPanel/Material
+expect CATWBVPMMainPanel/MaterialName "Al 2024-T3"
+expect CATWBVPMMainPanel/Density "2780 kg/m3"
+expect-cell CATWBVPMMainPanel/Material/List 1 Material "Al 2024-T3"
+expect-cell CATWBVPMMainPanel/Material/List 1 Mass 3.419
+expect-cell CATWBVPMMainPanel/Material/List 1 Share 100
+click CATWBVPMMainPanel/Documents
+expect CATWBVPMMainPanel/ActiveDocument "D-WNG-211, version B.2"
+expect CATWBVPMMainPanel/AttachedRevision "D-WNG-211 B.1"
+expect-cell CATWBVPMMainPanel/Documents/List 1 Version A.1
+expect-cell CATWBVPMMainPanel/Documents/List 1 "Checked out by" ""
+expect-cell CATWBVPMMainPanel/Documents/List 3 "Checked in" 2026/05/04
+expect-cell CATWBVPMMainPanel/Documents/List 3 "Checked in by" moreau
+expect-cell CATWBVPMMainPanel/Documents/List 3 "Checked out by" keller
+expect-cell CATWBVPMMainPanel/Documents/List 3 Mass 3.38
+click CATWBVPMMainPanel/Properties
+expect-cell CATWBVPMMainPanel/Properties/List 1 Property Location
+expect-cell CATWBVPMMainPanel/Properties/List 1 Value upper
+# The wing's panel is turned by 5 degrees and the spar by 90 in it: 550 - 70 sin 5 and -560 + 70 cos 5.
+click CATWBVPMMainPanel/Position
+expect-cell CATWBVPMMainPanel/Position/List 1 Shift 990
+expect-cell CATWBVPMMainPanel/Position/List 2 Shift 543.899
+expect-cell CATWBVPMMainPanel/Position/List 3 Shift -490.266
+expect-cell CATWBVPMMainPanel/Position/List 1 "y axis of the part" -1
+
+# The next pick fills the same panel. What nobody knows is not shown as 0.
+pick LA1/FIN-000.1/FIN-300.1
+expect CATWBVPMMainPanel/Name Placards
+expect CATWBVPMMainPanel/Mass "0.35 kg"
+expect CATWBVPMMainPanel/Bounds "0.315 to 0.42 kg"
+expect CATWBVPMMainPanel/Centre "–"
+
+# An assembly has no values of its own here, but goals and old estimates.
+pick LA1/WNG-000.1
+expect CATWBVPMMainPanel/Name Wing
+expect CATWBVPMMainPanel/Kind Assembly
+expect CATWBVPMMainPanel/ActiveMassType Computed
+expect CATWBVPMMainPanel/Mass "–"
+expect-cell CATWBVPMMainPanel/MassTypes/List 2 Mass 100
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 Mass 104
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 "CoG x" 620
+
+# Closing the panel ends the command.
+click CATWBVPMMainPanel/CloseButton
+expect Prompt ""
+
+# The product structure: a product of a document that lives in the database.
+workshop StructureWorkshop
+start CATTEQWBComputePartCmd
+expect Prompt "Select a part or an assembly"
+pick LA1/LDG-000.1/LDG-400.1
+expect CATWBVPMMainPanel/Name "Wheel fairing"
+expect CATWBVPMMainPanel/Path "LA1 / LDG-000.1 / LDG-400.1"
+# This one use was weighed: 1.02 kg and 5 g either way.
+expect CATWBVPMMainPanel/ActiveMassType Weighed
+expect CATWBVPMMainPanel/Mass "1.02 kg"
+expect CATWBVPMMainPanel/Bounds "1.015 to 1.025 kg"
+expect CATWBVPMMainPanel/Centre "x 6   y 0   z 2 mm"
+click CATWBVPMMainPanel/Material
+expect CATWBVPMMainPanel/MaterialName GFRP
+expect CATWBVPMMainPanel/PartMaterial GFRP
+expect CATWBVPMMainPanel/PartDensity "1850 kg/m3"
+click CATWBVPMMainPanel/Position
+expect-cell CATWBVPMMainPanel/Position/List 1 Shift 1230
+expect-cell CATWBVPMMainPanel/Position/List 2 Shift 960
+expect-cell CATWBVPMMainPanel/Position/List 3 Shift -1030
+shot compute_part_structure.png
+# The other two fairings are as calculated: 0.0005 m3 of 1850 kg/m3.
+pick LA1/LDG-000.1/LDG-400.2
+expect CATWBVPMMainPanel/ActiveMassType Calculated
+expect CATWBVPMMainPanel/Mass "0.925 kg"
+# The root is no instance: it is refused without a word, and the panel stays.
+pick LA1
+expect CATWBVPMMainPanel/Name "Wheel fairing"

@@ -1,0 +1,5 @@
+# Makes the pictures of the documentation.
+start CATTEQWBComputePartCmd
+pick LA1/WNG-000.1/WNG-200R.1/WNG-210.1/WNG-211.1
+resize CATWBVPMMainPanel 1100 640
+shot main_panel.png CATWBVPMMainPanel
