@@ -90,7 +90,7 @@ std::uint32_t FactLines::LineOf(Fact fact) const
 void KeepTyped(std::string& typed, std::string_view name, std::string_view text,
                std::string_view unit)
 {
-    constexpr std::size_t kUsual = 160; // a mass, a centre and an inertia
+    constexpr std::size_t kUsual = 64; // a position and a turn
     if (typed.empty()) {
         typed.reserve(kUsual);
     } else {

@@ -156,6 +156,9 @@ bool Statement::IsNull() const
 
 Database::Database(const std::string& path, bool create, int lockWait) : m_path(path)
 {
+    // SQLite's own count of its memory costs a lock at every allocation, and nobody reads it. The
+    // call has an effect before the first connection alone.
+    sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     const int flags =
         SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
     const int result = sqlite3_open_v2(path.c_str(), &m_database, flags, nullptr);

@@ -68,10 +68,8 @@ CREATE TABLE use (
     material INTEGER REFERENCES material (id),
     active INTEGER REFERENCES mass_type (id),
     note TEXT,
-    typed TEXT,
-    UNIQUE (parent, instance)
+    typed TEXT
 );
-CREATE INDEX use_part ON use (part);
 
 CREATE TABLE document_revision (
     part INTEGER NOT NULL REFERENCES part (id),
@@ -147,7 +145,9 @@ std::string SetNumberParameters()
 void CreateSchema(Database& database)
 {
     Transaction transaction(database);
-    database.Execute(kTables + OwnedTables("part") + OwnedTables("use"));
+    database.Execute(kTables);
+    database.Execute(kUseIndexes);
+    database.Execute(OwnedTables("part") + OwnedTables("use"));
     const auto insert = database.Prepare(
         "INSERT INTO mass_type (name, rank, kind, category, lower_pct, upper_pct, meaning) "
         "VALUES (?, ?, ?, ?, ?, ?, ?)");

@@ -11,6 +11,11 @@ constexpr std::int64_t kApplicationId = 0x57424442;
 /// Of the tables; a file of a higher version is refused.
 constexpr std::int64_t kSchemaVersion = 1;
 
+/// Makes the indexes that find a use below its parent, where its name is unique, and the uses of a
+/// part.
+constexpr const char* kUseIndexes = "CREATE UNIQUE INDEX use_instance ON use (parent, instance); "
+                                    "CREATE INDEX use_part ON use (part);";
+
 /// Makes all tables and the shipped mass types in an empty file.
 void CreateSchema(Database& database);
 

@@ -1,5 +1,6 @@
 #include "Database.h"
 #include "PartMerge.h"
+#include "Schema.h"
 #include "StoreWrites.h"
 #include "WBStore.h"
 
@@ -130,43 +131,55 @@ private:
 
     void ImportUses()
     {
-        ImportCounts& counts = m_outcome.counts;
+        // A first import builds the indexes in one go at its end, by sorting.
+        if (m_known.empty()) {
+            m_database.Execute("DROP INDEX use_part; DROP INDEX use_instance");
+        }
         for (const Use& use : m_product.uses) {
-            const RowId parent = m_partIds[use.parent];
-            const auto known =
-                m_isNew[use.parent] ? std::nullopt : m_store.FindUse(parent, use.instance);
-            if (!known) {
-                ++counts.newUses;
-                if (!m_isNew[use.parent]) {
-                    m_touched.push_back(parent);
-                    RefuseLeafParent(use);
-                }
-                m_writer.InsertUse(use, parent, m_partIds[use.part]);
-                continue;
-            }
-            const std::string name = m_product.parts[use.parent].identifier + "/" + use.instance;
-            if (known->part.id != m_partIds[use.part]) {
-                Refuse(use.firstLine,
-                       "use " + name + ": found part \"" + m_product.parts[use.part].identifier +
-                           " " + m_product.parts[use.part].version + "\", the database holds \"" +
-                           known->part.identifier + " " + known->part.version +
-                           "\"; expected the same part or another instance name");
-                continue;
-            }
-            StoredUse stored = m_store.ReadUse(known->id);
-            m_merge.Forget();
-            m_merge.Merge(stored.use, use, name);
-            if (!m_merge.Changed()) {
-                ++counts.unchangedUses;
-                continue;
-            }
-            ++counts.changedUses;
-            if (m_outcome.errors.empty()) {
-                m_writer.UpdateUse(stored.id, stored.use);
-            }
-            if (m_merge.TouchesSums()) {
+            ImportUse(use);
+        }
+        if (m_known.empty()) {
+            m_database.Execute(kUseIndexes);
+        }
+    }
+
+    void ImportUse(const Use& use)
+    {
+        ImportCounts& counts = m_outcome.counts;
+        const RowId parent = m_partIds[use.parent];
+        const auto known =
+            m_isNew[use.parent] ? std::nullopt : m_store.FindUse(parent, use.instance);
+        if (!known) {
+            ++counts.newUses;
+            if (!m_isNew[use.parent]) {
                 m_touched.push_back(parent);
+                RefuseLeafParent(use);
             }
+            m_writer.InsertUse(use, parent, m_partIds[use.part]);
+            return;
+        }
+        const std::string name = m_product.parts[use.parent].identifier + "/" + use.instance;
+        if (known->part.id != m_partIds[use.part]) {
+            Refuse(use.firstLine,
+                   "use " + name + ": found part \"" + m_product.parts[use.part].identifier + " " +
+                       m_product.parts[use.part].version + "\", the database holds \"" +
+                       known->part.identifier + " " + known->part.version +
+                       "\"; expected the same part or another instance name");
+            return;
+        }
+        StoredUse stored = m_store.ReadUse(known->id);
+        m_merge.Forget();
+        m_merge.Merge(stored.use, use, name);
+        if (!m_merge.Changed()) {
+            ++counts.unchangedUses;
+            return;
+        }
+        ++counts.changedUses;
+        if (m_outcome.errors.empty()) {
+            m_writer.UpdateUse(stored.id, stored.use);
+        }
+        if (m_merge.TouchesSums()) {
+            m_touched.push_back(parent);
         }
     }
 

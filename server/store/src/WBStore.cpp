@@ -58,6 +58,9 @@ Store::Opened Store::OpenOrCreate(const std::string& path, int lockWait)
     try {
         {
             Database database(path, true, lockWait);
+            // A new file holds nothing that a power cut could take; the first import waits for the
+            // disk.
+            database.Execute("PRAGMA synchronous = OFF");
             CreateSchema(database);
         }
         return Open(path, lockWait);

@@ -139,6 +139,9 @@ CsvTable CsvTable::Parse(std::string_view content, TableErrors& errors)
     }
     table.m_separator = FindSeparator(content);
     table.m_text.reserve(content.size());
+    constexpr std::size_t kUsualCell =
+        8; // bytes of a filled cell with its separator, a little less
+    table.m_cells.reserve(content.size() / kUsualCell);
 
     Collector collector{table, errors, IsPlain(content, table.m_separator)};
     csv_parser parser{};
