@@ -1,6 +1,7 @@
 #include "Database.h"
 
 #include <climits>
+#include <cstring>
 
 namespace wb
 {
@@ -104,6 +105,12 @@ Statement& Statement::BindNull()
     return *this;
 }
 
+Statement& Statement::BindBlob(const void* bytes, int size)
+{
+    Check(sqlite3_bind_blob(m_statement, ++m_parameter, bytes, size, SQLITE_STATIC));
+    return *this;
+}
+
 bool Statement::Step()
 {
     m_column = 0;
@@ -147,6 +154,16 @@ double Statement::Number()
 std::int64_t Statement::Integer()
 {
     return sqlite3_column_int64(m_statement, m_column++);
+}
+
+void Statement::Blob(void* bytes, std::size_t size)
+{
+    const void* stored = sqlite3_column_blob(m_statement, m_column);
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(m_statement, m_column));
+    ++m_column;
+    if (stored != nullptr && length == size) {
+        std::memcpy(bytes, stored, size);
+    }
 }
 
 bool Statement::IsNull() const

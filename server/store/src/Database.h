@@ -27,6 +27,7 @@ public:
     Statement& Bind(double value);              // an unknown number is stored as NULL
     Statement& Bind(std::int64_t value);
     Statement& BindNull();
+    Statement& BindBlob(const void* bytes, int size); // not copied, like texts
 
     /// Moves to the next row; false at the end.
     bool Step();
@@ -37,6 +38,8 @@ public:
     std::string Text();
     double Number();
     std::int64_t Integer();
+    /// Fills the bytes when the column holds as many; leaves them alone when it is NULL.
+    void Blob(void* bytes, std::size_t size);
     bool IsNull() const; // of the next column
 
 private:

@@ -13,8 +13,7 @@ const std::string kLineColumns =
     "EXISTS (SELECT 1 FROM use WHERE part = p.id), EXISTS (SELECT 1 FROM use WHERE parent = p.id)";
 
 const std::string kUseLineColumns =
-    "u.id, u.instance, max(u.quantity, 1), u.r11, u.r12, u.r13, u.r21, u.r22, u.r23, u.r31, "
-    "u.r32, u.r33, u.x, u.y, u.z, ";
+    "u.id, u.instance, max(u.quantity, 1), u.rotation, u.x, u.y, u.z, ";
 
 PartLine ReadLine(Statement& row)
 {
@@ -33,11 +32,7 @@ PartLine ReadLine(Statement& row)
 Placement ReadPlacement(Statement& row)
 {
     Placement placement;
-    for (auto& line : placement.rotation) {
-        for (double& term : line) {
-            term = row.Number();
-        }
-    }
+    row.Blob(&placement.rotation, sizeof placement.rotation);
     for (double& term : placement.shift) {
         term = row.Number();
     }
@@ -291,8 +286,8 @@ StoredUse Store::ReadUse(RowId id) const
 {
     StoredUse stored;
     Statement& row = m_database->Kept(
-        "SELECT u.id, parent, part, instance, quantity, stated, r11, r12, r13, r21, r22, r23, r31, "
-        "r32, r33, x, y, z, u.density, u.surface_density, m.name, t.name, note, u.typed FROM use u "
+        "SELECT u.id, parent, part, instance, quantity, stated, rotation, "
+        "x, y, z, u.density, u.surface_density, m.name, t.name, note, u.typed FROM use u "
         "LEFT JOIN material m ON m.id = u.material LEFT JOIN mass_type t ON t.id = u.active "
         "WHERE u.id = ?");
     row.Bind(id);

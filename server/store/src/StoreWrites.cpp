@@ -36,11 +36,10 @@ PartWriter::PartWriter(Database& database)
           "INSERT INTO part (name, type, standard, code, growth_pct, density, surface_density, "
           "density_first, errors, material, active, note, typed, id, identifier, version, "
           "change_number) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
-      m_insertUse(database.Prepare(
-          "INSERT INTO use (quantity, stated, r11, r12, r13, r21, r22, r23, r31, r32, r33, x, y, "
-          "z, "
-          "density, surface_density, material, active, note, typed, id, parent, part, instance) "
-          "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
+      m_insertUse(database.Prepare("INSERT INTO use (quantity, stated, rotation, x, y, z, density, "
+                                   "surface_density, material, "
+                                   "active, note, typed, id, parent, part, instance) "
+                                   "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
       m_partValue(database.Prepare(ValueInsert("part"))),
       m_useValue(database.Prepare(ValueInsert("use"))),
       m_partProperty(database.Prepare(PropertyInsert("part"))),
@@ -148,10 +147,11 @@ Statement& PartWriter::BindUse(Statement& statement, const Use& use)
 {
     const std::int64_t stated = (use.positionStated ? 1 : 0) + (use.rotationStated ? 2 : 0);
     statement.Start().Bind(std::int64_t{use.quantity}).Bind(stated);
-    for (const auto& row : use.placement.rotation) {
-        for (const double term : row) {
-            statement.Bind(term);
-        }
+    // A part that is not turned, as most are, needs no matrix.
+    if (use.placement.rotation == Placement().rotation) {
+        statement.BindNull();
+    } else {
+        statement.BindBlob(&use.placement.rotation, sizeof use.placement.rotation);
     }
     for (const double term : use.placement.shift) {
         statement.Bind(term);
@@ -173,8 +173,7 @@ RowId PartWriter::InsertUse(const Use& use, RowId parent, RowId part)
 
 void PartWriter::UpdateUse(RowId id, const Use& use)
 {
-    BindUse(m_database.Kept("UPDATE use SET quantity = ?, stated = ?, r11 = ?, r12 = ?, r13 = ?, "
-                            "r21 = ?, r22 = ?, r23 = ?, r31 = ?, r32 = ?, r33 = ?, x = ?, y = ?, "
+    BindUse(m_database.Kept("UPDATE use SET quantity = ?, stated = ?, rotation = ?, x = ?, y = ?, "
                             "z = ?, density = ?, surface_density = ?, material = ?, active = ?, "
                             "note = ?, typed = ? WHERE id = ?"),
             use)
