@@ -33,7 +33,10 @@ void ChoosePlatform()
 /// never into a command's own output.
 void TellToolkitMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text)
 {
-    CATDiagnosticErrors().Line(text.toStdString());
+    // The screen that draws into memory says so of each thing that only a real one can do.
+    if (!text.startsWith(QLatin1String("This plugin does not support"))) {
+        CATDiagnosticErrors().Line(text.toStdString());
+    }
 }
 
 QApplication* MakeToolkit(int& argc, char** argv)

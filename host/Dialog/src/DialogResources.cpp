@@ -50,7 +50,12 @@ void Flatten(const CATTomlValue& value, const std::string& path, Texts& texts)
     }
     if (const CATTomlValue::Table* table = value.AsTable()) {
         for (const auto& [key, member] : *table) {
-            Flatten(member, path.empty() ? key : path + "." + key, texts);
+            std::string inner = path;
+            if (!inner.empty()) {
+                inner += '.';
+            }
+            inner += key;
+            Flatten(member, inner, texts);
         }
     }
 }

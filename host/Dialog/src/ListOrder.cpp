@@ -27,7 +27,8 @@ bool IsAscii(std::string_view text)
 bool HoldsWord(std::string_view text, const std::string& word)
 {
     if (IsAscii(word)) {
-        return std::ranges::search(text, word, {}, Lower).begin() != text.end();
+        return std::search(text.begin(), text.end(), word.begin(), word.end(),
+                           [](char a, char b) { return Lower(a) == b; }) != text.end();
     }
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
         .toLower()
