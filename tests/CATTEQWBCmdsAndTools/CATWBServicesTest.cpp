@@ -25,6 +25,8 @@ TEST(FieldByNumber, IntegerFormFailsWithoutTheFieldOrANumberAndLeavesTheOutput)
     EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("a|7|b", 0, value), E_FAIL);
     EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("1||3", 1, value), E_FAIL);
     EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("", 0, value), E_FAIL);
+    EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("1|2", 2, value), E_FAIL);
+    EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("1|2|", 2, value), E_FAIL);
     EXPECT_EQ(value, 42);
 }
 

@@ -4,6 +4,7 @@
 #include "CATDlgNotify.h"
 #include "CATMsgCatalog.h"
 #include "CATServerCaller.h"
+#include "CATSession.h"
 #include "CATWBVPMNavGUITable.h"
 #include "ModuleSession.h"
 
@@ -116,6 +117,15 @@ TEST_F(Messages, MessageIsShownWithoutWaiting)
     EXPECT_EQ(m_shown[0].text, "The server did not answer.");
     EXPECT_EQ(m_shown[0].style, 0x10000000);
     EXPECT_FALSE(m_shown[0].blocking);
+}
+
+TEST_F(Messages, MessageStaysUntilItIsClosedAndThenDeletesItself)
+{
+    CATDlgDialog parent(nullptr, "Parent", 0x4001);
+    CATWBServices::DisplayMsg(&parent, "ServerError", "The server did not answer.", 0x10000000);
+    EXPECT_EQ(parent.ChildCount(), 1);
+    CATSession::RunDelayedDestructions();
+    EXPECT_EQ(parent.ChildCount(), 0);
 }
 
 TEST_F(Messages, MessageWithoutAParentIsOnlyADiagnosticLine)
