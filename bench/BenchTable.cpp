@@ -23,11 +23,13 @@ public:
     {
         for (const Run& run : runs) {
             if (run.error_occurred) {
-                std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+                std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(),
+                             run.error_message.c_str());
                 m_failed = true;
             } else if (run.aggregate_name == "median") {
                 m_medians[run.run_name.function_name] =
-                    run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit) * 1e9;
+                    run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit) *
+                    1e9;
             }
         }
     }
@@ -64,7 +66,8 @@ bool PrintTable(const MedianReporter& reporter)
         }
         const double ratio = ours / peer;
         const bool missed = line.goal > 0.0 && ratio > line.goal;
-        std::printf("%-58s %13s %13s %8.2f ", line.what.c_str(), Time(ours).c_str(), Time(peer).c_str(), ratio);
+        std::printf("%-58s %13s %13s %8.2f ", line.what.c_str(), Time(ours).c_str(),
+                    Time(peer).c_str(), ratio);
         if (line.goal > 0.0) {
             std::printf("%8.2f%s\n", line.goal, missed ? "  MISSED" : "");
         } else {
@@ -77,8 +80,8 @@ bool PrintTable(const MedianReporter& reporter)
 
 } // namespace
 
-// Medians of five repetitions, the benchmarks taken in random turns, so that a machine that slows down
-// slows both sides. The exit status is 1 when a goal was missed.
+// Medians of five repetitions, the benchmarks taken in random turns, so that a machine that slows
+// down slows both sides. The exit status is 1 when a goal was missed.
 int main(int argc, char** argv)
 {
     std::vector<char*> arguments(argv, argv + argc);

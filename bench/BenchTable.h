@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-/// A line of the table: a benchmark of ours against one in the same run that does the least that the
-/// work needs.
+/// A line of the table: a benchmark of ours against one in the same run that does the least that
+/// the work needs.
 struct BenchLine
 {
     std::string what;

@@ -22,7 +22,8 @@ constexpr int kParts = 10'000;
 class Folder
 {
 public:
-    Folder() : m_path(std::filesystem::temp_directory_path() / ("wb_bench." + std::to_string(getpid())))
+    Folder()
+        : m_path(std::filesystem::temp_directory_path() / ("wb_bench." + std::to_string(getpid())))
     {
         std::filesystem::create_directories(m_path);
         WriteProductFile(Product(), kRows, kParts);
@@ -78,7 +79,8 @@ void Split(const std::string& line, std::vector<std::string_view>& fields)
     fields.emplace_back(line.data() + begin, line.size() - begin);
 }
 
-/// The least that reading the file into a database takes: read, split, insert every row as it stands.
+/// The least that reading the file into a database takes: read, split, insert every row as it
+/// stands.
 bool InsertRows(const std::string& product, const std::string& database)
 {
     sqlite3* connection = nullptr;
@@ -107,7 +109,8 @@ bool InsertRows(const std::string& product, const std::string& database)
         sqlite3_reset(statement);
     }
     sqlite3_finalize(statement);
-    const bool committed = sqlite3_exec(connection, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK;
+    const bool committed =
+        sqlite3_exec(connection, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK;
     sqlite3_close(connection);
     return committed;
 }
@@ -125,7 +128,7 @@ void BareInsert100000(benchmark::State& state)
 }
 BENCHMARK(BareInsert100000)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
-const RegisterBenchLine kImport(
-    {"import 100,000 rows / read, split and insert with SQLite", "Import100000", "BareInsert100000", 3.0});
+const RegisterBenchLine kImport({"import 100,000 rows / read, split and insert with SQLite",
+                                 "Import100000", "BareInsert100000", 3.0});
 
 } // namespace

@@ -129,7 +129,11 @@ function(wb_add_test name)
     else()
         wb_use_pch(${name} wb_test_pch)
     endif()
+    set(labels)
+    if(ARG_LABELS)
+        set(labels LABELS "${ARG_LABELS}")
+    endif()
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}."
-        PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120
+        PROPERTIES ${labels} TIMEOUT 120
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()

@@ -5,18 +5,40 @@
 class CATENOWBCSCommonDefinitions
 {
 public:
-    // The enumerations have a fixed type: a stream may carry a value that is none of theirs, and the record
-    // keeps it as received.
+    // The enumerations have a fixed type: a stream may carry a value that is none of theirs, and
+    // the record keeps it as received.
 
     /// How much of a value is there.
-    enum ValueStatus : int { Empty = 0, Assigned = 1, PartiallyAssigned = 2 };
+    enum ValueStatus : int
+    {
+        Empty = 0,
+        Assigned = 1,
+        PartiallyAssigned = 2
+    };
     /// Which density goes first where a part has one of its own and one of its material.
-    enum DensityPriority : int { WBDensityFirst = 0, MaterialDensityFirst = 1 };
-    enum PrecisionType : int { NoPrecision = 0, PrecisionDefined = 1 };
+    enum DensityPriority : int
+    {
+        WBDensityFirst = 0,
+        MaterialDensityFirst = 1
+    };
+    enum PrecisionType : int
+    {
+        NoPrecision = 0,
+        PrecisionDefined = 1
+    };
     /// A precision is a percentage of the mass or a mass.
-    enum PrecisionValueType : int { Percentage = 0, Absolute = 1 };
+    enum PrecisionValueType : int
+    {
+        Percentage = 0,
+        Absolute = 1
+    };
     /// What a computation covers.
-    enum Entity : int { InstanceWithChildren = 0, Root = 1, PartAlone = 2 };
+    enum Entity : int
+    {
+        InstanceWithChildren = 0,
+        Root = 1,
+        PartAlone = 2
+    };
 
     /// The mass type of what the program derived; nobody types, imports or sends it.
     static constexpr const char* Computed = "Computed";

@@ -2,7 +2,8 @@
 
 #include "PanelTable.h"
 
-CATWBVPMMainPanel::CATWBVPMMainPanel(CATCommand* parent) : CATDlgDialog(parent, kName, 0x4001) {}
+CATWBVPMMainPanel::CATWBVPMMainPanel(CATCommand* parent) : CATDlgDialog(parent, kName, 0x4001)
+{}
 
 CATWBVPMMainPanel* CATWBVPMMainPanel::Create(CATCommand* parent, CATWBAllDataBuffer* record)
 {

@@ -5,11 +5,17 @@
 
 #include <vector>
 
-/// A record as plain tables, for programs that print it: numbers in storage units, as "%.15g" with "."
-/// whatever the locale.
+/// A record as plain tables, for programs that print it: numbers in storage units, as "%.15g" with
+/// "." whatever the locale.
 struct CATWBRecordCell
 {
-    enum class Kind { Unknown, Text, Number, Flag };
+    enum class Kind
+    {
+        Unknown,
+        Text,
+        Number,
+        Flag
+    };
     Kind kind = Kind::Unknown;
     CATUnicodeString text; ///< of a flag "true" or "false"
 };

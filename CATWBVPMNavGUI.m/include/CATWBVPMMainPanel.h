@@ -10,8 +10,8 @@ class CATWBAllDataBuffer;
 class WB_EXPORT CATWBVPMMainPanel : public CATDlgDialog
 {
 public:
-    /// Makes the panel through the table of the panels library and fills it; the panel takes a counted
-    /// reference on the record. Null when no panels library is registered.
+    /// Makes the panel through the table of the panels library and fills it; the panel takes a
+    /// counted reference on the record. Null when no panels library is registered.
     static CATWBVPMMainPanel* Create(CATCommand* parent, CATWBAllDataBuffer* record);
     /// The panel's dialog name.
     static constexpr const char* kName = "CATWBVPMMainPanel";

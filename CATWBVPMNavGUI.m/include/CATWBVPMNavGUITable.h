@@ -7,8 +7,9 @@ class CATCommand;
 class CATWBAllDataBuffer;
 class CATWBVPMMainPanel;
 
-/// What the panels library offers to those that stand below it. The library fills the table when the
-/// host calls its CATWBVPMNavGUIRegister; a test or a windowless command puts a table of its own.
+/// What the panels library offers to those that stand below it. The library fills the table when
+/// the host calls its CATWBVPMNavGUIRegister; a test or a windowless command puts a table of its
+/// own.
 struct CATWBVPMNavGUITable
 {
     /// Makes a main panel for the record.
@@ -19,6 +20,6 @@ struct CATWBVPMNavGUITable
     std::vector<CATWBRecordTable> (*describeRecord)(const CATWBAllDataBuffer& record) = nullptr;
 };
 
-/// Registers a table and returns the one that stood there. Members may be null: then the contract's own
-/// answers are given.
+/// Registers a table and returns the one that stood there. Members may be null: then the contract's
+/// own answers are given.
 WB_EXPORT CATWBVPMNavGUITable CATWBVPMNavGUISetTable(const CATWBVPMNavGUITable& table);

@@ -143,8 +143,8 @@ void ReadFlags(const CATWBAllDataBuffer& record, WBPanelRecord& panel)
     panel.hasInstanceInPDM = record.HasInstInENOVIA();
 }
 
-// An assembly whose parts all have a density is assigned, but has none of its own: it travels as 0, and
-// nothing real has a density of 0.
+// An assembly whose parts all have a density is assigned, but has none of its own: it travels as 0,
+// and nothing real has a density of 0.
 std::optional<double> KnownDensity(Definitions::ValueStatus status, double density)
 {
     return status == Definitions::Assigned && density != 0.0 ? std::optional(density)

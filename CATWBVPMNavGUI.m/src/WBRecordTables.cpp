@@ -64,11 +64,12 @@ CATWBRecordTable PartTable(const WBPanelRecord& record)
 {
     return {"part",
             false,
-            {"root", "instance", "part", "version", "path", "is_leaf", "standard_part", "up_to_date",
-             "has_pdm_instance", "active_mass_type", "last_imposed_mass_type"},
+            {"root", "instance", "part", "version", "path", "is_leaf", "standard_part",
+             "up_to_date", "has_pdm_instance", "active_mass_type", "last_imposed_mass_type"},
             {{Text(record.root), Text(record.instance), Text(record.part), Text(record.version),
-              Text(JoinedPath(record.path)), Flag(record.isLeaf), Flag(record.isStandardPart), Flag(record.isUpToDate),
-              Flag(record.hasInstanceInPDM), Text(record.activeMassType), Text(record.lastImposedMassType)}}};
+              Text(JoinedPath(record.path)), Flag(record.isLeaf), Flag(record.isStandardPart),
+              Flag(record.isUpToDate), Flag(record.hasInstanceInPDM), Text(record.activeMassType),
+              Text(record.lastImposedMassType)}}};
 }
 
 void AppendCentre(Row& row, const std::optional<CATMathPoint>& centre)
@@ -87,9 +88,11 @@ void AppendInertia(Row& row, const std::optional<CATMath3x3Matrix>& inertia)
         int column;
         double sign;
     };
-    constexpr std::array kTerms{Term{1, 1, 1}, Term{2, 2, 1}, Term{3, 3, 1}, Term{1, 2, -1}, Term{1, 3, -1}, Term{2, 3, -1}};
+    constexpr std::array kTerms{Term{1, 1, 1},  Term{2, 2, 1},  Term{3, 3, 1},
+                                Term{1, 2, -1}, Term{1, 3, -1}, Term{2, 3, -1}};
     for (const Term& term : kTerms) {
-        row.push_back(inertia ? Number(term.sign * inertia->GetCoef(term.row, term.column)) : Cell{});
+        row.push_back(inertia ? Number(term.sign * inertia->GetCoef(term.row, term.column))
+                              : Cell{});
     }
 }
 
@@ -97,16 +100,18 @@ CATWBRecordTable MassTypesTable(const WBPanelRecord& record)
 {
     CATWBRecordTable table{"mass_types",
                            true,
-                           {"name", "status", "mass", "lower_deviation", "upper_deviation", "cgx", "cgy", "cgz", "ixx",
-                            "iyy", "izz", "ixy", "ixz", "iyz", "precision", "lower_precision", "upper_precision",
-                            "default_lower_precision", "default_upper_precision"},
+                           {"name", "status", "mass", "lower_deviation", "upper_deviation", "cgx",
+                            "cgy", "cgz", "ixx", "iyy", "izz", "ixy", "ixz", "iyz", "precision",
+                            "lower_precision", "upper_precision", "default_lower_precision",
+                            "default_upper_precision"},
                            {}};
     for (const WBPanelMassType& type : record.massTypes) {
-        Row row{Text(type.name), Text(WordOf(type.status)), Number(type.mass), Number(type.lowerDeviation),
-                Number(type.upperDeviation)};
+        Row row{Text(type.name), Text(WordOf(type.status)), Number(type.mass),
+                Number(type.lowerDeviation), Number(type.upperDeviation)};
         AppendCentre(row, type.centre);
         AppendInertia(row, type.inertia);
-        row.push_back(type.hasPrecision ? Text(type.isPrecisionAbsolute ? "absolute" : "percentage") : Cell{});
+        row.push_back(type.hasPrecision ? Text(type.isPrecisionAbsolute ? "absolute" : "percentage")
+                                        : Cell{});
         row.push_back(type.hasPrecision ? Number(type.lowerPrecision) : Cell{});
         row.push_back(type.hasPrecision ? Number(type.upperPrecision) : Cell{});
         row.push_back(Number(type.defaultLowerPrecision));
@@ -120,10 +125,11 @@ CATWBRecordTable MaterialTable(const WBPanelRecord& record)
 {
     return {"material",
             false,
-            {"material", "applied_on", "density_status", "density", "density_first", "part_material",
-             "part_density_status", "part_density"},
-            {{Text(record.density.material), Text(record.appliedOn), Text(WordOf(record.density.status)),
-              Number(record.density.density), Text(record.isMaterialDensityFirst ? "material" : "wb"),
+            {"material", "applied_on", "density_status", "density", "density_first",
+             "part_material", "part_density_status", "part_density"},
+            {{Text(record.density.material), Text(record.appliedOn),
+              Text(WordOf(record.density.status)), Number(record.density.density),
+              Text(record.isMaterialDensityFirst ? "material" : "wb"),
               Text(record.partDensity.material), Text(WordOf(record.partDensity.status)),
               Number(record.partDensity.density)}}};
 }
@@ -132,7 +138,8 @@ CATWBRecordTable StatisticsTable(const WBPanelRecord& record)
 {
     CATWBRecordTable table{"material_statistics", true, {"material", "dimension", "mass"}, {}};
     for (const WBPanelStatistic& statistic : record.statistics) {
-        table.rows.push_back({Text(statistic.material), Number(statistic.dimension), Number(statistic.mass)});
+        table.rows.push_back(
+            {Text(statistic.material), Number(statistic.dimension), Number(statistic.mass)});
     }
     return table;
 }
@@ -141,31 +148,37 @@ CATWBRecordTable DocumentTable(const WBPanelRecord& record)
 {
     return {"document",
             false,
-            {"active", "version", "attached", "computed_on", "old_revisions_usable", "used_specific_revision_before"},
-            {{Text(record.activeDocument), Text(record.activeDocumentVersion), Text(record.attachedRevision),
-              Text(record.isAttachedRevisionUsed ? "attached" : "latest"), Flag(record.areOldRevisionsUsable),
-              Flag(record.hasUsedSpecificRevision)}}};
+            {"active", "version", "attached", "computed_on", "old_revisions_usable",
+             "used_specific_revision_before"},
+            {{Text(record.activeDocument), Text(record.activeDocumentVersion),
+              Text(record.attachedRevision),
+              Text(record.isAttachedRevisionUsed ? "attached" : "latest"),
+              Flag(record.areOldRevisionsUsable), Flag(record.hasUsedSpecificRevision)}}};
 }
 
 CATWBRecordTable RevisionsTable(const WBPanelRecord& record)
 {
-    CATWBRecordTable table{"revisions",
-                           true,
-                           {"version", "checkin_date", "checkin_user", "checkout_user", "active_mass_type", "mass"},
-                           {}};
+    CATWBRecordTable table{
+        "revisions",
+        true,
+        {"version", "checkin_date", "checkin_user", "checkout_user", "active_mass_type", "mass"},
+        {}};
     for (const WBPanelRevision& revision : record.revisions) {
-        table.rows.push_back({Text(revision.version), Text(revision.checkInDate), Text(revision.checkInUser),
-                              Text(revision.checkOutUser), Text(revision.activeMassType), Number(revision.mass)});
+        table.rows.push_back({Text(revision.version), Text(revision.checkInDate),
+                              Text(revision.checkInUser), Text(revision.checkOutUser),
+                              Text(revision.activeMassType), Number(revision.mass)});
     }
     return table;
 }
 
 CATWBRecordTable PropertiesTable(const WBPanelRecord& record)
 {
-    CATWBRecordTable table{"properties", true, {"name", "type", "is_date", "owner", "value", "magnitude"}, {}};
+    CATWBRecordTable table{
+        "properties", true, {"name", "type", "is_date", "owner", "value", "magnitude"}, {}};
     for (const WBPanelProperty& property : record.properties) {
-        table.rows.push_back({Text(property.name), Number(property.type), Flag(property.isDate), Text(property.owner),
-                              Text(property.value), Text(property.magnitude)});
+        table.rows.push_back({Text(property.name), Number(property.type), Flag(property.isDate),
+                              Text(property.owner), Text(property.value),
+                              Text(property.magnitude)});
     }
     return table;
 }
@@ -190,6 +203,7 @@ CATWBRecordTable PositionTable(const WBPanelRecord& record)
 
 std::vector<CATWBRecordTable> WBDescribeRecord(const WBPanelRecord& record)
 {
-    return {PartTable(record),     MassTypesTable(record), MaterialTable(record),   StatisticsTable(record),
-            DocumentTable(record), RevisionsTable(record), PropertiesTable(record), PositionTable(record)};
+    return {PartTable(record),       MassTypesTable(record), MaterialTable(record),
+            StatisticsTable(record), DocumentTable(record),  RevisionsTable(record),
+            PropertiesTable(record), PositionTable(record)};
 }

@@ -4,7 +4,7 @@
 
 struct WBPanelRecord;
 
-/// Everything that the panel knows as plain tables, for programs that print it: "part", "mass_types",
-/// "material", "material_statistics", "document", "revisions", "properties", "position". What the record
-/// does not know is Unknown.
+/// Everything that the panel knows as plain tables, for programs that print it: "part",
+/// "mass_types", "material", "material_statistics", "document", "revisions", "properties",
+/// "position". What the record does not know is Unknown.
 std::vector<CATWBRecordTable> WBDescribeRecord(const WBPanelRecord& record);

@@ -7,9 +7,9 @@
 
 class ENOWBAllDataBuffer;
 
-/// What the record's stream does not say: the part's name as people say it, and which figures of its mass
-/// types are really known. On the stream an unknown figure travels as 0; this keeps it from being shown as
-/// one.
+/// What the record's stream does not say: the part's name as people say it, and which figures of
+/// its mass types are really known. On the stream an unknown figure travels as 0; this keeps it
+/// from being shown as one.
 class WBValueDetails
 {
 public:
@@ -24,8 +24,8 @@ public:
     /// does not come, or that cannot be read, is told on the diagnostic error stream; then nothing
     /// is said to be unknown.
     static WBValueDetails Ask(const ENOWBAllDataBuffer& record);
-    /// Reads an answer: the part's name, a count, then for each mass type its name and three flags (mass,
-    /// centre of gravity, inertia). False, with nothing kept, for any other text.
+    /// Reads an answer: the part's name, a count, then for each mass type its name and three flags
+    /// (mass, centre of gravity, inertia). False, with nothing kept, for any other text.
     bool Read(const CATUnicodeString& answer);
 
     /// Empty when the server did not say it.

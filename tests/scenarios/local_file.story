@@ -1,5 +1,5 @@
 # A table file opens as a document on disk, without the database: there is nothing to ask the PDM about.
-open ../../../data/small_satellite.csv
+open ../../data/small_satellite.csv
 start CATTEQWBComputePartCmd
 pick SC1/STR-000.1/STR-100.1
 expect-box "Not in the PDM"

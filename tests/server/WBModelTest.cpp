@@ -146,8 +146,8 @@ TEST(WBUnits, LegalDefinitionsHoldToTheLastDigit)
     EXPECT_DOUBLE_EQ(Stored("FORCE", "lbf", 1), 4.4482216152605);
     EXPECT_EQ(Stored("TEMPERATURE", "degC", 20), 293.15);
     EXPECT_EQ(Stored("PRESSURE", "bar", 1), 1e5);
-    EXPECT_EQ(Stored("CHARGE", "Ah", 2), 7200.0);
-    EXPECT_EQ(Stored("PERCENT", "%", 5), 5.0);
+    EXPECT_EQ(Stored("ELECTRIC_CHARGE", "A.h", 2), 7200.0);
+    EXPECT_EQ(Stored("RATIO", "%", 5), 5.0);
 }
 
 TEST(WBUnits, EveryMagnitudeStoresItsFirstUnitUnchanged)

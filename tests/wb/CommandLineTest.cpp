@@ -27,9 +27,10 @@ class CommandLine : public testing::Test
 protected:
     Outcome Run(const std::string& arguments) const
     {
-        const std::string command = "cd '" + folder.Path("") + "' && XDG_CONFIG_HOME='" + folder.Path("config") +
-                                    "' XDG_DATA_HOME='" + folder.Path("data-home") + "' " + environment + " '" WB_PROGRAM "' " +
-                                    arguments + " 2>'" + folder.Path("stderr") + "' </dev/null";
+        const std::string command =
+            "cd '" + folder.Path("") + "' && XDG_CONFIG_HOME='" + folder.Path("config") +
+            "' XDG_DATA_HOME='" + folder.Path("data-home") + "' " + environment +
+            " '" WB_PROGRAM "' " + arguments + " 2>'" + folder.Path("stderr") + "' </dev/null";
         Outcome outcome;
         std::FILE* pipe = popen(command.c_str(), "r");
         std::array<char, 4096> block{};
@@ -40,7 +41,10 @@ protected:
         outcome.err = folder.Read("stderr");
         return outcome;
     }
-    void ImportAeroplane() const { ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into a.db").status, 0); }
+    void ImportAeroplane() const
+    {
+        ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into a.db").status, 0);
+    }
 
     TestFolder folder;
     std::string environment;
@@ -69,7 +73,8 @@ TEST_F(CommandLine, ImportingTheSameFileTwiceChangesNothing)
 
 TEST_F(CommandLine, CheckChangesNothingAndMakesNoDatabase)
 {
-    const Outcome outcome = Run("import '" WB_SOURCE_DIR "/data/small_satellite.csv' --into a.db --check");
+    const Outcome outcome =
+        Run("import '" WB_SOURCE_DIR "/data/small_satellite.csv' --into a.db --check");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_THAT(outcome.out, AllOf(HasSubstr("51 new"), HasSubstr("81 new")));
     EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db")));
@@ -81,8 +86,8 @@ TEST_F(CommandLine, AWrongFileIsRefusedWithFileLineAndColumn)
     const Outcome outcome = Run("import bad.csv --into a.db");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.out, IsEmpty());
-    EXPECT_THAT(outcome.err, AllOf(HasSubstr("bad.csv"), HasSubstr("2"), HasSubstr("mass [kg]"), HasSubstr("heavy"),
-                                   HasSubstr("nothing was imported")));
+    EXPECT_THAT(outcome.err, AllOf(HasSubstr("bad.csv"), HasSubstr("2"), HasSubstr("mass [kg]"),
+                                   HasSubstr("heavy"), HasSubstr("nothing was imported")));
 }
 
 TEST_F(CommandLine, MassTypesListsTheShippedOnes)
@@ -90,9 +95,12 @@ TEST_F(CommandLine, MassTypesListsTheShippedOnes)
     ImportAeroplane();
     const Outcome outcome = Run("mass-types --db a.db");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_THAT(outcome.out, HasSubstr("Target                    0  goal                      0        0  "));
-    EXPECT_THAT(outcome.out, HasSubstr("Estimated                10  claim  estimated         10       20  "));
-    EXPECT_THAT(outcome.out, HasSubstr("Weighed                  30  claim  actual           0.5      0.5  "));
+    EXPECT_THAT(outcome.out,
+                HasSubstr("Target                    0  goal                      0        0  "));
+    EXPECT_THAT(outcome.out,
+                HasSubstr("Estimated                10  claim  estimated         10       20  "));
+    EXPECT_THAT(outcome.out,
+                HasSubstr("Weighed                  30  claim  actual           0.5      0.5  "));
 }
 
 TEST_F(CommandLine, MassTypesAreAddedFromAFile)
@@ -102,7 +110,8 @@ TEST_F(CommandLine, MassTypesAreAddedFromAFile)
                               "Simulated,22,claim,calculated,1,2,from a simulation\n");
     const Outcome outcome = Run("mass-types --db a.db --mass-types types.csv");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_THAT(outcome.out, HasSubstr("Simulated                22  claim  calculated         1        2  from a simulation"));
+    EXPECT_THAT(outcome.out, HasSubstr("Simulated                22  claim  calculated         1   "
+                                       "     2  from a simulation"));
 }
 
 TEST_F(CommandLine, MassTypesOfAMissingDatabaseNameTheFile)
@@ -119,17 +128,24 @@ TEST_F(CommandLine, PartPrintsTheRecordInStorageUnits)
     const Outcome outcome = Run(std::string("part ") + kSparCap + " --db a.db --json");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     // 0.00123 m3 of 2780 kg/m3 is 3.4194 kg; 1 % of it below, 2 % above.
-    EXPECT_THAT(outcome.out,
-                HasSubstr(R"({"name": "Calculated", "status": "assigned", "mass": 3.4194, "lower_deviation": 0.034194, )"
-                          R"("upper_deviation": 0.068388, "cgx": 1620, "cgy": 0, "cgz": 4, "ixx": 0.000833479, )"
-                          R"("iyy": 4.00737, "izz": 4.00769, "ixy": 0, "ixz": 0, "iyz": 0, "precision": "percentage", )"
-                          R"("lower_precision": 1, "upper_precision": 2, "default_lower_precision": 3, )"
-                          R"("default_upper_precision": 5})"));
+    EXPECT_THAT(
+        outcome.out,
+        HasSubstr(
+            R"({"name": "Calculated", "status": "assigned", "mass": 3.4194, "lower_deviation": 0.034194, )"
+            R"("upper_deviation": 0.068388, "cgx": 1620, "cgy": 0, "cgz": 4, "ixx": 0.000833479, )"
+            R"("iyy": 4.00737, "izz": 4.00769, "ixy": 0, "ixz": 0, "iyz": 0, "precision": "percentage", )"
+            R"("lower_precision": 1, "upper_precision": 2, "default_lower_precision": 3, )"
+            R"("default_upper_precision": 5})"));
     EXPECT_THAT(outcome.out, HasSubstr(R"("part": "WNG-211", "version": "B")"));
     EXPECT_THAT(outcome.out, HasSubstr(R"("active_mass_type": "Calculated")"));
-    EXPECT_THAT(outcome.out, HasSubstr(R"({"name": "Location", "type": 1, "is_date": false, "owner": "Instance", "value": "upper", "magnitude": null})"));
-    EXPECT_THAT(outcome.out, HasSubstr(R"({"version": "B.2", "checkin_date": "2026/05/04", "checkin_user": "moreau", )"
-                                       R"("checkout_user": "keller", "active_mass_type": "Calculated", "mass": 3.38})"));
+    EXPECT_THAT(
+        outcome.out,
+        HasSubstr(
+            R"({"name": "Location", "type": 1, "is_date": false, "owner": "Instance", "value": "upper", "magnitude": null})"));
+    EXPECT_THAT(
+        outcome.out,
+        HasSubstr(R"({"version": "B.2", "checkin_date": "2026/05/04", "checkin_user": "moreau", )"
+                  R"("checkout_user": "keller", "active_mass_type": "Calculated", "mass": 3.38})"));
 }
 
 TEST_F(CommandLine, WhatNobodyKnowsIsNullAndNotZero)
@@ -138,8 +154,11 @@ TEST_F(CommandLine, WhatNobodyKnowsIsNullAndNotZero)
     const Outcome outcome = Run("part LA1/FIN-000.1/FIN-300.1 --db a.db --json");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     // The placards have an estimated mass, and no centre of gravity or inertia.
-    EXPECT_THAT(outcome.out, HasSubstr(R"({"name": "Estimated", "status": "assigned", "mass": 0.35, "lower_deviation": 0.035, )"
-                                       R"("upper_deviation": 0.07, "cgx": null, "cgy": null, "cgz": null, "ixx": null)"));
+    EXPECT_THAT(
+        outcome.out,
+        HasSubstr(
+            R"({"name": "Estimated", "status": "assigned", "mass": 0.35, "lower_deviation": 0.035, )"
+            R"("upper_deviation": 0.07, "cgx": null, "cgy": null, "cgz": null, "ixx": null)"));
     EXPECT_THAT(outcome.out, HasSubstr(R"({"name": "Weighed", "status": "empty", "mass": null)"));
 }
 
@@ -188,8 +207,10 @@ TEST_F(CommandLine, PartSaysWhichStepOfThePathLeadsNowhere)
 
 TEST_F(CommandLine, ADatabaseThatIsNoneIsNamed)
 {
-    folder.Write("broken.db", "this is no database, but it is long enough to look like a file of one");
-    for (const char* arguments : {"part LA1/A --db broken.db", "mass-types --db broken.db", "workbench --db broken.db"}) {
+    folder.Write("broken.db",
+                 "this is no database, but it is long enough to look like a file of one");
+    for (const char* arguments :
+         {"part LA1/A --db broken.db", "mass-types --db broken.db", "workbench --db broken.db"}) {
         const Outcome outcome = Run(arguments);
         EXPECT_EQ(outcome.status, 1) << arguments;
         EXPECT_THAT(outcome.err, HasSubstr("broken.db")) << arguments;
@@ -201,7 +222,8 @@ TEST_F(CommandLine, TheLogTakesTheDiagnosticLines)
     ImportAeroplane();
     const Outcome outcome = Run(std::string("part ") + kSparCap + " --db a.db --log session.log");
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_THAT(folder.Read("session.log"), HasSubstr("String to send to the server : 1||LA1|WNG-211.1|WNG-211|B|3|"));
+    EXPECT_THAT(folder.Read("session.log"),
+                HasSubstr("String to send to the server : 1||LA1|WNG-211.1|WNG-211|B|3|"));
     EXPECT_THAT(outcome.out, Not(HasSubstr("String to send")));
     const Outcome verbose = Run(std::string("part ") + kSparCap + " --db a.db --verbose");
     EXPECT_THAT(verbose.err, HasSubstr("String to send to the server : "));
@@ -214,6 +236,7 @@ TEST_F(CommandLine, WrongUseIsStatusTwo)
     EXPECT_EQ(Run("part LA1/A").status, 2) << "the database is required";
     EXPECT_EQ(Run("import a.csv --into a.db --poi-sign maybe").status, 2);
     EXPECT_EQ(Run("--help").status, 0);
-    EXPECT_THAT(Run("--help").out, AllOf(HasSubstr("workbench"), HasSubstr("part"), HasSubstr("import"), HasSubstr("mass-types")));
+    EXPECT_THAT(Run("--help").out, AllOf(HasSubstr("workbench"), HasSubstr("part"),
+                                         HasSubstr("import"), HasSubstr("mass-types")));
     EXPECT_EQ(Run("--version").status, 0);
 }

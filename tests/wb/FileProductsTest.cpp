@@ -9,10 +9,11 @@ using testing::HasSubstr;
 namespace
 {
 
-constexpr const char* kProduct = "parent,instance,part,version,name,type,quantity,x [mm],y [mm],z [mm],rz [deg]\n"
-                                 ",,ROOT,A,Whole,product,,,,,\n"
-                                 "ROOT,ARM.1,ARM,A,Arm,assembly,,10,20,30,90\n"
-                                 "ARM,BOLT.1,BOLT,B,Bolt,part,4,1,2,3,\n";
+constexpr const char* kProduct =
+    "parent,instance,part,version,name,type,quantity,x [mm],y [mm],z [mm],rz [deg]\n"
+    ",,ROOT,A,Whole,product,,,,,\n"
+    "ROOT,ARM.1,ARM,A,Arm,assembly,,10,20,30,90\n"
+    "ARM,BOLT.1,BOLT,B,Bolt,part,4,1,2,3,\n";
 
 } // namespace
 
@@ -63,7 +64,10 @@ TEST(FileProducts, AWrongFileIsRefusedWithItsPlace)
 {
     const TestFolder folder;
     std::string problem;
-    EXPECT_FALSE(OpenFileProducts(folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\n,,R,,,\nR,A.1,A,ten,0,0\n"), problem));
+    EXPECT_FALSE(OpenFileProducts(
+        folder.Write("p.csv",
+                     "parent,instance,part,x [mm],y [mm],z [mm]\n,,R,,,\nR,A.1,A,ten,0,0\n"),
+        problem));
     EXPECT_THAT(problem, HasSubstr("p.csv"));
     EXPECT_THAT(problem, HasSubstr(":3:"));
     EXPECT_THAT(problem, HasSubstr("ten"));

@@ -15,13 +15,16 @@ public:
     std::string name;
 };
 
-/// A tree of three levels: every object has the children NAME.1 and NAME.2, except those of the last
-/// level. Counts how often children are asked for.
+/// A tree of three levels: every object has the children NAME.1 and NAME.2, except those of the
+/// last level. Counts how often children are asked for.
 struct Names
 {
     int asked = 0;
 
-    static bool HasChildren(const std::string& name) { return name.size() < 5; } // "R", "R.1", "R.1.1"
+    static bool HasChildren(const std::string& name)
+    {
+        return name.size() < 5;
+    } // "R", "R.1", "R.1.1"
     ProductTreeSource Source()
     {
         return {CATBaseUnknown_var::Adopt(new Named("R")),
@@ -38,8 +41,9 @@ struct Names
                 [this](const CATBaseUnknown_var& object) {
                     ++asked;
                     const std::string name = CATHandle<Named>(object)->name;
-                    return std::vector<CATBaseUnknown_var>{CATBaseUnknown_var::Adopt(new Named(name + ".1")),
-                                                           CATBaseUnknown_var::Adopt(new Named(name + ".2"))};
+                    return std::vector<CATBaseUnknown_var>{
+                        CATBaseUnknown_var::Adopt(new Named(name + ".1")),
+                        CATBaseUnknown_var::Adopt(new Named(name + ".2"))};
                 }};
     }
 };
@@ -78,13 +82,16 @@ TEST(ProductTreeModel, CellsShowInstancePartVersionNameAndPieces)
     model.SetSource(names.Source());
     const QModelIndex root = model.index(0, 0);
     model.fetchMore(root);
-    const auto text = [&](int column) { return model.index(1, column, root).data().toString().toStdString(); };
+    const auto text = [&](int column) {
+        return model.index(1, column, root).data().toString().toStdString();
+    };
     EXPECT_EQ(text(ProductTreeModel::Instance), "R.2");
     EXPECT_EQ(text(ProductTreeModel::Part), "part of R.2");
     EXPECT_EQ(text(ProductTreeModel::Version), "A");
     EXPECT_EQ(text(ProductTreeModel::Name), "name of R.2");
     EXPECT_EQ(text(ProductTreeModel::Pieces), "3");
-    EXPECT_EQ(model.headerData(ProductTreeModel::Name, Qt::Horizontal, Qt::DisplayRole).toString(), "Name");
+    EXPECT_EQ(model.headerData(ProductTreeModel::Name, Qt::Horizontal, Qt::DisplayRole).toString(),
+              "Name");
     EXPECT_EQ(model.index(1, ProductTreeModel::Pieces, root).data(Qt::TextAlignmentRole).toInt(),
               static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
 }

@@ -9,11 +9,16 @@ using Kind = CATWBRecordCell::Kind;
 
 std::vector<CATWBRecordTable> SmallRecord()
 {
-    return {{"part", false, {"name", "is_leaf", "note"},
-             {{{Kind::Text, "Spar \"cap\"\\\n"}, {Kind::Flag, "true"}, {}}}},
-            {"mass_types", true, {"name", "mass"},
-             {{{Kind::Text, "Calculated"}, {Kind::Number, "3.4194"}}, {{Kind::Text, "Weighed"}, {}}}},
-            {"revisions", true, {"version"}, {}}};
+    return {
+        {"part",
+         false,
+         {"name", "is_leaf", "note"},
+         {{{Kind::Text, "Spar \"cap\"\\\n"}, {Kind::Flag, "true"}, {}}}},
+        {"mass_types",
+         true,
+         {"name", "mass"},
+         {{{Kind::Text, "Calculated"}, {Kind::Number, "3.4194"}}, {{Kind::Text, "Weighed"}, {}}}},
+        {"revisions", true, {"version"}, {}}};
 }
 
 } // namespace
@@ -48,7 +53,10 @@ TEST(RecordPrinter, TextAlignsColumnsAndLeavesOutEmptyLists)
 
 TEST(RecordPrinter, WidthsCountCharactersAndNotBytes)
 {
-    const std::vector<CATWBRecordTable> record{
-        {"list", true, {"a", "b"}, {{{Kind::Text, "Flügel"}, {Kind::Text, "x"}}, {{Kind::Text, "abcdef"}, {Kind::Flag, "false"}}}}};
+    const std::vector<CATWBRecordTable> record{{"list",
+                                                true,
+                                                {"a", "b"},
+                                                {{{Kind::Text, "Flügel"}, {Kind::Text, "x"}},
+                                                 {{Kind::Text, "abcdef"}, {Kind::Flag, "false"}}}}};
     EXPECT_EQ(RecordAsText(record), "list\n  a       b\n  Flügel  x\n  abcdef  no\n");
 }

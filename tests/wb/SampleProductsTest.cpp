@@ -42,7 +42,8 @@ TEST(SampleProducts, ChangedSamplesGetADatabaseOfTheirOwn)
     std::string problem;
     const std::string shipped = SampleDatabase(folder.Path(""), problem);
     std::filesystem::create_directories(folder.Path("data"));
-    std::filesystem::copy(WB_SOURCE_DIR "/data/small_satellite.csv", folder.Path("data/light_aeroplane.csv"));
+    std::filesystem::copy(WB_SOURCE_DIR "/data/small_satellite.csv",
+                          folder.Path("data/light_aeroplane.csv"));
     setenv("WB_RESOURCE_PATH", folder.Path("").c_str(), 1);
     const std::string changed = SampleDatabase(folder.Path(""), problem);
     unsetenv("WB_RESOURCE_PATH");

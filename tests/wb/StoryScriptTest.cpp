@@ -39,7 +39,8 @@ TEST(StoryScript, WordsStandBetweenBlanksAndTabs)
 
 TEST(StoryScript, QuotedWordsHoldBlanksAndEscapes)
 {
-    EXPECT_THAT(Split(R"(expect Part "Spar cap" "")"), ElementsAre("expect", "Part", "Spar cap", ""));
+    EXPECT_THAT(Split(R"(expect Part "Spar cap" "")"),
+                ElementsAre("expect", "Part", "Spar cap", ""));
     EXPECT_THAT(Split(R"("a \"b\" \\ c\nd")"), ElementsAre("a \"b\" \\ c\nd"));
 }
 
@@ -47,7 +48,8 @@ TEST(StoryScript, AnOpenQuoteIsRefusedWithItsLine)
 {
     std::vector<std::string> words;
     EXPECT_FALSE(SplitStoryLine("expect A \"text", words));
-    EXPECT_THAT(ProblemOf("quit\nexpect A \"text\n"), HasSubstr("a.story:2: a double quote is not closed"));
+    EXPECT_THAT(ProblemOf("quit\nexpect A \"text\n"),
+                HasSubstr("a.story:2: a double quote is not closed"));
 }
 
 TEST(StoryScript, EmptyLinesAndNotesAreNoSteps)
@@ -55,7 +57,8 @@ TEST(StoryScript, EmptyLinesAndNotesAreNoSteps)
     const TestFolder folder;
     std::vector<StoryStep> steps;
     std::string problem;
-    ASSERT_TRUE(ReadStory(folder.Write("a.story", "# a note\n\n  # another\nopen LA1\nquit\n"), steps, problem));
+    ASSERT_TRUE(ReadStory(folder.Write("a.story", "# a note\n\n  # another\nopen LA1\nquit\n"),
+                          steps, problem));
     ASSERT_EQ(steps.size(), 2U);
     EXPECT_EQ(steps[0].line, 4);
     EXPECT_THAT(steps[0].words, ElementsAre("open", "LA1"));
@@ -64,15 +67,18 @@ TEST(StoryScript, EmptyLinesAndNotesAreNoSteps)
 
 TEST(StoryScript, AnUnknownStepIsRefusedBeforeAnythingIsPlayed)
 {
-    EXPECT_THAT(ProblemOf("open LA1\njump HIGH\n"), HasSubstr("a.story:2: there is no step \"jump\""));
+    EXPECT_THAT(ProblemOf("open LA1\njump HIGH\n"),
+                HasSubstr("a.story:2: there is no step \"jump\""));
 }
 
 TEST(StoryScript, EveryVerbSaysItsFormWhenWordsAreMissing)
 {
-    for (const char* verb : {"open", "workshop", "start", "pick", "click", "check", "type", "select", "key", "sort",
-                             "resize", "units", "expect", "expect-cell", "expect-box", "answer", "file", "close",
-                             "shot", "dump"}) {
-        EXPECT_THAT(ProblemOf(verb), HasSubstr(std::string("a.story:1: expected: ") + verb + " ")) << verb;
+    for (const char* verb :
+         {"open",       "workshop", "start", "pick",   "click", "check",  "type",
+          "select",     "key",      "sort",  "resize", "units", "expect", "expect-cell",
+          "expect-box", "answer",   "file",  "close",  "shot",  "dump"}) {
+        EXPECT_THAT(ProblemOf(verb), HasSubstr(std::string("a.story:1: expected: ") + verb + " "))
+            << verb;
     }
 }
 

@@ -20,8 +20,9 @@ struct Played
 Played Play(const TestFolder& folder, const std::string& story, const std::string& environment = {})
 {
     const std::string file = folder.Write("a.story", story);
-    const std::string command = "cd '" + folder.Path("") + "' && " + environment + " '" WB_PROGRAM "' workbench --play '" + file +
-                                "' >/dev/null 2>'" + folder.Path("stderr") + "'";
+    const std::string command = "cd '" + folder.Path("") + "' && " + environment +
+                                " '" WB_PROGRAM "' workbench --play '" + file + "' >/dev/null 2>'" +
+                                folder.Path("stderr") + "'";
     const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), folder.Read("stderr")};
 }
@@ -47,8 +48,9 @@ TEST(Story, HoldsWhenEveryStepHolds)
 TEST(Story, FailsAtTheFirstStepThatDoesNotHoldAndSaysWhatWasSeen)
 {
     const TestFolder folder;
-    const Played played = Play(folder, "start CATTEQWBComputePartCmd\n\npick LA1/FIN-000.1/FIN-300.1\n"
-                                       "expect CATWBVPMMainPanel/Path wrong\n");
+    const Played played =
+        Play(folder, "start CATTEQWBComputePartCmd\n\npick LA1/FIN-000.1/FIN-300.1\n"
+                     "expect CATWBVPMMainPanel/Path wrong\n");
     EXPECT_EQ(played.status, 1);
     EXPECT_THAT(played.err, HasSubstr("a.story:4: expect: expected \"wrong\", seen \"LA1"));
 }
@@ -92,7 +94,8 @@ TEST(Story, StepsThatCannotBeDoneSayWhy)
 TEST(Story, LeavesTheUsersSettingsAlone)
 {
     const TestFolder folder;
-    const Played played = Play(folder, "units MASS lb\n", "CATUserSettingPath='" + folder.Path("mine") + "'");
+    const Played played =
+        Play(folder, "units MASS lb\n", "CATUserSettingPath='" + folder.Path("mine") + "'");
     EXPECT_EQ(played.status, 0) << played.err;
     EXPECT_FALSE(std::filesystem::exists(folder.Path("mine")));
 }

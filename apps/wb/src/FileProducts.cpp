@@ -9,7 +9,9 @@ namespace
 class FileProducts : public CATProductSource
 {
 public:
-    explicit FileProducts(wb::Product product) : m_product(std::move(product)), m_uses(m_product.UsesByParent()) {}
+    explicit FileProducts(wb::Product product)
+        : m_product(std::move(product)), m_uses(m_product.UsesByParent())
+    {}
 
     std::vector<CATProductRow> Roots() override
     {
@@ -20,7 +22,8 @@ public:
         return rows;
     }
 
-    std::vector<CATProductRow> Uses(const CATUnicodeString& part, const CATUnicodeString& version) override
+    std::vector<CATProductRow> Uses(const CATUnicodeString& part,
+                                    const CATUnicodeString& version) override
     {
         std::vector<CATProductRow> rows;
         for (std::uint32_t index = 0; index < m_product.parts.size(); ++index) {

@@ -24,19 +24,22 @@ class InProcessCaller : public CATServerCaller
 public:
     InProcessCaller(std::unique_ptr<wb::Store> store, std::string user)
         : m_store(std::move(store)), m_server(*m_store), m_user(std::move(user))
-    {
-    }
+    {}
 
-    std::string CallMethod(std::string_view method, std::string_view request, CATServerCallState& state) override
+    std::string CallMethod(std::string_view method, std::string_view request,
+                           CATServerCallState& state) override
     {
         wb::CallContext context;
         context.user = m_user;
         context.cancel = &state.cancelled;
-        context.progress = [&state](double done, std::string_view) { state.progress = done; };
+        context.progress = [&state](double done, std::string_view) {
+            state.progress = done;
+        };
         return m_server.Call(method, request, context);
     }
 
-    std::optional<std::string> CallObjectService(std::string_view service, std::vector<std::string>& identificators,
+    std::optional<std::string> CallObjectService(std::string_view service,
+                                                 std::vector<std::string>& identificators,
                                                  std::string_view input, bool withPartName,
                                                  CATServerCallState& /*state*/) override
     {
@@ -89,12 +92,15 @@ HostSession::HostSession(const SessionOptions& options, const std::string& setti
     if (!options.logFile.empty()) {
         m_log->file = std::fopen(options.logFile.c_str(), "w");
         if (m_log->file == nullptr) {
-            std::fprintf(stderr, "wb: the log %s cannot be written; going on without one\n", options.logFile.c_str());
+            std::fprintf(stderr, "wb: the log %s cannot be written; going on without one\n",
+                         options.logFile.c_str());
         }
     }
     CATLineStream::Listener listener;
     if (m_log->file != nullptr || m_log->verbose) {
-        listener = [log = m_log](std::string_view line) { log->Write(line); };
+        listener = [log = m_log](std::string_view line) {
+            log->Write(line);
+        };
     }
     CATDiagnosticOutput().SetListener(listener);
     CATDiagnosticErrors().SetListener(listener);
@@ -105,7 +111,8 @@ HostSession::HostSession(const SessionOptions& options, const std::string& setti
         setenv("CATUserSettingPath", settingsDirectory.c_str(), 1); // NOLINT(concurrency-mt-unsafe)
     }
     const std::string reference = CATFindResource("settings/VPMNavigator.CATSettings");
-    SetPathUnlessSet("CATReferenceSettingPath", std::filesystem::path(reference).parent_path().string());
+    SetPathUnlessSet("CATReferenceSettingPath",
+                     std::filesystem::path(reference).parent_path().string());
 }
 
 HostSession::~HostSession()
@@ -129,7 +136,8 @@ bool HostSession::Connect(std::string& problem)
 
 std::string LoginName()
 {
-    if (const passwd* entry = getpwuid(getuid())) { // NOLINT(concurrency-mt-unsafe): one thread asks
+    if (const passwd* entry =
+            getpwuid(getuid())) { // NOLINT(concurrency-mt-unsafe): one thread asks
         return entry->pw_name;
     }
     const char* user = CATGetEnv("USER");

@@ -14,8 +14,9 @@ struct SessionOptions
     bool verbose = false; ///< the log goes to the standard error too
 };
 
-/// What every session needs before a window or a command: where settings live, where diagnostic lines
-/// go, and the road to the server. Undone at the end, so that nothing outlives the program's parts.
+/// What every session needs before a window or a command: where settings live, where diagnostic
+/// lines go, and the road to the server. Undone at the end, so that nothing outlives the program's
+/// parts.
 class HostSession
 {
 public:
@@ -25,7 +26,8 @@ public:
     HostSession(const HostSession&) = delete;
     HostSession& operator=(const HostSession&) = delete;
 
-    /// Opens the database and makes it the session's server. False, with a sentence that names the file.
+    /// Opens the database and makes it the session's server. False, with a sentence that names the
+    /// file.
     bool Connect(std::string& problem);
 
 private:

@@ -63,7 +63,8 @@ struct ProductTreeModel::Node
     std::vector<std::unique_ptr<Node>> children;
 };
 
-ProductTreeModel::ProductTreeModel(QObject* parent) : QAbstractItemModel(parent) {}
+ProductTreeModel::ProductTreeModel(QObject* parent) : QAbstractItemModel(parent)
+{}
 
 ProductTreeModel::~ProductTreeModel() = default;
 
@@ -125,7 +126,8 @@ QModelIndex ProductTreeModel::index(int row, int column, const QModelIndex& pare
     if (!hasIndex(row, column, parent)) {
         return {};
     }
-    Node* node = parent.isValid() ? NodeOf(parent)->children[static_cast<std::size_t>(row)].get() : m_root.get();
+    Node* node = parent.isValid() ? NodeOf(parent)->children[static_cast<std::size_t>(row)].get()
+                                  : m_root.get();
     return createIndex(row, column, node);
 }
 
@@ -201,12 +203,18 @@ QVariant ProductTreeModel::data(const QModelIndex& index, int role) const
         return {};
     }
     switch (index.column()) {
-    case Instance: return ToQString(node->row.instance);
-    case Part: return ToQString(node->row.part);
-    case Version: return ToQString(node->row.version);
-    case Name: return ToQString(node->row.name);
-    case Pieces: return node->row.quantity;
-    default: return {};
+    case Instance:
+        return ToQString(node->row.instance);
+    case Part:
+        return ToQString(node->row.part);
+    case Version:
+        return ToQString(node->row.version);
+    case Name:
+        return ToQString(node->row.name);
+    case Pieces:
+        return node->row.quantity;
+    default:
+        return {};
     }
 }
 
@@ -222,11 +230,17 @@ QVariant ProductTreeModel::headerData(int section, Qt::Orientation orientation, 
         return {};
     }
     switch (section) {
-    case Instance: return tr("Instance");
-    case Part: return tr("Part");
-    case Version: return tr("Version");
-    case Name: return tr("Name");
-    case Pieces: return tr("Pieces");
-    default: return {};
+    case Instance:
+        return tr("Instance");
+    case Part:
+        return tr("Part");
+    case Version:
+        return tr("Version");
+    case Name:
+        return tr("Name");
+    case Pieces:
+        return tr("Pieces");
+    default:
+        return {};
     }
 }

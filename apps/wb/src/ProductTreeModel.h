@@ -31,7 +31,15 @@ class ProductTreeModel : public QAbstractItemModel
     Q_OBJECT
 
 public:
-    enum Column { Instance, Part, Version, Name, Pieces, ColumnCount };
+    enum Column
+    {
+        Instance,
+        Part,
+        Version,
+        Name,
+        Pieces,
+        ColumnCount
+    };
 
     explicit ProductTreeModel(QObject* parent = nullptr);
     ~ProductTreeModel() override;

@@ -8,7 +8,8 @@
 
 #include <algorithm>
 
-ProductTreeView::ProductTreeView(QWidget* parent) : QTreeView(parent), m_products(new ProductTreeModel(this))
+ProductTreeView::ProductTreeView(QWidget* parent)
+    : QTreeView(parent), m_products(new ProductTreeModel(this))
 {
     setModel(m_products);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -20,7 +21,8 @@ ProductTreeView::ProductTreeView(QWidget* parent) : QTreeView(parent), m_product
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::Interactive);
     // A node that is opened may show longer names than the ones before.
-    connect(this, &QTreeView::expanded, this, [this] { resizeColumnToContents(ProductTreeModel::Instance); });
+    connect(this, &QTreeView::expanded, this,
+            [this] { resizeColumnToContents(ProductTreeModel::Instance); });
 }
 
 void ProductTreeView::ShowFirstLevel()
@@ -32,13 +34,14 @@ void ProductTreeView::ShowFirstLevel()
     expand(root);
     // The name takes what the others leave, so that nothing needs a scroll bar at the usual width.
     header()->setSectionResizeMode(ProductTreeModel::Name, QHeaderView::Stretch);
-    for (const int column : {ProductTreeModel::Instance, ProductTreeModel::Part, ProductTreeModel::Version,
-                             ProductTreeModel::Pieces}) {
+    for (const int column : {ProductTreeModel::Instance, ProductTreeModel::Part,
+                             ProductTreeModel::Version, ProductTreeModel::Pieces}) {
         resizeColumnToContents(column);
     }
 }
 
-void ProductTreeView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+void ProductTreeView::selectionChanged(const QItemSelection& selected,
+                                       const QItemSelection& deselected)
 {
     QTreeView::selectionChanged(selected, deselected);
     std::erase_if(m_selectionOrder, [this](const QPersistentModelIndex& index) {
@@ -56,7 +59,8 @@ void ProductTreeView::mouseReleaseEvent(QMouseEvent* event)
     QTreeView::mouseReleaseEvent(event);
     // A click on the arrow that opens a node, or beside all rows, picks nothing.
     const QModelIndex under = indexAt(event->pos());
-    if (event->button() == Qt::LeftButton && under.isValid() && selectionModel()->isSelected(under)) {
+    if (event->button() == Qt::LeftButton && under.isValid() &&
+        selectionModel()->isSelected(under)) {
         SendPick();
     }
 }

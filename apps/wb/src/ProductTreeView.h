@@ -8,8 +8,8 @@
 
 class ProductTreeModel;
 
-/// A product tree that the user picks in: one node by a click, several with Ctrl, Shift or a drag. The
-/// pick is made when the mouse is released or Return is pressed, in the order of selection.
+/// A product tree that the user picks in: one node by a click, several with Ctrl, Shift or a drag.
+/// The pick is made when the mouse is released or Return is pressed, in the order of selection.
 class ProductTreeView : public QTreeView
 {
     Q_OBJECT
@@ -27,7 +27,8 @@ signals:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
 
 private:
     void SendPick();

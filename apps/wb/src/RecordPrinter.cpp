@@ -38,7 +38,8 @@ void AppendCell(std::string& json, const CATWBRecordCell& cell)
     }
 }
 
-void AppendRow(std::string& json, const CATWBRecordTable& table, const std::vector<CATWBRecordCell>& row)
+void AppendRow(std::string& json, const CATWBRecordTable& table,
+               const std::vector<CATWBRecordCell>& row)
 {
     json += '{';
     for (std::size_t index = 0; index < row.size(); ++index) {
@@ -53,9 +54,12 @@ void AppendRow(std::string& json, const CATWBRecordTable& table, const std::vect
 std::string Shown(const CATWBRecordCell& cell)
 {
     switch (cell.kind) {
-    case CATWBRecordCell::Kind::Unknown: return "-";
-    case CATWBRecordCell::Kind::Flag: return cell.text == CATUnicodeString("true") ? "yes" : "no";
-    default: return cell.text.ToStdString();
+    case CATWBRecordCell::Kind::Unknown:
+        return "-";
+    case CATWBRecordCell::Kind::Flag:
+        return cell.text == CATUnicodeString("true") ? "yes" : "no";
+    default:
+        return cell.text.ToStdString();
     }
 }
 
@@ -85,10 +89,14 @@ void AppendList(std::string& text, const CATWBRecordTable& table)
     std::vector<std::size_t> widths(columnCount, 0);
     std::vector<bool> isNumber(columnCount, false);
     for (std::size_t column = 0; column < columnCount; ++column) {
-        widths[column] = static_cast<std::size_t>(table.columns[static_cast<int>(column) + 1].Length());
+        widths[column] =
+            static_cast<std::size_t>(table.columns[static_cast<int>(column) + 1].Length());
         for (const auto& row : table.rows) {
-            widths[column] = std::max(widths[column], static_cast<std::size_t>(CATUnicodeString(Shown(row[column])).Length()));
-            isNumber[column] = isNumber[column] || row[column].kind == CATWBRecordCell::Kind::Number;
+            widths[column] =
+                std::max(widths[column],
+                         static_cast<std::size_t>(CATUnicodeString(Shown(row[column])).Length()));
+            isNumber[column] =
+                isNumber[column] || row[column].kind == CATWBRecordCell::Kind::Number;
         }
     }
     const auto appendLine = [&](const auto& cellText) {
@@ -99,7 +107,9 @@ void AppendList(std::string& text, const CATWBRecordTable& table)
         line.erase(line.find_last_not_of(' ') + 1);
         text += line + "\n";
     };
-    appendLine([&](std::size_t column) { return table.columns[static_cast<int>(column) + 1].ToStdString(); });
+    appendLine([&](std::size_t column) {
+        return table.columns[static_cast<int>(column) + 1].ToStdString();
+    });
     for (const auto& row : table.rows) {
         appendLine([&](std::size_t column) { return Shown(row[column]); });
     }

@@ -25,7 +25,8 @@ int Refuse(const std::vector<std::string>& errors)
 class PassingDatabase
 {
 public:
-    PassingDatabase() : m_path((std::filesystem::temp_directory_path() / "wb_check.XXXXXX").string())
+    PassingDatabase()
+        : m_path((std::filesystem::temp_directory_path() / "wb_check.XXXXXX").string())
     {
         const int file = mkstemp(m_path.data());
         close(file);
@@ -62,18 +63,21 @@ wb::ImportFileOptions OptionsOf(const ImportOptions& options)
 
 int RunImport(const ImportOptions& options)
 {
-    // A check against a database that is not there yet is one against an empty one, and leaves none.
+    // A check against a database that is not there yet is one against an empty one, and leaves
+    // none.
     std::optional<PassingDatabase> passing;
     if (options.check && !std::filesystem::exists(options.database)) {
         passing.emplace();
     }
-    const wb::Store::Opened opened = wb::Store::OpenOrCreate(passing ? passing->Path() : options.database);
+    const wb::Store::Opened opened =
+        wb::Store::OpenOrCreate(passing ? passing->Path() : options.database);
     if (!opened.store) {
         return Refuse({opened.error});
     }
     const wb::ImportFileOptions how = OptionsOf(options);
     if (!options.massTypes.empty()) {
-        const std::vector<std::string> errors = wb::ImportMassTypes(*opened.store, options.massTypes, how.user);
+        const std::vector<std::string> errors =
+            wb::ImportMassTypes(*opened.store, options.massTypes, how.user);
         if (!errors.empty()) {
             return Refuse(errors);
         }
@@ -92,23 +96,25 @@ int RunImport(const ImportOptions& options)
 
 int RunMassTypes(const MassTypesOptions& options)
 {
-    const wb::Store::Opened opened =
-        options.file.empty() ? wb::Store::Open(options.database) : wb::Store::OpenOrCreate(options.database);
+    const wb::Store::Opened opened = options.file.empty()
+                                         ? wb::Store::Open(options.database)
+                                         : wb::Store::OpenOrCreate(options.database);
     if (!opened.store) {
         return Refuse({opened.error});
     }
     if (!options.file.empty()) {
-        const std::vector<std::string> errors = wb::ImportMassTypes(*opened.store, options.file, LoginName());
+        const std::vector<std::string> errors =
+            wb::ImportMassTypes(*opened.store, options.file, LoginName());
         if (!errors.empty()) {
             return Refuse(errors);
         }
     }
-    std::printf("%-20s %6s  %-6s %-11s %8s %8s  %s\n", "mass type", "order", "kind", "category", "lower %", "upper %",
-                "meaning");
+    std::printf("%-20s %6s  %-6s %-11s %8s %8s  %s\n", "mass type", "order", "kind", "category",
+                "lower %", "upper %", "meaning");
     for (const wb::MassType& type : opened.store->MassTypes()) {
         std::printf("%-20s %6d  %-6s %-11s %8g %8g  %s\n", type.name.c_str(), type.order,
-                    type.kind == wb::MassType::Kind::Goal ? "goal" : "claim", type.category.c_str(), type.lowerPct,
-                    type.upperPct, type.meaning.c_str());
+                    type.kind == wb::MassType::Kind::Goal ? "goal" : "claim", type.category.c_str(),
+                    type.lowerPct, type.upperPct, type.meaning.c_str());
     }
     return 0;
 }

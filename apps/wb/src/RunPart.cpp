@@ -47,7 +47,10 @@ public:
     {
         SetModel(record);
     }
-    void SetModel(CATWBAllDataBuffer* record) override { TakenRecord() = DescribeRecord()(*record); }
+    void SetModel(CATWBAllDataBuffer* record) override
+    {
+        TakenRecord() = DescribeRecord()(*record);
+    }
     CATDlgPushButton* GetCloseButton() override { return m_close; }
 
 private:
@@ -70,32 +73,36 @@ std::vector<CATUnicodeString> SplitPath(const std::string& path)
     return names;
 }
 
-/// Opens the root and walks to the instance; the path of nodes, or a sentence that names the step that
-/// leads nowhere.
+/// Opens the root and walks to the instance; the path of nodes, or a sentence that names the step
+/// that leads nowhere.
 CATPathElement_var FindInstance(const std::string& path, std::string& problem)
 {
     const std::vector<CATUnicodeString> names = SplitPath(path);
     const std::shared_ptr<CATProductSource> source = CATNavigator::ServerSource();
     const std::vector<CATProductRow> roots = source->Roots();
-    const auto root = std::find_if(roots.begin(), roots.end(),
-                                   [&](const CATProductRow& row) { return row.part == names.front(); });
+    const auto root = std::find_if(roots.begin(), roots.end(), [&](const CATProductRow& row) {
+        return row.part == names.front();
+    });
     if (root == roots.end()) {
         problem = "the database has no product root \"" + names.front().ToStdString() + "\"";
         return {};
     }
     if (names.size() < 2) {
-        problem = "\"" + path + "\" is the product itself: name an instance below it, " + path + "/INSTANCE";
+        problem = "\"" + path + "\" is the product itself: name an instance below it, " + path +
+                  "/INSTANCE";
         return {};
     }
     CATNavigatorNode_var node = CATNavigator::Open(source, *root);
     std::vector<CATBaseUnknown_var> objects{node};
     for (std::size_t index = 1; index < names.size(); ++index) {
         const auto& children = node->Children();
-        const auto child = std::find_if(children.begin(), children.end(), [&](const CATNavigatorNode_var& candidate) {
-            return candidate->Row().instance == names[index];
-        });
+        const auto child = std::find_if(children.begin(), children.end(),
+                                        [&](const CATNavigatorNode_var& candidate) {
+                                            return candidate->Row().instance == names[index];
+                                        });
         if (child == children.end()) {
-            problem = "\"" + names[index - 1].ToStdString() + "\" has no instance \"" + names[index].ToStdString() + "\"";
+            problem = "\"" + names[index - 1].ToStdString() + "\" has no instance \"" +
+                      names[index].ToStdString() + "\"";
             return {};
         }
         node = *child;
@@ -109,9 +116,10 @@ CATCommand* CreateCommand(CATUnicodeString& problem)
 {
     std::vector<std::string> fileProblems;
     const std::vector<CATCommandHeader> headers = CATReadCommandHeaders(fileProblems);
-    const auto header = std::find_if(headers.begin(), headers.end(), [](const CATCommandHeader& candidate) {
-        return candidate.className == kCommandClass;
-    });
+    const auto header =
+        std::find_if(headers.begin(), headers.end(), [](const CATCommandHeader& candidate) {
+            return candidate.className == kCommandClass;
+        });
     if (header == headers.end()) {
         problem = "no workbench file offers the command " + kCommandClass;
         return nullptr;
@@ -160,7 +168,8 @@ int RunPart(int argc, char** argv, const PartOptions& options)
     if (!TakenRecord()) {
         return fail(told.empty() ? "the command gave no record; --verbose shows why" : told);
     }
-    const std::string text = options.json ? RecordAsJson(*TakenRecord()) : RecordAsText(*TakenRecord());
+    const std::string text =
+        options.json ? RecordAsJson(*TakenRecord()) : RecordAsText(*TakenRecord());
     std::fwrite(text.data(), 1, text.size(), stdout);
     return 0;
 }

@@ -73,10 +73,12 @@ int RunWorkbench(int argc, char** argv, const WorkbenchOptions& options)
     }
 
     CATDlgApplication application(argc, argv);
-    const QString database = options.session.database.empty()
-                                 ? QString("the samples")
-                                 : QFileInfo(QString::fromStdString(used.session.database)).fileName();
-    auto* window = new WorkbenchWindow(database); // the session's main window: it goes with the application
+    const QString database =
+        options.session.database.empty()
+            ? QString("the samples")
+            : QFileInfo(QString::fromStdString(used.session.database)).fileName();
+    auto* window =
+        new WorkbenchWindow(database); // the session's main window: it goes with the application
     window->show();
     CATUnicodeString problem;
     const bool opened = OpenProduct(*window, options.product, problem);
@@ -88,9 +90,6 @@ int RunWorkbench(int argc, char** argv, const WorkbenchOptions& options)
         window->ShowProblem(QObject::tr("The product was not opened"), problem);
     }
     if (!plays) {
-        CATDlgDialog* main = CATApplicationFrame::GetFrame()->MainWindow();
-        main->Subscribe(main, CATDlgDialog::WindowClosed,
-                        [&application](const CATNotification&) { application.Quit(0); });
         return application.Run();
     }
     StoryPlayer player(*window);

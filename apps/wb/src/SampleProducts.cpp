@@ -21,12 +21,15 @@ std::string BaseDirectory(const char* variable, const char* fallback)
         return named;
     }
     const char* home = CATGetEnv("HOME");
-    const std::string base = home == nullptr ? std::filesystem::temp_directory_path().string() : home;
+    const std::string base =
+        home == nullptr ? std::filesystem::temp_directory_path().string() : home;
     return base + "/" + fallback;
 }
 
-/// Reads the samples into a database under a name of its own, and gives it its place when it is whole.
-bool MakeDatabase(const std::vector<std::string>& files, const std::string& path, std::string& problem)
+/// Reads the samples into a database under a name of its own, and gives it its place when it is
+/// whole.
+bool MakeDatabase(const std::vector<std::string>& files, const std::string& path,
+                  std::string& problem)
 {
     const std::string unfinished = path + ".unfinished";
     std::filesystem::remove(unfinished);
@@ -72,13 +75,15 @@ std::string SampleDatabase(const std::string& directory, std::string& problem)
         files.push_back(CATFindResource(sample));
         wb::FileBytes file = wb::ReadFileBytes(files.back());
         if (files.back().empty() || !file.error.empty()) {
-            problem = std::string("the sample product ") + sample + " is missing from the program's resources";
+            problem = std::string("the sample product ") + sample +
+                      " is missing from the program's resources";
             return {};
         }
         contents += file.bytes;
     }
     constexpr std::size_t kDigits = 12;
-    const std::string path = directory + "/samples-" + wb::Checksum(contents).substr(0, kDigits) + ".db";
+    const std::string path =
+        directory + "/samples-" + wb::Checksum(contents).substr(0, kDigits) + ".db";
     const bool isThere = std::filesystem::exists(path) || MakeDatabase(files, path, problem);
     return isThere ? path : std::string();
 }

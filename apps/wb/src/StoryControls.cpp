@@ -60,14 +60,16 @@ CATDialog* NewestWindow(std::string_view name)
 {
     CATDialog* newest = nullptr;
     for (CATDialog* window : Windows()) {
-        if (window->Name().View() == name && (newest == nullptr || window->IsVisible() || !newest->IsVisible())) {
+        if (window->Name().View() == name &&
+            (newest == nullptr || window->IsVisible() || !newest->IsVisible())) {
             newest = window;
         }
     }
     return newest;
 }
 
-/// The control at a path of names below a window: "Control", or "Page/Control" where pages share names.
+/// The control at a path of names below a window: "Control", or "Page/Control" where pages share
+/// names.
 CATDialog* FindInWindow(std::string_view windowName, std::string_view path, std::string& problem)
 {
     CATDialog* control = NewestWindow(windowName);
@@ -80,7 +82,8 @@ CATDialog* FindInWindow(std::string_view windowName, std::string_view path, std:
         path.remove_prefix(std::min(path.size(), name.size() + 1));
         CATDialog* found = FindBelow(*control, name);
         if (found == nullptr) {
-            problem = "\"" + control->Name().ToStdString() + "\" has no control \"" + std::string(name) + "\"";
+            problem = "\"" + control->Name().ToStdString() + "\" has no control \"" +
+                      std::string(name) + "\"";
             return nullptr;
         }
         control = found;
@@ -177,7 +180,8 @@ CATDialog* FindControl(std::string_view name, std::string& problem)
     for (CATDialog* window : Windows()) {
         CATDialog* control = window->IsVisible() ? FindBelow(*window, name) : nullptr;
         if (control != nullptr && found != nullptr) {
-            problem = "more than one window has a control \"" + std::string(name) + "\": say Window/Control";
+            problem = "more than one window has a control \"" + std::string(name) +
+                      "\": say Window/Control";
             return nullptr;
         }
         found = control != nullptr ? control : found;
@@ -204,7 +208,8 @@ QString VisibleText(const CATDialog& control)
         return ToQString(editor->Text());
     }
     if (const auto* combo = dynamic_cast<const CATDlgCombo*>(&control)) {
-        return combo->SelectedIndex() < 0 ? QString() : ToQString(combo->Line(combo->SelectedIndex()));
+        return combo->SelectedIndex() < 0 ? QString()
+                                          : ToQString(combo->Line(combo->SelectedIndex()));
     }
     if (const auto* check = dynamic_cast<const CATDlgCheckButton*>(&control)) {
         return check->IsChecked() ? "on" : "off";
@@ -237,8 +242,8 @@ int SeenColumn(const CATDialog& list, const std::string& column)
     return isNumber && index >= 0 && index < model.columnCount() ? index : -1;
 }
 
-bool SeenCell(const CATDialog& list, const std::string& row, const std::string& column, QString& text,
-              std::string& problem)
+bool SeenCell(const CATDialog& list, const std::string& row, const std::string& column,
+              QString& text, std::string& problem)
 {
     const QTableView* table = SeenTable(list);
     if (table == nullptr) {
@@ -253,7 +258,8 @@ bool SeenCell(const CATDialog& list, const std::string& row, const std::string& 
         for (int index = 0; index < model.columnCount(); ++index) {
             titles << HeaderText(model, index);
         }
-        problem = "the list has no column \"" + column + "\"; it has " + titles.join(", ").toStdString();
+        problem =
+            "the list has no column \"" + column + "\"; it has " + titles.join(", ").toStdString();
         return false;
     }
     if (rowIndex < 0 || rowIndex >= model.rowCount()) {

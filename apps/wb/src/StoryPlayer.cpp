@@ -83,8 +83,8 @@ StoryPlayer::StoryPlayer(WorkbenchWindow& workbench) : m_workbench(workbench)
         if (!box.blocking) {
             return std::nullopt;
         }
-        // A box that nobody answers would stop the story for ever: it is refused, and the story fails
-        // because no step expected it.
+        // A box that nobody answers would stop the story for ever: it is refused, and the story
+        // fails because no step expected it.
         std::string answer = "No";
         if (!m_answers.empty()) {
             answer = m_answers.front();
@@ -94,15 +94,16 @@ StoryPlayer::StoryPlayer(WorkbenchWindow& workbench) : m_workbench(workbench)
         return answer == "Yes" ? kYes : answer == "No" ? kNo : kOther;
     });
     // An empty path cancels the box.
-    CATDlgFile::SetChooser([this](const CATDlgFile::Request& request) -> std::optional<CATUnicodeString> {
-        if (m_files.empty()) {
-            m_boxes.push_back({"a file box: " + request.title.ToStdString(), false});
-            return CATUnicodeString();
-        }
-        const std::string path = m_files.front();
-        m_files.pop_front();
-        return path == "cancel" ? CATUnicodeString() : CATUnicodeString(path);
-    });
+    CATDlgFile::SetChooser(
+        [this](const CATDlgFile::Request& request) -> std::optional<CATUnicodeString> {
+            if (m_files.empty()) {
+                m_boxes.push_back({"a file box: " + request.title.ToStdString(), false});
+                return CATUnicodeString();
+            }
+            const std::string path = m_files.front();
+            m_files.pop_front();
+            return path == "cancel" ? CATUnicodeString() : CATUnicodeString(path);
+        });
 }
 
 StoryPlayer::~StoryPlayer()
@@ -113,7 +114,8 @@ StoryPlayer::~StoryPlayer()
 
 bool StoryPlayer::eventFilter(QObject* object, QEvent* event)
 {
-    if (event->type() == QEvent::Show && object->isWidgetType() && static_cast<QWidget*>(object)->isWindow()) {
+    if (event->type() == QEvent::Show && object->isWidgetType() &&
+        static_cast<QWidget*>(object)->isWindow()) {
         object->setProperty(kShowOrder, ++m_shown);
     }
     return false;
@@ -125,6 +127,7 @@ bool StoryPlayer::Play(const std::string& path)
     if (!ReadStory(path, steps, m_failure)) {
         return false;
     }
+    m_folder = std::filesystem::path(path).parent_path();
     int shownLine = 0;
     for (const StoryStep& step : steps) {
         shownLine = step.line;
@@ -134,12 +137,14 @@ bool StoryPlayer::Play(const std::string& path)
         std::string problem = Run(step);
         CATDlgApplication::ProcessEvents();
         // A box is waited for by the step that follows it.
-        const bool waitsForBox = &step != &steps.back() && (&step + 1)->words.front() == "expect-box";
+        const bool waitsForBox =
+            &step != &steps.back() && (&step + 1)->words.front() == "expect-box";
         if (problem.empty() && !waitsForBox) {
             problem = UnexpectedBox();
         }
         if (!problem.empty()) {
-            m_failure = path + ":" + std::to_string(step.line) + ": " + step.words.front() + ": " + problem;
+            m_failure =
+                path + ":" + std::to_string(step.line) + ": " + step.words.front() + ": " + problem;
             return false;
         }
     }
@@ -163,16 +168,26 @@ std::string StoryPlayer::UnexpectedBox() const
 std::string StoryPlayer::Run(const StoryStep& step)
 {
     static const std::map<std::string, Handler> kHandlers{
-        {"open", &StoryPlayer::Open},        {"workshop", &StoryPlayer::Workshop},
-        {"start", &StoryPlayer::Start},      {"pick", &StoryPlayer::Pick},
-        {"click", &StoryPlayer::Click},      {"check", &StoryPlayer::Check},
-        {"type", &StoryPlayer::Type},        {"select", &StoryPlayer::Select},
-        {"key", &StoryPlayer::Key},          {"sort", &StoryPlayer::Sort},
-        {"resize", &StoryPlayer::Resize},    {"units", &StoryPlayer::Units},
-        {"expect", &StoryPlayer::Expect},    {"expect-cell", &StoryPlayer::ExpectCell},
-        {"expect-box", &StoryPlayer::ExpectBox}, {"answer", &StoryPlayer::Answer},
-        {"file", &StoryPlayer::File},        {"close", &StoryPlayer::Close},
-        {"shot", &StoryPlayer::Shot},        {"dump", &StoryPlayer::Dump},
+        {"open", &StoryPlayer::Open},
+        {"workshop", &StoryPlayer::Workshop},
+        {"start", &StoryPlayer::Start},
+        {"pick", &StoryPlayer::Pick},
+        {"click", &StoryPlayer::Click},
+        {"check", &StoryPlayer::Check},
+        {"type", &StoryPlayer::Type},
+        {"select", &StoryPlayer::Select},
+        {"key", &StoryPlayer::Key},
+        {"sort", &StoryPlayer::Sort},
+        {"resize", &StoryPlayer::Resize},
+        {"units", &StoryPlayer::Units},
+        {"expect", &StoryPlayer::Expect},
+        {"expect-cell", &StoryPlayer::ExpectCell},
+        {"expect-box", &StoryPlayer::ExpectBox},
+        {"answer", &StoryPlayer::Answer},
+        {"file", &StoryPlayer::File},
+        {"close", &StoryPlayer::Close},
+        {"shot", &StoryPlayer::Shot},
+        {"dump", &StoryPlayer::Dump},
     };
     return (this->*kHandlers.at(step.words.front()))(step.words);
 }
@@ -181,7 +196,10 @@ std::string StoryPlayer::Open(const Words& words)
 {
     CATUnicodeString problem;
     const bool isFile = words[1].size() > 4 && words[1].substr(words[1].size() - 4) == ".csv";
-    const bool opened = isFile ? m_workbench.OpenFile(words[1], problem) : m_workbench.OpenRoot(words[1], problem);
+    // A story travels with its files: they stand where its own path leads them.
+    const bool opened =
+        isFile ? m_workbench.OpenFile((m_folder / words[1]).lexically_normal().string(), problem)
+               : m_workbench.OpenRoot(words[1], problem);
     return opened ? std::string() : problem.ToStdString();
 }
 
@@ -189,8 +207,9 @@ std::string StoryPlayer::Workshop(const Words& words)
 {
     return m_workbench.ShowWorkshop(words[1])
                ? std::string()
-               : "there is no workshop \"" + words[1] + "\"; there are \"" + CATENOWBCSCommonDefinitions::vpmNavWshp +
-                     "\" and \"" + CATENOWBCSCommonDefinitions::prodStructWshp + "\"";
+               : "there is no workshop \"" + words[1] + "\"; there are \"" +
+                     CATENOWBCSCommonDefinitions::vpmNavWshp + "\" and \"" +
+                     CATENOWBCSCommonDefinitions::prodStructWshp + "\"";
 }
 
 std::string StoryPlayer::Start(const Words& words)
@@ -216,7 +235,8 @@ std::string StoryPlayer::Pick(const Words& words)
         }
         tree.scrollTo(index);
         CATDlgApplication::ProcessEvents();
-        // The mouse goes down on the row, and comes up at the last one: that is when a pick is made.
+        // The mouse goes down on the row, and comes up at the last one: that is when a pick is
+        // made.
         const bool last = at + 1 == words.size();
         const Qt::KeyboardModifiers modifiers = at == 1 ? Qt::NoModifier : Qt::ControlModifier;
         const QPoint place = tree.visualRect(index).center();
@@ -250,7 +270,8 @@ std::string StoryPlayer::Click(const Words& words)
         }
         return {};
     }
-    QTest::mouseClick(control->Widget(), Qt::LeftButton, {}, QPoint(10, control->Widget()->height() / 2));
+    QTest::mouseClick(control->Widget(), Qt::LeftButton, {},
+                      QPoint(10, control->Widget()->height() / 2));
     return {};
 }
 
@@ -322,7 +343,8 @@ std::string StoryPlayer::Key(const Words& words)
         CATDlgApplication::ProcessEvents();
     }
     QWidget* focus = QApplication::focusWidget();
-    QTest::keyClick(focus != nullptr ? focus : &m_workbench, keys[0].key(), keys[0].keyboardModifiers());
+    QTest::keyClick(focus != nullptr ? focus : &m_workbench, keys[0].key(),
+                    keys[0].keyboardModifiers());
     return {};
 }
 
@@ -352,7 +374,8 @@ std::string StoryPlayer::Resize(const Words& words)
     if (window == nullptr) {
         return problem;
     }
-    const QSize size(QString::fromStdString(words[2]).toInt(), QString::fromStdString(words[3]).toInt());
+    const QSize size(QString::fromStdString(words[2]).toInt(),
+                     QString::fromStdString(words[3]).toInt());
     if (size.isEmpty()) {
         return "expected a width and a height in pixels";
     }
@@ -360,16 +383,20 @@ std::string StoryPlayer::Resize(const Words& words)
     CATDlgApplication::ProcessEvents();
     const QSize seen = window->Widget()->size();
     return seen == size ? std::string()
-                        : "the window has " + std::to_string(seen.width()) + " x " + std::to_string(seen.height());
+                        : "the window has " + std::to_string(seen.width()) + " x " +
+                              std::to_string(seen.height());
 }
 
 std::string StoryPlayer::Units(const Words& words)
 {
-    const CATICkeMagnitude_var magnitude = CATCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(words[1]);
+    const CATICkeMagnitude_var magnitude =
+        CATCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(words[1]);
     if (magnitude.IsNull()) {
         return "there is no magnitude \"" + words[1] + "\"";
     }
-    return magnitude->SetCurrentUnit(words[2]) < 0 ? "the magnitude has no unit \"" + words[2] + "\"" : std::string();
+    return magnitude->SetCurrentUnit(words[2]) < 0
+               ? "the magnitude has no unit \"" + words[2] + "\""
+               : std::string();
 }
 
 std::string StoryPlayer::Expect(const Words& words)
@@ -385,8 +412,9 @@ std::string StoryPlayer::Expect(const Words& words)
         }
         seen = VisibleText(*control);
     }
-    return seen.toStdString() == words[2] ? std::string()
-                                          : "expected \"" + words[2] + "\", seen \"" + seen.toStdString() + "\"";
+    return seen.toStdString() == words[2]
+               ? std::string()
+               : "expected \"" + words[2] + "\", seen \"" + seen.toStdString() + "\"";
 }
 
 std::string StoryPlayer::ExpectCell(const Words& words)
@@ -397,8 +425,9 @@ std::string StoryPlayer::ExpectCell(const Words& words)
     if (list == nullptr || !SeenCell(*list, words[2], words[3], seen, problem)) {
         return problem;
     }
-    return seen.toStdString() == words[4] ? std::string()
-                                          : "expected \"" + words[4] + "\", seen \"" + seen.toStdString() + "\"";
+    return seen.toStdString() == words[4]
+               ? std::string()
+               : "expected \"" + words[4] + "\", seen \"" + seen.toStdString() + "\"";
 }
 
 std::string StoryPlayer::ExpectBox(const Words& words)
@@ -454,7 +483,8 @@ std::string StoryPlayer::Shot(const Words& words)
     } else {
         picture = GrabWindows();
     }
-    return picture.save(QString::fromStdString(words[1])) ? std::string() : words[1] + " cannot be written";
+    return picture.save(QString::fromStdString(words[1])) ? std::string()
+                                                          : words[1] + " cannot be written";
 }
 
 std::string StoryPlayer::Dump(const Words& words)

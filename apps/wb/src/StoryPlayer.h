@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <deque>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,8 +15,8 @@
 class CATDialog;
 class WorkbenchWindow;
 
-/// Plays a story in a workbench: acts on its windows as a person's mouse and keyboard would, and checks
-/// what they show. It stops at the first step that cannot be done or does not hold.
+/// Plays a story in a workbench: acts on its windows as a person's mouse and keyboard would, and
+/// checks what they show. It stops at the first step that cannot be done or does not hold.
 class StoryPlayer : public QObject
 {
 public:
@@ -69,8 +70,9 @@ private:
 
     WorkbenchWindow& m_workbench;
     std::deque<Box> m_boxes;
-    std::deque<std::string> m_answers;                // of questions to come
-    std::deque<std::string> m_files;                  // of file boxes to come
+    std::deque<std::string> m_answers; // of questions to come
+    std::deque<std::string> m_files;   // of file boxes to come
     std::string m_failure;
+    std::filesystem::path m_folder; // the story's own
     int m_shown = 0;
 };

@@ -95,8 +95,9 @@ bool ReadStory(const std::string& path, std::vector<StoryStep>& steps, std::stri
         if (step.words.empty() || step.words.front().front() == '#') {
             continue;
         }
-        const auto verb = std::find_if(kVerbs.begin(), kVerbs.end(),
-                                       [&](const Verb& candidate) { return candidate.name == step.words.front(); });
+        const auto verb = std::find_if(kVerbs.begin(), kVerbs.end(), [&](const Verb& candidate) {
+            return candidate.name == step.words.front();
+        });
         if (verb == kVerbs.end()) {
             problem = place + "there is no step \"" + step.words.front() + "\"";
             return false;

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// The program's subcommands, each a function from its options to the exit status: 0 done, 1 refused or
-/// failed (with what was wrong on the standard error), 2 wrong use.
+/// The program's subcommands, each a function from its options to the exit status: 0 done, 1
+/// refused or failed (with what was wrong on the standard error), 2 wrong use.
 
 struct WorkbenchOptions
 {

@@ -1,10 +1,10 @@
 #include "Workbench.h"
 
 #include "CATDlgApplication.h"
+#include "CATDlgFile.h"
 #include "CATDlgNotify.h"
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATFindPath.h"
-#include "CATDlgFile.h"
 #include "CATSession.h"
 #include "CATStateCommand.h"
 #include "FileProducts.h"
@@ -47,7 +47,8 @@ QWidget* MakePage(ProductTreeView* tree, QWidget* headline)
 
 QIcon CommandIcon(const CATString& file)
 {
-    const std::string path = file.IsEmpty() ? std::string() : CATFindResource("icons/" + file.ToStdString());
+    const std::string path =
+        file.IsEmpty() ? std::string() : CATFindResource("icons/" + file.ToStdString());
     return path.empty() ? QIcon() : QIcon(QString::fromStdString(path));
 }
 
@@ -57,19 +58,24 @@ QIcon CommandIcon(const CATString& file)
 class WorkbenchWindow::Frame : public CATApplicationFrame
 {
 public:
-    Frame(CATDlgDialog* window, QLabel* prompt) : CATApplicationFrame(window), m_promptLabel(prompt) { SetPrompt(""); }
+    Frame(CATDlgDialog* window, QLabel* prompt) : CATApplicationFrame(window), m_promptLabel(prompt)
+    {
+        SetPrompt("");
+    }
 
     void SetPrompt(const CATUnicodeString& prompt) override
     {
         CATApplicationFrame::SetPrompt(prompt);
-        m_promptLabel->setText(prompt.IsEmpty() ? tr("Choose a command, then pick in the tree") : ToQString(prompt));
+        m_promptLabel->setText(prompt.IsEmpty() ? tr("Choose a command, then pick in the tree")
+                                                : ToQString(prompt));
     }
 
 private:
     QLabel* m_promptLabel;
 };
 
-WorkbenchWindow::WorkbenchWindow(const QString& databaseName) : m_database(CATNavigator::ServerSource())
+WorkbenchWindow::WorkbenchWindow(const QString& databaseName)
+    : m_database(CATNavigator::ServerSource())
 {
     setObjectName("Workbench");
     setWindowTitle(tr("Weight and Balance"));
@@ -85,7 +91,8 @@ WorkbenchWindow::WorkbenchWindow(const QString& databaseName) : m_database(CATNa
     m_documentLabel->setObjectName("DocumentLabel");
     m_documentLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_pages = new QStackedWidget;
-    m_pages->addWidget(MakePage(m_navigatorTree, new QLabel(tr("Item instances in %1").arg(databaseName))));
+    m_pages->addWidget(
+        MakePage(m_navigatorTree, new QLabel(tr("Item instances in %1").arg(databaseName))));
     m_pages->addWidget(MakePage(m_structureTree, m_documentLabel));
     setCentralWidget(m_pages);
     for (ProductTreeView* tree : {m_navigatorTree, m_structureTree}) {
@@ -119,15 +126,16 @@ void WorkbenchWindow::MakeActions()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     QAction* openRoot = file->addAction(tr("Open &product..."), this, &WorkbenchWindow::AskForRoot);
     openRoot->setShortcut(QKeySequence::Open);
-    QAction* openFile = file->addAction(tr("Open &table file..."), this, &WorkbenchWindow::AskForFile);
+    QAction* openFile =
+        file->addAction(tr("Open &table file..."), this, &WorkbenchWindow::AskForFile);
     openFile->setToolTip(tr("Opens a CSV file as a document on disk, without the database"));
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     auto* workshops = new QActionGroup(this);
-    const auto addWorkshop = [&](const QString& title, const QString& tooltip, const QKeySequence& keys,
-                                 const char* workshop) {
+    const auto addWorkshop = [&](const QString& title, const QString& tooltip,
+                                 const QKeySequence& keys, const char* workshop) {
         QAction* action = workshops->addAction(title);
         action->setCheckable(true);
         action->setToolTip(tooltip);
@@ -136,10 +144,10 @@ void WorkbenchWindow::MakeActions()
         view->addAction(action);
         return action;
     };
-    m_navigatorAction = addWorkshop(tr("&Navigator"), tr("Item instances of the database"), Qt::Key_F2,
-                                    CATENOWBCSCommonDefinitions::vpmNavWshp);
-    m_structureAction = addWorkshop(tr("Product &structure"), tr("Products of the open document"), Qt::Key_F3,
-                                    CATENOWBCSCommonDefinitions::prodStructWshp);
+    m_navigatorAction = addWorkshop(tr("&Navigator"), tr("Item instances of the database"),
+                                    Qt::Key_F2, CATENOWBCSCommonDefinitions::vpmNavWshp);
+    m_structureAction = addWorkshop(tr("Product &structure"), tr("Products of the open document"),
+                                    Qt::Key_F3, CATENOWBCSCommonDefinitions::prodStructWshp);
     m_navigatorAction->setChecked(true);
 
     QToolBar* bar = addToolBar(tr("Workshops"));
@@ -173,7 +181,8 @@ void WorkbenchWindow::MakeCommandActions()
         m_commandActions.push_back(action);
     }
     menu->addSeparator();
-    auto* stop = menu->addAction(tr("&Stop the running command"), [] { CATSession::CancelRunningCommand(); });
+    auto* stop = menu->addAction(tr("&Stop the running command"),
+                                 [] { CATSession::CancelRunningCommand(); });
     stop->setShortcut(Qt::Key_Escape);
     menuBar()->addMenu(tr("&Help"))->addAction(tr("&About"), this, &WorkbenchWindow::ShowAbout);
     for (const std::string& problem : problems) {
@@ -202,8 +211,9 @@ std::vector<CATProductRow> WorkbenchWindow::Roots() const
 bool WorkbenchWindow::OpenRoot(const CATUnicodeString& identifier, CATUnicodeString& problem)
 {
     const std::vector<CATProductRow> roots = Roots();
-    const auto root = std::find_if(roots.begin(), roots.end(),
-                                   [&](const CATProductRow& row) { return row.part == identifier; });
+    const auto root = std::find_if(roots.begin(), roots.end(), [&](const CATProductRow& row) {
+        return row.part == identifier;
+    });
     if (root == roots.end()) {
         CATUnicodeString known;
         for (const CATProductRow& row : roots) {
@@ -229,17 +239,21 @@ bool WorkbenchWindow::OpenFile(const std::string& path, CATUnicodeString& proble
 {
     std::string reason;
     const std::shared_ptr<CATProductSource> source = OpenFileProducts(path, reason);
-    const std::vector<CATProductRow> roots = source ? source->Roots() : std::vector<CATProductRow>();
+    const std::vector<CATProductRow> roots =
+        source ? source->Roots() : std::vector<CATProductRow>();
     if (roots.empty()) {
-        problem = source ? CATUnicodeString(path + " holds no product: no part in it has uses or is a product.")
+        problem = source ? CATUnicodeString(
+                               path + " holds no product: no part in it has uses or is a product.")
                          : CATUnicodeString(reason);
         return false;
     }
     CATSession::CancelRunningCommand();
-    m_document = CATProductDocument::Open(source, roots.front(), CATProductDocument::kFileEnvironment);
+    m_document =
+        CATProductDocument::Open(source, roots.front(), CATProductDocument::kFileEnvironment);
     m_structureTree->Products().SetSource(DocumentTreeSource(m_document->GetRoot()));
     m_structureTree->ShowFirstLevel();
-    m_documentLabel->setText(tr("Local file %1, outside the database").arg(QString::fromStdString(path)));
+    m_documentLabel->setText(
+        tr("Local file %1, outside the database").arg(QString::fromStdString(path)));
     ShowWorkshop(CATENOWBCSCommonDefinitions::prodStructWshp);
     return true;
 }
@@ -263,10 +277,11 @@ bool WorkbenchWindow::ShowWorkshop(const CATString& workshop)
 
 bool WorkbenchWindow::StartCommand(const CATUnicodeString& name, CATUnicodeString& problem)
 {
-    const auto header = std::find_if(m_headers.begin(), m_headers.end(), [&](const CATCommandHeader& candidate) {
-        return (candidate.className == name || candidate.title == name) &&
-               (candidate.workshop.IsEmpty() || candidate.workshop == m_frame->Workshop());
-    });
+    const auto header =
+        std::find_if(m_headers.begin(), m_headers.end(), [&](const CATCommandHeader& candidate) {
+            return (candidate.className == name || candidate.title == name) &&
+                   (candidate.workshop.IsEmpty() || candidate.workshop == m_frame->Workshop());
+        });
     if (header == m_headers.end()) {
         problem = "There is no command \"" + name + "\" in this workshop.";
         return false;
@@ -291,12 +306,13 @@ void WorkbenchWindow::AskForRoot()
     }
     if (lines.isEmpty()) {
         ShowProblem(tr("There is no product to open"),
-                    "The database holds no product. Import one with \"wb import FILE.csv --into DATABASE\".");
+                    "The database holds no product. Import one with \"wb import FILE.csv --into "
+                    "DATABASE\".");
         return;
     }
     bool accepted = false;
-    const QString line =
-        QInputDialog::getItem(this, tr("Open product"), tr("Product root"), lines, 0, false, &accepted);
+    const QString line = QInputDialog::getItem(this, tr("Open product"), tr("Product root"), lines,
+                                               0, false, &accepted);
     CATUnicodeString problem;
     if (accepted && !OpenRoot(roots[static_cast<std::size_t>(lines.indexOf(line))].part, problem)) {
         ShowProblem(tr("The product was not opened"), problem);
@@ -328,8 +344,10 @@ void WorkbenchWindow::ShowAbout()
 {
     auto* box = new CATDlgNotify(m_frame->MainWindow(), "About", kPlainStyle);
     box->SetTitle("About");
-    box->SetText("Weight and Balance: mass, centre of gravity and inertia of a product, who claimed which value, "
-                 "and how sure it is.\n\nPick F2 for the navigator or F3 for the product structure, start a command "
+    box->SetText("Weight and Balance: mass, centre of gravity and inertia of a product, who "
+                 "claimed which value, "
+                 "and how sure it is.\n\nPick F2 for the navigator or F3 for the product "
+                 "structure, start a command "
                  "from the toolbar, and click an instance in the tree.");
     box->DisplayNonBlocking();
 }

@@ -19,9 +19,9 @@ class QLabel;
 class QStackedWidget;
 class QToolBar;
 
-/// The workbench's main window: the navigator's tree of the current root and the structure of the open
-/// document, one shown at a time (the two workshops); the commands of the present workshop in menu and
-/// toolbar; the running command's prompt in the status line.
+/// The workbench's main window: the navigator's tree of the current root and the structure of the
+/// open document, one shown at a time (the two workshops); the commands of the present workshop in
+/// menu and toolbar; the running command's prompt in the status line.
 class WorkbenchWindow : public QMainWindow
 {
     Q_OBJECT
@@ -31,20 +31,20 @@ public:
     explicit WorkbenchWindow(const QString& databaseName);
     ~WorkbenchWindow() override;
 
-    /// Opens a product root of the database in the navigator and as a document. False, with a sentence,
-    /// when there is no such root.
+    /// Opens a product root of the database in the navigator and as a document. False, with a
+    /// sentence, when there is no such root.
     bool OpenRoot(const CATUnicodeString& identifier, CATUnicodeString& problem);
-    /// Opens a CSV file as a document that lives on disk, outside the database, and shows it. False,
-    /// with what is wrong with the file.
+    /// Opens a CSV file as a document that lives on disk, outside the database, and shows it.
+    /// False, with what is wrong with the file.
     bool OpenFile(const std::string& path, CATUnicodeString& problem);
     /// The roots of the database, in its order.
     std::vector<CATProductRow> Roots() const;
 
-    /// Shows the other workshop; the running command ends, since it belongs to its workshop. False for
-    /// an unknown name.
+    /// Shows the other workshop; the running command ends, since it belongs to its workshop. False
+    /// for an unknown name.
     bool ShowWorkshop(const CATString& workshop);
-    /// Starts the command of that class or title. False, with a sentence, when it is not offered here
-    /// or cannot be loaded.
+    /// Starts the command of that class or title. False, with a sentence, when it is not offered
+    /// here or cannot be loaded.
     bool StartCommand(const CATUnicodeString& name, CATUnicodeString& problem);
     /// The tree of the present workshop.
     ProductTreeView& CurrentTree() const;

@@ -29,9 +29,10 @@ void ChoosePlatform()
     }
 }
 
-/// What the toolkit has to say is for developers too: it goes with the session's diagnostic lines and
-/// never into a command's own output.
-void TellToolkitMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text)
+/// What the toolkit has to say is for developers too: it goes with the session's diagnostic lines
+/// and never into a command's own output.
+void TellToolkitMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                        const QString& text)
 {
     // The screen that draws into memory says so of each thing that only a real one can do.
     if (!text.startsWith(QLatin1String("This plugin does not support"))) {

@@ -8,8 +8,9 @@ CATBaseUnknown::CATBaseUnknown(const CATBaseUnknown& /*other*/)
 {}
 
 // Assigning copies what the object says, not who holds it.
-CATBaseUnknown& CATBaseUnknown::operator=(const CATBaseUnknown& /*other*/) // NOLINT(bugprone-unhandled-self-assignment):
-                                                                           // nothing is copied
+CATBaseUnknown& CATBaseUnknown::operator=(
+    const CATBaseUnknown& /*other*/) // NOLINT(bugprone-unhandled-self-assignment):
+                                     // nothing is copied
 {
     return *this;
 }

@@ -89,12 +89,12 @@ constexpr std::array kPower{Exact("W", kOne), Exact("kW", kKilo)};
 constexpr std::array kForce{Exact("N", kOne), Exact("kN", kKilo), Exact("lbf", kPoundForce)};
 constexpr std::array kTorque{Exact("N.m", kOne)};
 // The newton metre is a torque and an energy, so a property in it says which it is.
-constexpr std::array kEnergy{Exact("J", kOne), Exact("N.m", kOne), Exact("Wh", Lowest(3600, 1))};
+constexpr std::array kEnergy{Exact("J", kOne), Exact("N.m", kOne), Exact("W.h", Lowest(3600, 1))};
 constexpr std::array kTemperature{Exact("K", kOne), Unit{"degC", 1.0, 1.0, 273.15}};
 constexpr std::array kPressure{Exact("Pa", kOne), Exact("bar", Lowest(100000, 1))};
 constexpr std::array kVoltage{Exact("V", kOne)};
 constexpr std::array kCurrent{Exact("A", kOne)};
-constexpr std::array kCharge{Exact("C", kOne), Exact("Ah", Lowest(3600, 1))};
+constexpr std::array kCharge{Exact("C", kOne), Exact("A.h", Lowest(3600, 1))};
 constexpr std::array kPercent{Exact("%", kOne)};
 
 constexpr std::array<Magnitude, 19> kMagnitudes{{{"LENGTH", kLength},
@@ -113,9 +113,9 @@ constexpr std::array<Magnitude, 19> kMagnitudes{{{"LENGTH", kLength},
                                                  {"TEMPERATURE", kTemperature},
                                                  {"PRESSURE", kPressure},
                                                  {"VOLTAGE", kVoltage},
-                                                 {"CURRENT", kCurrent},
-                                                 {"CHARGE", kCharge},
-                                                 {"PERCENT", kPercent}}};
+                                                 {"ELECTRIC_CURRENT", kCurrent},
+                                                 {"ELECTRIC_CHARGE", kCharge},
+                                                 {"RATIO", kPercent}}};
 
 constexpr bool AllExact()
 {
