@@ -110,6 +110,17 @@ TEST(GetDateFromText, SecondPartOfTheTimeBecomesTheMonthAndTheMinuteIsZero)
     EXPECT_EQ(time, CATTime(2010, 7, 1, 10, 0, 30));
 }
 
+TEST(GetDateFromText, TimeBeginsBehindTheSeparatorsPlace)
+{
+    // Here the separator is a letter, which a number could not begin with.
+    const SilentStreams silent;
+    CATTime time;
+    EXPECT_EQ(CATWBServices::GetDateFromText("2010Ty/07/0001T10:07:30", "%YTy/%m/00%dT%H:%m:%S",
+                                             "T", "/", ":", false, time),
+              S_OK);
+    EXPECT_EQ(time, CATTime(2010, 7, 1, 10, 0, 30));
+}
+
 TEST(GetDateFromText, TimeThatDisagreesWithThatReadingIsRefused)
 {
     const SilentStreams silent;

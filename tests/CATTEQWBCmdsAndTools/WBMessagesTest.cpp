@@ -99,6 +99,19 @@ TEST_F(Messages, NobodyIsAskedWhenAFilterIsDefined)
     EXPECT_TRUE(m_shown.empty());
 }
 
+TEST_F(Messages, OnlyTheExactTextMeansNoFilter)
+{
+    CATWBVPMNavGUITable table;
+    table.getFilter = [](const CATUnicodeString&) {
+        return CATUnicodeString("0|no filter");
+    };
+    CATWBVPMNavGUISetTable(table);
+    CATDlgDialog parent(nullptr, "Parent", 0x4001);
+    m_answer = 4;
+    EXPECT_TRUE(CATWBServices::ValidateFilterCondition(&parent, "ROOT"));
+    EXPECT_TRUE(m_shown.empty());
+}
+
 TEST_F(Messages, QuestionWithoutAParentIsToldAndGoesOn)
 {
     const HeardLines heard(CATDiagnosticErrors());
