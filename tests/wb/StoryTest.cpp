@@ -99,3 +99,70 @@ TEST(Story, LeavesTheUsersSettingsAlone)
     EXPECT_EQ(played.status, 0) << played.err;
     EXPECT_FALSE(std::filesystem::exists(folder.Path("mine")));
 }
+
+namespace
+{
+
+/// What a user sees who has a file of that text before the program's own.
+Played PlayWithResource(const std::string& name, const std::string& text, const std::string& story)
+{
+    const TestFolder folder;
+    std::filesystem::create_directories(
+        std::filesystem::path(folder.Path("resources/" + name)).parent_path());
+    folder.Write("resources/" + name, text);
+    return Play(folder, story, "WB_RESOURCE_PATH='" + folder.Path("resources") + "'");
+}
+
+} // namespace
+
+TEST(BrokenResources, ACatalogIsNamedAndItsDefaultsAreUsed)
+{
+    const Played played =
+        PlayWithResource("catalogs/CATTEQWBComputePartCmd.toml", "[initialState\n",
+                         "start CATTEQWBComputePartCmd\n"
+                         "expect-box catalogs/CATTEQWBComputePartCmd.toml\n"
+                         "expect Prompt \"Select a Part/Assy in this workbench\"\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+}
+
+TEST(BrokenResources, ADialogFileIsNamedAndThePanelStillOpens)
+{
+    const Played played = PlayWithResource("dialogs/CATWBVPMMainPanel.toml", "Name = \n",
+                                           "start CATTEQWBComputePartCmd\n"
+                                           "pick LA1/FIN-000.1/FIN-300.1\n"
+                                           "expect-box dialogs/CATWBVPMMainPanel.toml\n"
+                                           "expect CATWBVPMMainPanel/Mass \"0.35 kg\"\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+}
+
+TEST(BrokenResources, AUnitsFileIsNamedWithItsLineAndTheOthersCount)
+{
+    const Played played = PlayWithResource("units/9-mine.toml",
+                                           "[[magnitude]]\nname = \"LENGTH\"\n\n"
+                                           "[[magnitude.unit]]\nsymbol = \"5x\"\nfactor = \"1\"\n",
+                                           "units MASS lb\n"
+                                           "expect-box units/9-mine.toml\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+}
+
+TEST(BrokenResources, AModuleThatIsMissingIsNamed)
+{
+    const Played played =
+        PlayWithResource("workbenches/weight_and_balance.toml",
+                         "[[command]]\nclass = \"CATTEQWBComputePartCmd\"\nlibrary = \"Nowhere\"\n"
+                         "title = \"Part\"\n",
+                         "start Part\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, HasSubstr("libNowhere.so"));
+}
+
+TEST(BrokenResources, ACommandWhosePanelsAreMissingIsNotStarted)
+{
+    const Played played = PlayWithResource(
+        "workbenches/weight_and_balance.toml",
+        "[[command]]\nclass = \"CATTEQWBComputePartCmd\"\n"
+        "library = \"CATTEQWBCmdsAndTools\"\ncompanion = \"NoPanels\"\ntitle = \"Part\"\n",
+        "start Part\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, HasSubstr("libNoPanels.so"));
+}

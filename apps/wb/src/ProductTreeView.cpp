@@ -5,13 +5,32 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
+
+namespace
+{
+
+/// Rows with a little air, so that they are easy to hit and to tell apart.
+class RoomyRows : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        constexpr int kAir = 6;
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kAir);
+    }
+};
+
+} // namespace
 
 ProductTreeView::ProductTreeView(QWidget* parent)
     : QTreeView(parent), m_products(new ProductTreeModel(this))
 {
     setModel(m_products);
+    setItemDelegate(new RoomyRows(this));
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -1,11 +1,14 @@
 #include "Workbench.h"
 
+#include "CATCkeGlobalFunctions.h"
 #include "CATDlgApplication.h"
 #include "CATDlgFile.h"
 #include "CATDlgNotify.h"
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATFindPath.h"
+#include "CATMsgCatalog.h"
 #include "CATSession.h"
+#include "CATSettingRepository.h"
 #include "CATStateCommand.h"
 #include "FileProducts.h"
 #include "ProductTreeModel.h"
@@ -20,6 +23,7 @@
 #include <QMenuBar>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -50,6 +54,16 @@ QIcon CommandIcon(const CATString& file)
     const std::string path =
         file.IsEmpty() ? std::string() : CATFindResource("icons/" + file.ToStdString());
     return path.empty() ? QIcon() : QIcon(QString::fromStdString(path));
+}
+
+/// Who is told of catalogs, dialog texts, units, settings and products that cannot be read.
+void TellProblemsOfFiles(const std::function<void(const CATUnicodeString& sentence)>& listener)
+{
+    CATMsgCatalog::ReportProblemsTo(listener);
+    CATDialog::ReportProblemsTo(listener);
+    CATCkeGlobalFunctions::ReportProblemsTo(listener);
+    CATSettingRepository::ReportProblemsTo(listener);
+    CATNavigator::ReportProblemsTo(listener);
 }
 
 } // namespace
@@ -107,9 +121,17 @@ WorkbenchWindow::WorkbenchWindow(const QString& databaseName)
     MakeCommandActions();
     UpdateCommands();
     CATSession::OnRunningCommandChanged([this](CATCommand*) { UpdateCommands(); });
+    TellProblemsOfFiles([this](const CATUnicodeString& sentence) {
+        // The problem may be met in the middle of building a window: the box comes after that.
+        QTimer::singleShot(
+            0, this, [this, sentence] { ShowProblem(tr("Something cannot be used"), sentence); });
+    });
 }
 
-WorkbenchWindow::~WorkbenchWindow() = default;
+WorkbenchWindow::~WorkbenchWindow()
+{
+    TellProblemsOfFiles({});
+}
 
 void WorkbenchWindow::MakeStatusLine(const QString& databaseName)
 {

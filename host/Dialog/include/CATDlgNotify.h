@@ -7,7 +7,6 @@
 #include <optional>
 
 /// A message box. Its name is its title until SetTitle says otherwise. Style words: 0x10000000 an
-/// error, 0x8000000 a warning, 0 a plain message, and
 /// error, 0x8000000 a warning, 0 a plain message, and 0x8800200 a question with Yes and No. Without
 /// a running toolkit a box that nobody answers goes to the diagnostic error stream, and a question
 /// is answered by no.
