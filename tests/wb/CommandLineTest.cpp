@@ -217,6 +217,35 @@ TEST_F(CommandLine, ADatabaseThatIsNoneIsNamed)
     }
 }
 
+TEST_F(CommandLine, AnEmptyDatabaseSaysHowToFillIt)
+{
+    ASSERT_EQ(
+        Run("mass-types --db empty.db --mass-types '" WB_SOURCE_DIR "/data/mass_types.csv'").status,
+        0);
+    folder.Write("a.story", "quit\n");
+    const Outcome outcome = Run("workbench --db empty.db --play a.story");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("holds no product yet. Import one with"));
+}
+
+TEST_F(CommandLine, TheWorkbenchOpensTheProductThatIsAskedFor)
+{
+    ImportAeroplane();
+    ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/small_satellite.csv' --into a.db").status, 0);
+    folder.Write("satellite.story", "pick SC1/PAY-000.1\n");
+    EXPECT_EQ(Run("workbench SC1 --db a.db --play satellite.story").status, 0);
+    folder.Write("aeroplane.story", "pick LA1/PWR-000.1\n");
+    EXPECT_EQ(Run("workbench --db a.db --play aeroplane.story").status, 0)
+        << "the sample aeroplane goes first";
+    folder.Write("file.story", "pick SC1/PAY-000.1\nworkshop NavigatorWorkshop\n");
+    EXPECT_EQ(
+        Run("workbench '" WB_SOURCE_DIR "/data/small_satellite.csv' --play file.story").status, 0);
+    const Outcome missing = Run("workbench NONE --db a.db --play file.story");
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_THAT(missing.err,
+                HasSubstr("There is no product root \"NONE\" in the database; it holds LA1, SC1."));
+}
+
 TEST_F(CommandLine, TheLogTakesTheDiagnosticLines)
 {
     ImportAeroplane();

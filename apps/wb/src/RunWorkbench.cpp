@@ -40,12 +40,16 @@ CATUnicodeString DefaultRoot(const WorkbenchWindow& window)
 /// Opens what was asked for; false with what was wrong.
 bool OpenProduct(WorkbenchWindow& window, const std::string& product, CATUnicodeString& problem)
 {
-    const CATUnicodeString root =
-        product.empty() || IsTableFile(product) ? DefaultRoot(window) : CATUnicodeString(product);
-    if (!root.IsEmpty() && !window.OpenRoot(root, problem)) {
+    if (IsTableFile(product)) {
+        return window.OpenFile(product, problem);
+    }
+    const CATUnicodeString root = product.empty() ? DefaultRoot(window) : CATUnicodeString(product);
+    if (root.IsEmpty()) {
+        problem = "The database holds no product yet. Import one with \"wb import FILE.csv --into "
+                  "DATABASE\", or open a table file.";
         return false;
     }
-    return !IsTableFile(product) || window.OpenFile(product, problem);
+    return window.OpenRoot(root, problem);
 }
 
 } // namespace
