@@ -25,11 +25,15 @@ std::optional<double> ReadNumber(std::string_view text)
     if (text.empty() || text.size() > kLongest) {
         return std::nullopt;
     }
-    std::array<char, kLongest> copy{};
-    std::ranges::replace_copy(text, copy.begin(), ',', '.');
-    const char* end = copy.data() + text.size();
+    std::string withPoint;
+    if (text.find(',') != std::string_view::npos) {
+        withPoint = text;
+        std::ranges::replace(withPoint, ',', '.');
+        text = withPoint;
+    }
+    const char* end = text.data() + text.size();
     double value = 0.0;
-    const auto [stop, error] = std::from_chars(copy.data(), end, value);
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
     if (error != std::errc() || stop != end || !std::isfinite(value)) {
         return std::nullopt;
     }

@@ -19,6 +19,9 @@ struct Turn
 /// exact, and an angle and its mirror image get the same digits.
 Turn TurnOf(double degrees)
 {
+    if (degrees == 0.0) {
+        return {1.0, 0.0}; // most parts are turned about one axis or none
+    }
     const double quarters = std::round(degrees / 90.0);
     const double rest = (degrees - 90.0 * quarters) * std::numbers::pi / 180.0;
     const double cosine = std::cos(rest);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <numeric>
 #include <vector>
 
@@ -71,8 +73,18 @@ std::size_t SequenceLength(std::string_view text)
 
 std::optional<std::size_t> FirstNonUtf8(std::string_view text)
 {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
     std::size_t position = 0;
     while (position < text.size()) {
+        // Most texts are ASCII throughout, which shows eight bytes at a time.
+        std::uint64_t eight = kHighBits;
+        if (text.size() - position >= sizeof eight) {
+            std::memcpy(&eight, text.data() + position, sizeof eight);
+        }
+        if ((eight & kHighBits) == 0) {
+            position += sizeof eight;
+            continue;
+        }
         if (static_cast<unsigned char>(text[position]) < 0x80U) {
             ++position;
             continue;

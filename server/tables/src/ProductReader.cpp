@@ -50,7 +50,7 @@ void ProductReader::Read()
 
 void ProductReader::Load(std::size_t row)
 {
-    m_cells.fill({});
+    m_filled.reset();
     for (const std::uint32_t property : m_filledProperties) {
         m_propertyCells[property] = {};
     }
@@ -66,16 +66,18 @@ void ProductReader::Load(std::size_t row)
             m_propertyCells[property] = m_table.TextOf(cell);
             m_filledProperties.push_back(property);
         } else if (place.column != Column::Count) {
-            m_cells[static_cast<std::size_t>(place.column)] = m_table.TextOf(cell);
+            const auto column = static_cast<std::size_t>(place.column);
+            m_filled.set(column);
+            m_cells[column] = m_table.TextOf(cell);
         }
     }
 }
 
 bool ProductReader::AnyFilled(Column first, Column last) const
 {
-    const auto* begin = m_cells.data() + static_cast<std::size_t>(first);
-    const auto* end = m_cells.data() + static_cast<std::size_t>(last) + 1;
-    return std::any_of(begin, end, [](std::string_view cell) { return !cell.empty(); });
+    const auto before = static_cast<std::size_t>(first);
+    const std::size_t behind = kColumns - 1 - static_cast<std::size_t>(last);
+    return (m_filled >> before << (before + behind)).any();
 }
 
 void ProductReader::Wrong(Column column, std::string_view expected)
@@ -90,17 +92,19 @@ void ProductReader::Complain(Column column, std::string_view text)
 
 std::optional<double> ProductReader::TypedText(std::string_view text, const std::string& header)
 {
-    const std::size_t mark = text.find_first_of(".,");
-    if (mark != std::string_view::npos && text[mark] == ',' && m_table.Separator() == ',') {
+    const auto* const mark = std::ranges::find_if(
+        text, [](char character) { return character == '.' || character == ','; });
+    const bool marked = mark != text.end();
+    if (marked && *mark == ',' && m_table.Separator() == ',') {
         m_errors.Found(m_line, header, text,
                        "a number with a decimal point, since \",\" separates the cells");
         return std::nullopt;
     }
     // 1.234 and 1,234 in one table: one of them would be read a thousand times too small.
-    if (mark != std::string_view::npos && m_decimalMark == 0) {
-        m_decimalMark = text[mark];
+    if (marked && m_decimalMark == 0) {
+        m_decimalMark = *mark;
         m_decimalMarkLine = m_line;
-    } else if (mark != std::string_view::npos && m_decimalMark != text[mark]) {
+    } else if (marked && m_decimalMark != *mark) {
         m_errors.Found(m_line, header, text,
                        std::string("a number with the decimal mark \"") + m_decimalMark +
                            "\" as in line " + std::to_string(m_decimalMarkLine));
@@ -144,7 +148,7 @@ std::optional<double> ProductReader::StoredNotNegative(Column column)
 }
 
 std::optional<std::size_t> ProductReader::Choice(Column column,
-                                                 std::vector<std::string_view> choices)
+                                                 std::initializer_list<std::string_view> choices)
 {
     if (!Filled(column)) {
         return std::nullopt;
@@ -155,7 +159,7 @@ std::optional<std::size_t> ProductReader::Choice(Column column,
     }
     std::string expected = "one of ";
     for (const std::string_view choice : choices) {
-        expected += (choice == choices.front() ? "" : ", ") + std::string(choice);
+        expected += (choice == *choices.begin() ? "" : ", ") + std::string(choice);
     }
     Wrong(column, expected);
     return std::nullopt;
@@ -194,8 +198,8 @@ void ProductReader::ReadPartFacts(Part& part)
 void ProductReader::ReadPartSwitches(Part& part)
 {
     const auto choose = [&](auto& stored, Fact fact, Column column,
-                            std::vector<std::string_view> choices) {
-        if (const auto choice = Choice(column, std::move(choices))) {
+                            std::initializer_list<std::string_view> choices) {
+        if (const auto choice = Choice(column, choices)) {
             using Kind = std::remove_reference_t<decltype(stored)>;
             m_keeper.Choose(stored, static_cast<Kind>(*choice + 1), part.lines,
                             {fact, m_line, m_columns.HeaderOf(column), Cell(column)});

@@ -2,12 +2,15 @@
 
 #include "CsvTable.h"
 #include "FactKeeper.h"
+#include "PositionTable.h"
 #include "TableColumns.h"
 #include "TableErrors.h"
 #include "WBProductTable.h"
 
 #include <array>
+#include <bitset>
 #include <cstdint>
+#include <initializer_list>
 #include <map>
 #include <optional>
 #include <string>
@@ -32,7 +35,7 @@ public:
     TableSummary& TakeSummary() { return m_summary; }
 
 private:
-    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+    static constexpr std::uint32_t kNone = PositionTable::kNone;
 
     /// The part and the use that a row speaks of.
     struct RowSubject
@@ -40,25 +43,6 @@ private:
         std::uint32_t part = kNone;
         std::uint32_t parent = kNone;
         std::uint32_t use = kNone;
-    };
-    /// The versions of one identifier that the table names.
-    struct Versions
-    {
-        std::uint32_t first = kNone; // in Product::parts
-        std::uint32_t count = 0;
-    };
-    struct UseKey
-    {
-        std::uint32_t parent;
-        std::string_view instance;
-        bool operator==(const UseKey&) const = default;
-    };
-    struct UseKeyHash
-    {
-        std::size_t operator()(const UseKey& key) const
-        {
-            return std::hash<std::string_view>()(key.instance) ^ (key.parent * 0x9E3779B97F4A7C15U);
-        }
     };
     /// What a set needs beyond its numbers until all rows are read.
     struct PendingInertia
@@ -73,8 +57,11 @@ private:
 
     // ProductReader.cpp: the current row and its cells.
     void Load(std::size_t row);
-    std::string_view Cell(Column column) const { return m_cells[static_cast<std::size_t>(column)]; }
-    bool Filled(Column column) const { return !Cell(column).empty(); }
+    std::string_view Cell(Column column) const
+    {
+        return Filled(column) ? m_cells[static_cast<std::size_t>(column)] : std::string_view();
+    }
+    bool Filled(Column column) const { return m_filled[static_cast<std::size_t>(column)]; }
     bool AnyFilled(Column first, Column last) const;
     void Wrong(Column column, std::string_view expected);
     void Complain(Column column, std::string_view text);
@@ -86,7 +73,8 @@ private:
     std::optional<double> StoredNotNegative(Column column);
     std::optional<bool> YesNo(Column column);
     /// The position of the cell's text among the choices; complains about any other text.
-    std::optional<std::size_t> Choice(Column column, std::vector<std::string_view> choices);
+    std::optional<std::size_t> Choice(Column column,
+                                      std::initializer_list<std::string_view> choices);
     std::string_view UnitOf(Column column) const;
     void ReadPartFacts(Part& part);
     void ReadPartSwitches(Part& part);
@@ -99,12 +87,17 @@ private:
     void FindParts();
     void ResolveVersions();
     std::uint32_t Intern(std::string_view identifier, std::string_view version);
-    std::vector<std::string> KnownVersions(std::string_view identifier) const;
+    /// Those that the database holds.
+    const std::vector<std::string>& KnownVersions(std::string_view identifier) const;
+    /// A part of that identifier; m_nextVersion leads on to its other versions.
+    std::uint32_t FindIdentifier(std::string_view identifier) const;
     std::uint32_t FindPart(std::string_view identifier, std::string_view version) const;
     std::uint32_t ResolvePart(std::string_view identifier, Column identifierColumn,
                               Column versionColumn, bool mayBeNew);
     void FindUses();
     void FindUse(std::size_t row);
+    /// The use of that name that the table states below that parent.
+    std::uint32_t FindNamedUse(std::uint32_t parent, std::string_view instance) const;
     std::uint32_t NewUse(const RowSubject& subject, std::string_view instance);
     void NameUses();
     void ReadPosition(Use& use);
@@ -148,16 +141,17 @@ private:
     Product m_product;
     TableSummary m_summary;
 
-    std::unordered_map<std::string_view, Versions> m_versions;
+    PositionTable m_identifiers;              // one part per identifier
     std::vector<std::uint32_t> m_nextVersion; // per part: another version of the same identifier
     std::vector<RowSubject> m_subjects;       // per row
-    std::unordered_map<UseKey, std::uint32_t, UseKeyHash> m_uses;
+    PositionTable m_namedUses;                // by parent and instance
     std::vector<std::uint32_t> m_unnamedUses;
     std::unordered_map<std::string, std::uint32_t> m_materials;
     std::map<std::tuple<bool, std::uint32_t, std::string>, PendingInertia> m_pending;
 
     std::uint32_t m_line = 0; // of the current row
-    std::array<std::string_view, kColumns> m_cells;
+    std::bitset<kColumns> m_filled;
+    std::array<std::string_view, kColumns> m_cells; // of the filled columns
     std::vector<std::string_view> m_propertyCells;
     std::vector<std::uint32_t> m_filledProperties;
     char m_decimalMark = 0; // '.' or ','; 0 until a number shows it

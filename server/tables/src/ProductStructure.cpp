@@ -10,10 +10,22 @@
 
 namespace wb
 {
+namespace
+{
+std::size_t IdentifierHash(std::string_view identifier)
+{
+    return std::hash<std::string_view>()(identifier);
+}
+
+std::size_t UseHash(std::uint32_t parent, std::string_view instance)
+{
+    return std::hash<std::string_view>()(instance) ^ (parent * 0x9E3779B97F4A7C15U);
+}
+} // namespace
+
 void ProductReader::FindParts()
 {
     m_subjects.resize(m_table.RowCount());
-    m_versions.reserve(m_table.RowCount());
     for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
         Load(row);
         if (!Filled(Column::Part)) {
@@ -24,21 +36,30 @@ void ProductReader::FindParts()
     }
 }
 
+std::uint32_t ProductReader::FindIdentifier(std::string_view identifier) const
+{
+    return m_identifiers.Find(IdentifierHash(identifier), [&](std::uint32_t part) {
+        return m_product.parts[part].identifier == identifier;
+    });
+}
+
 std::uint32_t ProductReader::FindPart(std::string_view identifier, std::string_view version) const
 {
-    const auto found = m_versions.find(identifier);
-    std::uint32_t part = found == m_versions.end() ? kNone : found->second.first;
+    std::uint32_t part = FindIdentifier(identifier);
     while (part != kNone && m_product.parts[part].version != version) {
         part = m_nextVersion[part];
     }
     return part;
 }
 
-std::vector<std::string> ProductReader::KnownVersions(std::string_view identifier) const
+const std::vector<std::string>& ProductReader::KnownVersions(std::string_view identifier) const
 {
-    const auto found = m_knownVersions.empty() ? m_knownVersions.end()
-                                               : m_knownVersions.find(std::string(identifier));
-    return found == m_knownVersions.end() ? std::vector<std::string>() : found->second;
+    static const std::vector<std::string> none;
+    if (m_knownVersions.empty()) {
+        return none;
+    }
+    const auto found = m_knownVersions.find(std::string(identifier));
+    return found == m_knownVersions.end() ? none : found->second;
 }
 
 std::uint32_t ProductReader::Intern(std::string_view identifier, std::string_view version)
@@ -47,15 +68,18 @@ std::uint32_t ProductReader::Intern(std::string_view identifier, std::string_vie
     if (known != kNone) {
         return known;
     }
+    const std::uint32_t other = FindIdentifier(identifier);
     const auto part = static_cast<std::uint32_t>(m_product.parts.size());
     Part& added = m_product.parts.emplace_back();
     added.identifier = identifier;
     added.version = version;
     added.firstLine = m_line;
-    Versions& versions = m_versions[identifier];
-    m_nextVersion.push_back(versions.first);
-    versions.first = part;
-    ++versions.count;
+    m_nextVersion.push_back(other == kNone ? kNone : m_nextVersion[other]);
+    if (other == kNone) {
+        m_identifiers.Add(IdentifierHash(identifier), part);
+    } else {
+        m_nextVersion[other] = part;
+    }
     return part;
 }
 
@@ -67,7 +91,7 @@ std::uint32_t ProductReader::ResolvePart(std::string_view identifier, Column ide
         if (part != kNone) {
             return part;
         }
-        const auto stored = KnownVersions(identifier);
+        const auto& stored = KnownVersions(identifier);
         if (std::ranges::find(stored, Cell(versionColumn)) != stored.end()) {
             return Intern(identifier, Cell(versionColumn));
         }
@@ -75,10 +99,12 @@ std::uint32_t ProductReader::ResolvePart(std::string_view identifier, Column ide
               "a version of " + std::string(identifier) + " that the table or the database holds");
         return kNone;
     }
-    const auto found = m_versions.find(identifier);
+    const std::uint32_t first = FindIdentifier(identifier);
     auto versions = KnownVersions(identifier);
-    for (std::uint32_t part = found == m_versions.end() ? kNone : found->second.first;
-         part != kNone; part = m_nextVersion[part]) {
+    if (first != kNone && versions.empty() && m_nextVersion[first] == kNone) {
+        return first; // by far the most rows: one version, in this table alone
+    }
+    for (std::uint32_t part = first; part != kNone; part = m_nextVersion[part]) {
         if (std::ranges::find(versions, m_product.parts[part].version) == versions.end()) {
             versions.push_back(m_product.parts[part].version);
         }
@@ -112,7 +138,6 @@ void ProductReader::ResolveVersions()
 void ProductReader::FindUses()
 {
     m_product.uses.reserve(m_table.RowCount());
-    m_uses.reserve(m_table.RowCount());
     for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
         if (m_subjects[row].part != kNone) {
             FindUse(row);
@@ -139,26 +164,32 @@ void ProductReader::FindUse(std::size_t row)
         return;
     }
     const std::string_view instance = Cell(Column::Instance);
-    const auto known = m_uses.find({subject.parent, instance});
-    if (instance.empty() || known == m_uses.end()) {
+    const std::uint32_t known = instance.empty() ? kNone : FindNamedUse(subject.parent, instance);
+    if (known == kNone) {
         subject.use = NewUse(subject, instance);
         if (instance.empty()) {
             m_unnamedUses.push_back(subject.use);
         } else {
-            m_uses.emplace(UseKey{subject.parent, instance}, subject.use);
+            m_namedUses.Add(UseHash(subject.parent, instance), subject.use);
         }
-    } else if (m_product.uses[known->second].part != subject.part) {
+    } else if (m_product.uses[known].part != subject.part) {
         Complain(Column::Instance,
                  Quoted(instance) + " stands in " + m_product.parts[subject.parent].identifier +
-                     " already, as part " +
-                     m_product.parts[m_product.uses[known->second].part].identifier + " in line " +
-                     std::to_string(m_product.uses[known->second].firstLine) +
+                     " already, as part " + m_product.parts[m_product.uses[known].part].identifier +
+                     " in line " + std::to_string(m_product.uses[known].firstLine) +
                      "; expected an instance name once in its parent");
         return;
     } else {
-        subject.use = known->second;
+        subject.use = known;
     }
     ReadPosition(m_product.uses[subject.use]);
+}
+
+std::uint32_t ProductReader::FindNamedUse(std::uint32_t parent, std::string_view instance) const
+{
+    return m_namedUses.Find(UseHash(parent, instance), [&](std::uint32_t use) {
+        return m_product.uses[use].parent == parent && m_product.uses[use].instance == instance;
+    });
 }
 
 std::uint32_t ProductReader::NewUse(const RowSubject& subject, std::string_view instance)
@@ -184,7 +215,7 @@ void ProductReader::NameUses()
         int& number = last[{use.parent, identifier}];
         do {
             use.instance = identifier + "." + std::to_string(++number);
-        } while (m_uses.contains({use.parent, use.instance}) ||
+        } while (FindNamedUse(use.parent, use.instance) != kNone ||
                  !given.emplace(use.parent, use.instance).second);
     }
 }
