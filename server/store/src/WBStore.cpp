@@ -10,11 +10,11 @@ namespace wb
 {
 namespace
 {
-/// What every connection wants: references are checked, and temporary data stays in memory. The
+/// What every connection wants: references are checked, and a cache that holds a large product. The
 /// journal is SQLite's ordinary one, so that a database at rest is exactly one file that people can
-/// copy; a write-ahead log would leave a second file beside it.
-constexpr const char* kSettings = "PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY; "
-                                  "PRAGMA cache_size = -65536";
+/// copy; a write-ahead log would leave a second file beside it. Where temporary data goes is left
+/// to SQLite: it sorts the rows of a new index in one block of memory then, otherwise row by row.
+constexpr const char* kSettings = "PRAGMA foreign_keys = ON; PRAGMA cache_size = -65536";
 } // namespace
 
 Store::Store(std::unique_ptr<Database> database) : m_database(std::move(database))
@@ -61,6 +61,8 @@ Store::Opened Store::OpenOrCreate(const std::string& path, int lockWait)
             // A new file holds nothing that a power cut could take; the first import waits for the
             // disk.
             database.Execute("PRAGMA synchronous = OFF");
+            // Large pages: a product of many thousand uses is written in a quarter of the calls.
+            database.Execute("PRAGMA page_size = 16384");
             CreateSchema(database);
         }
         return Open(path, lockWait);
