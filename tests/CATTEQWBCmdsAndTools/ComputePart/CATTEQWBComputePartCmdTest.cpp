@@ -1,24 +1,13 @@
 #include "CATTEQWBComputePartCmd.h"
 
-#include "../ModuleSession.h"
-#include "PickedProducts.h"
+#include "ComputePartSession.h"
 
-#include "CATWBAllDataBuffer.h"
-#include "CATWBVPMMainPanel.h"
-#include "CATWBVPMNavFilterPanel.h"
-#include "CATWBVPMNavGUITable.h"
-
-#include "CATApplicationFrame.h"
 #include "CATDlgApplication.h"
-#include "CATDlgNotify.h"
 #include "CATMsgCatalog.h"
-#include "CATServerCaller.h"
-#include "CATSession.h"
+#include "CATWBVPMNavFilterPanel.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <array>
-#include <memory>
 
 namespace
 {
@@ -27,9 +16,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-
-constexpr const char* kNavigator = "NavigatorWorkshop";
-constexpr const char* kStructure = "StructureWorkshop";
 
 /// The toolkit, once for all tests of the program.
 class Toolkit : public testing::Environment
@@ -51,186 +37,6 @@ private:
 };
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
-/// What the server says about the aeroplane's firewall, and what it was asked.
-class FakeServer : public CATServerCaller
-{
-public:
-    std::string CallMethod(std::string_view method, std::string_view request,
-                           CATServerCallState&) override
-    {
-        calls.push_back(std::string(method) + ": " + std::string(request));
-        return answer;
-    }
-    std::optional<std::string> CallObjectService(std::string_view service,
-                                                 std::vector<std::string>& identificators,
-                                                 std::string_view input, bool,
-                                                 CATServerCallState&) override
-    {
-        std::string call = std::string(service) + " of";
-        for (const std::string& identificator : identificators) {
-            call += " " + identificator;
-        }
-        calls.push_back(call + ": " + std::string(input));
-        return record;
-    }
-
-    std::optional<std::string> record = "0|FUS-110.1|FUS-110|A|2|FUS-100.1|FUS-000.1|Firewall";
-    std::string answer;
-    std::vector<std::string> calls;
-};
-
-// One mass type, Calculated with 2 kg; no density; the last twelve fields before the final 0 are
-// the position, which the client's own replaces in the product structure.
-constexpr const char* kNavigatorAnswer =
-    "1|0|1|0|0|0|1|0|"
-    "1|Calculated|1|2|0.06|0.1|2|0|-60|0.5|0.25|0.125|0|0|0|0|0|3|5|"
-    "1|Calculated||0|0|"
-    "1|0|0|"
-    "1|0|0|0|1|0|0|0|1|7|8|9|"
-    "0|";
-// Without an instance in the PDM the part reference's status and density follow the density.
-constexpr const char* kStructureAnswer =
-    "1|0|1|0|0|0|1|0|"
-    "1|Calculated|1|2|0.06|0.1|2|0|-60|0.5|0.25|0.125|0|0|0|0|0|3|5|"
-    "1|Calculated||0|0|0|0|"
-    "1|0|0|"
-    "1|0|0|0|1|0|0|0|1|7|8|9|"
-    "0|";
-
-/// A panel that remembers what it was given.
-class FakePanel : public CATWBVPMMainPanel
-{
-public:
-    FakePanel(CATCommand* parent, CATWBAllDataBuffer* first) : CATWBVPMMainPanel(parent)
-    {
-        m_close = new CATDlgPushButton(this, "CloseButton");
-        SetTheRecord(first);
-        s_made.push_back(this);
-    }
-    ~FakePanel() override { std::erase(s_made, this); }
-    void SetModel(CATWBAllDataBuffer* another) override
-    {
-        ++refills;
-        SetTheRecord(another);
-    }
-    CATDlgPushButton* GetCloseButton() override { return m_close; }
-
-    static CATWBVPMMainPanel* Create(CATCommand* parent, CATWBAllDataBuffer* first)
-    {
-        return new FakePanel(parent, first);
-    }
-
-    CATHandle<CATWBAllDataBuffer> record;
-    int references = 0; // when the record was set
-    int refills = 0;
-    static std::vector<FakePanel*> s_made;
-
-private:
-    void SetTheRecord(CATWBAllDataBuffer* newRecord)
-    {
-        record = CATHandle<CATWBAllDataBuffer>(newRecord);
-        references = newRecord->ReferenceCount();
-    }
-    CATDlgPushButton* m_close;
-};
-std::vector<FakePanel*> FakePanel::s_made;
-
-struct Box
-{
-    std::string name;
-    std::string text;
-    int style;
-    bool operator==(const Box&) const = default;
-};
-void PrintTo(const Box& box, std::ostream* stream)
-{
-    *stream << box.name << ": " << box.text << " (" << std::hex << box.style << ")";
-}
-
-class ComputePart : public testing::Test
-{
-protected:
-    ComputePart()
-    {
-        CATSetServerCaller(server);
-        CATWBVPMNavGUITable table;
-        table.createMainPanel = FakePanel::Create;
-        CATWBVPMNavGUISetTable(table);
-        CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) -> std::optional<int> {
-            boxes.push_back({box.name.ToStdString(), box.text.ToStdString(), box.style});
-            EXPECT_FALSE(box.blocking);
-            return 1;
-        });
-        CATSession::SetFaultReporter([this](const CATUnicodeString&, const CATUnicodeString& what) {
-            faults.push_back(what.ToStdString());
-        });
-    }
-    ~ComputePart() override
-    {
-        CATSession::Close();
-        frame.reset();
-        CATNavigator::Close();
-        CATSession::SetFaultReporter({});
-        CATDlgNotify::SetAnswerer({});
-        CATWBVPMNavGUISetTable({});
-        CATSetServerCaller(nullptr);
-    }
-
-    /// Starts the command in a session whose main window is a real one.
-    void StartIn(const char* workshop)
-    {
-        frame = std::make_unique<CATApplicationFrame>(
-            new CATDlgDialog(&CATSession::Root(), "MainWindow", 0));
-        Start(workshop);
-    }
-    void Start(const char* workshop)
-    {
-        frame->SetWorkshop(workshop, "Weight");
-        if (std::string_view(workshop) == kNavigator) {
-            CATNavigator::Open(std::make_shared<AeroplaneSource>(),
-                               AeroplaneSource::Row("LA1", "LA1", true));
-            server->answer = kNavigatorAnswer;
-        } else {
-            server->answer = kStructureAnswer;
-        }
-        command = dynamic_cast<CATTEQWBComputePartCmd*>(fctCreateCATTEQWBComputePartCmd());
-        ASSERT_NE(command, nullptr);
-        ASSERT_TRUE(CATSession::Start(command));
-    }
-    static CATPathElement_var Firewall()
-    {
-        return PathTo(CATNavigator::Find({"FUS-000.1", "FUS-100.1", "FUS-110.1"}));
-    }
-    bool Pick(const CATPathElement_var& path) { return CATOfferPick({path}); }
-    FakePanel* Panel() const
-    {
-        return FakePanel::s_made.empty() ? nullptr : FakePanel::s_made.back();
-    }
-    /// A failed pick leaves no panel and a command that waits for the next.
-    void ExpectNothingShown(const char* line)
-    {
-        EXPECT_THAT(errors.Lines(), Contains(line));
-        EXPECT_EQ(Panel(), nullptr);
-        EXPECT_THAT(boxes, IsEmpty());
-        ExpectWaitsAgain();
-    }
-    void ExpectWaitsAgain()
-    {
-        EXPECT_TRUE(command->IsWaiting());
-        for (const CATDialogAgent* agent : command->CurrentState()->Agents()) {
-            EXPECT_FALSE(agent->IsOutputSet());
-        }
-    }
-
-    std::shared_ptr<FakeServer> server = std::make_shared<FakeServer>();
-    HeardLines output{CATDiagnosticOutput()};
-    HeardLines errors{CATDiagnosticErrors()};
-    std::unique_ptr<CATApplicationFrame> frame;
-    std::vector<Box> boxes;
-    std::vector<std::string> faults;
-    CATTEQWBComputePartCmd* command = nullptr;
-    FakeAeroplane aeroplane;
-};
 using ComputePartCommand = ComputePart;
 
 } // namespace
@@ -668,19 +474,6 @@ TEST_F(ComputePartCommand, FailedPickLeavesThePanelAsItWas)
     EXPECT_FALSE(Pick(Firewall()));
     EXPECT_EQ(Panel()->record.Get(), before);
     EXPECT_EQ(Panel()->refills, 0);
-}
-
-TEST_F(ComputePartCommand, StreamThatBreaksTheLayoutEndsTheCommandAndTellsTheUser)
-{
-    const FatalErrors fatal(FatalErrors::Then::Throw);
-    StartIn(kNavigator);
-    server->answer = "no number|";
-    EXPECT_FALSE(Pick(Firewall()));
-    EXPECT_THAT(faults, ElementsAre("AssertionFailed:lStatus == 1 "
-                                    "(CATTEQWBCmdsAndTools.m/src/CATWBToken:43)."));
-    EXPECT_EQ(Panel(), nullptr);
-    CATSession::RunDelayedDestructions();
-    EXPECT_EQ(CATSession::RunningCommand(), nullptr);
 }
 
 // The panel
