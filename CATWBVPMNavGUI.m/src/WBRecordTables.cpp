@@ -27,7 +27,8 @@ Cell Flag(bool flag)
 Cell Number(double value)
 {
     std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+    // Added to 0, so that nothing is written as "-0".
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), 0.0 + value,
                                    std::chars_format::general, 15);
     return {Cell::Kind::Number,
             std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data()))};

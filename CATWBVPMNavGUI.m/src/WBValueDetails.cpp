@@ -2,8 +2,8 @@
 
 #include "CATDiagnostics.h"
 #include "CATENOWBCSCommonDefinitions.h"
-#include "CATToken.h"
 #include "CATVariant.h"
+#include "CATWBToken.h"
 #include "ENOWBAllDataBuffer.h"
 #include "RunServerCode.h"
 
@@ -59,22 +59,26 @@ WBValueDetails WBValueDetails::Ask(const ENOWBAllDataBuffer& record)
 
 bool WBValueDetails::Read(const CATUnicodeString& answer)
 {
-    CATToken fields(answer);
-    const CATUnicodeString partName = fields.GetNextToken(kSeparator);
+    CATWBToken fields(answer);
+    const CATUnicodeString partName = fields.NextString();
     int count = 0;
-    if (fields.GetNextToken(kSeparator).ReadInt(count) != 1) {
+    if (fields.NextString().ReadInt(count) != 1 || count < 0) {
         return false;
     }
     std::map<std::string, Known, std::less<>> known;
     for (int index = 0; index < count; ++index) {
-        const CATUnicodeString name = fields.GetNextToken(kSeparator);
+        const CATUnicodeString name = fields.NextString();
         Known flags;
-        if (!ReadFlag(fields.GetNextToken(kSeparator), flags.mass) ||
-            !ReadFlag(fields.GetNextToken(kSeparator), flags.centre) ||
-            !ReadFlag(fields.GetNextToken(kSeparator), flags.inertia)) {
+        if (!ReadFlag(fields.NextString(), flags.mass) ||
+            !ReadFlag(fields.NextString(), flags.centre) ||
+            !ReadFlag(fields.NextString(), flags.inertia)) {
             return false;
         }
         known.insert_or_assign(name.ToStdString(), flags);
+    }
+    // What a count that lies leaves over would have its zeros shown as known ones.
+    if (!fields.IsAtEnd()) {
+        return false;
     }
     m_partName = partName;
     m_known = std::move(known);

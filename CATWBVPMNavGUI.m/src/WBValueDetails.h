@@ -25,7 +25,8 @@ public:
     /// is said to be unknown.
     static WBValueDetails Ask(const ENOWBAllDataBuffer& record);
     /// Reads an answer: the part's name, a count, then for each mass type its name and three flags
-    /// (mass, centre of gravity, inertia). False, with nothing kept, for any other text.
+    /// (mass, centre of gravity, inertia). False, with what was read before kept, for any other
+    /// text, also one that goes on behind the announced types.
     bool Read(const CATUnicodeString& answer);
 
     /// Empty when the server did not say it.

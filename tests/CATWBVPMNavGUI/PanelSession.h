@@ -23,6 +23,7 @@
 #include <string>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 using RecordHandle = CATHandle<CATWBAllDataBuffer>;
 
@@ -38,8 +39,10 @@ inline RecordHandle RecordOf(const std::string& stream)
 class DetailsServer : public CATServerCaller
 {
 public:
-    std::string CallMethod(std::string_view method, std::string_view, CATServerCallState&) override
+    std::string CallMethod(std::string_view method, std::string_view request,
+                           CATServerCallState&) override
     {
+        calls.push_back(std::string(method) + ": " + std::string(request));
         return method == "WBGetValueDetails" ? details : std::string();
     }
     std::optional<std::string> CallObjectService(std::string_view, std::vector<std::string>&,
@@ -49,6 +52,7 @@ public:
         return std::nullopt;
     }
     std::string details;
+    std::vector<std::string> calls;
 };
 
 /// A session of its own for each test: shipped units and texts, no settings, English, numbers with
