@@ -92,6 +92,15 @@ TEST_F(CATDlgControlsTest, SelectedPieceOfALabelIsCopied)
     EXPECT_EQ(QApplication::clipboard()->text(), "12.5");
 }
 
+TEST_F(CATDlgControlsTest, TabGoesToValuesAndNotToTheirCaptions)
+{
+    auto* caption = new CATDlgLabel(&m_window, "Caption");
+    caption->SetRole(CATDlgLabel::Role::Caption);
+    const auto* value = new CATDlgLabel(&m_window, "Value");
+    EXPECT_EQ(caption->Widget()->focusPolicy() & Qt::TabFocus, 0);
+    EXPECT_NE(value->Widget()->focusPolicy() & Qt::TabFocus, 0);
+}
+
 TEST_F(CATDlgControlsTest, RolesColourTheTextReadablyAndCarryASign)
 {
     using Role = CATDlgLabel::Role;

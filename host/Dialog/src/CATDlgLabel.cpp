@@ -57,6 +57,10 @@ void CATDlgLabel::SetRole(Role role)
         }
     }
     label->setPalette(palette);
+    if (role == Role::Caption) {
+        // It says what stands beside it: the Tab key goes to that.
+        label->setFocusPolicy(Qt::ClickFocus);
+    }
     label->SetSign(QString::fromUtf8(look.sign));
     label->setAccessibleDescription(QString::fromUtf8(look.meaning));
 }
