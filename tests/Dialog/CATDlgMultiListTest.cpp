@@ -259,12 +259,21 @@ TEST_F(CATDlgMultiListTest, TitleHasTheColumnsTooltip)
 
 TEST_F(CATDlgMultiListTest, ColumnsFitTheirTextsAndTheLastTakesTheRest)
 {
+    m_list.SetColumnIsNumber(1, false);
     Fill({{"a name with some length", "2kg"}});
     Show();
     const int needed = View().fontMetrics().horizontalAdvance("a name with some length");
     EXPECT_GE(View().columnWidth(0), needed);
     EXPECT_LT(View().columnWidth(0), needed + 60);
     EXPECT_EQ(View().horizontalHeader()->length(), View().viewport()->width());
+}
+
+TEST_F(CATDlgMultiListTest, NumbersInTheLastColumnStayNearTheOthers)
+{
+    Show();
+    Fill({{"a", "1"}, {"b", "2"}});
+    EXPECT_LT(View().columnWidth(1), 150);
+    EXPECT_GT(View().viewport()->width(), 400);
 }
 
 TEST_F(CATDlgMultiListTest, WidthThatTheUserGaveStays)

@@ -313,8 +313,11 @@ void ListView::FillWidth()
     if (m_userHasSized || m_model.columnCount() == 0) {
         return;
     }
-    m_isFitting = true;
     const int last = horizontalHeader()->logicalIndex(m_model.columnCount() - 1);
+    if (m_model.IsNumberColumn(last)) {
+        return; // numbers far at the right could no longer be read across with the other columns
+    }
+    m_isFitting = true;
     const int others = horizontalHeader()->length() - columnWidth(last);
     setColumnWidth(last, std::max(m_lastColumnFit, viewport()->width() - others));
     m_isFitting = false;
