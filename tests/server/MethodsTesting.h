@@ -21,7 +21,7 @@ public:
 
     void Import(const std::string& path)
     {
-        const auto result = wb::ImportFile(*m_store, path, {{}, false, "kim"});
+        const auto result = wb::ImportFile(*m_store, path, {{}, "kim"});
         EXPECT_THAT(result.errors, testing::ElementsAre());
     }
     void ImportTable(const std::string& table) { Import(m_directory.Write("t.csv", table)); }

@@ -3,6 +3,9 @@
 
 #include <sqlite3.h>
 
+#include <filesystem>
+#include <fstream>
+
 using namespace wb;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -48,7 +51,7 @@ TEST(WBStoreFile, DatabaseAtRestIsOneFile)
     const wbtest::Directory directory;
     {
         const auto opened = Store::OpenOrCreate(directory.File("x.db"));
-        EXPECT_THAT(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c", false}).errors,
+        EXPECT_THAT(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c"}).errors,
                     ElementsAre());
     }
     const auto count = std::distance(
@@ -113,7 +116,7 @@ TEST(WBStoreFile, LockedDatabaseIsSaidAndLeftAsItWas)
     const std::string locked = directory.File("x.db") + ": another program is writing to this "
                                                         "database; wait until it has ended and "
                                                         "try again";
-    EXPECT_THAT(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c", false}).errors,
+    EXPECT_THAT(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c"}).errors,
                 ElementsAre(locked));
     EXPECT_THAT(opened.store->PutMassTypes(ShippedMassTypes(), "kim", "m.csv"),
                 ElementsAre(locked));
@@ -153,4 +156,134 @@ TEST(WBStoreFile, TablesRefuseWhatNoImportWouldWrite)
     EXPECT_EQ(run("INSERT INTO mass_type VALUES (9, 'X', 99, 'goal', 'actual', 0, 0, '')"),
               SQLITE_CONSTRAINT);
     EXPECT_EQ(run("INSERT INTO material VALUES (1, 'Al', 1, 1, '')"), SQLITE_CONSTRAINT);
+}
+
+TEST(WBStoreFile, PagesAreLarge)
+{
+    const wbtest::Directory directory;
+    Store::OpenOrCreate(directory.File("x.db"));
+    const auto count = std::filesystem::file_size(directory.File("x.db"));
+    // A file is whole pages; the bytes 16 and 17 of its head say how large they are.
+    std::ifstream file(directory.File("x.db"), std::ios::binary);
+    std::string head(18, ' ');
+    file.read(head.data(), 18);
+    EXPECT_EQ(head.substr(16), std::string("\x40\x00", 2)) << "16384 bytes";
+    EXPECT_EQ(count % 16384, 0U);
+}
+
+TEST(WBStoreFile, CopyTakesChangesThatTheDatabaseNeverSees)
+{
+    const wbtest::Directory directory;
+    const auto original = Store::OpenOrCreate(directory.File("x.db"));
+    {
+        const auto copy = Store::OpenCopy(directory.File("x.db"));
+        ASSERT_NE(copy.store, nullptr) << copy.error;
+        EXPECT_EQ(copy.store->Path(), directory.File("x.db"));
+        EXPECT_THAT(copy.store->Import(SmallProduct(), {"kim", "t.csv", "c"}).errors,
+                    ElementsAre());
+        EXPECT_EQ(copy.store->Roots().size(), 1U);
+    }
+    EXPECT_TRUE(original.store->Roots().empty());
+    EXPECT_TRUE(original.store->History().empty());
+}
+
+TEST(WBStoreFile, CopyHoldsWhatTheDatabaseHolds)
+{
+    const wbtest::Directory directory;
+    const auto original = Store::OpenOrCreate(directory.File("x.db"));
+    original.store->Import(SmallProduct(), {"kim", "t.csv", "c"});
+    const auto copy = Store::OpenCopy(directory.File("x.db"));
+    ASSERT_EQ(copy.store->Roots().size(), 1U);
+    EXPECT_EQ(copy.store->UsesOf(copy.store->FindRoot("A")->id).front().instance, "P.1");
+    EXPECT_EQ(copy.store->History().size(), 1U);
+}
+
+TEST(WBStoreFile, CopyIsOfWhatWasCommittedWhileAnotherProgramWrites)
+{
+    const wbtest::Directory directory;
+    Store::OpenOrCreate(directory.File("x.db"));
+    Connection other(directory.File("x.db"));
+    ASSERT_EQ(other.Run("BEGIN IMMEDIATE; DELETE FROM mass_type"), SQLITE_OK);
+    const auto copy = Store::OpenCopy(directory.File("x.db"), 10);
+    ASSERT_NE(copy.store, nullptr) << copy.error;
+    EXPECT_EQ(copy.store->MassTypes(), ShippedMassTypes());
+    EXPECT_EQ(other.Run("COMMIT"), SQLITE_OK);
+}
+
+TEST(WBStoreFile, CopyOfAMissingDatabaseIsNewAndLeavesNone)
+{
+    const wbtest::Directory directory;
+    {
+        const auto copy = Store::OpenCopy(directory.File("x.db"));
+        ASSERT_NE(copy.store, nullptr) << copy.error;
+        EXPECT_EQ(copy.store->MassTypes(), ShippedMassTypes());
+        EXPECT_THAT(copy.store->Import(SmallProduct(), {"kim", "t.csv", "c"}).errors,
+                    ElementsAre());
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(directory.File("")));
+}
+
+TEST(WBStoreFile, CopyRefusesWhatOpenRefuses)
+{
+    const wbtest::Directory directory;
+    const auto path = directory.File("x.db");
+    Store::OpenOrCreate(path);
+    {
+        Connection other(path);
+        ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
+        EXPECT_THAT(Store::OpenCopy(path, 10).error, StartsWith(path + ": another program"));
+    }
+    Connection(path).Run("PRAGMA user_version = 9");
+    EXPECT_EQ(Store::OpenCopy(path).error, Store::Open(path).error);
+}
+
+TEST(WBStoreFile, BatchIsAllOrNothing)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+    Store& store = *opened.store;
+    const MassType simulated{"Simulated", 22, MassType::Kind::Claim, "calculated", 1, 2, ""};
+    {
+        StoreBatch batch(store);
+        EXPECT_THAT(store.PutMassTypes({simulated}, "kim", "m.csv"), ElementsAre());
+        EXPECT_THAT(store.Import(SmallProduct(), {"kim", "t.csv", "c"}).errors, ElementsAre());
+        EXPECT_EQ(store.Roots().size(), 1U);
+    }
+    EXPECT_EQ(store.MassTypes(), ShippedMassTypes());
+    EXPECT_TRUE(store.Roots().empty());
+    {
+        StoreBatch batch(store);
+        store.PutMassTypes({simulated}, "kim", "m.csv");
+        store.Import(SmallProduct(), {"kim", "t.csv", "c"});
+        batch.Commit();
+    }
+    EXPECT_EQ(store.MassTypes().size(), ShippedMassTypes().size() + 1);
+    EXPECT_EQ(store.Roots().size(), 1U);
+    EXPECT_EQ(store.History().size(), 2U);
+}
+
+TEST(WBStoreFile, RefusedWriteOfABatchLeavesTheOthers)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+    Store& store = *opened.store;
+    StoreBatch batch(store);
+    store.Import(SmallProduct(), {"kim", "t.csv", "c"});
+    // N comes before the use that is refused: an instance name stands for one part alone.
+    const auto wrong = wbtest::Read("parent,instance,part\n,,N\n,,A\nA,P.1,Q\n").product;
+    EXPECT_EQ(store.Import(wrong, {"kim", "u.csv", "c"}).errors.size(), 1U);
+    batch.Commit();
+    EXPECT_TRUE(store.FindPart("P", "A"));
+    EXPECT_FALSE(store.FindPart("N", "A"));
+}
+
+TEST(WBStoreFile, BatchSaysThatAnotherProgramWrites)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"), 10);
+    Connection other(directory.File("x.db"));
+    ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
+    EXPECT_THROW(StoreBatch batch(*opened.store), StoreError);
+    other.Run("COMMIT");
+    EXPECT_NO_THROW(StoreBatch(*opened.store).Commit());
 }

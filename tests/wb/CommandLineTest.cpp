@@ -10,6 +10,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 namespace
 {
@@ -50,6 +51,12 @@ protected:
     std::string environment;
 };
 
+constexpr const char* kSimulated =
+    "mass_type,order,kind,category,lower_pct [%],upper_pct [%],meaning\n"
+    "Simulated,22,claim,calculated,1,2,from a simulation\n";
+// The version of the bolt is the only one that there is: that of another file, or else "A".
+constexpr const char* kNeedsBolt = "part,version\nBOLT,\n";
+
 constexpr const char* kSparCap = "LA1/WNG-000.1/WNG-200R.1/WNG-210.1/WNG-211.1";
 
 } // namespace
@@ -77,7 +84,84 @@ TEST_F(CommandLine, CheckChangesNothingAndMakesNoDatabase)
         Run("import '" WB_SOURCE_DIR "/data/small_satellite.csv' --into a.db --check");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_THAT(outcome.out, AllOf(HasSubstr("51 new"), HasSubstr("81 new")));
+    EXPECT_THAT(outcome.out, StartsWith("nothing was changed; an import would say:\n"));
     EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db")));
+}
+
+TEST_F(CommandLine, CheckLeavesTheDatabaseAsItWas)
+{
+    ImportAeroplane();
+    const std::string before = folder.Read("a.db");
+    folder.Write("types.csv", kSimulated);
+    folder.Write("more.csv", "parent,instance,part,mass_type,mass [kg]\n"
+                             ",,NEW,,\nNEW,BOLT.1,BOLT,Simulated,0.1\n");
+    const Outcome outcome = Run("import more.csv --into a.db --mass-types types.csv --check");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("parts: 2 new"));
+    EXPECT_EQ(folder.Read("a.db"), before);
+    EXPECT_THAT(Run("mass-types --db a.db").out, Not(HasSubstr("Simulated")));
+}
+
+TEST_F(CommandLine, CheckOfFilesThatNeedEachOtherTellsWhatTheyDoTogether)
+{
+    folder.Write("first.csv", "part,version\nBOLT,B\n");
+    folder.Write("second.csv", kNeedsBolt);
+    const Outcome both = Run("import first.csv second.csv --into a.db --check");
+    EXPECT_EQ(both.status, 0) << both.err;
+    EXPECT_EQ(both.out, "nothing was changed; an import would say:\n"
+                        "first.csv:\n"
+                        "rows: 1\n"
+                        "parts: 1 new, 0 changed, 0 unchanged\n"
+                        "uses: 0 new, 0 changed, 0 unchanged\n"
+                        "parts that nobody uses: BOLT B\n"
+                        "second.csv:\n"
+                        "rows: 1\n"
+                        "parts: 0 new, 0 changed, 1 unchanged\n"
+                        "uses: 0 new, 0 changed, 0 unchanged\n"
+                        "parts that nobody uses: BOLT B\n");
+    const Outcome alone = Run("import second.csv --into a.db --check");
+    EXPECT_THAT(alone.out, HasSubstr("parts: 1 new"));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db")));
+}
+
+TEST_F(CommandLine, CheckThatFindsErrorsNamesTheUsersDatabase)
+{
+    folder.Write("broken.db", std::string(4096, 'x'));
+    folder.Write("first.csv", "part\nBOLT\n");
+    const Outcome outcome = Run("import first.csv --into broken.db --check");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, StartsWith("broken.db: the file is damaged"));
+    EXPECT_THAT(outcome.out, IsEmpty());
+}
+
+TEST_F(CommandLine, SeveralFilesComeInTogetherOrNotAtAll)
+{
+    ImportAeroplane();
+    const std::string before = folder.Read("a.db");
+    folder.Write("types.csv", kSimulated);
+    folder.Write("good.csv", "part\nBOLT\n");
+    folder.Write("bad.csv", "part,mass_type,mass [kg]\nBOLT,Simulated,heavy\n");
+    const Outcome refused = Run("import good.csv bad.csv --into a.db --mass-types types.csv");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.out, IsEmpty());
+    EXPECT_THAT(refused.err, AllOf(StartsWith("bad.csv:2:"), HasSubstr("nothing was imported")));
+    EXPECT_EQ(folder.Read("a.db"), before);
+
+    folder.Write("bad.csv", "part,mass_type,mass [kg]\nBOLT,Simulated,2\n");
+    const Outcome done = Run("import good.csv bad.csv --into a.db --mass-types types.csv");
+    EXPECT_EQ(done.status, 0) << done.err;
+    EXPECT_THAT(Run("mass-types --db a.db").out, HasSubstr("Simulated"));
+    EXPECT_THAT(Run("import good.csv bad.csv --into a.db").out, HasSubstr("1 unchanged"));
+}
+
+TEST_F(CommandLine, WrongMassTypesKeepTheFilesOut)
+{
+    folder.Write("types.csv", "mass_type,order\nComputed,1\n");
+    folder.Write("good.csv", "part\nBOLT\n");
+    const Outcome refused = Run("import good.csv --into a.db --mass-types types.csv");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("types.csv"));
+    EXPECT_THAT(Run("part BOLT/X --db a.db").err, HasSubstr("no product root \"BOLT\""));
 }
 
 TEST_F(CommandLine, AWrongFileIsRefusedWithFileLineAndColumn)

@@ -2,12 +2,7 @@
 
 #include "WBImport.h"
 
-#include <unistd.h>
-
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <optional>
 
 namespace
 {
@@ -21,31 +16,6 @@ int Refuse(const std::vector<std::string>& errors)
     return 1;
 }
 
-/// A database file that goes away with this object.
-class PassingDatabase
-{
-public:
-    PassingDatabase()
-        : m_path((std::filesystem::temp_directory_path() / "wb_check.XXXXXX").string())
-    {
-        const int file = mkstemp(m_path.data());
-        close(file);
-        std::filesystem::remove(m_path); // the name is what counts: the store makes its own file
-    }
-    ~PassingDatabase()
-    {
-        for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-            std::filesystem::remove(m_path + suffix);
-        }
-    }
-    PassingDatabase(const PassingDatabase&) = delete;
-    PassingDatabase& operator=(const PassingDatabase&) = delete;
-    const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
 wb::ImportFileOptions OptionsOf(const ImportOptions& options)
 {
     wb::ImportFileOptions how;
@@ -54,42 +24,69 @@ wb::ImportFileOptions OptionsOf(const ImportOptions& options)
         how.table.productSign =
             options.poiSign == "positive" ? wb::ProductSign::Integral : wb::ProductSign::MatrixTerm;
     }
-    how.checkOnly = options.check;
     how.user = options.user.empty() ? LoginName() : options.user;
     return how;
+}
+
+/// What came of all files: sentences for the user, or what is wrong.
+struct Imported
+{
+    std::vector<std::string> sentences;
+    std::vector<std::string> errors;
+};
+
+/// The mass types and all files, or nothing: a later file may need what an earlier one brings.
+Imported ImportAll(wb::Store& store, const ImportOptions& options)
+{
+    const wb::ImportFileOptions how = OptionsOf(options);
+    Imported imported;
+    wb::StoreBatch batch(store);
+    if (!options.massTypes.empty()) {
+        imported.errors = wb::ImportMassTypes(store, options.massTypes, how.user);
+    }
+    for (const std::string& file : options.files) {
+        if (!imported.errors.empty()) {
+            return imported;
+        }
+        wb::ImportFileResult result = wb::ImportFile(store, file, how);
+        const std::vector<std::string> sentences = result.Sentences();
+        if (options.files.size() > 1) {
+            imported.sentences.push_back(file + ":");
+        }
+        imported.sentences.insert(imported.sentences.end(), sentences.begin(), sentences.end());
+        imported.errors = std::move(result.errors);
+    }
+    if (imported.errors.empty()) {
+        batch.Commit();
+    }
+    return imported;
 }
 
 } // namespace
 
 int RunImport(const ImportOptions& options)
 {
-    // A check against a database that is not there yet is one against an empty one, and leaves
-    // none.
-    std::optional<PassingDatabase> passing;
-    if (options.check && !std::filesystem::exists(options.database)) {
-        passing.emplace();
-    }
-    const wb::Store::Opened opened =
-        wb::Store::OpenOrCreate(passing ? passing->Path() : options.database);
+    // A check is an import into a copy that is thrown away, so that it tells exactly what an import
+    // would do.
+    const wb::Store::Opened opened = options.check ? wb::Store::OpenCopy(options.database)
+                                                   : wb::Store::OpenOrCreate(options.database);
     if (!opened.store) {
         return Refuse({opened.error});
     }
-    const wb::ImportFileOptions how = OptionsOf(options);
-    if (!options.massTypes.empty()) {
-        const std::vector<std::string> errors =
-            wb::ImportMassTypes(*opened.store, options.massTypes, how.user);
-        if (!errors.empty()) {
-            return Refuse(errors);
-        }
+    Imported imported;
+    try {
+        imported = ImportAll(*opened.store, options);
+    } catch (const wb::StoreError& error) {
+        imported.errors = {error.what()};
     }
-    for (const std::string& file : options.files) {
-        const wb::ImportFileResult result = wb::ImportFile(*opened.store, file, how);
-        if (!result.Ok()) {
-            return Refuse(result.errors);
-        }
-        for (const std::string& sentence : result.Sentences()) {
-            std::printf("%s\n", sentence.c_str());
-        }
+    if (!imported.errors.empty()) {
+        return Refuse(imported.errors);
+    }
+    if (options.check) {
+        std::printf("nothing was changed; an import would say:\n");
+    }
+    for (const std::string& sentence : imported.sentences) {
+        std::printf("%s\n", sentence.c_str());
     }
     return 0;
 }

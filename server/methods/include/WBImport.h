@@ -11,9 +11,8 @@ namespace wb
 {
 struct ImportFileOptions
 {
-    TableOptions table;     // --mass-type, --poi-sign
-    bool checkOnly = false; // --check: compare and count, change nothing
-    std::string user;       // who, for the history
+    TableOptions table; // --mass-type, --poi-sign
+    std::string user;   // who, for the history
 };
 
 /// What came of reading a file into a database.
@@ -21,7 +20,7 @@ struct ImportFileResult
 {
     TableSummary table;
     ImportCounts counts;
-    std::vector<std::string> errors; // ready sentences; empty: done (or checked)
+    std::vector<std::string> errors; // ready sentences; empty: done
 
     bool Ok() const { return errors.empty(); }
     /// Ready sentences for the user: rows, new, changed and unchanged parts and uses, parts that

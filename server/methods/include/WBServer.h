@@ -40,8 +40,8 @@ struct CallContext
 ///
 /// "WBGetValueDetails": root, instance, part, version, count, that many instance names as above. On
 ///   the record's stream an unknown figure travels as 0; this tells which are known. Answers the
-///   part's name, a count, then for each mass type, "Computed" first, its name and three flags (0 or
-///   1): mass, centre of gravity, inertia.
+///   part's name, a count, then for each mass type, "Computed" first, its name and three flags (0
+///   or 1): mass, centre of gravity, inertia.
 ///
 /// "WBListRoots": request ignored. Answers a count, then for each part that nobody uses: part,
 ///   version, name, type (product, assembly, part, adjustment).

@@ -34,8 +34,8 @@ ImportFileResult ImportFile(Store& store, const std::string& path, const ImportF
         result.table = std::move(read.summary);
         result.errors = std::move(read.errors);
         if (result.Ok()) {
-            ImportOutcome outcome = store.Import(
-                read.product, {options.user, path, result.table.checksum, options.checkOnly});
+            ImportOutcome outcome =
+                store.Import(read.product, {options.user, path, result.table.checksum});
             result.counts = std::move(outcome.counts);
             result.errors = std::move(outcome.errors);
         }

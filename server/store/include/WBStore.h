@@ -85,10 +85,9 @@ struct ImportOptions
     std::string user;
     std::string file; // as the messages and the history name it
     std::string checksum;
-    bool checkOnly = false; // count and compare, change nothing
 };
 
-/// What an import did, or would do.
+/// What an import did.
 struct ImportCounts
 {
     std::size_t newParts = 0;
@@ -106,7 +105,7 @@ struct ImportCounts
 struct ImportOutcome
 {
     ImportCounts counts;
-    std::vector<std::string> errors; // ready sentences; empty: done, or checked
+    std::vector<std::string> errors; // ready sentences; empty: done
 };
 
 /// Products in one SQLite file. Reads fetch one part at a time; nothing of a product stays in
@@ -124,6 +123,10 @@ public:
     static Opened Open(const std::string& path, int lockWait = 5000);
     /// Opens a database; makes it, with the shipped mass types, where the file does not exist.
     static Opened OpenOrCreate(const std::string& path, int lockWait = 5000);
+    /// Opens a passing copy of a database, or of a new one where the file does not exist: what is
+    /// done to it reaches no file of the user's, and it is gone with the store. Path and messages
+    /// are those of the database. Others may go on writing that one.
+    static Opened OpenCopy(const std::string& path, int lockWait = 5000);
     ~Store() override;
 
     const std::string& Path() const;
@@ -159,9 +162,28 @@ public:
                                           const std::string& user, const std::string& file);
 
 private:
+    friend class StoreBatch;
     friend class StoreImport;
     explicit Store(std::unique_ptr<Database> database);
 
     std::unique_ptr<Database> m_database;
+};
+
+/// Makes one of the writes to a store that follow: all of them happen at Commit, or none. A write
+/// that fails meanwhile leaves the others as they are.
+class StoreBatch
+{
+public:
+    /// Takes the right to write. Throws StoreError, as Commit does.
+    explicit StoreBatch(Store& store);
+    StoreBatch(const StoreBatch&) = delete;
+    StoreBatch& operator=(const StoreBatch&) = delete;
+    ~StoreBatch();
+
+    void Commit();
+
+private:
+    struct Guards;
+    std::unique_ptr<Guards> m_guards;
 };
 } // namespace wb

@@ -171,14 +171,16 @@ bool Statement::IsNull() const
     return sqlite3_column_type(m_statement, m_column) == SQLITE_NULL;
 }
 
-Database::Database(const std::string& path, bool create, int lockWait) : m_path(path)
+Database::Database(const std::string& path, Kind kind, int lockWait) : m_path(path)
 {
     // SQLite's own count of its memory costs a lock at every allocation, and nobody reads it. The
     // call has an effect before the first connection alone.
     sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-    const int flags =
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
-    const int result = sqlite3_open_v2(path.c_str(), &m_database, flags, nullptr);
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
+                      (kind == Kind::Existing ? 0 : SQLITE_OPEN_CREATE);
+    // SQLite makes a temporary file of an empty name, and removes it whatever happens.
+    const char* const file = kind == Kind::Passing ? "" : path.c_str();
+    const int result = sqlite3_open_v2(file, &m_database, flags, nullptr);
     if (result != SQLITE_OK) {
         const std::string sentence = DatabaseSentence(path, result, sqlite3_errstr(result));
         sqlite3_close_v2(m_database);
@@ -226,24 +228,50 @@ std::int64_t Database::Ask(std::string_view sql)
     return statement->Step() ? statement->Integer() : 0;
 }
 
-Transaction::Transaction(Database& database) : m_database(database)
+void Database::TakeOver(Database& other)
+{
+    sqlite3_backup* backup = sqlite3_backup_init(m_database, "main", other.m_database, "main");
+    const int copied = backup == nullptr ? SQLITE_ERROR : sqlite3_backup_step(backup, -1);
+    sqlite3_backup_finish(backup);
+    if (copied != SQLITE_DONE) {
+        Fail(m_path, m_database, copied);
+    }
+}
+
+bool Database::InTransaction() const
+{
+    return sqlite3_get_autocommit(m_database) == 0;
+}
+
+Transaction::Transaction(Database& database)
+    : m_database(database), m_inner(database.InTransaction())
 {
     // Takes the right to write at once: two writers then wait for each other instead of failing
     // half way.
-    m_database.Execute("BEGIN IMMEDIATE");
+    m_database.Execute(m_inner ? "SAVEPOINT inner" : "BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction()
 {
     if (m_open) {
         // Where a statement failed badly the database has rolled back by itself already.
-        m_database.Try("ROLLBACK");
+        m_database.Try(m_inner ? "ROLLBACK TO inner; RELEASE inner" : "ROLLBACK");
     }
 }
 
 void Transaction::Commit()
 {
-    m_database.Execute("COMMIT");
+    m_database.Execute(m_inner ? "RELEASE inner" : "COMMIT");
     m_open = false;
+}
+
+WithoutReferenceChecks::WithoutReferenceChecks(Database& database) : m_database(database)
+{
+    m_database.Execute("PRAGMA foreign_keys = OFF");
+}
+
+WithoutReferenceChecks::~WithoutReferenceChecks()
+{
+    m_database.Try("PRAGMA foreign_keys = ON");
 }
 } // namespace wb

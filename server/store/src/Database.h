@@ -59,8 +59,16 @@ std::string DatabaseSentence(const std::string& path, int code, const char* mess
 class Database
 {
 public:
-    /// Throws StoreError when the file cannot be opened.
-    Database(const std::string& path, bool create, int lockWait);
+    enum class Kind
+    {
+        Existing,
+        Created,
+        Passing // a temporary file of SQLite's own, gone with this object
+    };
+
+    /// Throws StoreError when the file cannot be opened. All sentences name the path, also those of
+    /// a passing database, which stands for the one of that path.
+    Database(const std::string& path, Kind kind, int lockWait);
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     ~Database();
@@ -74,6 +82,11 @@ public:
     void Try(const char* sql);
     /// The single number that a query answers; 0 when it answers no row.
     std::int64_t Ask(std::string_view sql);
+    /// Replaces everything here by what stands in another database, as of one moment, while others
+    /// go on reading and writing that one.
+    void TakeOver(Database& other);
+    /// True between the beginning and the end of the outermost transaction.
+    bool InTransaction() const;
 
 private:
     std::string m_path;
@@ -81,7 +94,8 @@ private:
     std::map<std::string, std::unique_ptr<Statement>, std::less<>> m_kept;
 };
 
-/// Everything until Commit happens, or nothing.
+/// Everything until Commit happens, or nothing. Inside another transaction it is a part of that
+/// one: undone alone when it fails, and kept when the outer one is.
 class Transaction
 {
 public:
@@ -94,6 +108,22 @@ public:
 
 private:
     Database& m_database;
+    const bool m_inner;
     bool m_open = true;
+};
+
+/// An import takes every reference from the rows that it wrote or read itself, in one transaction,
+/// so the database need not look each of them up again; that look-up would cost a tenth of the
+/// time. It begins and ends outside a transaction: inside one SQLite leaves the checks as they are.
+class WithoutReferenceChecks
+{
+public:
+    explicit WithoutReferenceChecks(Database& database);
+    WithoutReferenceChecks(const WithoutReferenceChecks&) = delete;
+    WithoutReferenceChecks& operator=(const WithoutReferenceChecks&) = delete;
+    ~WithoutReferenceChecks();
+
+private:
+    Database& m_database;
 };
 } // namespace wb

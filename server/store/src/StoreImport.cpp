@@ -299,27 +299,6 @@ private:
     bool m_materialsChanged = false;
 };
 
-namespace
-{
-/// An import takes every reference from the rows that it wrote or read itself, in one transaction,
-/// so the database need not look each of them up again; that look-up would cost a tenth of the
-/// time.
-class WithoutReferenceChecks
-{
-public:
-    explicit WithoutReferenceChecks(Database& database) : m_database(database)
-    {
-        m_database.Execute("PRAGMA foreign_keys = OFF");
-    }
-    WithoutReferenceChecks(const WithoutReferenceChecks&) = delete;
-    WithoutReferenceChecks& operator=(const WithoutReferenceChecks&) = delete;
-    ~WithoutReferenceChecks() { m_database.Try("PRAGMA foreign_keys = ON"); }
-
-private:
-    Database& m_database;
-};
-} // namespace
-
 ImportOutcome Store::Import(const Product& product, const ImportOptions& options)
 {
     try {
@@ -327,7 +306,7 @@ ImportOutcome Store::Import(const Product& product, const ImportOptions& options
         Transaction transaction(*m_database);
         StoreImport import(*this, *m_database, product, options);
         ImportOutcome outcome = import.Run();
-        if (outcome.errors.empty() && !options.checkOnly && import.Changes()) {
+        if (outcome.errors.empty() && import.Changes()) {
             transaction.Commit();
         }
         return outcome;

@@ -40,7 +40,7 @@ Store::Opened Store::Open(const std::string& path, int lockWait)
         return {nullptr, path + ": is a directory; name the database file in it"};
     }
     try {
-        auto database = std::make_unique<Database>(path, false, lockWait);
+        auto database = std::make_unique<Database>(path, Database::Kind::Existing, lockWait);
         CheckSchema(*database);
         database->Execute(kSettings);
         return {std::unique_ptr<Store>(new Store(std::move(database))), {}};
@@ -57,7 +57,7 @@ Store::Opened Store::OpenOrCreate(const std::string& path, int lockWait)
     }
     try {
         {
-            Database database(path, true, lockWait);
+            Database database(path, Database::Kind::Created, lockWait);
             // A new file holds nothing that a power cut could take; the first import waits for the
             // disk.
             database.Execute("PRAGMA synchronous = OFF");
@@ -69,5 +69,45 @@ Store::Opened Store::OpenOrCreate(const std::string& path, int lockWait)
     } catch (const StoreError& error) {
         return {nullptr, error.what()};
     }
+}
+
+Store::Opened Store::OpenCopy(const std::string& path, int lockWait)
+{
+    std::error_code code;
+    try {
+        auto copy = std::make_unique<Database>(path, Database::Kind::Passing, lockWait);
+        if (std::filesystem::exists(path, code)) {
+            const Opened original = Open(path, lockWait);
+            if (!original.store) {
+                return {nullptr, original.error};
+            }
+            copy->TakeOver(*original.store->m_database);
+        } else {
+            CreateSchema(*copy);
+        }
+        copy->Execute(kSettings);
+        return {std::unique_ptr<Store>(new Store(std::move(copy))), {}};
+    } catch (const StoreError& error) {
+        return {nullptr, error.what()};
+    }
+}
+
+struct StoreBatch::Guards
+{
+    // The transaction ends before the checks come back.
+    WithoutReferenceChecks unchecked;
+    Transaction transaction;
+};
+
+StoreBatch::StoreBatch(Store& store)
+    : m_guards(
+          new Guards{WithoutReferenceChecks(*store.m_database), Transaction(*store.m_database)})
+{}
+
+StoreBatch::~StoreBatch() = default;
+
+void StoreBatch::Commit()
+{
+    m_guards->transaction.Commit();
 }
 } // namespace wb
