@@ -53,15 +53,13 @@ void ReadCentreAndInertia(const CATWBAllDataBuffer& record, const WBValueDetails
     CATMath3x3Matrix* inertia = nullptr;
     record.GetInertia(massType.name, inertia);
     const std::unique_ptr<CATMath3x3Matrix> ownedInertia(inertia);
-    if (centre == nullptr || inertia == nullptr) {
-        return;
-    }
     const bool isSaid = details.Says(massType.name);
     const WBValueDetails::Known known = details.Of(massType.name);
-    if (isSaid ? known.inertia : !IsZero(*inertia)) {
+    if (inertia != nullptr && (isSaid ? known.inertia : !IsZero(*inertia))) {
         massType.inertia = *inertia;
     }
-    if (isSaid ? known.centre : !IsZero(*centre) || massType.inertia.has_value()) {
+    if (centre != nullptr &&
+        (isSaid ? known.centre : !IsZero(*centre) || massType.inertia.has_value())) {
         massType.centre = *centre;
     }
 }

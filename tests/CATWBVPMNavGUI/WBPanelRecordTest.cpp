@@ -133,6 +133,15 @@ TEST_F(WBPanelRecordTest, ActiveMassTypeIsTheOneOfThatName)
     EXPECT_EQ(other.Active(), nullptr);
 }
 
+TEST_F(WBPanelRecordTest, MassTypeNamesThatTravelAsNothingAreEmpty)
+{
+    const WBPanelRecord record =
+        Read("1|I|P|A|ROOT|0|1|0|1|0|0|0|1|0|0|1|__null__|__null__|0|0|1|0|0|"
+             "1|0|0|0|1|0|0|0|1|7|8|9|0|");
+    EXPECT_EQ(record.activeMassType, "");
+    EXPECT_EQ(record.lastImposedMassType, "");
+}
+
 TEST_F(WBPanelRecordTest, ZerosThatTheServerDoesNotExplainCountAsUnknown)
 {
     const WBPanelRecord record =
@@ -156,6 +165,32 @@ TEST_F(WBPanelRecordTest, CentreWithoutInertiaIsKnownAwayFromTheOrigin)
         Read(StreamWithMassType("Calculated|1|5|0|0|0|0|7|0|0|0|0|0|0|0|0|3|5|"));
     EXPECT_EQ(record.massTypes[0].centre, CATMathPoint(0, 0, 7));
     EXPECT_FALSE(record.massTypes[0].inertia.has_value());
+}
+
+TEST_F(WBPanelRecordTest, RecordThatHoldsOnlyOneOfCentreAndInertiaKeepsThatOne)
+{
+    const std::string stream = StreamWithMassType("Calculated|0|0|0|0|");
+    const RecordHandle record = RecordOf(stream);
+    const RecordHandle other = RecordOf(stream);
+    const RecordHandle neither = RecordOf(stream);
+    for (const RecordHandle& each : {record, other, neither}) {
+        each->SetMassTypeStatus("Calculated", CATENOWBCSCommonDefinitions::Assigned);
+    }
+    const CATMath3x3Matrix inertia(1, 0, 0, 0, 2, 0, 0, 0, 3);
+    record->SetInertia("Calculated", inertia);
+    other->SetCenterOfGravity("Calculated", CATMathPoint(1, 2, 3));
+    const WBPanelRecord turning = WBReadPanelRecord(*record, WBValueDetails());
+    EXPECT_EQ(turning.massTypes[0].inertia, inertia);
+    EXPECT_FALSE(turning.massTypes[0].centre.has_value());
+    const WBPanelRecord standing = WBReadPanelRecord(*other, WBValueDetails());
+    EXPECT_EQ(standing.massTypes[0].centre, CATMathPoint(1, 2, 3));
+    EXPECT_FALSE(standing.massTypes[0].inertia.has_value());
+    // The server's word that they are known does not make them.
+    WBValueDetails said;
+    ASSERT_TRUE(said.Read("Firewall|1|Calculated|1|1|1|"));
+    const WBPanelRecord bare = WBReadPanelRecord(*neither, said);
+    EXPECT_FALSE(bare.massTypes[0].centre.has_value());
+    EXPECT_FALSE(bare.massTypes[0].inertia.has_value());
 }
 
 TEST_F(WBPanelRecordTest, ServersWordOnKnownFiguresGoesBeforeTheirValues)
@@ -189,6 +224,24 @@ TEST_F(WBPanelRecordTest, DensityIsThereOnlyWhenItIsAssigned)
     const WBPanelRecord none = Read(StreamWithMassType("Calculated|0|0|0|0|"));
     EXPECT_FALSE(none.density.density.has_value());
     EXPECT_FALSE(none.isMaterialDensityFirst);
+}
+
+TEST_F(WBPanelRecordTest, DensityOfPartsBelowIsNotThePartsOwn)
+{
+    const RecordHandle record = RecordOf(FirewallStream());
+    record->SetWBDensityStatus(CATENOWBCSCommonDefinitions::PartiallyAssigned);
+    const WBPanelRecord panel = WBReadPanelRecord(*record, WBValueDetails());
+    EXPECT_EQ(panel.density.status, CATENOWBCSCommonDefinitions::PartiallyAssigned);
+    EXPECT_FALSE(panel.density.density.has_value());
+}
+
+TEST_F(WBPanelRecordTest, MaterialOfThePartItselfIsToldWhereThereIsOne)
+{
+    const RecordHandle record = RecordOf(WideStream());
+    EXPECT_EQ(WBReadPanelRecord(*record, WBValueDetails()).partDensity.material,
+              "Other-" + std::string(74, 'M'));
+    record->SetPartRefWBMaterialName("__null__");
+    EXPECT_EQ(WBReadPanelRecord(*record, WBValueDetails()).partDensity.material, "");
 }
 
 TEST_F(WBPanelRecordTest, StatisticsKeepMaterialDimensionAndMass)

@@ -521,6 +521,17 @@ TEST_F(ComputePartCommand, NewestPanelBesideTheMainWindowIsFilled)
     EXPECT_EQ(FakePanel::s_made.size(), 2U);
 }
 
+TEST_F(ComputePartCommand, PanelThatIsOlderThanTheMainWindowIsFilledToo)
+{
+    const auto record = CATHandle<CATWBAllDataBuffer>::Adopt(new CATWBAllDataBuffer);
+    auto* panel = new FakePanel(&CATSession::Root(), record.Get());
+    StartIn(kNavigator);
+    ASSERT_EQ(CATSession::Root().Child(1), panel);
+    Pick(Firewall());
+    EXPECT_EQ(panel->refills, 1);
+    EXPECT_EQ(FakePanel::s_made.size(), 1U);
+}
+
 TEST_F(ComputePartCommand, ClosingThePanelsWindowEndsTheCommandAndThePanel)
 {
     StartIn(kNavigator);
