@@ -77,12 +77,15 @@ struct CsvTable::Collector
         if (column == 0) {
             rowLine = line;
         }
-        const auto lineEnds = static_cast<std::uint32_t>(std::ranges::count(text, '\n'));
-        line += lineEnds;
         if (inHeader) {
             table.m_header.emplace_back(text);
-        } else if (!text.empty()) {
-            Keep(text, lineEnds > 0);
+        }
+        if (!text.empty()) {
+            const auto lineEnds = static_cast<std::uint32_t>(std::ranges::count(text, '\n'));
+            line += lineEnds;
+            if (!inHeader) {
+                Keep(text, lineEnds > 0);
+            }
         }
         ++column;
     }

@@ -34,6 +34,9 @@ void ProductReader::Read()
             continue;
         }
         Load(row);
+        if (OnlyPlacesAPart()) {
+            continue;
+        }
         Part& part = m_product.parts[subject.part];
         Use* use = subject.use == kNone ? nullptr : &m_product.uses[subject.use];
         ReadPartFacts(part);
@@ -78,6 +81,12 @@ bool ProductReader::AnyFilled(Column first, Column last) const
     const auto before = static_cast<std::size_t>(first);
     const std::size_t behind = kColumns - 1 - static_cast<std::size_t>(last);
     return (m_filled >> before << (before + behind)).any();
+}
+
+bool ProductReader::OnlyPlacesAPart() const
+{
+    return m_filledProperties.empty() && !AnyFilled(Column::Name, Column::Standard) &&
+           !AnyFilled(Column::MassType, Column::DocMass);
 }
 
 void ProductReader::Wrong(Column column, std::string_view expected)

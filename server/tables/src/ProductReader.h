@@ -63,6 +63,8 @@ private:
     }
     bool Filled(Column column) const { return m_filled[static_cast<std::size_t>(column)]; }
     bool AnyFilled(Column first, Column last) const;
+    /// True of most rows of a large product: they say who uses whom and where, and no facts.
+    bool OnlyPlacesAPart() const;
     void Wrong(Column column, std::string_view expected);
     void Complain(Column column, std::string_view text);
     /// The number in a cell as typed; nothing when the cell is blank or was complained about.
