@@ -25,15 +25,21 @@ bool ReadRootIdentifier(CATUnicodeString& identifier)
     if (CATImmCAAServices::GetCurrentRootIdentifiers(names, values, rootType) != S_OK) {
         return false;
     }
+    return WBFindRootIdentifier(names, values, identifier);
+}
+
+} // namespace
+
+bool WBFindRootIdentifier(const CATListValCATUnicodeString& names,
+                          const CATListValCATUnicodeString& values, CATUnicodeString& identifier)
+{
     const int position = names.Locate(kRootIdentifierName);
-    if (position == 0) {
+    if (position == 0 || position > values.Size()) {
         return false;
     }
     identifier = values[position];
     return true;
 }
-
-} // namespace
 
 bool WBIsNavigatorInstanceType(const CATUnicodeString& type)
 {

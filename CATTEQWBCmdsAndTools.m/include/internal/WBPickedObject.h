@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CATCollections.h"
 #include "CATIPLMIdentificator.h"
 #include "CATPathElement.h"
 #include "CATUnicodeString.h"
@@ -21,6 +22,11 @@ struct WBPickedObject
 /// Whether a navigator type, which names the family before the kind ("Item/..."), is that of an
 /// item instance.
 bool WBIsNavigatorInstanceType(const CATUnicodeString& type);
+
+/// The value whose name is "V_ID" among a root's identifiers; false, with the output untouched,
+/// when there is none.
+bool WBFindRootIdentifier(const CATListValCATUnicodeString& names,
+                          const CATListValCATUnicodeString& values, CATUnicodeString& identifier);
 
 // Both write a diagnostic line and answer false when a piece is missing.
 

@@ -65,6 +65,13 @@ TEST(WBInitialValuesTexts, CountOfZeroOrLessOrNoNumberMeansNoPathAndTravelsAsItC
     }
 }
 
+TEST(WBInitialValuesTexts, NamesThatTheRecordLacksAreEmpty)
+{
+    // Past the end of a record every field is empty; five separators could end as many fields.
+    EXPECT_EQ(Read("0|I|P|A|5|SUB").path, "SUB||||");
+    Read("0|I|P|A|6|SUB", false);
+}
+
 TEST(WBInitialValuesTexts, CountBeyondTheRecordIsRefusedWithALine)
 {
     const HeardLines errors(CATDiagnosticErrors());

@@ -95,6 +95,38 @@ TEST(WBPickedObject, NavigatorPickIsIdentifiedByRootPartAndVersion)
     EXPECT_EQ(result.picked.identificators[1]->Text(), "LA1|FUS-000.1|FUS-100.1|FUS-110.1");
 }
 
+TEST(WBPickedObject, NavigatorPickForgetsWhatAProductPickSaid)
+{
+    CATNavigator::Open(std::make_shared<AeroplaneSource>(),
+                       AeroplaneSource::Row("LA1", "LA1", true));
+    CATImmIdentifierAcquisitionAgent agent;
+    agent.Offer({PathTo(CATNavigator::Find({"FUS-000.1"}))});
+    WBPickedObject picked;
+    picked.hasInstance = false;
+    picked.depth = 4;
+    EXPECT_TRUE(WBIdentifyNavigatorPick(&agent, picked));
+    CATNavigator::Close();
+    EXPECT_TRUE(picked.hasInstance);
+    EXPECT_EQ(picked.depth, 0);
+}
+
+TEST(WBPickedObject, RootIsIdentifiedByTheValueNamedExactlyVId)
+{
+    CATUnicodeString identifier = "unset";
+    EXPECT_TRUE(WBFindRootIdentifier({"V_Name", "V_ID", "V_version"}, {"Aeroplane", "LA1", "A"},
+                                     identifier));
+    EXPECT_EQ(identifier, "LA1");
+}
+
+TEST(WBPickedObject, RootWithoutVIdHasNoIdentifier)
+{
+    CATUnicodeString identifier = "unset";
+    EXPECT_FALSE(WBFindRootIdentifier({"v_id", "V_IDX", "V_version"}, {"x", "y", "A"}, identifier));
+    EXPECT_FALSE(WBFindRootIdentifier({}, {}, identifier));
+    EXPECT_FALSE(WBFindRootIdentifier({"V_version", "V_ID"}, {"A"}, identifier)); // value missing
+    EXPECT_EQ(identifier, "unset");
+}
+
 TEST(WBPickedObject, NavigatorPickWithoutAgentIsRefused)
 {
     const HeardLines errors(CATDiagnosticErrors());
