@@ -11,7 +11,6 @@ namespace
 
 constexpr int kPlainFrame = 0x80001; // no title, no border
 constexpr int kOwnSize = 4;
-constexpr int kFillCell = 30;
 constexpr int kPreferredWidth = 1000;
 constexpr int kPreferredHeight = 700;
 
@@ -136,6 +135,7 @@ void WBMainPanel::BuildSummary()
 void WBMainPanel::BuildMassTypes(CATDlgTabContainer* tabs)
 {
     auto* page = new CATDlgTabPage(tabs, "MassTypes");
+    // Of the two lists the mass types take the room that is left.
     page->SetRowStretch(0, 1);
     m_massTypes = AddList(page, "List", 0, WBPanelText("MassTypes.None", "@No mass types"));
     m_inertiaHeading = new CATDlgLabel(page, "InertiaHeading");
@@ -145,7 +145,6 @@ void WBMainPanel::BuildMassTypes(CATDlgTabContainer* tabs)
     m_inertia->SetVisibleLines(kMatrixRows);
     auto* note = new CATDlgLabel(page, "InertiaNote");
     note->SetRole(CATDlgLabel::Role::Caption);
-    note->SetPlacement(3, 0);
     Subscribe(m_massTypes, CATDlgMultiList::RowSelected,
               [this](const CATNotification& selected) { ShowInertiaOf(selected.detail); });
 }
@@ -161,7 +160,6 @@ void WBMainPanel::BuildMaterial(CATDlgTabContainer* tabs)
     m_partDensity = AddFact(page, "PartDensity", 0, 2);
     m_partMaterial = AddFact(page, "PartMaterial", 1, 2);
     m_priority = AddFact(page, "Priority", 2, 2);
-    page->SetRowStretch(3, 1);
     m_materials =
         AddList(page, "List", 3, WBPanelText("Materials.None", "@No material statistics"), 4);
 }
@@ -177,7 +175,6 @@ void WBMainPanel::BuildDocuments(CATDlgTabContainer* tabs)
     m_oldRevisions = AddFact(page, "OldRevisions", 0, 2);
     m_specificRevision = AddFact(page, "SpecificRevision", 1, 2);
     m_saving = AddFact(page, "Saving", 2, 2);
-    page->SetRowStretch(3, 1);
     m_revisions =
         AddList(page, "List", 3, WBPanelText("Revisions.None", "@No document revisions"), 4);
 }
@@ -185,7 +182,6 @@ void WBMainPanel::BuildDocuments(CATDlgTabContainer* tabs)
 void WBMainPanel::BuildProperties(CATDlgTabContainer* tabs)
 {
     auto* page = new CATDlgTabPage(tabs, "Properties");
-    page->SetRowStretch(0, 1);
     m_properties =
         AddList(page, "List", 0, WBPanelText("Properties.None", "@No further properties"));
 }
@@ -196,10 +192,8 @@ void WBMainPanel::BuildPosition(CATDlgTabContainer* tabs)
     m_placementWords = new CATDlgLabel(page, "Words");
     m_placementWords->SetPlacement(0, 0);
     m_placement = AddList(page, "List", 1, WBPanelText("Placement.None", "@Not known"));
-    page->SetRowStretch(1, 1);
     auto* note = new CATDlgLabel(page, "Note");
     note->SetRole(CATDlgLabel::Role::Caption);
-    note->SetPlacement(2, 0);
 }
 
 void WBMainPanel::BuildCloseButton()
@@ -207,7 +201,6 @@ void WBMainPanel::BuildCloseButton()
     auto* frame = new CATDlgFrame(this, "Buttons", kPlainFrame);
     frame->SetPlacement(3, 0, 1, 1, kOwnSize);
     m_close = new CATDlgPushButton(frame, "CloseButton");
-    m_close->SetPlacement(0, 0, 1, 1, kFillCell);
     Subscribe(m_close, CATDlgPushButton::Activated,
               [this](const CATNotification&) { SetVisibility(false); });
 }
