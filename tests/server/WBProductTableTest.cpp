@@ -100,6 +100,17 @@ TEST(WBProductTable, BlankVersionIsTheOnlyOneInWhateverRowItStands)
     EXPECT_EQ(product.parts[0].code, "WING");
 }
 
+TEST(WBProductTable, EveryVersionOfAPartIsAPartOfItsOwn)
+{
+    const Product product = Good(
+        "parent,parent_version,part,version\n,,P,A\n,,P,B\n,,P,C\n,,P,B\nP,A,Q,\nP,B,Q,\nP,C,Q,\n");
+    ASSERT_EQ(product.parts.size(), 4U);
+    ASSERT_EQ(product.uses.size(), 3U);
+    for (std::size_t use = 0; use < 3; ++use) {
+        EXPECT_EQ(product.parts[product.uses[use].parent].version, std::string(1, "ABC"[use]));
+    }
+}
+
 TEST(WBProductTable, TwoVersionsAreTwoParts)
 {
     const Product product = Good("parent,parent_version,part,version\n,,P,A\n,,P,B\nP,B,Q,\n");
