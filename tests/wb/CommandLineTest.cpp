@@ -172,6 +172,15 @@ TEST_F(CommandLine, AWrongFileIsRefusedWithFileLineAndColumn)
     EXPECT_THAT(outcome.out, IsEmpty());
     EXPECT_THAT(outcome.err, AllOf(HasSubstr("bad.csv"), HasSubstr("2"), HasSubstr("mass [kg]"),
                                    HasSubstr("heavy"), HasSubstr("nothing was imported")));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db"))) << "made for nothing";
+}
+
+TEST_F(CommandLine, ARefusedFileLeavesAnExistingDatabaseThere)
+{
+    ImportAeroplane();
+    folder.Write("bad.csv", "parent,instance,part,mass_type,mass [kg]\n,,P,Weighed,heavy\n");
+    EXPECT_EQ(Run("import bad.csv --into a.db").status, 1);
+    EXPECT_EQ(Run(std::string("part ") + kSparCap + " --db a.db").status, 0);
 }
 
 TEST_F(CommandLine, MassTypesListsTheShippedOnes)

@@ -3,6 +3,7 @@
 #include "WBImport.h"
 
 #include <cstdio>
+#include <filesystem>
 
 namespace
 {
@@ -68,8 +69,9 @@ int RunImport(const ImportOptions& options)
 {
     // A check is an import into a copy that is thrown away, so that it tells exactly what an import
     // would do.
-    const wb::Store::Opened opened = options.check ? wb::Store::OpenCopy(options.database)
-                                                   : wb::Store::OpenOrCreate(options.database);
+    const bool wasThere = std::filesystem::exists(options.database);
+    wb::Store::Opened opened = options.check ? wb::Store::OpenCopy(options.database)
+                                             : wb::Store::OpenOrCreate(options.database);
     if (!opened.store) {
         return Refuse({opened.error});
     }
@@ -80,6 +82,11 @@ int RunImport(const ImportOptions& options)
         imported.errors = {error.what()};
     }
     if (!imported.errors.empty()) {
+        opened.store.reset();
+        if (!wasThere) {
+            // Nothing was imported: a database that was made for it goes again.
+            std::filesystem::remove(options.database);
+        }
         return Refuse(imported.errors);
     }
     if (options.check) {

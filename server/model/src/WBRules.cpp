@@ -32,7 +32,7 @@ double DensityInUse(const DensityChoice& choice, Dimension dimension)
 {
     std::array order{&choice.use, &choice.part, &choice.useMaterial, &choice.partMaterial};
     if (choice.first == CATENOWBCSCommonDefinitions::MaterialDensityFirst) {
-        std::ranges::rotate(order, order.begin() + 2);
+        std::rotate(order.begin(), order.begin() + 2, order.end());
     }
     for (const DensityPair* pair : order) {
         if (IsKnown(Of(*pair, dimension))) {

@@ -258,6 +258,7 @@ void TableColumns::ReadFixed(std::size_t position, const std::string& header, Ta
         std::ranges::find_if(kRows, [&](const ColumnRow& row) { return row.name == name; });
     if (found == kRows.end()) {
         std::vector<std::string> known;
+        known.reserve(kRows.size());
         for (const ColumnRow& row : kRows) {
             known.emplace_back(row.name);
         }
