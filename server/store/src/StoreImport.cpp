@@ -344,9 +344,11 @@ std::vector<std::string> Store::PutMassTypes(const std::vector<MassType>& types,
                 other = taken.Text();
             }
             if (!other.empty()) {
-                return {file + ": mass type \"" + type.name + "\": the order " +
-                        std::to_string(type.order) + " is that of \"" + other +
-                        "\", expected an order that no other mass type has"};
+                std::string sentence = file;
+                sentence += ": mass type \"" + type.name + "\": the order ";
+                sentence += std::to_string(type.order) + " is that of \"" + other;
+                sentence += "\", expected an order that no other mass type has";
+                return {sentence};
             }
             const bool goal = type.kind == MassType::Kind::Goal;
             m_database
