@@ -113,7 +113,7 @@ TEST(WBPickedObject, NavigatorPickForgetsWhatAProductPickSaid)
 TEST(WBPickedObject, RootIsIdentifiedByTheValueNamedExactlyVId)
 {
     CATUnicodeString identifier = "unset";
-    EXPECT_TRUE(WBFindRootIdentifier({"V_Name", "V_ID", "V_version"}, {"Aeroplane", "LA1", "A"},
+    EXPECT_TRUE(WBFindRootIdentifier({"V_Name", "V_version", "V_ID"}, {"Aeroplane", "A", "LA1"},
                                      identifier));
     EXPECT_EQ(identifier, "LA1");
 }
