@@ -72,6 +72,17 @@ TEST(WBInitialValuesTexts, NamesThatTheRecordLacksAreEmpty)
     Read("0|I|P|A|6|SUB", false);
 }
 
+TEST(WBInitialValuesTexts, LaterRecordLeavesNothingOfTheOneBefore)
+{
+    WBInstanceIdentity identity = Read("0|FUS-110.1|FUS-110|A|2|FUS-100.1|FUS-000.1|Firewall");
+    EXPECT_TRUE(WBReadObjectRecord("1|I|P|B|1|SUB|Name", identity));
+    EXPECT_FALSE(identity.isLeaf);
+    EXPECT_EQ(identity.path, "SUB");
+    EXPECT_TRUE(WBReadObjectRecord("0|I|P|B|0|Name", identity));
+    EXPECT_FALSE(identity.hasPath);
+    EXPECT_EQ(identity.path, "");
+}
+
 TEST(WBInitialValuesTexts, CountBeyondTheRecordIsRefusedWithALine)
 {
     const HeardLines errors(CATDiagnosticErrors());
