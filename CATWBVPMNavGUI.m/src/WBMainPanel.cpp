@@ -57,7 +57,6 @@ WBMainPanel::WBMainPanel(CATCommand* parent, CATWBAllDataBuffer* record)
     : CATWBVPMMainPanel(parent), m_record(record)
 {
     SetPreferredSize(kPreferredWidth, kPreferredHeight);
-    SetRowStretch(2, 1);
     BuildHeading();
     BuildSummary();
     auto* tabs = new CATDlgTabContainer(this, "Tabs");

@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTableView>
@@ -440,6 +441,26 @@ TEST_F(WBMainPanelTest, StateIsSaidToThoseWhoDoNotSeeItsColour)
     EXPECT_EQ(Text("UpToDate"), "Not up to date");
 }
 
+TEST_F(WBMainPanelTest, CaptionsAndNotesAreQuietAndWhatMattersMostIsLarge)
+{
+    Open(RecordOf(FirewallStream()));
+    const auto label = [this](const char* name) {
+        return panel->Widget()->findChild<QLabel*>(name);
+    };
+    const auto colour = [&](const char* name) {
+        return label(name)->palette().color(QPalette::WindowText);
+    };
+    const QColor plain = colour("Bounds");
+    for (const char* quiet : {"MassLabel", "PartLabel", "DensityLabel", "InertiaNote", "Note"}) {
+        EXPECT_NE(colour(quiet), plain) << quiet;
+        EXPECT_EQ(colour(quiet), colour("BoundsLabel")) << quiet;
+    }
+    for (const char* large : {"Name", "ActiveMassType", "Mass"}) {
+        EXPECT_GT(label(large)->fontMetrics().height(), label("Bounds")->fontMetrics().height())
+            << large;
+    }
+}
+
 TEST_F(WBMainPanelTest, ListsTakeTheRoomThatALargeScreenHas)
 {
     Open(RecordOf(WideStream()));
@@ -594,7 +615,8 @@ TEST_F(WBMainPanelTest, NumbersStandAtTheRightUnderTitlesThatDoToo)
             EXPECT_EQ((alignment.toInt() & Qt::AlignRight) != 0, isNumber) << column;
         }
     }
-    EXPECT_FALSE(model.headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString().isEmpty());
+    EXPECT_TRUE(Says(model.headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString().toStdString(),
+                     "Mass as this mass type states it"));
 }
 
 TEST_F(WBMainPanelTest, NothingIsCutInSilenceOnSmallAndLargeScreens)
