@@ -519,6 +519,15 @@ TEST_F(WBMainPanelTest, ControlsStandInReadingOrder)
     EXPECT_GT(PlaceIn(heading, "Kind").left(), PlaceIn(heading, "Instance").right());
 }
 
+TEST_F(WBMainPanelTest, CloseButtonKeepsItsSizeAtTheRight)
+{
+    Open(RecordOf(FirewallStream()));
+    Resize(1280, 800);
+    const QRect button = PlaceIn(*panel->Widget(), "CloseButton");
+    EXPECT_LT(button.width(), 300);
+    EXPECT_GT(button.right(), 1200);
+}
+
 TEST_F(WBMainPanelTest, BothColumnsOfFactsShareTheRoomThatIsLeft)
 {
     Open(RecordOf(FirewallStream()));
