@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadTable{"InstanceTurnedTwice", "parent,instance,part,rz [deg]\n,,A,\nA,i,P,1\nA,i,P,2\n",
                  "\"i\" is turned another way in line 3"},
         BadTable{"QuantityTwice", "parent,instance,part,quantity\n,,A,\nA,i,P,1\nA,i,P,2\n",
-                 "column \"quantity\": found \"2\", but line 3 states another value"},
+                 "column \"quantity\": found \"2\", but line 3 states \"1\""},
         BadTable{"Quantity", "parent,instance,part,quantity\n,,A,\nA,i,P,0\n",
                  "found \"0\", expected a whole number from 1"},
         BadTable{"QuantityFraction", "parent,instance,part,quantity\n,,A,\nA,i,P,1.5\n",

@@ -30,8 +30,11 @@ DensityPair MaterialDensities(const Store& store, const std::string& name)
 
 ValueSet Node::CompleteSet(std::string_view massType) const
 {
-    const ValueSet* stated = Sets().Find(massType);
-    return stated == nullptr ? ValueSet() : WithMass(*stated, densities);
+    if (const ValueSet* ofUse = FindSet(use.sets, massType)) {
+        return WithMassInUse(*ofUse, densities);
+    }
+    const ValueSet* ofPart = FindSet(part.sets, massType);
+    return ofPart == nullptr ? ValueSet() : WithMass(*ofPart, densities);
 }
 
 PickedPart FindPicked(const Store& store, Request& request)

@@ -47,9 +47,13 @@ double DensityInUse(const DensityChoice& choice, Dimension dimension);
 /// no size is. A volume goes before an area.
 std::optional<Dimension> SizedBy(const ValueSet& set);
 
-/// The set with its mass: the stated one, or size times density. The inertia of a sized set was
-/// stated for the density of the part itself; a use whose density differs scales it along.
+/// A part's set with its mass: the stated one, or size times density. The inertia of a sized set
+/// was stated for the density of the part itself; a use whose density differs scales it along.
 ValueSet WithMass(const ValueSet& set, const DensityChoice& choice);
+
+/// The same of a set that one use has of its own: its inertia was stated for the density that
+/// counts there, so it stays as it is.
+ValueSet WithMassInUse(const ValueSet& set, const DensityChoice& choice);
 
 /// What is there: assigned with a mass, partially assigned with anything else, empty with nothing.
 ValueStatus StatusOf(const ValueSet* set);

@@ -72,6 +72,14 @@ ValueSet WithMass(const ValueSet& set, const DensityChoice& choice)
     return result;
 }
 
+ValueSet WithMassInUse(const ValueSet& set, const DensityChoice& choice)
+{
+    DensityChoice alone;
+    alone.part = {DensityInUse(choice, Dimension::Volume),
+                  DensityInUse(choice, Dimension::Surface)};
+    return WithMass(set, alone);
+}
+
 ValueStatus StatusOf(const ValueSet* set)
 {
     if (set == nullptr || !set->HasSomething()) {

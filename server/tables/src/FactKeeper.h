@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace wb
 {
@@ -38,7 +39,11 @@ public:
             stored = value;
             lines.State(statement.fact, statement.line);
         } else if (stored != value) {
-            Refuse(statement, lines.LineOf(statement.fact), {});
+            std::string earlier;
+            if constexpr (std::is_integral_v<Choice>) {
+                earlier = std::to_string(stored);
+            }
+            Refuse(statement, lines.LineOf(statement.fact), earlier);
         }
     }
     /// The error for a second, different statement; earlier is its text where it is known.

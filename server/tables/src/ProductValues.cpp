@@ -38,6 +38,12 @@ constexpr std::array kSigmas{NumberColumn{Column::SigmaMass, Fact::SigmaMass},
                              NumberColumn{Column::SigmaIyz, Fact::SigmaIyz}};
 constexpr std::array kRadii{Column::Kx, Column::Ky, Column::Kz};
 
+/// The axes of a row's inertia go through the part's origin, not through its centre.
+bool SaysOrigin(std::string_view cell)
+{
+    return LowerCase(cell) == "origin";
+}
+
 constexpr const char* kNeedsUse =
     "the row says instance, expected parent and instance in the same row";
 } // namespace
@@ -86,6 +92,9 @@ ValueSet& ProductReader::SetOf(std::vector<ValueSet>& sets, const std::string& m
 void ProductReader::ReadValues(const RowSubject& subject)
 {
     const auto target = Choice(Column::ValuesOn, {"part", "instance"});
+    // A wrong word is told of also where the row holds nothing that it would speak of.
+    Choice(Column::PoiSign, {"positive", "+", "negative", "-"});
+    Choice(Column::InertiaAt, {"cg", "origin"});
     const bool ofUse = target == std::size_t{1};
     const bool hasValues = AnyFilled(Column::Mass, Column::Iyz) ||
                            AnyFilled(Column::Kx, Column::Area) ||
@@ -195,9 +204,10 @@ void ProductReader::ReadCentre(ValueSet& set)
 /// What makes + integral of x y dm of a cell; nothing after a complaint.
 std::optional<double> ProductReader::ProductFactor(bool anyProduct)
 {
-    const auto choice = Choice(Column::PoiSign, {"positive", "+", "negative", "-"});
     if (Filled(Column::PoiSign)) {
-        return choice ? std::optional(*choice < 2 ? 1.0 : -1.0) : std::nullopt;
+        // Any other word was complained about when the row was begun.
+        const std::string sign = LowerCase(Cell(Column::PoiSign));
+        return sign == "negative" || sign == "-" ? -1.0 : 1.0;
     }
     if (m_options.productSign) {
         return *m_options.productSign == ProductSign::Integral ? 1.0 : -1.0;
@@ -255,7 +265,7 @@ void ProductReader::ReadInertia(ValueSet& set, bool ofUse, std::uint32_t owner)
     if (!momentsAlone && !statedBefore && *factor < 0.0) {
         KeepTyped(set.typed, "poi_sign", "negative", {});
     }
-    const bool atOrigin = Choice(Column::InertiaAt, {"cg", "origin"}) == std::size_t{1};
+    const bool atOrigin = SaysOrigin(Cell(Column::InertiaAt));
     const auto pending = m_pending.find({ofUse, owner, set.massType});
     const bool wasAtOrigin = pending != m_pending.end() && pending->second.atOrigin;
     if (statedBefore && wasAtOrigin != atOrigin) {
@@ -287,6 +297,13 @@ void ProductReader::ReadRadii(bool ofUse, std::uint32_t owner, const ValueSet& s
         return;
     }
     PendingInertia& pending = Pending(ofUse, owner, set.massType);
+    const bool atOrigin = SaysOrigin(Cell(Column::InertiaAt));
+    if (IsKnown(pending.radii[0]) && pending.atOrigin != atOrigin) {
+        m_keeper.Refuse({Fact::InertiaAt, m_line, m_columns.HeaderOf(Column::InertiaAt),
+                         atOrigin ? "origin" : "cg"},
+                        set.lines.LineOf(Fact::Kx), pending.atOrigin ? "origin" : "cg");
+        return;
+    }
     for (std::size_t i = 0; i < kRadii.size(); ++i) {
         if (!Filled(kRadii[i])) {
             Complain(kRadii[i], "the cell is blank, expected kx, ky and kz or none of them");
@@ -301,6 +318,10 @@ void ProductReader::ReadRadii(bool ofUse, std::uint32_t owner, const ValueSet& s
         m_keeper.Number(pending.radii[i], *radius, kept.typed, kept.lines,
                         {static_cast<Fact>(static_cast<std::size_t>(Fact::Kx) + i), m_line,
                          m_columns.HeaderOf(kRadii[i]), Cell(kRadii[i]), UnitOf(kRadii[i])});
+        if (atOrigin && !pending.atOrigin) {
+            pending.atOrigin = true;
+            KeepTyped(kept.typed, "inertia_at", "origin", {});
+        }
     }
 }
 
@@ -458,25 +479,36 @@ void ProductReader::FinishInertias()
     }
 }
 
-/// The mass of a set that the inertia needs: stated, or size times the density of its part.
+/// The mass of a set that the inertia needs: stated, or size times the density that counts where
+/// the set stands, on the part or on one use.
 double ProductReader::MassOf(const PendingInertia& pending, const ValueSet& set) const
 {
-    const Part& part =
-        m_product.parts[pending.ofUse ? m_product.uses[pending.owner].part : pending.owner];
+    // A table may give a material of the database the density that it lacked.
+    const auto densitiesOf = [this](const std::string& name) {
+        DensityPair pair;
+        if (const auto stored = m_known.FindMaterial(name)) {
+            pair = {stored->density, stored->surfaceDensity};
+        }
+        if (const auto found = m_materials.find(name); found != m_materials.end()) {
+            const Material& stated = m_product.materials[found->second];
+            pair.volumic = IsKnown(stated.density) ? stated.density : pair.volumic;
+            pair.surfacic = IsKnown(stated.surfaceDensity) ? stated.surfaceDensity : pair.surfacic;
+        }
+        return pair;
+    };
+    const Use* use = pending.ofUse ? &m_product.uses[pending.owner] : nullptr;
+    const Part& part = m_product.parts[use != nullptr ? use->part : pending.owner];
     DensityChoice choice;
     choice.part = {part.density, part.surfaceDensity};
+    choice.partMaterial = densitiesOf(part.material);
+    if (use != nullptr) {
+        choice.use = {use->density, use->surfaceDensity};
+        choice.useMaterial = densitiesOf(use->material);
+    }
     if (part.densityFirst == DensityOrder::Material) {
         choice.first = CATENOWBCSCommonDefinitions::MaterialDensityFirst;
     }
-    const auto material = m_materials.find(part.material);
-    if (material != m_materials.end()) {
-        const Material& found = m_product.materials[material->second];
-        choice.partMaterial = {found.density, found.surfaceDensity};
-    }
-    if (const auto stored = m_known.FindMaterial(part.material)) {
-        choice.partMaterial = {stored->density, stored->surfaceDensity};
-    }
-    return WithMass(set, choice)[Fact::Mass];
+    return WithMassInUse(set, choice)[Fact::Mass];
 }
 
 void ProductReader::FinishInertia(const PendingInertia& pending, ValueSet& set)
@@ -517,9 +549,13 @@ void ProductReader::FinishInertia(const PendingInertia& pending, ValueSet& set)
     set[Fact::Ixx] -= mass * (y * y + z * z);
     set[Fact::Iyy] -= mass * (x * x + z * z);
     set[Fact::Izz] -= mass * (x * x + y * y);
-    set[Fact::Ixy] -= mass * x * y;
-    set[Fact::Ixz] -= mass * x * z;
-    set[Fact::Iyz] -= mass * y * z;
+    // Products that nobody typed are 0 about the centre. Moved like the others they would become
+    // large figures that no one measured.
+    if (!wb::TypedText(set.typed, FactName(Fact::Ixy)).empty()) {
+        set[Fact::Ixy] -= mass * x * y;
+        set[Fact::Ixz] -= mass * x * z;
+        set[Fact::Iyz] -= mass * y * z;
+    }
 }
 
 void ProductReader::RefuseNegativeMasses()

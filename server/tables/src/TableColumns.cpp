@@ -254,6 +254,12 @@ void TableColumns::ReadFixed(std::size_t position, const std::string& header, Ta
 {
     const HeaderText text = Split(header);
     const std::string name = LowerCase(text.name);
+    if (header.empty()) {
+        // A separator at the end of the header makes one; many table programs write it.
+        errors.Line(line, "the header of column " + std::to_string(position + 1) +
+                              " is blank, expected the name of a column, or no separator there");
+        return;
+    }
     const auto found =
         std::ranges::find_if(kRows, [&](const ColumnRow& row) { return row.name == name; });
     if (found == kRows.end()) {

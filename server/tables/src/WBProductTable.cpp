@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
+#include <iterator>
 #include <system_error>
 
 namespace wb
@@ -77,10 +78,15 @@ FileBytes ReadFileBytes(const std::string& path)
                                                           : "does not exist");
         return file;
     }
+    // A pipe has no size: what it holds comes behind nothing.
     const auto size = std::filesystem::file_size(path, code);
     file.bytes.resize(code ? 0 : size);
     stream.read(file.bytes.data(), static_cast<std::streamsize>(file.bytes.size()));
-    if (code || static_cast<std::size_t>(stream.gcount()) != file.bytes.size()) {
+    const bool complete = static_cast<std::size_t>(stream.gcount()) == file.bytes.size();
+    if (complete) {
+        file.bytes.append(std::istreambuf_iterator<char>(stream), {});
+    }
+    if (!complete || stream.bad()) {
         file.error = path + ": cannot be read to its end";
     }
     return file;
