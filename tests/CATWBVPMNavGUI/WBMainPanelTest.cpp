@@ -284,7 +284,7 @@ TEST_F(WBMainPanelTest, CaptionsComeFromTheResources)
 {
     Open(RecordOf(FirewallStream()));
     EXPECT_EQ(Text("CentreLabel"), "Centre of gravity");
-    EXPECT_EQ(Text("BoundsLabel"), "Mass lies between");
+    EXPECT_EQ(Text("BoundsLabel"), "Mass range");
     EXPECT_EQ(Tabs()->tabText(0), "Mass types");
     EXPECT_EQ(Tabs()->tabText(4), "Position");
     EXPECT_EQ(panel->GetCloseButton()->Title(), "Close");
@@ -292,6 +292,27 @@ TEST_F(WBMainPanelTest, CaptionsComeFromTheResources)
     for (QLabel* label : panel->Widget()->findChildren<QLabel*>()) {
         EXPECT_FALSE(label->text().endsWith("Label")) << label->text().toStdString();
         EXPECT_FALSE(label->text().endsWith("Note")) << label->text().toStdString();
+    }
+}
+
+TEST_F(WBMainPanelTest, WordsThatAreNotPlainAtOnceExplainThemselves)
+{
+    const struct
+    {
+        const char* language;
+        const char* imposed;
+    } languages[] = {{"en", "other than Computed"}, {"de", "außer Computed"}};
+    for (const auto& row : languages) {
+        CATMsgCatalog::SetLanguage(row.language);
+        Open(RecordOf(FirewallStream()));
+        for (const char* name : {"UpToDate", "ActiveMassTypeLabel", "LastImposedLabel", "MassLabel",
+                                 "BoundsLabel", "CentreLabel", "AppliedOnLabel", "PriorityLabel",
+                                 "ComputedOnLabel", "SpecificRevisionLabel"}) {
+            EXPECT_NE(Find<CATDlgLabel>(name)->Tooltip(), "") << row.language << " " << name;
+        }
+        EXPECT_TRUE(Find<CATDlgLabel>("LastImposedLabel")->Tooltip().Contains(row.imposed));
+        CATRequestDelayedDestruction(panel);
+        Settle();
     }
 }
 
@@ -484,11 +505,12 @@ TEST_F(WBMainPanelTest, ControlsStandInReadingOrder)
         const char* page;
         std::vector<const char*> downwards;
     } columns[] = {
-        {"", {"Heading", "Summary", "Tabs", "Buttons"}},
-        {"Heading", {"Name", "PartLabel", "PathLabel"}},
+        {"", {"Heading", "Tabs", "Buttons"}},
+        {"Heading",
+         {"Name", "PartLabel", "PathLabel", "ActiveMassTypeLabel", "LastImposedLabel",
+          "CentreLabel"}},
         {"Heading", {"UpToDate", "Kind"}},
-        {"Summary", {"ActiveMassTypeLabel", "LastImposedLabel", "CentreLabel"}},
-        {"Summary", {"MassLabel", "BoundsLabel"}},
+        {"Heading", {"InstanceLabel", "MassLabel", "BoundsLabel"}},
         {"MassTypes", {"List", "InertiaHeading", "Inertia", "InertiaNote"}},
         {"Material", {"DensityLabel", "MaterialNameLabel", "AppliedOnLabel", "List"}},
         {"Material", {"PartDensityLabel", "PartMaterialLabel", "PriorityLabel", "List"}},
@@ -528,6 +550,21 @@ TEST_F(WBMainPanelTest, CloseButtonKeepsItsSizeAtTheRight)
     EXPECT_GT(button.right(), 1200);
 }
 
+TEST_F(WBMainPanelTest, ValuesOfTheHeadingStandBelowOneAnother)
+{
+    Open(RecordOf(FirewallStream()));
+    const QWidget& heading = *panel->Widget()->findChild<QWidget*>("Heading");
+    for (const QSize size : {QSize(800, 600), QSize(1920, 1080)}) {
+        Resize(size.width(), size.height());
+        for (const char* name : {"Path", "ActiveMassType", "LastImposed", "Centre"}) {
+            EXPECT_EQ(PlaceIn(heading, name).left(), PlaceIn(heading, "Part").left()) << name;
+        }
+        for (const char* name : {"Mass", "Bounds"}) {
+            EXPECT_EQ(PlaceIn(heading, name).left(), PlaceIn(heading, "Instance").left()) << name;
+        }
+    }
+}
+
 TEST_F(WBMainPanelTest, BothColumnsOfFactsShareTheRoomThatIsLeft)
 {
     Open(RecordOf(FirewallStream()));
@@ -538,7 +575,7 @@ TEST_F(WBMainPanelTest, BothColumnsOfFactsShareTheRoomThatIsLeft)
         const char* left;
         const char* right;
     } pairs[] = {{"Heading", "Part", "Instance"},
-                 {"Summary", "ActiveMassType", "Mass"},
+                 {"Heading", "ActiveMassType", "Mass"},
                  {"Material", "Density", "PartDensity"},
                  {"Documents", "ActiveDocument", "OldRevisions"}};
     for (const auto& pair : pairs) {

@@ -279,6 +279,17 @@ TEST_F(WBPanelRecordTest, MassOfARevisionIsReadUnderACommaToo)
     EXPECT_EQ(Read(FirewallStream()).revisions[0].mass, 2.1);
 }
 
+TEST_F(WBPanelRecordTest, OnlyAutoModeOneKeepsToTheAttachedRevision)
+{
+    const std::string before = "1|0|1|DOC-55|"; // may be saved, auto mode, old revisions
+    for (const int mode : {0, 1, 2}) {
+        std::string stream = FirewallStream();
+        stream.replace(stream.find(before), before.size(),
+                       "1|" + std::to_string(mode) + "|1|DOC-55|");
+        EXPECT_EQ(Read(stream).isAttachedRevisionUsed, mode == 1) << mode;
+    }
+}
+
 TEST_F(WBPanelRecordTest, DocumentZeroIsNone)
 {
     const WBPanelRecord record = Read(StreamWithMassType("Calculated|0|0|0|0|"));
