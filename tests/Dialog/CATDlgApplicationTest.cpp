@@ -5,9 +5,11 @@
 #include "DialogSession.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QMainWindow>
 #include <QMenu>
-#include <QStyle>
+#include <QProxyStyle>
+#include <QPushButton>
 #include <QTimer>
 
 namespace
@@ -87,9 +89,18 @@ TEST_F(CATDlgApplicationTest, FaultOfAHandlerIsToldAndTheSessionLivesOn)
 
 TEST_F(CATDlgApplicationTest, WindowsLookTheSameEverywhere)
 {
-    EXPECT_EQ(QApplication::style()->name(), "fusion");
+    const auto* style = qobject_cast<QProxyStyle*>(QApplication::style());
+    ASSERT_NE(style, nullptr);
+    EXPECT_EQ(style->baseStyle()->name(), "fusion");
     EXPECT_EQ(QApplication::font().family(), "DejaVu Sans");
     EXPECT_GT(QApplication::palette().color(QPalette::Window).lightness(), 200);
+}
+
+TEST_F(CATDlgApplicationTest, ButtonsThatTheToolkitMakesHaveNoPictures)
+{
+    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    EXPECT_TRUE(box.button(QDialogButtonBox::Ok)->icon().isNull());
+    EXPECT_TRUE(box.button(QDialogButtonBox::Cancel)->icon().isNull());
 }
 
 TEST_F(CATDlgApplicationTest, RunGivesTheCodeOfQuit)

@@ -82,6 +82,24 @@ TEST_F(CATDlgControlsTest, LabelThatIsCutIsCopiedWhole)
     EXPECT_EQ(QApplication::clipboard()->text(), kLong);
 }
 
+TEST_F(CATDlgControlsTest, LabelThatTabReachesShowsAFrameAndNoTextCursor)
+{
+    auto* label = new CATDlgLabel(&m_window, "Label");
+    label->SetTitle("12.5 kg");
+    (new CATDlgLabel(&m_window, "Other"))->SetTitle("elsewhere");
+    Show();
+    QWidget& widget = *label->Widget();
+    Child<QWidget>(m_window, "Other")->setFocus();
+    const QImage before = widget.grab().toImage();
+    widget.setFocus(Qt::TabFocusReason);
+    const QImage after = widget.grab().toImage();
+    const QColor frame = QApplication::palette().color(QPalette::Highlight);
+    EXPECT_EQ(after.pixelColor(0, 0), frame);
+    EXPECT_NE(before.pixelColor(0, 0), frame);
+    const QRect inside = after.rect().adjusted(1, 1, -1, -1);
+    EXPECT_EQ(after.copy(inside), before.copy(inside));
+}
+
 TEST_F(CATDlgControlsTest, SelectedPieceOfALabelIsCopied)
 {
     auto* label = new CATDlgLabel(&m_window, "Label");

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 namespace
 {
@@ -39,11 +39,25 @@ constexpr PaletteRow kPalette[] = {
 
 constexpr int kFontPoints = 9;
 
+/// The same buttons in every box: those that the toolkit makes get no pictures either.
+class PlainButtons : public QProxyStyle
+{
+public:
+    PlainButtons() : QProxyStyle(QStringLiteral("Fusion")) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
 } // namespace
 
 void GiveAppearance(QApplication& application)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new PlainButtons); // the application deletes it
     QPalette palette;
     for (const PaletteRow& row : kPalette) {
         palette.setColor(QPalette::Active, row.role, QColor::fromRgb(row.usual));

@@ -96,8 +96,9 @@ void TextLabel::paintEvent(QPaintEvent* event)
     if (!m_sign.isEmpty()) {
         painter.drawText(rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), m_sign);
     }
-    // While the user selects in it the label shows the plain text, so that the selection is seen.
-    if (!IsCut() || hasSelectedText()) {
+    // While something is selected the toolkit paints, so that the selection is seen. Else the label
+    // paints itself: the toolkit would put a text cursor where nothing can be typed.
+    if (hasSelectedText()) {
         painter.end();
         QLabel::paintEvent(event);
         return;
