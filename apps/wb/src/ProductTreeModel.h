@@ -36,8 +36,8 @@ public:
         Instance,
         Part,
         Version,
-        Name,
         Pieces,
+        Name,
         ColumnCount
     };
 

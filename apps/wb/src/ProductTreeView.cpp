@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -24,6 +25,39 @@ public:
     }
 };
 
+/// Columns with room between them, so that a number and the text behind it do not run together.
+class RoomyColumns : public QProxyStyle
+{
+public:
+    RoomyColumns() : QProxyStyle(QStringLiteral("Fusion")) {}
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override
+    {
+        constexpr int kPadding = 6;
+        switch (metric) {
+        case PM_HeaderMargin:
+            return kPadding;
+        case PM_FocusFrameHMargin: // the style adds one pixel of its own beside a cell's text
+            return kPadding - 1;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    }
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element != PE_IndicatorBranch || (option->state & State_Selected) == 0) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        // The arrow of a selected row is as bright as the row's text: a dark one is hardly seen.
+        QStyleOption bright(*option);
+        bright.palette.setColor(QPalette::WindowText,
+                                option->palette.color(QPalette::HighlightedText));
+        QProxyStyle::drawPrimitive(element, &bright, painter, widget);
+    }
+};
+
 } // namespace
 
 ProductTreeView::ProductTreeView(QWidget* parent)
@@ -31,17 +65,21 @@ ProductTreeView::ProductTreeView(QWidget* parent)
 {
     setModel(m_products);
     setItemDelegate(new RoomyRows(this));
+    auto* columnStyle = new RoomyColumns;
+    columnStyle->setParent(this);
+    setStyle(columnStyle);
+    header()->setStyle(columnStyle);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
+    // A row is picked as a whole: the keyboard's frame goes around all of it.
+    setAllColumnsShowFocus(true);
     setTextElideMode(Qt::ElideRight);
-    header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::Interactive);
-    // A node that is opened may show longer names than the ones before.
-    connect(this, &QTreeView::expanded, this,
-            [this] { resizeColumnToContents(ProductTreeModel::Instance); });
+    // A node that is opened may show longer texts than the ones before.
+    connect(this, &QTreeView::expanded, this, &ProductTreeView::FitColumns);
 }
 
 void ProductTreeView::ShowFirstLevel()
@@ -51,8 +89,13 @@ void ProductTreeView::ShowFirstLevel()
         return;
     }
     expand(root);
-    // The name takes what the others leave, so that nothing needs a scroll bar at the usual width.
-    header()->setSectionResizeMode(ProductTreeModel::Name, QHeaderView::Stretch);
+    FitColumns();
+}
+
+void ProductTreeView::FitColumns()
+{
+    // The name, the last one, takes what the others leave: nothing needs a scroll bar at the usual
+    // width, and the numbers stay near the parts that they belong to on a wide screen.
     for (const int column : {ProductTreeModel::Instance, ProductTreeModel::Part,
                              ProductTreeModel::Version, ProductTreeModel::Pieces}) {
         resizeColumnToContents(column);

@@ -31,6 +31,7 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
+    void FitColumns();
     void SendPick();
 
     ProductTreeModel* m_products;

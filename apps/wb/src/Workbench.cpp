@@ -34,6 +34,7 @@ namespace
 
 constexpr int kErrorStyle = 0x10000000;
 constexpr int kPlainStyle = 0;
+constexpr int kPageMargin = 6;
 
 const CATString kNavigatorWorkbench = "WBNavigatorWorkbench";
 const CATString kStructureWorkbench = "WBStructureWorkbench";
@@ -43,7 +44,7 @@ QWidget* MakePage(ProductTreeView* tree, QWidget* headline)
 {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
     layout->addWidget(headline);
     layout->addWidget(tree);
     return page;
@@ -137,6 +138,7 @@ void WorkbenchWindow::MakeStatusLine(const QString& databaseName)
 {
     m_prompt = new QLabel;
     m_prompt->setObjectName("Prompt");
+    m_prompt->setIndent(kPageMargin); // below the headline of the page
     statusBar()->addWidget(m_prompt, 1);
     auto* database = new QLabel(databaseName);
     database->setObjectName("Database");
@@ -365,11 +367,11 @@ void WorkbenchWindow::ShowProblem(const QString& title, const CATUnicodeString& 
 void WorkbenchWindow::ShowAbout()
 {
     auto* box = new CATDlgNotify(m_frame->MainWindow(), "About", kPlainStyle);
-    box->SetTitle("About");
+    box->SetTitle("About Weight and Balance");
     box->SetText("Weight and Balance: mass, centre of gravity and inertia of a product, who "
-                 "claimed which value, "
-                 "and how sure it is.\n\nPick F2 for the navigator or F3 for the product "
-                 "structure, start a command "
-                 "from the toolbar, and click an instance in the tree.");
+                 "claimed which value, and how sure it is.\n\nPress F2 for the navigator (item "
+                 "instances of the database) or F3 for the product structure (products of the "
+                 "open document), start a command from the toolbar, and click an instance in the "
+                 "tree. Esc stops the command.");
     box->DisplayNonBlocking();
 }
