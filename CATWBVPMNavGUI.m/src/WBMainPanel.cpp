@@ -58,9 +58,8 @@ WBMainPanel::WBMainPanel(CATCommand* parent, CATWBAllDataBuffer* record)
 {
     SetPreferredSize(kPreferredWidth, kPreferredHeight);
     BuildHeading();
-    BuildSummary();
     auto* tabs = new CATDlgTabContainer(this, "Tabs");
-    tabs->SetPlacement(2, 0);
+    tabs->SetPlacement(1, 0);
     BuildMassTypes(tabs);
     BuildMaterial(tabs);
     BuildDocuments(tabs);
@@ -113,19 +112,17 @@ void WBMainPanel::BuildHeading()
     m_part = AddFact(frame, "Part", 1);
     m_instance = AddFact(frame, "Instance", 1, 2);
     m_path = AddFact(frame, "Path", 2, 0, 4);
+    BuildSummary(frame);
 }
 
-void WBMainPanel::BuildSummary()
+void WBMainPanel::BuildSummary(CATDlgFrame* frame)
 {
-    auto* frame = new CATDlgFrame(this, "Summary", kPlainFrame);
-    frame->SetPlacement(1, 0);
-    frame->SetColumnStretch(1, 1);
-    frame->SetColumnStretch(3, 1);
-    m_active = AddFact(frame, "ActiveMassType", 0);
-    m_imposed = AddFact(frame, "LastImposed", 1);
-    m_mass = AddFact(frame, "Mass", 0, 2);
-    m_bounds = AddFact(frame, "Bounds", 1, 2);
-    m_centre = AddFact(frame, "Centre", 2, 0, 3);
+    // In the frame of the heading, so that all captions and all values stand below one another.
+    m_active = AddFact(frame, "ActiveMassType", 3);
+    m_mass = AddFact(frame, "Mass", 3, 2);
+    m_imposed = AddFact(frame, "LastImposed", 4);
+    m_bounds = AddFact(frame, "Bounds", 4, 2);
+    m_centre = AddFact(frame, "Centre", 5, 0, 4);
     for (CATDlgLabel* value : {m_active, m_mass}) {
         value->SetRole(CATDlgLabel::Role::Heading);
     }
@@ -198,7 +195,7 @@ void WBMainPanel::BuildPosition(CATDlgTabContainer* tabs)
 void WBMainPanel::BuildCloseButton()
 {
     auto* frame = new CATDlgFrame(this, "Buttons", kPlainFrame);
-    frame->SetPlacement(3, 0, 1, 1, kOwnSize);
+    frame->SetPlacement(2, 0, 1, 1, kOwnSize);
     m_close = new CATDlgPushButton(frame, "CloseButton");
     Subscribe(m_close, CATDlgPushButton::Activated,
               [this](const CATNotification&) { SetVisibility(false); });

@@ -8,6 +8,7 @@
 
 #include "WBPanelTexts.h"
 
+class CATDlgFrame;
 class CATDlgMultiList;
 
 /// The main panel as users see it: who the part is, its active mass and centre of gravity, and
@@ -27,7 +28,7 @@ public:
 
 private:
     void BuildHeading();
-    void BuildSummary();
+    void BuildSummary(CATDlgFrame* frame);
     void BuildMassTypes(CATDlgTabContainer* tabs);
     void BuildMaterial(CATDlgTabContainer* tabs);
     void BuildDocuments(CATDlgTabContainer* tabs);
