@@ -8,10 +8,22 @@ using wbtest::FirstError;
 
 namespace
 {
-/// What a database says of two materials: a density nobody stated, and one that somebody did.
+/// A database with two materials, one of them without a density, and a part "K" of the other.
 class KnownMaterials : public KnownProducts
 {
 public:
+    double density = kUnknown; // of the part
+    DensityOrder first = DensityOrder::Unstated;
+
+    std::optional<Part> FindFacts(std::string_view identifier, std::string_view) const override
+    {
+        Part part;
+        part.density = density;
+        part.material = "Steel";
+        part.densityFirst = first;
+        return identifier == "K" ? std::optional(part) : std::nullopt;
+    }
+
     std::optional<Material> FindMaterial(std::string_view name) const override
     {
         Material material;
@@ -152,4 +164,27 @@ TEST(ProductInertia, WrongWordsAreRefusedWhereNoInertiaStands)
               "negative, -");
     EXPECT_EQ(FirstError("part,mass_type,mass [kg],inertia_at\nP,Weighed,1,centre\n"),
               "t.csv:2: column \"inertia_at\": found \"centre\", expected one of cg, origin");
+}
+
+TEST(ProductInertia, MassOfASizeTakesWhatTheDatabaseHoldsOfThePart)
+{
+    const auto moment = [](const KnownMaterials& known, const std::string& cells) {
+        const auto result = ReadProductTable(
+            "part,mass_type,volume [m3],kx [mm],ky [mm],kz [mm],density [kg/m3],density_first\n"
+            "K,Estimated,0.001,100,100,100," +
+                cells + "\n",
+            "t.csv", {}, known);
+        EXPECT_THAT(result.errors, ElementsAre());
+        return result.errors.empty() ? result.product.parts[0].sets[0][Fact::Ixx] : 0.0;
+    };
+    KnownMaterials known;
+    EXPECT_DOUBLE_EQ(moment(known, ","), 0.078);
+    known.density = 5000;
+    EXPECT_DOUBLE_EQ(moment(known, ","), 0.05);
+    EXPECT_DOUBLE_EQ(moment(known, ",material"), 0.078);
+    known.first = DensityOrder::Material;
+    EXPECT_DOUBLE_EQ(moment(known, ","), 0.078);
+    EXPECT_DOUBLE_EQ(moment(known, ",wb"), 0.05);
+    known.density = kUnknown;
+    EXPECT_DOUBLE_EQ(moment(known, "6000,wb"), 0.06);
 }

@@ -33,5 +33,10 @@ public:
     /// The stated type of a part version; unstated where the part is not known.
     virtual PartType TypeOf(std::string_view, std::string_view) const { return PartType::Unstated; }
     virtual std::optional<Material> FindMaterial(std::string_view) const { return std::nullopt; }
+    /// Everything that is stated of a part version; nothing where it is not known.
+    virtual std::optional<Part> FindFacts(std::string_view, std::string_view) const
+    {
+        return std::nullopt;
+    }
 };
 } // namespace wb

@@ -498,14 +498,22 @@ double ProductReader::MassOf(const PendingInertia& pending, const ValueSet& set)
     };
     const Use* use = pending.ofUse ? &m_product.uses[pending.owner] : nullptr;
     const Part& part = m_product.parts[use != nullptr ? use->part : pending.owner];
+    // What the table leaves blank stays as the database holds it, and counts in the mass.
+    const Part known = m_known.FindFacts(part.identifier, part.version).value_or(Part());
+    const auto either = [](double stated, double stored) {
+        return IsKnown(stated) ? stated : stored;
+    };
     DensityChoice choice;
-    choice.part = {part.density, part.surfaceDensity};
-    choice.partMaterial = densitiesOf(part.material);
+    choice.part = {either(part.density, known.density),
+                   either(part.surfaceDensity, known.surfaceDensity)};
+    choice.partMaterial = densitiesOf(part.material.empty() ? known.material : part.material);
     if (use != nullptr) {
         choice.use = {use->density, use->surfaceDensity};
         choice.useMaterial = densitiesOf(use->material);
     }
-    if (part.densityFirst == DensityOrder::Material) {
+    const DensityOrder first =
+        part.densityFirst == DensityOrder::Unstated ? known.densityFirst : part.densityFirst;
+    if (first == DensityOrder::Material) {
         choice.first = CATENOWBCSCommonDefinitions::MaterialDensityFirst;
     }
     return WithMassInUse(set, choice)[Fact::Mass];
