@@ -319,6 +319,22 @@ TEST_F(CATDlgMultiListTest, TabLeavesTheList)
     EXPECT_EQ(m_window.Widget()->focusWidget(), button->Widget());
 }
 
+TEST_F(CATDlgMultiListTest, BorderShowsThatTheKeysGoToTheList)
+{
+    auto* button = new CATDlgPushButton(&m_window, "Next");
+    Show();
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+    const auto corner = [this] {
+        Settle();
+        return m_window.Widget()->grab().toImage().pixelColor(
+            View().mapTo(m_window.Widget(), QPoint(0, 0)));
+    };
+    View().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(corner(), highlight);
+    button->Widget()->setFocus(Qt::TabFocusReason);
+    EXPECT_NE(corner(), highlight);
+}
+
 TEST_F(CATDlgMultiListTest, FilterLineComesWithManyRowsAndWithCtrlF)
 {
     Fill({{"a", "1kg"}});

@@ -329,6 +329,18 @@ void ListView::resizeEvent(QResizeEvent* event)
     FillWidth();
 }
 
+bool ListView::event(QEvent* event)
+{
+    const bool isDone = QTableView::event(event);
+    // Who goes through a window by Tab sees where the keys go, also while a list is empty.
+    if (event->type() == QEvent::Paint && hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    return isDone;
+}
+
 bool ListView::viewportEvent(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
