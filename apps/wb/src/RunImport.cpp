@@ -2,8 +2,11 @@
 
 #include "WBImport.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <filesystem>
+#include <system_error>
 
 namespace
 {
@@ -63,17 +66,79 @@ Imported ImportAll(wb::Store& store, const ImportOptions& options)
     return imported;
 }
 
+/// The database of an import. One that is not there yet is made under a name of its own and takes
+/// its place when the import has succeeded: nobody else meets it half made, and a refused import
+/// takes away nothing but its own file.
+class ImportTarget
+{
+public:
+    explicit ImportTarget(const std::string& database) : m_database(database)
+    {
+        std::error_code code;
+        // A link that leads nowhere is there: the database is made where it leads.
+        m_isNew = std::filesystem::symlink_status(database, code).type() ==
+                  std::filesystem::file_type::not_found;
+        m_path = m_isNew ? database + ".new-" + std::to_string(getpid()) : database;
+    }
+    ImportTarget(const ImportTarget&) = delete;
+    ImportTarget& operator=(const ImportTarget&) = delete;
+    ~ImportTarget()
+    {
+        std::error_code code;
+        if (m_isNew) {
+            std::filesystem::remove(m_path, code);
+        }
+    }
+
+    const std::string& Path() const { return m_path; }
+
+    enum class Place
+    {
+        Taken,
+        Overtaken, // another import has made the database meanwhile
+        Refused
+    };
+    Place TakePlace() const
+    {
+        std::error_code code;
+        if (m_isNew) {
+            // A second name, unlike a new name, never replaces a file that came there meanwhile.
+            std::filesystem::create_hard_link(m_path, m_database, code);
+        }
+        if (code == std::errc::file_exists) {
+            return Place::Overtaken;
+        }
+        if (code) {
+            // A file system that knows no second names: the new name has to do.
+            std::filesystem::rename(m_path, m_database, code);
+        }
+        return code ? Place::Refused : Place::Taken;
+    }
+
+    /// A sentence of the store under the name that the user gave.
+    std::string Named(const std::string& sentence) const
+    {
+        return sentence.starts_with(m_path) ? m_database + sentence.substr(m_path.size())
+                                            : sentence;
+    }
+
+private:
+    std::string m_database;
+    std::string m_path;
+    bool m_isNew = false;
+};
+
 } // namespace
 
 int RunImport(const ImportOptions& options)
 {
+    const ImportTarget target(options.database);
     // A check is an import into a copy that is thrown away, so that it tells exactly what an import
     // would do.
-    const bool wasThere = std::filesystem::exists(options.database);
     wb::Store::Opened opened = options.check ? wb::Store::OpenCopy(options.database)
-                                             : wb::Store::OpenOrCreate(options.database);
+                                             : wb::Store::OpenOrCreate(target.Path());
     if (!opened.store) {
-        return Refuse({opened.error});
+        return Refuse({target.Named(opened.error)});
     }
     Imported imported;
     try {
@@ -81,11 +146,19 @@ int RunImport(const ImportOptions& options)
     } catch (const wb::StoreError& error) {
         imported.errors = {error.what()};
     }
+    opened.store.reset();
+    if (imported.errors.empty() && !options.check) {
+        const ImportTarget::Place place = target.TakePlace();
+        if (place == ImportTarget::Place::Overtaken) {
+            return RunImport(options); // into that database
+        }
+        if (place == ImportTarget::Place::Refused) {
+            imported.errors = {options.database + ": the database cannot be made there"};
+        }
+    }
     if (!imported.errors.empty()) {
-        opened.store.reset();
-        if (!wasThere) {
-            // Nothing was imported: a database that was made for it goes again.
-            std::filesystem::remove(options.database);
+        for (std::string& error : imported.errors) {
+            error = target.Named(error);
         }
         return Refuse(imported.errors);
     }

@@ -57,7 +57,7 @@ bool MakeDatabase(const std::vector<std::string>& files, const std::string& path
 
 std::string UserDataDirectory()
 {
-    const std::string directory = BaseDirectory("XDG_DATA_HOME", ".local/share") + "/wb";
+    std::string directory = BaseDirectory("XDG_DATA_HOME", ".local/share") + "/wb";
     std::filesystem::create_directories(directory);
     return directory;
 }

@@ -22,11 +22,11 @@ namespace
 void CollectWindows(const CATCommand& command, std::vector<CATDialog*>& windows)
 {
     for (int position = 1; position <= command.ChildCount(); ++position) {
-        CATCommand* child = command.Child(position);
-        if (auto* window = dynamic_cast<CATDlgDialog*>(child)) {
+        CATCommand& child = *command.Child(position);
+        if (auto* window = dynamic_cast<CATDlgDialog*>(&child)) {
             windows.push_back(window);
         }
-        CollectWindows(*child, windows);
+        CollectWindows(child, windows);
     }
 }
 

@@ -143,8 +143,9 @@ bool StoryPlayer::Play(const std::string& path)
             problem = UnexpectedBox();
         }
         if (!problem.empty()) {
-            m_failure =
-                path + ":" + std::to_string(step.line) + ": " + step.words.front() + ": " + problem;
+            m_failure = path;
+            m_failure += ":" + std::to_string(step.line) + ": ";
+            m_failure += step.words.front() + ": " + problem;
             return false;
         }
     }

@@ -136,6 +136,8 @@ public:
     std::unordered_map<std::string, std::vector<std::string>> PartVersions() const override;
     PartType TypeOf(std::string_view identifier, std::string_view version) const override;
     std::optional<Material> FindMaterial(std::string_view name) const override;
+    std::optional<Part> FindFacts(std::string_view identifier,
+                                  std::string_view version) const override;
 
     // Reads. They throw StoreError.
     /// The parts that nobody uses, by identifier and version.

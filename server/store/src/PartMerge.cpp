@@ -17,6 +17,46 @@ bool Alike(double left, double right)
     return left == right || WriteNumber(left) == WriteNumber(right);
 }
 
+/// The header of a column that would give the property this kind.
+std::string KindOf(const Property& property)
+{
+    switch (property.type) {
+    case Property::Type::Integer:
+        return property.name + ":int";
+    case Property::Type::Real:
+        return property.name + ":real";
+    case Property::Type::YesNo:
+        return property.name + ":bool";
+    case Property::Type::Dimensioned:
+        return property.name + ":" + property.magnitude;
+    case Property::Type::Text:
+        break;
+    }
+    return property.name + (property.isDate ? ":date" : "");
+}
+
+const char* NameOf(PartType type)
+{
+    return PartTypeName(type);
+}
+const char* NameOf(Answer answer)
+{
+    return answer == Answer::Yes ? "yes" : "no";
+}
+const char* NameOf(DensityOrder order)
+{
+    return order == DensityOrder::Material ? "material" : "wb";
+}
+const char* NameOf(ErrorRule rule)
+{
+    return rule == ErrorRule::Apart ? "apart" : "together";
+}
+const char* NameOf(DocumentRevision::Use use)
+{
+    constexpr std::array kNames{"", "attached", "active", "both"};
+    return kNames[static_cast<std::size_t>(use)];
+}
+
 /// What to show of a number: as typed where that was kept.
 std::string Shown(double value, const std::string& typed, Fact fact)
 {
@@ -95,7 +135,7 @@ void PartMerge::Choose(Choice& stored, Choice stated, Fact fact, const FactLines
         stored = stated;
         Added(Weight::InSums);
     } else {
-        Refuse(lines.LineOf(fact), FactName(fact), "another choice", "one already");
+        Refuse(lines.LineOf(fact), FactName(fact), NameOf(stated), NameOf(stored));
     }
 }
 
@@ -260,8 +300,9 @@ void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Prop
         if (found == stored.end()) {
             stored.push_back(property);
             Added(Weight::Beside);
-        } else if (found->value != property.value || found->type != property.type ||
-                   found->magnitude != property.magnitude) {
+        } else if (found->type != property.type || found->magnitude != property.magnitude) {
+            Refuse(property.line, "property " + property.name, KindOf(property), KindOf(*found));
+        } else if (found->value != property.value) {
             Refuse(property.line, "property " + property.name, property.value, found->value);
         }
     }

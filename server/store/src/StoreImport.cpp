@@ -120,6 +120,7 @@ private:
                 continue;
             }
             ++counts.changedParts;
+            RefuseLeafWithUses(part, stored.id);
             if (m_outcome.errors.empty()) {
                 m_writer.UpdatePart(stored.id, stored.part);
             }
@@ -196,6 +197,26 @@ private:
             Refuse(use.firstLine, "column \"parent\": " + parent.identifier +
                                       " is stored as type " + PartTypeName(type) +
                                       ", expected a parent of type assembly or product");
+        }
+    }
+
+    /// The table may say of a part that it is single which the database holds as a parent.
+    void RefuseLeafWithUses(const Part& part, RowId id)
+    {
+        if (part.type != PartType::Part && part.type != PartType::Adjustment) {
+            return;
+        }
+        Statement& row = m_database.Kept("SELECT EXISTS (SELECT 1 FROM use WHERE parent = ?)");
+        row.Bind(id);
+        bool hasUses = false;
+        while (row.Step()) {
+            hasUses = row.Integer() != 0;
+        }
+        if (hasUses) {
+            Refuse(part.lines.LineOf(Fact::Type),
+                   "column \"type\": found \"" + std::string(PartTypeName(part.type)) + "\", but " +
+                       part.identifier +
+                       " has parts below it in the database, expected assembly or product");
         }
     }
 

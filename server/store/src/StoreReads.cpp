@@ -172,6 +172,12 @@ std::optional<Material> Store::FindMaterial(std::string_view name) const
     return found;
 }
 
+std::optional<Part> Store::FindFacts(std::string_view identifier, std::string_view version) const
+{
+    const auto line = FindPart(identifier, version);
+    return line ? std::optional(ReadPart(line->id).part) : std::nullopt;
+}
+
 std::vector<PartLine> Store::Roots() const
 {
     std::vector<PartLine> roots;
