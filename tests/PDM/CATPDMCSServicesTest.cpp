@@ -1,5 +1,7 @@
 #include "CATPDMServices.h"
 
+#include "CATNavigator.h"
+
 #include "CATEnvironment.h"
 #include "FakeServer.h"
 
@@ -16,6 +18,9 @@ CATIPLMIdentificator_var Identificator(const char* text)
 {
     return CATIPLMIdentificator_var::Adopt(new CATIPLMIdentificator(text));
 }
+
+constexpr const char* kUnidentified =
+    "The server could not tell which objects were picked. Nothing was changed; pick again.";
 
 struct CATPDMCSServicesTest : ServerTest
 {
@@ -114,7 +119,8 @@ TEST_F(CATPDMCSServicesTest, AnAnswerForAnObjectThatWasNotAskedForFails)
     EXPECT_TRUE(found.IsEmpty());
     EXPECT_THAT(
         errors,
-        ElementsAre("The object service answered for an object it was not asked for: CAR|body"));
+        ElementsAre("The object service answered for an object it was not asked for: CAR|body",
+                    kUnidentified));
 }
 
 TEST_F(CATPDMCSServicesTest, AFailedServiceLeavesTheListsAndAnswersNothing)
@@ -129,6 +135,17 @@ TEST_F(CATPDMCSServicesTest, AFailedServiceLeavesTheListsAndAnswersNothing)
     EXPECT_TRUE(found.IsEmpty());
 }
 
+TEST_F(CATPDMCSServicesTest, AFailedServiceIsToldToTheUser)
+{
+    std::vector<std::string> told;
+    CATNavigator::ReportProblemsTo(
+        [&told](const CATUnicodeString& sentence) { told.push_back(sentence.ToStdString()); });
+    server->records = std::nullopt;
+    EXPECT_EQ(Run(), E_FAIL);
+    CATNavigator::ReportProblemsTo({});
+    EXPECT_THAT(told, ElementsAre(kUnidentified));
+}
+
 TEST_F(CATPDMCSServicesTest, ACancelledServiceFailsAndNeverAnswersTheErrorMarker)
 {
     server->onCall = [](CATServerCallState& state) {
@@ -138,6 +155,7 @@ TEST_F(CATPDMCSServicesTest, ACancelledServiceFailsAndNeverAnswersTheErrorMarker
     EXPECT_EQ(answer, nullptr);
     EXPECT_EQ(asked.Size(), 3);
     EXPECT_TRUE(found.IsEmpty());
+    EXPECT_THAT(errors, testing::IsEmpty()) << "the user knows: it was the user's wish";
 }
 
 TEST_F(CATPDMCSServicesTest, WithoutAServerItFails)
@@ -145,7 +163,8 @@ TEST_F(CATPDMCSServicesTest, WithoutAServerItFails)
     CATSetServerCaller(nullptr);
     EXPECT_EQ(Run(), E_FAIL);
     EXPECT_EQ(answer, nullptr);
-    EXPECT_THAT(errors, ElementsAre("A server call was not made: there is no server."));
+    EXPECT_THAT(errors,
+                ElementsAre("A server call was not made: there is no server.", kUnidentified));
 }
 
 TEST_F(CATPDMCSServicesTest, AMissingInputIsTheEmptyText)

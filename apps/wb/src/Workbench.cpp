@@ -324,8 +324,13 @@ ProductTreeView& WorkbenchWindow::CurrentTree() const
 void WorkbenchWindow::AskForRoot()
 {
     const std::vector<CATProductRow> roots = Roots();
+    const CATNavigatorNode_var open = CATNavigator::CurrentRoot();
     QStringList lines;
+    int present = 0;
     for (const CATProductRow& row : roots) {
+        if (!open.IsNull() && open->Row().part == row.part) {
+            present = static_cast<int>(lines.size());
+        }
         lines << QString("%1   %2").arg(ToQString(row.part), ToQString(row.name));
     }
     if (lines.isEmpty()) {
@@ -336,7 +341,7 @@ void WorkbenchWindow::AskForRoot()
     }
     bool accepted = false;
     const QString line = QInputDialog::getItem(this, tr("Open product"), tr("Product root"), lines,
-                                               0, false, &accepted);
+                                               present, false, &accepted);
     CATUnicodeString problem;
     if (accepted && !OpenRoot(roots[static_cast<std::size_t>(lines.indexOf(line))].part, problem)) {
         ShowProblem(tr("The product was not opened"), problem);

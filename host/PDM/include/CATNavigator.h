@@ -74,8 +74,8 @@ public:
                                      const CATProductRow& root);
     static CATNavigatorNode_var CurrentRoot();
     static void Close();
-    /// Who is told, as a sentence, that products could not be read; replaces who was told before,
-    /// and an empty one ends it.
+    /// Who is told, as a sentence, that products could not be read or picked objects not be
+    /// identified; replaces who was told before, and an empty one ends it.
     static void ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener);
     /// The node at instance names from the root down (the root itself not among them), or null.
     static CATNavigatorNode_var Find(const CATListValCATUnicodeString& instanceNames);

@@ -2,6 +2,8 @@
 
 #include "CATDiagnostics.h"
 #include "CATEnvironment.h"
+#include "CATPDMMessages.h"
+#include "CATPDMProblems.h"
 #include "CATServerCall.h"
 
 #include <algorithm>
@@ -68,11 +70,15 @@ long CATPDMCSServices::RunObjectService(const CATUnicodeString& service,
             records = caller.CallObjectService(serviceName, texts, inputText, withPartName, state);
         });
     // A cancelled call fails like any other: readers of these records know no error marker.
-    if (end != CATServerCallEnd::Done || !records) {
+    if (end == CATServerCallEnd::Cancelled) {
         return E_FAIL;
     }
-    const std::optional<CATListIdentificators> kept = Kept(identificators, texts);
+    const std::optional<CATListIdentificators> kept =
+        end == CATServerCallEnd::Done && records ? Kept(identificators, texts) : std::nullopt;
     if (!kept) {
+        // Commands pass over a pick that the service failed on; the user shall know why nothing
+        // came.
+        CATReportPDMProblem(PDMText(kObjectsUnidentified));
         return E_FAIL;
     }
     found.Append(*kept);

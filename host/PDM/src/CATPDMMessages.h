@@ -11,6 +11,9 @@ struct CATPDMMessage
 
 constexpr CATPDMMessage kWaitTitle{"Wait.Title", "@Waiting for the server"};
 constexpr CATPDMMessage kCancelled{"Wait.Cancelled", "@The call was cancelled."};
+constexpr CATPDMMessage kObjectsUnidentified{
+    "Objects.Unidentified",
+    "@The server could not tell which objects were picked. Nothing was changed; pick again."};
 constexpr CATPDMMessage kProductsNoAnswer{
     "Products.NoAnswer", "@The products could not be read: the server did not answer."};
 constexpr CATPDMMessage kProductsRefused{"Products.Refused",

@@ -1,33 +1,15 @@
 #include "CATServerProductSource.h"
 
-#include "CATDiagnostics.h"
 #include "CATENOWBCSCommonDefinitions.h"
-#include "CATNavigator.h"
 #include "CATPDMMessages.h"
+#include "CATPDMProblems.h"
 #include "CATWireFields.h"
 #include "RunServerCode.h"
 
 #include <array>
-#include <functional>
 
 namespace
 {
-using ProblemListener = std::function<void(const CATUnicodeString& sentence)>;
-
-ProblemListener& Listener()
-{
-    static ProblemListener listener;
-    return listener;
-}
-
-void ReportProblem(const CATUnicodeString& sentence)
-{
-    CATDiagnosticErrors().Line(sentence);
-    if (Listener()) {
-        Listener()(sentence);
-    }
-}
-
 CATProductRow ReadRoot(CATWireFields& fields)
 {
     CATProductRow row;
@@ -77,8 +59,9 @@ std::vector<CATProductRow> ReadRows(const CATUnicodeString& answer, RowReader re
     }
     fields.End();
     if (!fields.IsSound()) {
-        ReportProblem(PDMText(kProductsUnreadable, {CATUnicodeString::FromInt(fields.WrongField()),
-                                                    CATUnicodeString(fields.Expected())}));
+        CATReportPDMProblem(
+            PDMText(kProductsUnreadable, {CATUnicodeString::FromInt(fields.WrongField()),
+                                          CATUnicodeString(fields.Expected())}));
         return {};
     }
     return rows;
@@ -93,22 +76,17 @@ std::vector<CATProductRow> CallAndRead(const char* method, const CATUnicodeStrin
     CATUnicodeString answer;
     BuildVariant(request, input);
     if (RunServerCode(method, input, output) != S_OK) {
-        ReportProblem(PDMText(kProductsNoAnswer));
+        CATReportPDMProblem(PDMText(kProductsNoAnswer));
         return {};
     }
     ConvertVariant(output, answer);
     if (answer.Find(marker) == 0) {
-        ReportProblem(PDMText(kProductsRefused, {answer.Part(marker.Length())}));
+        CATReportPDMProblem(PDMText(kProductsRefused, {answer.Part(marker.Length())}));
         return {};
     }
     return ReadRows(answer, readRow);
 }
 } // namespace
-
-void CATNavigator::ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener)
-{
-    Listener() = std::move(listener);
-}
 
 std::vector<CATProductRow> CATServerProductSource::Roots()
 {
