@@ -1,0 +1,200 @@
+#include "Workbench.h"
+
+#include "CATDlgApplication.h"
+#include "CATDlgFile.h"
+#include "CATDlgNotify.h"
+#include "CATENOWBCSCommonDefinitions.h"
+#include "CATSession.h"
+#include "HostSession.h"
+#include "ProductTreeModel.h"
+#include "ProductTreeView.h"
+#include "SampleProducts.h"
+#include "TestFolder.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <memory>
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace
+{
+
+/// A workbench on the two samples, in this process.
+class Workbench : public testing::Test
+{
+protected:
+    Workbench()
+    {
+        std::string problem;
+        SessionOptions options;
+        options.database = SampleDatabase(m_folder.Path(""), problem);
+        m_session = std::make_unique<HostSession>(options, m_folder.Path("settings"));
+        EXPECT_TRUE(m_session->Connect(problem)) << problem;
+        m_application = std::make_unique<CATDlgApplication>(m_count, m_arguments.data());
+        m_window = new WorkbenchWindow("samples.db"); // goes with the application
+        m_window->show();
+        CATUnicodeString reason;
+        EXPECT_TRUE(m_window->OpenRoot("LA1", reason)) << reason.Text();
+        CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) {
+            m_boxes.push_back(box.title.ToStdString() + ": " + box.text.ToStdString());
+            return std::optional<int>(1);
+        });
+    }
+    ~Workbench() override
+    {
+        m_application.reset();
+        CATDlgNotify::SetAnswerer({});
+        CATDlgFile::SetChooser({});
+    }
+
+    QAction& Action(const QString& text) const
+    {
+        for (QAction* action : m_window->findChildren<QAction*>()) {
+            if (action->text().remove('&') == text) {
+                return *action;
+            }
+        }
+        ADD_FAILURE() << "there is no action " << text.toStdString();
+        return *m_window->actions().front();
+    }
+    std::string DocumentLine() const
+    {
+        return m_window->findChild<QLabel*>("DocumentLabel")->text().toStdString();
+    }
+    static std::string Root(const ProductTreeView& tree)
+    {
+        return tree.model()->index(0, 0).data().toString().toStdString();
+    }
+
+    TestFolder m_folder;
+    std::array<char, 3> m_name{'w', 'b', '\0'};
+    std::array<char*, 2> m_arguments{m_name.data(), nullptr};
+    int m_count = 1;
+    std::unique_ptr<HostSession> m_session;
+    std::unique_ptr<CATDlgApplication> m_application;
+    WorkbenchWindow* m_window = nullptr;
+    std::vector<std::string> m_boxes;
+};
+
+} // namespace
+
+TEST_F(Workbench, OpenProductOffersTheRootsAndBeginsWithTheOpenOne)
+{
+    CATUnicodeString reason;
+    ASSERT_TRUE(m_window->OpenRoot("SC1", reason));
+    std::vector<std::string> offered;
+    std::string chosen;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = m_window->findChild<QInputDialog*>();
+        ASSERT_NE(dialog, nullptr);
+        for (const QString& line : dialog->comboBoxItems()) {
+            offered.push_back(line.toStdString());
+        }
+        chosen = dialog->textValue().toStdString();
+        dialog->setTextValue(dialog->comboBoxItems().front());
+        dialog->accept();
+    });
+    Action("Open product...").trigger();
+    EXPECT_THAT(offered, ElementsAre("LA1   Light aeroplane, two seats, basic empty",
+                                     "SC1   Small satellite, wings deployed, tank full"));
+    EXPECT_THAT(chosen, testing::StartsWith("SC1"));
+    EXPECT_EQ(Root(m_window->CurrentTree()), "LA1");
+    EXPECT_EQ(m_window->windowTitle().toStdString(), "LA1 - Weight and Balance");
+    EXPECT_EQ(DocumentLine(), "Document of LA1, in the database");
+}
+
+TEST_F(Workbench, OpenProductThatIsCancelledChangesNothing)
+{
+    QTimer::singleShot(0, [&] { m_window->findChild<QInputDialog*>()->reject(); });
+    Action("Open product...").trigger();
+    EXPECT_EQ(Root(m_window->CurrentTree()), "LA1");
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+TEST_F(Workbench, OpenTableFileShowsItAsALocalDocument)
+{
+    CATDlgFile::SetChooser([](const CATDlgFile::Request& request) {
+        EXPECT_EQ(request.mode, CATDlgFile::Mode::Open);
+        EXPECT_EQ(request.extension, CATUnicodeString("csv"));
+        return std::optional<CATUnicodeString>(WB_SOURCE_DIR "/data/small_satellite.csv");
+    });
+    Action("Open table file...").trigger();
+    EXPECT_EQ(CATApplicationFrame::GetFrame()->Workshop(),
+              CATString(CATENOWBCSCommonDefinitions::prodStructWshp));
+    EXPECT_EQ(Root(m_window->CurrentTree()), "SC1");
+    EXPECT_THAT(DocumentLine(), HasSubstr("data/small_satellite.csv, outside the database"));
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+TEST_F(Workbench, ATableFileThatIsWrongIsToldAndTheDocumentStays)
+{
+    const std::string file = m_folder.Write("bad.csv", "parent,what\n");
+    CATDlgFile::SetChooser(
+        [&](const CATDlgFile::Request&) { return std::optional<CATUnicodeString>(file); });
+    Action("Open table file...").trigger();
+    EXPECT_THAT(m_boxes,
+                ElementsAre(testing::AllOf(testing::StartsWith("The file was not opened: "),
+                                           HasSubstr("bad.csv"), HasSubstr("what"))));
+    EXPECT_EQ(DocumentLine(), "Document of LA1, in the database");
+}
+
+TEST_F(Workbench, OpenTableFileThatIsCancelledChangesNothing)
+{
+    CATDlgFile::SetChooser(
+        [](const CATDlgFile::Request&) { return std::optional<CATUnicodeString>(""); });
+    Action("Open table file...").trigger();
+    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_EQ(DocumentLine(), "Document of LA1, in the database");
+}
+
+TEST_F(Workbench, TheRunningCommandIsCheckedAndCanBeStopped)
+{
+    QAction& command = Action("Part or assembly");
+    EXPECT_FALSE(command.isChecked());
+    command.trigger();
+    EXPECT_TRUE(command.isChecked());
+    ASSERT_NE(CATSession::RunningCommand(), nullptr);
+    EXPECT_EQ(m_window->findChild<QLabel*>("Prompt")->text().toStdString(),
+              "Select a part or an assembly");
+
+    Action("Stop the running command").trigger();
+    EXPECT_EQ(CATSession::RunningCommand(), nullptr);
+    EXPECT_FALSE(command.isChecked());
+    EXPECT_EQ(m_window->findChild<QLabel*>("Prompt")->text().toStdString(),
+              "Choose a command, then pick in the tree");
+}
+
+TEST_F(Workbench, AnotherWorkshopEndsTheRunningCommand)
+{
+    Action("Part or assembly").trigger();
+    Action("Product structure").trigger();
+    EXPECT_EQ(CATSession::RunningCommand(), nullptr);
+    EXPECT_TRUE(Action("Product structure").isChecked());
+    EXPECT_EQ(Root(m_window->CurrentTree()), "LA1");
+    Action("Navigator").trigger();
+    EXPECT_EQ(CATApplicationFrame::GetFrame()->Workshop(),
+              CATString(CATENOWBCSCommonDefinitions::vpmNavWshp));
+}
+
+TEST_F(Workbench, AboutSaysHowToBegin)
+{
+    Action("About").trigger();
+    ASSERT_EQ(m_boxes.size(), 1U);
+    EXPECT_THAT(m_boxes.front(), testing::AllOf(testing::StartsWith("About Weight and Balance: "),
+                                                HasSubstr("Press F2"), HasSubstr("F3")));
+}
+
+TEST_F(Workbench, QuitClosesTheWindow)
+{
+    Action("Quit").trigger();
+    EXPECT_FALSE(m_window->isVisible());
+}
