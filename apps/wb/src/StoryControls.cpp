@@ -22,11 +22,10 @@ namespace
 void CollectWindows(const CATCommand& command, std::vector<CATDialog*>& windows)
 {
     for (int position = 1; position <= command.ChildCount(); ++position) {
-        CATCommand& child = *command.Child(position);
-        if (auto* window = dynamic_cast<CATDlgDialog*>(&child)) {
+        if (auto* window = dynamic_cast<CATDlgDialog*>(command.Child(position))) {
             windows.push_back(window);
         }
-        CollectWindows(child, windows);
+        CollectWindows(*command.Child(position), windows);
     }
 }
 
