@@ -158,7 +158,7 @@ TEST(WBProductTable, OppositeHandIsAcceptedAndSaid)
     EXPECT_THAT(result.errors, ElementsAre());
     EXPECT_THAT(result.summary.oppositeHands, ElementsAre("A/left (line 3)"));
     EXPECT_THAT(result.summary.Remarks(),
-                ElementsAre("1 uses have the opposite hand: A/left (line 3)"));
+                ElementsAre("uses of the opposite hand: 1, A/left (line 3)"));
 }
 
 TEST(WBProductTable, ProductsOfInertiaFollowTheirSign)
@@ -194,7 +194,9 @@ TEST(WBProductTable, ThreeMomentsAloneHaveProductsOfZeroAndAreCounted)
                                      "P,Estimated,1,2,3\n");
     EXPECT_EQ(result.product.parts[0].sets[0][Fact::Iyz], 0.0);
     EXPECT_EQ(result.summary.momentsAlone, 1U);
-    EXPECT_THAT(result.summary.Remarks(), ElementsAre(HasSubstr("1 inertias were given as three")));
+    EXPECT_THAT(
+        result.summary.Remarks(),
+        ElementsAre("inertias given as three moments alone, with products counted as 0: 1"));
 }
 
 TEST(WBProductTable, InertiaAboutTheOriginMovesToTheCentre)

@@ -19,11 +19,12 @@ std::vector<std::string> TableSummary::Remarks() const
     constexpr std::size_t kMost = 5;
     std::vector<std::string> remarks;
     if (momentsAlone > 0) {
-        remarks.push_back(std::to_string(momentsAlone) +
-                          " inertias were given as three moments alone; their products count as 0");
+        remarks.push_back("inertias given as three moments alone, with products counted as 0: " +
+                          std::to_string(momentsAlone));
     }
     if (!oppositeHands.empty()) {
-        std::string text = std::to_string(oppositeHands.size()) + " uses have the opposite hand: ";
+        std::string text =
+            "uses of the opposite hand: " + std::to_string(oppositeHands.size()) + ", ";
         for (std::size_t i = 0; i < oppositeHands.size() && i < kMost; ++i) {
             text += (i == 0 ? "" : ", ") + oppositeHands[i];
         }
