@@ -396,7 +396,7 @@ TEST_F(Decoding, UnknownUseOfTheDMCIsToldAndCountsAsYes)
         m_record = Record();
         ServerStream stream;
         stream.activeTypes = std::string(flag) + "|Estimated|Weighed|";
-        const HeardLines heard;
+        const DiagnosticCapture heard;
         DecodeFull(stream);
         EXPECT_TRUE(m_record.IsWBDMCUsed());
         EXPECT_EQ(Get(&Base::GetLastImposedMassType), "Weighed");
@@ -413,7 +413,7 @@ TEST_F(Decoding, UseOfTheDMCMayBeOffWithoutAWord)
         m_record = Record();
         ServerStream stream;
         stream.activeTypes = std::string(flag) + "|Estimated|Weighed|";
-        const HeardLines heard;
+        const DiagnosticCapture heard;
         DecodeFull(stream);
         EXPECT_EQ(m_record.IsWBDMCUsed(), flag[0] == '1');
         EXPECT_THAT(heard.Lines(), testing::Not(testing::Contains(testing::HasSubstr("Error!"))));
@@ -483,7 +483,7 @@ TEST_F(Decoding, UnknownAppliedOnIsToldAndBecomesThePartReference)
         m_record = Record();
         ServerStream stream;
         stream.density = std::string("1|7850|Steel|") + appliedOn + "|0|0|";
-        const HeardLines heard;
+        const DiagnosticCapture heard;
         DecodeFull(stream);
         EXPECT_EQ(m_record.GetAppliedOnObject(), "PartRef");
         EXPECT_THAT(heard.Lines(),
@@ -603,7 +603,7 @@ TEST_F(Decoding, SecondStreamIsAppended)
 
 TEST_F(Decoding, EveryValueIsEchoedWithItsLabel)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     ASSERT_EQ(m_record.SetAllData(kWorkedExample, true), S_OK);
     for (const char* line : {"Instance ID: INST-0001",
                              "Part ID: PART-0001",
@@ -661,7 +661,7 @@ TEST_F(Decoding, EveryValueIsEchoedWithItsLabel)
 
 TEST_F(Decoding, ComputationEchoesItsNames)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     const std::string stream =
         std::string("1|2|3|4|5|6|7|8|9|10|11|12|") + kStatistics + "0|" + kTransformation;
     m_record.SetComputedData(stream, true);

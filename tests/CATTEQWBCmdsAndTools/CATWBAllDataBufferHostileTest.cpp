@@ -175,7 +175,7 @@ constexpr int kKept = WBFieldReader::kCompletedEntries;
 TEST_F(Hostile, GiantNumberOfRevisionsIsBoundedAndTold)
 {
     const FatalErrors errors(FatalErrors::Then::GoOn);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATWBAllDataBuffer record;
     record.SetAllData(std::string(kIdentification) + "2000000000|A.1|d|u|v|M|5|", true);
     EXPECT_EQ(record.GetVersionCount(), kKept);
@@ -187,7 +187,7 @@ TEST_F(Hostile, GiantNumberOfRevisionsIsBoundedAndTold)
 TEST_F(Hostile, GiantNumberOfMassTypesIsBoundedAndTold)
 {
     const FatalErrors errors(FatalErrors::Then::GoOn);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATWBAllDataBuffer record;
     record.SetAllData("2000000000|A|0|0|0|0|", false);
     CATListValCATUnicodeString massTypes;
@@ -201,7 +201,7 @@ TEST_F(Hostile, GiantNumberOfMassTypesIsBoundedAndTold)
 TEST_F(Hostile, GiantDepthIsBoundedAndTold)
 {
     const FatalErrors errors(FatalErrors::Then::GoOn);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATWBAllDataBuffer record;
     record.SetAllData("0|I|P|A|R|2000000000|E1|E2|", true);
     EXPECT_EQ(record.GetInstancePathDepth(), kKept);
@@ -214,7 +214,7 @@ TEST_F(Hostile, GiantDepthIsBoundedAndTold)
 TEST_F(Hostile, GiantNumberOfStatisticsIsBoundedAndTold)
 {
     const FatalErrors errors(FatalErrors::Then::GoOn);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATWBAllDataBuffer record;
     ServerStream stream;
     stream.statistics = "2000000000|Steel";
@@ -243,7 +243,7 @@ TEST_F(Hostile, GiantNumberOfDiscardedPairsIsReadPast)
 TEST_F(Hostile, GiantNumberOfPropertiesIsBoundedAndTold)
 {
     const FatalErrors errors(FatalErrors::Then::GoOn);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATWBAllDataBuffer record;
     ServerStream stream;
     stream.properties = "2000000000|Customer|1|0|Part|CUST-01|__null__|";
@@ -309,7 +309,7 @@ TEST_F(Hostile, LongListOfTheShortestMassTypesIsReadWhole)
 TEST_F(Hostile, LongListThatTheStreamHoldsIsReadWhole)
 {
     const FatalErrors errors(FatalErrors::Then::Throw);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     constexpr int kMany = 3 * kKept;
     ServerStream stream;
     stream.revisions = std::to_string(kMany) + "|";

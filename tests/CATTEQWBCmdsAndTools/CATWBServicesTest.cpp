@@ -39,7 +39,7 @@ TEST(FieldByNumber, IntegerFormTakesANegativeNumberForTheFirstField)
 
 TEST(FieldByNumber, TextFormReturnsTheToken)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATUnicodeString token;
     EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("a|7|b", 2, token), S_OK);
     EXPECT_EQ(token, "b");
@@ -49,7 +49,7 @@ TEST(FieldByNumber, TextFormReturnsTheToken)
 
 TEST(FieldByNumber, TextFormFailsWithALineAndLeavesTheOutput)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATUnicodeString token("kept");
     EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("a|7|b", 3, token), E_FAIL);
     EXPECT_EQ(token, "kept");
@@ -71,7 +71,7 @@ TEST(FieldByNumber, TextFormStopsCountingAtTheFirstEmptyToken)
 
 TEST(FieldByNumber, TextFormRefusesANegativeNumber)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATUnicodeString token("kept");
     EXPECT_EQ(CATWBServices::FindOccurenceOfDelim("a|b", -1, token), E_FAIL);
     EXPECT_EQ(token, "kept");

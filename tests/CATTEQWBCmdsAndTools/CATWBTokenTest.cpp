@@ -95,7 +95,7 @@ TEST(CATWBToken, FieldThatIsNoIntegerIsFatal)
 {
     for (const char* text : {"abc|", "", "|5", "  "}) {
         const FatalErrors errors(FatalErrors::Then::GoOn);
-        const HeardLines heard(CATDiagnosticErrors());
+        const DiagnosticCapture heard(CATDiagnosticErrors());
         EXPECT_EQ(CATWBToken(text).NextInt(), 0) << text;
         ASSERT_EQ(errors.Raised().size(), 1U) << text;
         EXPECT_EQ(errors.Raised()[0].Text(), "AssertionFailed:lStatus == 1");
@@ -110,7 +110,7 @@ TEST(CATWBToken, FieldThatIsNoRealIsFatal)
 {
     for (const char* text : {"abc", " x |", "\t"}) {
         const FatalErrors errors(FatalErrors::Then::GoOn);
-        const HeardLines heard(CATDiagnosticErrors());
+        const DiagnosticCapture heard(CATDiagnosticErrors());
         EXPECT_EQ(CATWBToken(text).NextDouble(), 0.0) << text;
         ASSERT_EQ(errors.Raised().size(), 1U) << text;
         EXPECT_EQ(errors.Raised()[0].Text(), "AssertionFailed:lStatus == 1");
@@ -124,7 +124,7 @@ TEST(CATWBToken, FieldThatIsNoRealIsFatal)
 TEST(CATWBToken, FaultIsWrittenBeforeItIsRaised)
 {
     const FatalErrors errors(FatalErrors::Then::Throw);
-    const HeardLines heard(CATDiagnosticErrors());
+    const DiagnosticCapture heard(CATDiagnosticErrors());
     EXPECT_THROW(CATWBToken("x").NextInt(), CATFatalError);
     EXPECT_EQ(heard.Lines().size(), 1U);
 }

@@ -291,7 +291,7 @@ TEST(ENOWBAllDataBuffer, NegativePersistencyFlagIsRefusedAndTheOldOneKept)
     const SilentStreams silent;
     Record record;
     record.SetPersistencyFlag(1);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     EXPECT_EQ(record.SetPersistencyFlag(-1), E_INVALIDARG);
     EXPECT_EQ(record.m_persistencyFlag, 1);
     EXPECT_THAT(heard.Lines(), testing::ElementsAre("Invalid argument received: iFlag = -1"));
@@ -309,7 +309,7 @@ TEST(ENOWBAllDataBuffer, PersistencyFlagIsStoredAndToldAsYesForOneOnly)
                            Row{1, "Persisting data possible? YES", true},
                            Row{2, "Persisting data possible? NO", true}}) {
         Record record;
-        const HeardLines heard;
+        const DiagnosticCapture heard;
         EXPECT_EQ(record.SetPersistencyFlag(row.flag), S_OK);
         EXPECT_EQ(record.m_persistencyFlag, row.flag);
         EXPECT_THAT(heard.Lines(), testing::ElementsAre(row.line));
@@ -714,7 +714,7 @@ TEST(ENOWBAllDataBufferRevisions, MassIsWrittenAsTheSessionWritesNumbers)
 
 TEST(ENOWBAllDataBufferRevisions, PositionBehindTheLastIsRefused)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATUnicodeString text("old");
     EXPECT_EQ(WithTwoRevisions().GetDocRevsInfo(3, ENOWBAllDataBuffer::Version, text), E_FAIL);
     EXPECT_EQ(text, "");
@@ -725,7 +725,7 @@ TEST(ENOWBAllDataBufferRevisions, PositionBehindTheLastIsRefused)
 
 TEST(ENOWBAllDataBufferRevisions, PositionBelowOneGivesTheEmptyText)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     for (const int position : {0, -1}) {
         CATUnicodeString text("old");
         EXPECT_EQ(WithTwoRevisions().GetDocRevsInfo(position, ENOWBAllDataBuffer::Mass, text),
@@ -850,7 +850,7 @@ TEST(ENOWBAllDataBufferProperties, PositionOutOfBoundsIsToldAndLeavesTheOutputEm
 {
     ENOWBAllDataBuffer record = WithThreeProperties();
     for (const int position : {0, -1, 4}) {
-        const HeardLines heard;
+        const DiagnosticCapture heard;
         CATUnicodeString name("old");
         CATUnicodeString value("old");
         CATUnicodeString owner("old");
@@ -879,7 +879,7 @@ TEST(ENOWBAllDataBufferProperties, PositionOutOfBoundsIsToldAndLeavesTheOutputEm
 
 TEST(ENOWBAllDataBufferProperties, NewRecordHasNoFirstProperty)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATUnicodeString name("old");
     ENOWBAllDataBuffer().GetPropertyName(1, name);
     EXPECT_EQ(name, "");

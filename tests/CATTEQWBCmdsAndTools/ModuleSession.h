@@ -5,33 +5,13 @@
 #include "CATNumberLocale.h"
 #include "CATStatus.h"
 #include "CATUnicodeString.h"
+#include "DiagnosticCapture.h"
 
 #include <gmock/gmock.h>
 
 #include <string>
 #include <utility>
 #include <vector>
-
-/// The lines that one of the session's two streams hears while this lives.
-class HeardLines
-{
-public:
-    explicit HeardLines(CATLineStream& stream = CATDiagnosticOutput())
-        : m_stream(stream),
-          m_before(
-              stream.SetListener([this](std::string_view line) { m_lines.emplace_back(line); }))
-    {}
-    ~HeardLines() { m_stream.SetListener(std::move(m_before)); }
-    HeardLines(const HeardLines&) = delete;
-    HeardLines& operator=(const HeardLines&) = delete;
-
-    const std::vector<std::string>& Lines() const { return m_lines; }
-
-private:
-    CATLineStream& m_stream;
-    std::vector<std::string> m_lines;
-    CATLineStream::Listener m_before;
-};
 
 /// A fatal error is thrown, or kept and gone on from, while this lives.
 class FatalErrors

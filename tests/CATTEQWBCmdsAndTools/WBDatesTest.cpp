@@ -20,7 +20,7 @@ long ReadDateAndTime(const char* text, CATTime& time, const char* format)
 
 TEST(GetDateFromText, DateAsTheFormatWritesItIsTaken)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATTime time;
     EXPECT_EQ(ReadDate("2010/07/01", time), S_OK);
     EXPECT_EQ(time, CATTime(2010, 7, 1));
@@ -60,7 +60,7 @@ TEST(GetDateFromText, RefusalNamesItsReasonAndLeavesTheOutput)
              Row{"2010/07/01/02",
                  "The date obtained is not the same as the date entered by the user!"},
          }) {
-        const HeardLines heard(CATDiagnosticErrors());
+        const DiagnosticCapture heard(CATDiagnosticErrors());
         CATTime time(2000, 1, 2);
         EXPECT_EQ(ReadDate(row.text, time), E_FAIL) << row.text;
         EXPECT_EQ(time, CATTime(2000, 1, 2)) << row.text;
@@ -71,7 +71,7 @@ TEST(GetDateFromText, RefusalNamesItsReasonAndLeavesTheOutput)
 TEST(GetDateFromText, TokensAreCountedUpToTheFirstEmptyOne)
 {
     const SilentStreams silent;
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATTime time;
     ReadDate("2010/07//01", time);
     EXPECT_THAT(heard.Lines(), testing::ElementsAre("number of tokens: 2"));
@@ -81,7 +81,7 @@ TEST(GetDateFromText, TimeIsExpectedUnlessTheDateStandsAlone)
 {
     const SilentStreams silent;
     for (const char* text : {"2010/07/01", "2010/07/01 10", "2010/07/01-10:20:30"}) {
-        const HeardLines heard(CATDiagnosticErrors());
+        const DiagnosticCapture heard(CATDiagnosticErrors());
         CATTime time;
         EXPECT_EQ(ReadDateAndTime(text, time, kFormat), E_FAIL) << text;
         EXPECT_THAT(heard.Lines(), testing::ElementsAre("Could not decode the input text!"));
@@ -92,7 +92,7 @@ TEST(GetDateFromText, OrdinaryDateWithTimeIsRefused)
 {
     // The separator's place, 10, is used on "01 10:20:30" alone: nothing is left for the time.
     const SilentStreams silent;
-    const HeardLines heard(CATDiagnosticErrors());
+    const DiagnosticCapture heard(CATDiagnosticErrors());
     CATTime time;
     EXPECT_EQ(ReadDateAndTime("2010/07/01 10:20:30", time, "%Y/%m/%d %H:%M:%S"), E_FAIL);
     EXPECT_THAT(heard.Lines(), testing::ElementsAre("Invalid date string has been supplied!"));
@@ -125,7 +125,7 @@ TEST(GetDateFromText, TimeThatDisagreesWithThatReadingIsRefused)
 {
     const SilentStreams silent;
     for (const char* text : {"2010 y/07/0001 10:08:30", kEarlySeparator}) {
-        const HeardLines heard(CATDiagnosticErrors());
+        const DiagnosticCapture heard(CATDiagnosticErrors());
         CATTime time;
         EXPECT_EQ(ReadDateAndTime(text, time, "%Y y/%m/00%d %H:%M:%S"), E_FAIL);
         EXPECT_THAT(heard.Lines(),
@@ -155,7 +155,7 @@ TEST(GetDateFromText, TimeThatIsNoTimeIsRefused)
              // A separator in front leaves no character for the day.
              Row{" 2010/07/01 10:07:30", "Unable to convert the input YMD text date to numbers!"},
          }) {
-        const HeardLines heard(CATDiagnosticErrors());
+        const DiagnosticCapture heard(CATDiagnosticErrors());
         CATTime time;
         EXPECT_EQ(ReadDateAndTime(row.text, time, "%Y y/%m/00%d %H:%m:%S"), E_FAIL) << row.text;
         EXPECT_THAT(heard.Lines(), testing::ElementsAre(row.reason)) << row.text;
@@ -171,7 +171,7 @@ TEST(AssignTime, HandsAGoodDateOver)
 
 TEST(AssignTime, SaysWhenNoDateArrives)
 {
-    const HeardLines heard(CATDiagnosticErrors());
+    const DiagnosticCapture heard(CATDiagnosticErrors());
     CATTime time(2010, 7, 1);
     EXPECT_EQ(AssignTime(CATTime(), time), E_FAIL);
     EXPECT_THAT(heard.Lines(),

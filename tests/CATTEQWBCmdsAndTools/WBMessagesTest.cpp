@@ -114,7 +114,7 @@ TEST_F(Messages, OnlyTheExactTextMeansNoFilter)
 
 TEST_F(Messages, QuestionWithoutAParentIsToldAndGoesOn)
 {
-    const HeardLines heard(CATDiagnosticErrors());
+    const DiagnosticCapture heard(CATDiagnosticErrors());
     m_answer = 4;
     EXPECT_TRUE(CATWBServices::ValidateFilterCondition(nullptr, "ROOT"));
     EXPECT_TRUE(m_shown.empty());
@@ -143,7 +143,7 @@ TEST_F(Messages, MessageStaysUntilItIsClosedAndThenDeletesItself)
 
 TEST_F(Messages, MessageWithoutAParentIsOnlyADiagnosticLine)
 {
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     CATWBServices::DisplayMsg(nullptr, "ServerError", "text", 0);
     EXPECT_TRUE(m_shown.empty());
     EXPECT_THAT(heard.Lines(), testing::ElementsAre("The pointer to the parent window is null!"));

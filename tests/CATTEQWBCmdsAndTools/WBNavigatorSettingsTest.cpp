@@ -50,7 +50,7 @@ protected:
 TEST_F(IsStableOrderUsed, OneMeansYes)
 {
     Navigator().WriteSetting("StableOrdering", 1);
-    const HeardLines heard;
+    const DiagnosticCapture heard;
     EXPECT_TRUE(CATWBServices::IsStableOrderUsed(m_message));
     EXPECT_EQ(m_message, "");
     EXPECT_THAT(heard.Lines(), testing::ElementsAre("Using \"Stable order\" option"));
@@ -60,7 +60,7 @@ TEST_F(IsStableOrderUsed, AnyOtherValueMeansNo)
 {
     for (const int value : {0, 2, -1}) {
         Navigator().WriteSetting("StableOrdering", value);
-        const HeardLines heard;
+        const DiagnosticCapture heard;
         EXPECT_FALSE(CATWBServices::IsStableOrderUsed(m_message)) << value;
         EXPECT_EQ(m_message, "");
         EXPECT_THAT(heard.Lines(), testing::ElementsAre("Not using \"Stable order\" option"));

@@ -1,4 +1,4 @@
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
 
@@ -29,9 +29,9 @@ protected:
     Outcome Run(const std::string& arguments) const
     {
         const std::string command =
-            "cd '" + folder.Path("") + "' && XDG_CONFIG_HOME='" + folder.Path("config") +
-            "' XDG_DATA_HOME='" + folder.Path("data-home") + "' " + environment +
-            " '" WB_PROGRAM "' " + arguments + " 2>'" + folder.Path("stderr") + "' </dev/null";
+            "cd '" + folder.Path() + "' && XDG_CONFIG_HOME='" + folder.At("config") +
+            "' XDG_DATA_HOME='" + folder.At("data-home") + "' " + environment +
+            " '" WB_PROGRAM "' " + arguments + " 2>'" + folder.At("stderr") + "' </dev/null";
         Outcome outcome;
         std::FILE* pipe = popen(command.c_str(), "r");
         std::array<char, 4096> block{};
@@ -47,7 +47,7 @@ protected:
         ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into a.db").status, 0);
     }
 
-    TestFolder folder;
+    TemporaryDirectory folder;
     std::string environment;
 };
 
@@ -85,7 +85,7 @@ TEST_F(CommandLine, CheckChangesNothingAndMakesNoDatabase)
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_THAT(outcome.out, AllOf(HasSubstr("51 new"), HasSubstr("81 new")));
     EXPECT_THAT(outcome.out, StartsWith("nothing was changed; an import would say:\n"));
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db")));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("a.db")));
 }
 
 TEST_F(CommandLine, CheckLeavesTheDatabaseAsItWas)
@@ -121,7 +121,7 @@ TEST_F(CommandLine, CheckOfFilesThatNeedEachOtherTellsWhatTheyDoTogether)
                         "parts that nobody uses: BOLT B\n");
     const Outcome alone = Run("import second.csv --into a.db --check");
     EXPECT_THAT(alone.out, HasSubstr("parts: 1 new"));
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db")));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("a.db")));
 }
 
 TEST_F(CommandLine, CheckThatFindsErrorsNamesTheUsersDatabase)
@@ -161,7 +161,7 @@ TEST_F(CommandLine, WrongMassTypesKeepTheFilesOut)
     const Outcome refused = Run("import good.csv --into a.db --mass-types types.csv");
     EXPECT_EQ(refused.status, 1);
     EXPECT_THAT(refused.err, HasSubstr("types.csv"));
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db")));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("a.db")));
 }
 
 TEST_F(CommandLine, AWrongFileIsRefusedWithFileLineAndColumn)
@@ -172,7 +172,7 @@ TEST_F(CommandLine, AWrongFileIsRefusedWithFileLineAndColumn)
     EXPECT_THAT(outcome.out, IsEmpty());
     EXPECT_THAT(outcome.err, AllOf(HasSubstr("bad.csv"), HasSubstr("2"), HasSubstr("mass [kg]"),
                                    HasSubstr("heavy"), HasSubstr("nothing was imported")));
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("a.db"))) << "made for nothing";
+    EXPECT_FALSE(std::filesystem::exists(folder.At("a.db"))) << "made for nothing";
 }
 
 TEST_F(CommandLine, ARefusedFileLeavesAnExistingDatabaseThere)
@@ -212,7 +212,7 @@ TEST_F(CommandLine, MassTypesOfAMissingDatabaseNameTheFile)
     const Outcome outcome = Run("mass-types --db missing.db");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, HasSubstr("missing.db"));
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("missing.db")));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("missing.db")));
 }
 
 TEST_F(CommandLine, PartPrintsTheRecordInStorageUnits)

@@ -1,6 +1,6 @@
 #include "FileProducts.h"
 
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ constexpr const char* kProduct =
 
 TEST(FileProducts, ATableFileIsASourceWithoutADatabase)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::string problem;
     const auto source = OpenFileProducts(folder.Write("p.csv", kProduct), problem);
     ASSERT_TRUE(source) << problem;
@@ -36,7 +36,7 @@ TEST(FileProducts, ATableFileIsASourceWithoutADatabase)
 
 TEST(FileProducts, UsesCarryQuantityAndPlacement)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::string problem;
     const auto source = OpenFileProducts(folder.Write("p.csv", kProduct), problem);
     ASSERT_TRUE(source) << problem;
@@ -62,7 +62,7 @@ TEST(FileProducts, UsesCarryQuantityAndPlacement)
 
 TEST(FileProducts, AWrongFileIsRefusedWithItsPlace)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::string problem;
     EXPECT_FALSE(OpenFileProducts(
         folder.Write("p.csv",
@@ -73,6 +73,6 @@ TEST(FileProducts, AWrongFileIsRefusedWithItsPlace)
     EXPECT_THAT(problem, HasSubstr("ten"));
 
     problem.clear();
-    EXPECT_FALSE(OpenFileProducts(folder.Path("missing.csv"), problem));
+    EXPECT_FALSE(OpenFileProducts(folder.At("missing.csv"), problem));
     EXPECT_THAT(problem, HasSubstr("missing.csv"));
 }

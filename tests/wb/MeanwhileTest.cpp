@@ -1,4 +1,4 @@
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -20,7 +20,7 @@ protected:
     /// The status of the first import; the second must succeed.
     int ImportBehindAnother(const std::string& arguments) const
     {
-        const std::string pipe = folder.Path("pipe.csv");
+        const std::string pipe = folder.At("pipe.csv");
         EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
         std::FILE* first = popen(Command("pipe.csv " + arguments).c_str(), "r");
         {
@@ -32,13 +32,13 @@ protected:
         return WEXITSTATUS(pclose(first));
     }
 
-    TestFolder folder;
+    TemporaryDirectory folder;
     std::string good = folder.Write("good.csv", "part\nGOOD\n");
 
 private:
     std::string Command(const std::string& arguments) const
     {
-        return "cd '" + folder.Path("") + "' && '" WB_PROGRAM "' import " + arguments +
+        return "cd '" + folder.Path() + "' && '" WB_PROGRAM "' import " + arguments +
                " >/dev/null 2>&1";
     }
 };
@@ -47,28 +47,28 @@ private:
 TEST_F(Meanwhile, ARefusedFirstImportLeavesWhatAnotherMade)
 {
     EXPECT_EQ(ImportBehindAnother("--into x.db"), 1);
-    EXPECT_TRUE(std::filesystem::exists(folder.Path("x.db")));
+    EXPECT_TRUE(std::filesystem::exists(folder.At("x.db")));
     EXPECT_EQ(Import("good.csv --into x.db"), 0);
 }
 
 TEST_F(Meanwhile, ARefusedCheckLeavesWhatAnotherMade)
 {
     EXPECT_EQ(ImportBehindAnother("--into x.db --check"), 1);
-    EXPECT_TRUE(std::filesystem::exists(folder.Path("x.db")));
+    EXPECT_TRUE(std::filesystem::exists(folder.At("x.db")));
 }
 
 TEST_F(Meanwhile, NoFileOfARefusedFirstImportStays)
 {
     folder.Write("bad.csv", "part,quantity\nBAD,many\n");
     EXPECT_EQ(Import("bad.csv --into x.db"), 1);
-    for (const auto& entry : std::filesystem::directory_iterator(folder.Path(""))) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
         EXPECT_EQ(entry.path().extension(), ".csv") << entry.path();
     }
 }
 
 TEST_F(Meanwhile, ALinkThatLeadsNowhereIsFollowed)
 {
-    std::filesystem::create_symlink("y.db", folder.Path("x.db"));
+    std::filesystem::create_symlink("y.db", folder.At("x.db"));
     EXPECT_EQ(Import("good.csv --into x.db"), 0);
-    EXPECT_TRUE(std::filesystem::is_regular_file(folder.Path("y.db")));
+    EXPECT_TRUE(std::filesystem::is_regular_file(folder.At("y.db")));
 }

@@ -1,6 +1,6 @@
 #include "SampleProducts.h"
 
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 #include "WBStore.h"
 
 #include <gmock/gmock.h>
@@ -12,9 +12,9 @@ using testing::HasSubstr;
 
 TEST(SampleProducts, TheDatabaseHoldsBothSamples)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::string problem;
-    const std::string path = SampleDatabase(folder.Path(""), problem);
+    const std::string path = SampleDatabase(folder.Path(), problem);
     ASSERT_FALSE(path.empty()) << problem;
     const wb::Store::Opened opened = wb::Store::Open(path);
     ASSERT_TRUE(opened.store) << opened.error;
@@ -27,25 +27,25 @@ TEST(SampleProducts, TheDatabaseHoldsBothSamples)
 
 TEST(SampleProducts, TheSecondCallFindsTheFirstOnesDatabase)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::string problem;
-    const std::string path = SampleDatabase(folder.Path(""), problem);
+    const std::string path = SampleDatabase(folder.Path(), problem);
     const auto made = std::filesystem::last_write_time(path);
-    EXPECT_EQ(SampleDatabase(folder.Path(""), problem), path);
+    EXPECT_EQ(SampleDatabase(folder.Path(), problem), path);
     EXPECT_EQ(std::filesystem::last_write_time(path), made);
     EXPECT_FALSE(std::filesystem::exists(path + ".unfinished"));
 }
 
 TEST(SampleProducts, ChangedSamplesGetADatabaseOfTheirOwn)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::string problem;
-    const std::string shipped = SampleDatabase(folder.Path(""), problem);
-    std::filesystem::create_directories(folder.Path("data"));
+    const std::string shipped = SampleDatabase(folder.Path(), problem);
+    std::filesystem::create_directories(folder.At("data"));
     std::filesystem::copy(WB_SOURCE_DIR "/data/small_satellite.csv",
-                          folder.Path("data/light_aeroplane.csv"));
-    setenv("WB_RESOURCE_PATH", folder.Path("").c_str(), 1);
-    const std::string changed = SampleDatabase(folder.Path(""), problem);
+                          folder.At("data/light_aeroplane.csv"));
+    setenv("WB_RESOURCE_PATH", folder.Path().c_str(), 1);
+    const std::string changed = SampleDatabase(folder.Path(), problem);
     unsetenv("WB_RESOURCE_PATH");
     EXPECT_FALSE(changed.empty()) << problem;
     EXPECT_NE(changed, shipped);
@@ -53,27 +53,27 @@ TEST(SampleProducts, ChangedSamplesGetADatabaseOfTheirOwn)
 
 TEST(SampleProducts, AWrongSampleIsRefusedAndLeavesNoDatabase)
 {
-    const TestFolder folder;
-    std::filesystem::create_directories(folder.Path("data"));
+    const TemporaryDirectory folder;
+    std::filesystem::create_directories(folder.At("data"));
     folder.Write("data/light_aeroplane.csv", "parent,what\n");
-    setenv("WB_RESOURCE_PATH", folder.Path("").c_str(), 1);
+    setenv("WB_RESOURCE_PATH", folder.Path().c_str(), 1);
     std::string problem;
-    EXPECT_EQ(SampleDatabase(folder.Path(""), problem), "");
+    EXPECT_EQ(SampleDatabase(folder.Path(), problem), "");
     unsetenv("WB_RESOURCE_PATH");
     EXPECT_THAT(problem, HasSubstr("what"));
 }
 
 TEST(SampleProducts, UserDirectoriesFollowTheEnvironment)
 {
-    const TestFolder folder;
-    setenv("XDG_DATA_HOME", folder.Path("data-home").c_str(), 1);
-    setenv("XDG_CONFIG_HOME", folder.Path("config-home").c_str(), 1);
-    EXPECT_EQ(UserDataDirectory(), folder.Path("data-home") + "/wb");
-    EXPECT_TRUE(std::filesystem::is_directory(folder.Path("data-home/wb")));
-    EXPECT_EQ(UserSettingsDirectory(), folder.Path("config-home") + "/wb");
+    const TemporaryDirectory folder;
+    setenv("XDG_DATA_HOME", folder.At("data-home").c_str(), 1);
+    setenv("XDG_CONFIG_HOME", folder.At("config-home").c_str(), 1);
+    EXPECT_EQ(UserDataDirectory(), folder.At("data-home") + "/wb");
+    EXPECT_TRUE(std::filesystem::is_directory(folder.At("data-home/wb")));
+    EXPECT_EQ(UserSettingsDirectory(), folder.At("config-home") + "/wb");
     unsetenv("XDG_DATA_HOME");
     unsetenv("XDG_CONFIG_HOME");
-    setenv("HOME", folder.Path("home").c_str(), 1);
+    setenv("HOME", folder.At("home").c_str(), 1);
     EXPECT_THAT(UserDataDirectory(), EndsWith("/home/.local/share/wb"));
     EXPECT_THAT(UserSettingsDirectory(), EndsWith("/home/.config/wb"));
 }

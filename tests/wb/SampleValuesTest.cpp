@@ -1,4 +1,4 @@
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -190,10 +190,10 @@ void ExpectValues(const QJsonObject& printed, const Row& row, const Sample& samp
 /// How many sets of values were compared.
 int CompareSample(const std::string& file, const std::string& root)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     const std::string table = WB_SOURCE_DIR "/data/" + file;
-    EXPECT_EQ(std::system(("'" WB_PROGRAM "' import '" + table + "' --into '" +
-                           folder.Path("a.db") + "' >/dev/null")
+    EXPECT_EQ(std::system(("'" WB_PROGRAM "' import '" + table + "' --into '" + folder.At("a.db") +
+                           "' >/dev/null")
                               .c_str()),
               0);
     const Sample sample = ReadSample(table, root);
@@ -205,7 +205,7 @@ int CompareSample(const std::string& file, const std::string& root)
             continue; // the root itself is no instance
         }
         if (printed.count(path->first) == 0) {
-            printed[path->first] = Print(path->second, folder.Path("a.db"));
+            printed[path->first] = Print(path->second, folder.At("a.db"));
         }
         // Sets without a mass travel as partially assigned, without values.
         if (!std::isnan(row.at("mass").empty() && row.at("volume").empty() && row.at("area").empty()

@@ -1,6 +1,6 @@
 #include "StoryScript.h"
 
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
 
@@ -21,7 +21,7 @@ std::vector<std::string> Split(std::string_view line)
 /// What is wrong with a story of that text.
 std::string ProblemOf(const std::string& text)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::vector<StoryStep> steps;
     std::string problem;
     EXPECT_FALSE(ReadStory(folder.Write("a.story", text), steps, problem));
@@ -54,7 +54,7 @@ TEST(StoryScript, AnOpenQuoteIsRefusedWithItsLine)
 
 TEST(StoryScript, EmptyLinesAndNotesAreNoSteps)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::vector<StoryStep> steps;
     std::string problem;
     ASSERT_TRUE(ReadStory(folder.Write("a.story", "# a note\n\n  # another\nopen LA1\nquit\n"),

@@ -1,4 +1,4 @@
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
 
@@ -17,12 +17,13 @@ struct Played
     std::string err;
 };
 
-Played Play(const TestFolder& folder, const std::string& story, const std::string& environment = {})
+Played Play(const TemporaryDirectory& folder, const std::string& story,
+            const std::string& environment = {})
 {
     const std::string file = folder.Write("a.story", story);
-    const std::string command = "cd '" + folder.Path("") + "' && " + environment +
+    const std::string command = "cd '" + folder.Path() + "' && " + environment +
                                 " '" WB_PROGRAM "' workbench --play '" + file + "' >/dev/null 2>'" +
-                                folder.Path("stderr") + "'";
+                                folder.At("stderr") + "'";
     const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), folder.Read("stderr")};
 }
@@ -31,7 +32,7 @@ Played Play(const TestFolder& folder, const std::string& story, const std::strin
 
 TEST(Story, HoldsWhenEveryStepHolds)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     const Played played = Play(folder, "start CATTEQWBComputePartCmd\n"
                                        "pick LA1/FIN-000.1/FIN-300.1\n"
                                        "dump windows.json\n"
@@ -41,13 +42,13 @@ TEST(Story, HoldsWhenEveryStepHolds)
                                        "expect Nothing is-checked-after-quit\n");
     EXPECT_EQ(played.status, 0) << played.err;
     EXPECT_THAT(folder.Read("windows.json"), HasSubstr("\"name\": \"CATWBVPMMainPanel\""));
-    EXPECT_GT(std::filesystem::file_size(folder.Path("all.png")), 1000U);
-    EXPECT_GT(std::filesystem::file_size(folder.Path("panel.png")), 1000U);
+    EXPECT_GT(std::filesystem::file_size(folder.At("all.png")), 1000U);
+    EXPECT_GT(std::filesystem::file_size(folder.At("panel.png")), 1000U);
 }
 
 TEST(Story, FailsAtTheFirstStepThatDoesNotHoldAndSaysWhatWasSeen)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     const Played played =
         Play(folder, "start CATTEQWBComputePartCmd\n\npick LA1/FIN-000.1/FIN-300.1\n"
                      "expect CATWBVPMMainPanel/Path wrong\n");
@@ -57,7 +58,7 @@ TEST(Story, FailsAtTheFirstStepThatDoesNotHoldAndSaysWhatWasSeen)
 
 TEST(Story, ABoxThatNoStepWaitsForFails)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     folder.Write("p.csv", "parent,instance,part,x [mm],y [mm],z [mm]\n,,R,,,\nR,A.1,A,0,0,0\n");
     const std::string before = "open p.csv\nstart CATTEQWBComputePartCmd\npick R/A.1\n";
     const Played unexpected = Play(folder, before);
@@ -70,7 +71,7 @@ TEST(Story, ABoxThatNoStepWaitsForFails)
 
 TEST(Story, StepsThatCannotBeDoneSayWhy)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     const auto fails = [&](const std::string& story, const char* why) {
         const Played played = Play(folder, story);
         EXPECT_EQ(played.status, 1) << story;
@@ -93,11 +94,11 @@ TEST(Story, StepsThatCannotBeDoneSayWhy)
 
 TEST(Story, LeavesTheUsersSettingsAlone)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     const Played played =
-        Play(folder, "units MASS lb\n", "CATUserSettingPath='" + folder.Path("mine") + "'");
+        Play(folder, "units MASS lb\n", "CATUserSettingPath='" + folder.At("mine") + "'");
     EXPECT_EQ(played.status, 0) << played.err;
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("mine")));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("mine")));
 }
 
 namespace
@@ -106,11 +107,11 @@ namespace
 /// What a user sees who has a file of that text before the program's own.
 Played PlayWithResource(const std::string& name, const std::string& text, const std::string& story)
 {
-    const TestFolder folder;
+    const TemporaryDirectory folder;
     std::filesystem::create_directories(
-        std::filesystem::path(folder.Path("resources/" + name)).parent_path());
+        std::filesystem::path(folder.At("resources/" + name)).parent_path());
     folder.Write("resources/" + name, text);
-    return Play(folder, story, "WB_RESOURCE_PATH='" + folder.Path("resources") + "'");
+    return Play(folder, story, "WB_RESOURCE_PATH='" + folder.At("resources") + "'");
 }
 
 } // namespace

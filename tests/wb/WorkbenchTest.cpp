@@ -9,7 +9,7 @@
 #include "ProductTreeModel.h"
 #include "ProductTreeView.h"
 #include "SampleProducts.h"
-#include "TestFolder.h"
+#include "TemporaryDirectory.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -36,8 +36,8 @@ protected:
     {
         std::string problem;
         SessionOptions options;
-        options.database = SampleDatabase(m_folder.Path(""), problem);
-        m_session = std::make_unique<HostSession>(options, m_folder.Path("settings"));
+        options.database = SampleDatabase(m_folder.Path(), problem);
+        m_session = std::make_unique<HostSession>(options, m_folder.At("settings"));
         EXPECT_TRUE(m_session->Connect(problem)) << problem;
         m_application = std::make_unique<CATDlgApplication>(m_count, m_arguments.data());
         m_window = new WorkbenchWindow("samples.db"); // goes with the application
@@ -75,7 +75,7 @@ protected:
         return tree.model()->index(0, 0).data().toString().toStdString();
     }
 
-    TestFolder m_folder;
+    TemporaryDirectory m_folder;
     std::array<char, 3> m_name{'w', 'b', '\0'};
     std::array<char*, 2> m_arguments{m_name.data(), nullptr};
     int m_count = 1;

@@ -191,8 +191,8 @@ protected:
     }
 
     std::shared_ptr<FakeServer> server = std::make_shared<FakeServer>();
-    HeardLines output{CATDiagnosticOutput()};
-    HeardLines errors{CATDiagnosticErrors()};
+    DiagnosticCapture output{CATDiagnosticOutput()};
+    DiagnosticCapture errors{CATDiagnosticErrors()};
     std::unique_ptr<CATApplicationFrame> frame;
     std::vector<Box> boxes;
     CATTEQWBComputePartCmd* command = nullptr;

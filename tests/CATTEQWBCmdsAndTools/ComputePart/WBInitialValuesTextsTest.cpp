@@ -45,7 +45,7 @@ TEST(WBInitialValuesTexts, RecordThatBeginsWithOneIsNoLeaf)
 TEST(WBInitialValuesTexts, RecordThatTellsNoLeafFlagIsRefusedWithALine)
 {
     for (const char* answer : {"", "2|I|P|A|0", "yes|I|P|A|0", "01|I|P|A|0", " 1|I|P|A|0"}) {
-        const HeardLines errors(CATDiagnosticErrors());
+        const DiagnosticCapture errors(CATDiagnosticErrors());
         WBInstanceIdentity identity;
         EXPECT_FALSE(WBReadObjectRecord(answer, identity)) << answer;
         EXPECT_THAT(errors.Lines(), testing::ElementsAre(
@@ -85,7 +85,7 @@ TEST(WBInitialValuesTexts, LaterRecordLeavesNothingOfTheOneBefore)
 
 TEST(WBInitialValuesTexts, CountBeyondTheRecordIsRefusedWithALine)
 {
-    const HeardLines errors(CATDiagnosticErrors());
+    const DiagnosticCapture errors(CATDiagnosticErrors());
     WBInstanceIdentity identity;
     EXPECT_FALSE(WBReadObjectRecord("0|I|P|A|2000000000|SUB", identity));
     EXPECT_THAT(

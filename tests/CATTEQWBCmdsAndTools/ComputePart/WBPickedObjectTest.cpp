@@ -21,7 +21,7 @@ struct Identified
 
 Identified IdentifyProduct(const CATPathElement_var& path)
 {
-    const HeardLines errors(CATDiagnosticErrors());
+    const DiagnosticCapture errors(CATDiagnosticErrors());
     CATPathElementAgent agent("agent");
     if (!path.IsNull()) {
         agent.Offer({path});
@@ -34,7 +34,7 @@ Identified IdentifyProduct(const CATPathElement_var& path)
 
 Identified IdentifyNode(const CATPathElement_var& path)
 {
-    const HeardLines errors(CATDiagnosticErrors());
+    const DiagnosticCapture errors(CATDiagnosticErrors());
     CATImmIdentifierAcquisitionAgent agent;
     agent.Offer({path});
     Identified result;
@@ -59,7 +59,7 @@ struct InstancePath
 
 InstancePath ReadPath(const CATPathElement_var& picked)
 {
-    const HeardLines errors(CATDiagnosticErrors());
+    const DiagnosticCapture errors(CATDiagnosticErrors());
     InstancePath read;
     read.status = WBReadInstancePath(picked, read.depth, read.leafName, read.path);
     read.errors = errors.Lines();
@@ -129,7 +129,7 @@ TEST(WBPickedObject, RootWithoutVIdHasNoIdentifier)
 
 TEST(WBPickedObject, NavigatorPickWithoutAgentIsRefused)
 {
-    const HeardLines errors(CATDiagnosticErrors());
+    const DiagnosticCapture errors(CATDiagnosticErrors());
     WBPickedObject picked;
     EXPECT_FALSE(WBIdentifyNavigatorPick(nullptr, picked));
     EXPECT_THAT(errors.Lines(), ElementsAre("Acquisition agent not initialized!"));
@@ -207,7 +207,7 @@ TEST(WBPickedObject, ProductPickWithoutItsPiecesIsRefusedWithALineThatNamesThePi
 
 TEST(WBPickedObject, ProductPickWithoutAgentIsRefused)
 {
-    const HeardLines errors(CATDiagnosticErrors());
+    const DiagnosticCapture errors(CATDiagnosticErrors());
     WBPickedObject picked;
     EXPECT_FALSE(WBIdentifyProductPick(nullptr, picked));
     EXPECT_THAT(errors.Lines(), ElementsAre("Unable to retrieve the current object!"));

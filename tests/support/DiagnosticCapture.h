@@ -10,7 +10,7 @@
 class DiagnosticCapture
 {
 public:
-    explicit DiagnosticCapture(CATLineStream& stream)
+    explicit DiagnosticCapture(CATLineStream& stream = CATDiagnosticOutput())
         : m_stream(stream),
           m_before(
               stream.SetListener([this](std::string_view line) { m_lines.emplace_back(line); }))

@@ -13,8 +13,7 @@ class TemporaryDirectory
 public:
     TemporaryDirectory()
     {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "wb-system-XXXXXX").string();
+        std::string pattern = (std::filesystem::temp_directory_path() / "wb-test-XXXXXX").string();
         m_path = mkdtemp(pattern.data());
     }
     TemporaryDirectory(const TemporaryDirectory&) = delete;
