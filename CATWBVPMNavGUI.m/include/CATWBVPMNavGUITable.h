@@ -1,11 +1,14 @@
 #pragma once
 
+#include "CATIDOMDocument.h"
 #include "CATUnicodeString.h"
 #include "CATWBRecordTables.h"
 
 class CATCommand;
 class CATWBAllDataBuffer;
 class CATWBVPMMainPanel;
+class CATWBVPMNavUnitsConversion;
+struct CATWBReportConversion;
 
 /// What the panels library offers to those that stand below it. The library fills the table when
 /// the host calls its CATWBVPMNavGUIRegister; a test or a windowless command puts a table of its
@@ -18,6 +21,11 @@ struct CATWBVPMNavGUITable
     CATUnicodeString (*getFilter)(const CATUnicodeString& rootIdentifier) = nullptr;
     /// Everything in a record, for a program that knows no records.
     std::vector<CATWBRecordTable> (*describeRecord)(const CATWBAllDataBuffer& record) = nullptr;
+    /// The session's units panel, made when there is none.
+    CATWBVPMNavUnitsConversion* (*unitsPanel)() = nullptr;
+    /// Treats a report as the report commands do: axes, reference point, then units.
+    void (*convertReport)(CATIDOMDocument_var& document,
+                          const CATWBReportConversion& conversion) = nullptr;
 };
 
 /// Registers a table and returns the one that stood there. Members may be null: then the contract's

@@ -37,3 +37,7 @@ WB_EXPORT std::vector<CATCommandHeader> CATReadCommandHeaders(std::vector<std::s
 ///
 /// The new command may have no parent; CATSession::Start takes it into the tree.
 WB_EXPORT CATCommand* CATCreateCommand(const CATCommandHeader& header, CATUnicodeString& problem);
+
+/// Loads a companion library by its name and has it register, once a session; an empty name is no
+/// companion. False, with the sentence, when that fails.
+WB_EXPORT bool CATLoadCompanion(const CATString& companion, CATUnicodeString& problem);

@@ -128,8 +128,18 @@ void* FindFunction(void* library, const std::string& path, const std::string& na
     return function;
 }
 
-/// Loads the companion and has it register, the first time.
-bool LoadCompanion(const CATString& companion, CATUnicodeString& problem)
+} // namespace
+
+std::vector<CATCommandHeader> CATReadCommandHeaders(std::vector<std::string>& problems)
+{
+    std::vector<CATCommandHeader> headers;
+    for (const auto& [name, path] : WorkbenchFiles()) {
+        ReadFile(path, headers, problems);
+    }
+    return headers;
+}
+
+bool CATLoadCompanion(const CATString& companion, CATUnicodeString& problem)
 {
     static std::set<std::string> registered;
     const std::string path = LibraryPath(companion);
@@ -153,22 +163,12 @@ bool LoadCompanion(const CATString& companion, CATUnicodeString& problem)
     registered.insert(path);
     return true;
 }
-} // namespace
-
-std::vector<CATCommandHeader> CATReadCommandHeaders(std::vector<std::string>& problems)
-{
-    std::vector<CATCommandHeader> headers;
-    for (const auto& [name, path] : WorkbenchFiles()) {
-        ReadFile(path, headers, problems);
-    }
-    return headers;
-}
 
 CATCommand* CATCreateCommand(const CATCommandHeader& header, CATUnicodeString& problem)
 {
     const std::string path = LibraryPath(header.library);
     void* library = Load(path, problem);
-    if (library == nullptr || !LoadCompanion(header.companion, problem)) {
+    if (library == nullptr || !CATLoadCompanion(header.companion, problem)) {
         return nullptr;
     }
     const std::string name = "fctCreate" + header.className.ToStdString();

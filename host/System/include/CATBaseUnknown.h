@@ -18,11 +18,23 @@ public:
     /// The name of the object's own class, for diagnostic lines.
     virtual const char* ClassName() const;
 
-    void AddRef() const;
+    void AddRef() const { ++m_references; }
     /// Gives one reference back; the object goes away with its last one.
-    void Release() const;
+    void Release() const
+    {
+        if (--m_references == 0) {
+            OnLastRelease();
+        }
+    }
     /// How many references are held.
-    int ReferenceCount() const;
+    int ReferenceCount() const { return m_references; }
+
+protected:
+    /// What happens when nobody holds the object any more: it is deleted. An object that lives in a
+    /// larger one overrides it and stays; it may be held again.
+    virtual void OnLastRelease() const;
+    /// Makes the object one that nobody holds yet, to be called once by such an object.
+    void BeginUnheld() const { m_references = 0; }
 
 private:
     mutable int m_references = 1;

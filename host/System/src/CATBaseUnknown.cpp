@@ -22,21 +22,9 @@ const char* CATBaseUnknown::ClassName() const
     return "CATBaseUnknown";
 }
 
-void CATBaseUnknown::AddRef() const
+void CATBaseUnknown::OnLastRelease() const
 {
-    ++m_references;
-}
-
-void CATBaseUnknown::Release() const
-{
-    if (--m_references == 0) {
-        delete this;
-    }
-}
-
-int CATBaseUnknown::ReferenceCount() const
-{
-    return m_references;
+    delete this;
 }
 
 void CATRaiseNullHandle()

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "CATMath3x3Matrix.h"
+#include "CATMathPoint.h"
+
+#include <optional>
+
+/// What a program without windows asks of the report services.
+struct CATWBReportConversion
+{
+    enum class Kind
+    {
+        Report,
+        Distributive
+    };
+    enum class Values
+    {
+        Stored, ///< in storage units: they are converted to the current units
+        Current ///< in the current units: they are only shown anew
+    };
+    Kind kind = Kind::Report;
+    Values values = Values::Stored;
+    bool withSymbols = false;
+    int decimals = 0; ///< 0: each unit's own way; negative: its number of decimals held fixed
+    std::optional<CATMath3x3Matrix> axes;
+    std::optional<CATMathPoint> reference; ///< in millimetres
+    bool keepInertiaAtCentre = false;      ///< for `reference`: moves the centres alone
+};

@@ -1,0 +1,3 @@
+#include "CATIXMLDOMDocumentBuilder.h"
+
+#include <gtest/gtest.h>
