@@ -4,9 +4,12 @@
 #include "WBDisplayTexts.h"
 #include "WBExpression.h"
 #include "WBFields.h"
+#include "WBInertia.h"
 #include "WBMessages.h"
 #include "WBNavigatorSettings.h"
 #include "WBNumbers.h"
+#include "WBReportInertia.h"
+#include "WBReportNodes.h"
 #include "WBStorageValues.h"
 
 #include "CATDiagnostics.h"
@@ -128,6 +131,57 @@ void CATWBServices::DisplayMsg(CATDialog* parent, const CATString& name,
 void CATWBServices::GetWarningMsgFromEnovia(CATUnicodeString& message)
 {
     message = PendingServerWarning();
+}
+
+unsigned char CATWBServices::IsNodeOfType(const CATIDOMNode_var& node, const CATUnicodeString& name)
+{
+    return IsElementNamed(node, name) ? 1 : 0;
+}
+
+unsigned char CATWBServices::IsPartInstanceNode(const CATIDOMNode_var& node)
+{
+    return IsNodeOfType(node, kPartInstanceElement);
+}
+
+unsigned char CATWBServices::IsWBSectionNode(const CATIDOMNode_var& node)
+{
+    return IsNodeOfType(node, kSectionElement);
+}
+
+void CATWBServices::CreateHeaderSection(const CATIDOMDocument_var& document)
+{
+    WriteUnitHeader(document);
+}
+
+long CATWBServices::ConvertInertiaMatrix(CATMath3x3Matrix& matrix, double mass,
+                                         const CATMathPoint& first, const CATMathPoint& second,
+                                         unsigned char add)
+{
+    matrix = MovedInertia(matrix, mass, second - first,
+                          add != 0 ? WBInertiaMove::AwayFromCentre : WBInertiaMove::ToCentre);
+    return S_OK;
+}
+
+void CATWBServices::InertiaReferencePointConversion(CATIDOMDocument_var& document,
+                                                    CATMathPoint* referencePoint,
+                                                    CATMath3x3Matrix* axes,
+                                                    unsigned char keepAtCentre)
+{
+    if (document.IsNull() || referencePoint == nullptr) {
+        return;
+    }
+    MoveReportToPoint(document, *referencePoint, axes,
+                      keepAtCentre != 0 ? WBInertiaAbout::CentreOfGravity
+                                        : WBInertiaAbout::ReferencePoint);
+}
+
+void CATWBServices::InertiaDirectionConversion(CATIDOMDocument_var& document,
+                                               CATMath3x3Matrix* axes)
+{
+    if (document.IsNull() || axes == nullptr) {
+        return;
+    }
+    TurnReport(document, *axes);
 }
 
 // NOLINTEND(performance-unnecessary-value-param)

@@ -209,6 +209,7 @@ public:
                                                 CATMath3x3Matrix* axes, unsigned char keepAtCentre);
     /// Writes every centre of gravity G as A G, and every inertia I as (A^-1) I A on part
     /// instances and as (A^T) I A on roots and sections; the same for a rotation. A null document
-    /// or matrix leaves all as it is; where A is singular, so does a part instance's inertia.
+    /// or matrix leaves all as it is. A singular A has no inverse: the inertia attributes of part
+    /// instances are then not touched, and their centres of gravity written as ever.
     static void InertiaDirectionConversion(CATIDOMDocument_var& document, CATMath3x3Matrix* axes);
 };
