@@ -41,6 +41,7 @@ public:
     long SetCurrentUnit(const CATUnicodeString&) override { return S_FALSE; }
     CATICkeUnit_var FindUnit(const CATUnicodeString&) const override { return {}; }
     CATListValCATUnicodeString UnitSymbols() const override { return {}; }
+    long UseUnit(const CATUnicodeString&) override { return S_FALSE; }
 
 private:
     CATICkeUnit_var m_storage;

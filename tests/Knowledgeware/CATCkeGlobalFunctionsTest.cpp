@@ -1,5 +1,6 @@
 #include "CATCkeUnitFiles.h"
 #include "CATDiagnostics.h"
+#include "CATStatus.h"
 #include "UnitsSession.h"
 
 #include <array>
@@ -55,6 +56,125 @@ TEST_F(CATCkeGlobalFunctionsTest, WithoutUnitFilesTheDictionaryIsEmptyAndThatIsR
         {}, [&](const std::string& sentence) { sentences.push_back(sentence); });
     EXPECT_TRUE(dictionary->MagnitudeNames().IsEmpty());
     EXPECT_THAT(sentences, testing::ElementsAre(testing::StartsWith("no magnitude is known")));
+}
+
+/// Unit listeners that write their letter when they are told and then do what the test asks; those
+/// that are left go with it.
+class Listeners
+{
+public:
+    Listeners() = default;
+    Listeners(const Listeners&) = delete;
+    Listeners& operator=(const Listeners&) = delete;
+    ~Listeners()
+    {
+        for (const int number : numbers) {
+            CATCkeGlobalFunctions::RemoveUnitListener(number);
+        }
+    }
+    void Add(
+        char letter, std::function<void()> also = [] {})
+    {
+        numbers.push_back(CATCkeGlobalFunctions::AddUnitListener(
+            [this, letter, also = std::move(also)](const CATICkeMagnitude_var& /*magnitude*/) {
+                // What it holds must stay while it removes itself.
+                also();
+                told += letter;
+            }));
+    }
+    void Remove(std::size_t index) { CATCkeGlobalFunctions::RemoveUnitListener(numbers.at(index)); }
+
+    std::string told;
+    std::vector<int> numbers;
+};
+
+TEST_F(CATCkeGlobalFunctionsTest, UnitListenersAreToldInTheOrderInWhichTheyCame)
+{
+    Listeners listeners;
+    listeners.Add('a');
+    listeners.Add('b');
+    listeners.Add('c');
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+    EXPECT_EQ(listeners.told, "abc");
+    EXPECT_GT(listeners.numbers[0], 0);
+    EXPECT_NE(listeners.numbers[0], listeners.numbers[1]);
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, ARemovedUnitListenerHearsNoMoreAndItsNumberIsNotUsedAgain)
+{
+    Listeners listeners;
+    listeners.Add('a');
+    listeners.Add('b');
+    listeners.Remove(1);
+    listeners.Add('c');
+    listeners.Remove(1);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+    EXPECT_EQ(listeners.told, "ac");
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, ANumberThatMeansNoUnitListenerDoesNothing)
+{
+    Listeners listeners;
+    listeners.Add('a');
+    CATCkeGlobalFunctions::RemoveUnitListener(0);
+    CATCkeGlobalFunctions::RemoveUnitListener(-1);
+    CATCkeGlobalFunctions::RemoveUnitListener(listeners.numbers[0] + 1);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+    EXPECT_EQ(listeners.told, "a");
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, AnEmptyFunctionIsNoUnitListener)
+{
+    EXPECT_EQ(CATCkeGlobalFunctions::AddUnitListener({}), 0);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, UnitListenersRemoveThemselvesAndOthersWhileTheyAreTold)
+{
+    Listeners listeners;
+    listeners.Add('a', [&] { listeners.Remove(0); });
+    listeners.Add('b', [&] { listeners.Remove(2); });
+    listeners.Add('c');
+    listeners.Add('d');
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+    EXPECT_EQ(listeners.told, "abd");
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("kg"), S_OK);
+    EXPECT_EQ(listeners.told, "abdbd");
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, AUnitListenerAddedWhileOthersAreToldHearsOfTheNextChange)
+{
+    Listeners listeners;
+    listeners.Add('a', [&, isFirst = true]() mutable {
+        if (isFirst) {
+            listeners.Add('n');
+        }
+        isFirst = false;
+    });
+    listeners.Add('b');
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+    EXPECT_EQ(listeners.told, "ab");
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("kg"), S_OK);
+    EXPECT_EQ(listeners.told, "ababn");
+}
+
+// a answers the first change with a choice of its own: b hears of that one first, then of the
+// first, and finds the last choice both times.
+TEST_F(CATCkeGlobalFunctionsTest, AUnitListenerMayChangeAUnitItself)
+{
+    std::vector<std::string> heard;
+    const int first = CATCkeGlobalFunctions::AddUnitListener(
+        [](const CATICkeMagnitude_var& magnitude) { magnitude->SetCurrentUnit("t"); });
+    const int second =
+        CATCkeGlobalFunctions::AddUnitListener([&](const CATICkeMagnitude_var& magnitude) {
+            heard.push_back(magnitude->CurrentUnit()->Symbol().ToStdString());
+        });
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("lb"), S_OK);
+    CATCkeGlobalFunctions::RemoveUnitListener(first);
+    CATCkeGlobalFunctions::RemoveUnitListener(second);
+    EXPECT_THAT(heard, testing::ElementsAre("t", "t"));
+    StartAgain();
+    EXPECT_EQ(Current("MASS"), "t");
 }
 
 TEST_F(CATCkeGlobalFunctionsTest, AUserAddsUnitsToKnownMagnitudes)

@@ -21,6 +21,26 @@ protected:
     }
 };
 
+/// Listens while it lives, and keeps each change as "MAGNITUDE unit".
+class Heard
+{
+public:
+    Heard()
+        : m_number(CATCkeGlobalFunctions::AddUnitListener([this](const CATICkeMagnitude_var& of) {
+              changes.push_back(of->Name().ToStdString() + " " +
+                                of->CurrentUnit()->Symbol().ToStdString());
+          }))
+    {}
+    Heard(const Heard&) = delete;
+    Heard& operator=(const Heard&) = delete;
+    ~Heard() { CATCkeGlobalFunctions::RemoveUnitListener(m_number); }
+
+    std::vector<std::string> changes;
+
+private:
+    int m_number;
+};
+
 struct ShippedMagnitude
 {
     const char* name;
@@ -152,6 +172,89 @@ TEST_F(CATICkeMagnitudeTest, ASettingsFileThatCannotBeWrittenFails)
     WriteFile(m_settings, "a file where the directory was");
     EXPECT_EQ(mass->SetCurrentUnit("lb"), E_FAIL);
     EXPECT_EQ(Current("MASS"), "lb");
+}
+
+TEST_F(CATICkeMagnitudeTest, AUnitThatIsOnlyUsedEndsWithTheSession)
+{
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("Pound"), S_OK);
+    EXPECT_EQ(Current("MASS"), "lb");
+    EXPECT_FALSE(std::filesystem::exists(m_settings / "Units.CATSettings"));
+    StartAgain();
+    EXPECT_EQ(Current("MASS"), "kg");
+}
+
+TEST_F(CATICkeMagnitudeTest, AUsedUnitLeavesTheChosenOneInTheSettings)
+{
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("lb"), S_OK);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("t"), S_OK);
+    EXPECT_EQ(Magnitude("LENGTH")->SetCurrentUnit("in"), S_OK);
+    StartAgain();
+    EXPECT_EQ(Current("MASS"), "lb");
+}
+
+TEST_F(CATICkeMagnitudeTest, UsingTheCurrentOrAnUnknownUnitChangesNothing)
+{
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("kg"), S_FALSE);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("mm"), E_INVALIDARG);
+    EXPECT_EQ(Current("MASS"), "kg");
+}
+
+TEST_F(CATICkeMagnitudeTest, EveryChangeOfACurrentUnitIsTold)
+{
+    const Heard heard;
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("pounds"), S_OK);
+    EXPECT_EQ(Magnitude("LENGTH")->UseUnit("in"), S_OK);
+    EXPECT_THAT(heard.changes, testing::ElementsAre("MASS lb", "LENGTH in"));
+}
+
+TEST_F(CATICkeMagnitudeTest, WhatChangesNoUnitIsNotTold)
+{
+    const Heard heard;
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("kg"), S_FALSE);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("kg"), S_FALSE);
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("mm"), E_INVALIDARG);
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("mm"), E_INVALIDARG);
+    EXPECT_THAT(heard.changes, testing::IsEmpty());
+}
+
+TEST_F(CATICkeMagnitudeTest, AChoiceThatCannotBeKeptIsToldAsWell)
+{
+    m_environment.erase("CATUserSettingPath");
+    StartAgain();
+    const Heard heard;
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("lb"), E_FAIL);
+    EXPECT_THAT(heard.changes, testing::ElementsAre("MASS lb"));
+}
+
+TEST_F(CATICkeMagnitudeTest, UnitsThatFilesAndSettingsMakeCurrentAreNotTold)
+{
+    WriteSettings("MASS = \"lb\"\n");
+    WriteFile(m_settings / "units.toml", "[[magnitude]]\nname = \"LENGTH\"\ndefault = \"in\"\n");
+    StartAgain();
+    const Heard heard;
+    EXPECT_EQ(Current("MASS"), "lb");
+    EXPECT_EQ(Current("LENGTH"), "in");
+    EXPECT_THAT(heard.changes, testing::IsEmpty());
+}
+
+TEST_F(CATICkeMagnitudeTest, WhoIsToldFindsTheChoiceKept)
+{
+    CATUnicodeString kept;
+    const int number = CATCkeGlobalFunctions::AddUnitListener([&](const CATICkeMagnitude_var& of) {
+        EXPECT_EQ(CATSettingRepository::GetRepository("Units")->ReadSetting(of->Name(), kept),
+                  S_OK);
+    });
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("lb"), S_OK);
+    CATCkeGlobalFunctions::RemoveUnitListener(number);
+    EXPECT_EQ(kept, CATUnicodeString("lb"));
+}
+
+TEST_F(CATICkeMagnitudeTest, ListenersOutliveADictionaryThatIsReadAgain)
+{
+    const Heard heard;
+    StartAgain();
+    EXPECT_EQ(Magnitude("MASS")->UseUnit("lb"), S_OK);
+    EXPECT_THAT(heard.changes, testing::ElementsAre("MASS lb"));
 }
 
 TEST_F(CATICkeMagnitudeTest, AnUnknownUnitInTheSettingsLeavesTheDefaultAndIsReported)

@@ -30,4 +30,16 @@ public:
     /// of a setting that names no unit. Without a listener the sentences go to the diagnostic
     /// errors.
     static void ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener);
+
+    /// Hears of every current unit that changed, after it changed, whoever changed it: once a
+    /// choice, when it is kept in the settings or could not be. Reading the dictionary is no
+    /// change.
+    using UnitListener = std::function<void(const CATICkeMagnitude_var& magnitude)>;
+    /// A number above 0 by which the listener is removed; 0 for an empty function, which is not
+    /// added. Listeners are told in the order in which they came. While it is told, one may change
+    /// units itself, remove itself or others, who then hear no more, and add others, who hear of
+    /// the changes after this one.
+    static int AddUnitListener(UnitListener listener);
+    /// A number that means no listener does nothing.
+    static void RemoveUnitListener(int number);
 };

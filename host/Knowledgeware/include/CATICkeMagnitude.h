@@ -17,7 +17,8 @@ public:
     virtual CATICkeUnit_var StorageUnit() const = 0;
     /// The unit that the user has chosen; null when the magnitude has none.
     virtual CATICkeUnit_var CurrentUnit() const = 0;
-    /// Chooses a unit by its symbol or a name and keeps the choice in the user's settings. S_OK;
+    /// Chooses a unit by its symbol or a name, as a user does: tells the listeners of
+    /// CATCkeGlobalFunctions when it changed, and keeps the choice in the user's settings. S_OK;
     /// S_FALSE when it was chosen already; E_INVALIDARG when the magnitude has no such unit; E_FAIL
     /// when it is chosen for this session but could not be kept, since there is no place for
     /// settings or the file cannot be written.
@@ -27,5 +28,7 @@ public:
     virtual CATICkeUnit_var FindUnit(const CATUnicodeString& symbol) const = 0;
     /// In the order of the unit files.
     virtual CATListValCATUnicodeString UnitSymbols() const = 0;
+    /// As SetCurrentUnit, but for this session alone: the user's settings stay as they are.
+    virtual long UseUnit(const CATUnicodeString& symbol) = 0;
 };
 using CATICkeMagnitude_var = CATHandle<CATICkeMagnitude>;

@@ -1,6 +1,7 @@
 #include "CATCkeGlobalFunctions.h"
 
 #include "CATCkeUnitFiles.h"
+#include "CATCkeUnitListeners.h"
 #include "CATDiagnostics.h"
 
 namespace
@@ -46,4 +47,14 @@ void CATCkeGlobalFunctions::ReportProblemsTo(
     std::function<void(const CATUnicodeString& sentence)> listener)
 {
     Listener() = std::move(listener);
+}
+
+int CATCkeGlobalFunctions::AddUnitListener(UnitListener listener)
+{
+    return CATCkeAddUnitListener(std::move(listener));
+}
+
+void CATCkeGlobalFunctions::RemoveUnitListener(int number)
+{
+    CATCkeRemoveUnitListener(number);
 }

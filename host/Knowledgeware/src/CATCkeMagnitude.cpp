@@ -1,5 +1,6 @@
 #include "CATCkeMagnitude.h"
 
+#include "CATCkeUnitListeners.h"
 #include "CATSettingRepository.h"
 #include "CATStatus.h"
 
@@ -31,22 +32,15 @@ CATICkeUnit_var CATCkeMagnitude::CurrentUnit() const
 
 long CATCkeMagnitude::SetCurrentUnit(const CATUnicodeString& symbol)
 {
-    const Unit_var unit = Find(symbol);
-    if (unit.IsNull()) {
-        return E_INVALIDARG;
+    const long made = MakeCurrent(symbol);
+    if (made != S_OK) {
+        return made;
     }
-    if (unit.Get() == m_current.Get()) {
-        return S_FALSE;
-    }
-    m_current = unit;
-    CATSettingRepository* const settings = CATSettingRepository::GetRepository(kCATCkeUnitSettings);
-    if (settings == nullptr) {
-        return E_FAIL;
-    }
-    settings->WriteSetting(m_name, unit->Symbol());
-    // A later Rollback of the settings must not bring back a unit that is no longer shown.
-    settings->Commit();
-    return settings->SaveRepository() == S_OK ? S_OK : E_FAIL;
+    // Kept before anybody hears of it: a listener that chooses another unit has the last word in
+    // the settings too.
+    const long kept = KeepCurrent();
+    CATCkeTellUnitListeners(this);
+    return kept;
 }
 
 CATICkeUnit_var CATCkeMagnitude::FindUnit(const CATUnicodeString& symbol) const
@@ -88,14 +82,38 @@ CATCkeMagnitude::Added CATCkeMagnitude::AddUnit(const CATCkeUnitDefinition& defi
     return Added::Yes;
 }
 
-bool CATCkeMagnitude::UseUnit(const CATUnicodeString& symbol)
+long CATCkeMagnitude::UseUnit(const CATUnicodeString& symbol)
+{
+    const long made = MakeCurrent(symbol);
+    if (made == S_OK) {
+        CATCkeTellUnitListeners(this);
+    }
+    return made;
+}
+
+long CATCkeMagnitude::MakeCurrent(const CATUnicodeString& symbol)
 {
     const Unit_var unit = Find(symbol);
     if (unit.IsNull()) {
-        return false;
+        return E_INVALIDARG;
+    }
+    if (unit.Get() == m_current.Get()) {
+        return S_FALSE;
     }
     m_current = unit;
-    return true;
+    return S_OK;
+}
+
+long CATCkeMagnitude::KeepCurrent() const
+{
+    CATSettingRepository* const settings = CATSettingRepository::GetRepository(kCATCkeUnitSettings);
+    if (settings == nullptr) {
+        return E_FAIL;
+    }
+    settings->WriteSetting(m_name, m_current->Symbol());
+    // A later Rollback of the settings must not bring back a unit that is no longer shown.
+    settings->Commit();
+    return settings->SaveRepository() == S_OK ? S_OK : E_FAIL;
 }
 
 CATCkeMagnitude::Unit_var CATCkeMagnitude::Find(const CATUnicodeString& symbol) const

@@ -34,6 +34,7 @@ public:
     long SetCurrentUnit(const CATUnicodeString& symbol) override;
     CATICkeUnit_var FindUnit(const CATUnicodeString& symbol) const override;
     CATListValCATUnicodeString UnitSymbols() const override;
+    long UseUnit(const CATUnicodeString& symbol) override;
 
     enum class Added
     {
@@ -46,13 +47,16 @@ public:
     /// it has the storage unit's symbol and is not equal to it. One that is known alike changes
     /// nothing.
     Added AddUnit(const CATCkeUnitDefinition& definition);
-    /// Makes a unit current for this session alone; false when there is no such unit.
-    bool UseUnit(const CATUnicodeString& symbol);
+    /// Makes a unit current and tells nobody, as files and settings do when they are read: S_OK,
+    /// S_FALSE when it was current already, E_INVALIDARG when there is no such unit.
+    long MakeCurrent(const CATUnicodeString& symbol);
     const CATUnicodeString& StorageSymbol() const { return m_storageSymbol; }
 
 private:
     using Unit_var = CATHandle<CATCkeUnit>;
     Unit_var Find(const CATUnicodeString& symbol) const;
+    /// S_OK, or E_FAIL when the user's settings cannot keep the current unit.
+    long KeepCurrent() const;
 
     CATUnicodeString m_name;
     CATUnicodeString m_storageSymbol;

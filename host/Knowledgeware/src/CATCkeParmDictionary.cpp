@@ -44,7 +44,7 @@ void CATCkeParmDictionary::UseSettings(const CATCkeReport& report)
     for (const CATHandle<CATCkeMagnitude>& magnitude : m_magnitudes) {
         CATUnicodeString symbol;
         const long status = settings->ReadSetting(magnitude->Name(), symbol);
-        if (status == S_FALSE || (status == S_OK && magnitude->UseUnit(symbol))) {
+        if (status == S_FALSE || (status == S_OK && magnitude->MakeCurrent(symbol) >= S_OK)) {
             continue;
         }
         const std::string found =

@@ -2,6 +2,7 @@
 
 #include "CATEnvironment.h"
 #include "CATFindPath.h"
+#include "CATStatus.h"
 #include "CATTomlFile.h"
 
 #include <algorithm>
@@ -283,8 +284,9 @@ private:
     void ReadDefault(const CATTomlValue& entry, CATCkeMagnitude& magnitude) const
     {
         const CATTomlValue* const value = entry.Find("default");
-        if (value != nullptr && (value->AsText() == nullptr ||
-                                 !magnitude.UseUnit(CATUnicodeString(*value->AsText())))) {
+        if (value != nullptr &&
+            (value->AsText() == nullptr ||
+             magnitude.MakeCurrent(CATUnicodeString(*value->AsText())) < S_OK)) {
             Report(value->Line(), "default of " + magnitude.Name().ToStdString() +
                                       " is left out: expected the symbol of one of its units");
         }
