@@ -8,16 +8,31 @@
 #include "WBMessages.h"
 #include "WBNavigatorSettings.h"
 #include "WBNumbers.h"
+#include "WBReportAttributes.h"
 #include "WBReportInertia.h"
 #include "WBReportNodes.h"
+#include "WBReportUnits.h"
 #include "WBStorageValues.h"
+#include "WBUnitDisplay.h"
 
 #include "CATDiagnostics.h"
+#include "CATIDOMElement.h"
 #include "CATNumberLocale.h"
 #include "CATWBVPMNavFilterPanel.h"
 
+#include <array>
 #include <optional>
 #include <string_view>
+
+namespace
+{
+
+WBUnitsTask TaskOf(unsigned char convert)
+{
+    return convert != 0 ? WBUnitsTask::Convert : WBUnitsTask::Display;
+}
+
+} // namespace
 
 // The interface takes some texts by value; here they are only read.
 // NOLINTBEGIN(performance-unnecessary-value-param)
@@ -151,6 +166,128 @@ unsigned char CATWBServices::IsWBSectionNode(const CATIDOMNode_var& node)
 void CATWBServices::CreateHeaderSection(const CATIDOMDocument_var& document)
 {
     WriteUnitHeader(document);
+}
+
+CATICkeMagnitude_var CATWBServices::GetMagnitude(const CATUnicodeString& name)
+{
+    return KnownMagnitude(name);
+}
+
+CATUnicodeString CATWBServices::DisplayValue(const CATICkeUnit_var& targetUnit,
+                                             const CATICkeUnit_var& sourceUnit, const double& value,
+                                             const unsigned char& withSymbol, int decimals)
+{
+    WBUnitDisplay display({targetUnit, sourceUnit}, {withSymbol != 0, decimals});
+    return display.Show(value);
+}
+
+unsigned char CATWBServices::SetAttributeValue(CATIDOMNode_var& node, CATUnicodeString attribute,
+                                               const CATICkeUnit_var& targetUnit,
+                                               const CATICkeUnit_var& sourceUnit,
+                                               const unsigned char& withSymbol, int decimals,
+                                               const unsigned char& multiValued)
+{
+    CATIDOMElement* const element = ElementOf(node);
+    if (element == nullptr) {
+        return 0;
+    }
+    const CATDOMName name = element->OwnerDocument()->FindName(attribute.View());
+    WBUnitDisplay display({targetUnit, sourceUnit}, {withSymbol != 0, decimals});
+    const bool isRewritten = multiValued != 0 ? RewriteList(*element, name, display)
+                                              : RewriteValue(*element, name, display);
+    return isRewritten ? 1 : 0;
+}
+
+unsigned char CATWBServices::SetAttributeValue(CATIDOMNode_var& node, CATUnicodeString attribute,
+                                               CATUnicodeString dimensionAttribute,
+                                               const CATICkeUnit_var& volumicTargetUnit,
+                                               const CATICkeUnit_var& volumicSourceUnit,
+                                               const CATICkeUnit_var& surfacicTargetUnit,
+                                               const CATICkeUnit_var& surfacicSourceUnit,
+                                               const unsigned char& withSymbol, int decimals)
+{
+    CATIDOMElement* const element = ElementOf(node);
+    if (element == nullptr) {
+        return 0;
+    }
+    const CATIDOMDocument_var document = element->OwnerDocument();
+    const std::array names{document->FindName(attribute.View()),
+                           document->FindName(dimensionAttribute.View())};
+    const WBShowOptions options{withSymbol != 0, decimals};
+    WBUnitDisplay volumic({volumicTargetUnit, volumicSourceUnit}, options);
+    WBUnitDisplay surfacic({surfacicTargetUnit, surfacicSourceUnit}, options);
+    return RewriteDensities(*element, names, volumic, surfacic, WBMissingDimension::AsBefore) ? 1
+                                                                                              : 0;
+}
+
+void CATWBServices::ManageLengthAttributes(CATIDOMNodeList_var& nodes,
+                                           const CATICkeMagnitude_var& magnitude,
+                                           const unsigned char& convert,
+                                           const unsigned char& withSymbol, int decimals)
+{
+    RewriteValues(nodes, magnitude, kCentreAttributes, TaskOf(convert),
+                  {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageMassAttributes(CATIDOMNodeList_var& nodes,
+                                         const CATICkeMagnitude_var& magnitude,
+                                         const unsigned char& convert,
+                                         const unsigned char& withSymbol, int decimals)
+{
+    RewriteValues(nodes, magnitude, kMassAttributes, TaskOf(convert), {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageInertiaAttributes(CATIDOMNodeList_var& nodes,
+                                            const CATICkeMagnitude_var& magnitude,
+                                            const unsigned char& convert,
+                                            const unsigned char& withSymbol, int decimals)
+{
+    RewriteValues(nodes, magnitude, kInertiaAttributes, TaskOf(convert),
+                  {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageDensityAttributes(CATIDOMNodeList_var& nodes,
+                                            const CATICkeMagnitude_var& volumicMagnitude,
+                                            const CATICkeMagnitude_var& surfacicMagnitude,
+                                            const unsigned char& convert,
+                                            const unsigned char& withSymbol, int decimals)
+{
+    RewriteAllDensities(nodes, volumicMagnitude, surfacicMagnitude, TaskOf(convert),
+                        {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageVolumeAttributes(CATIDOMNodeList_var& nodes,
+                                           const CATICkeMagnitude_var& magnitude,
+                                           const unsigned char& convert,
+                                           const unsigned char& withSymbol, int decimals)
+{
+    RewriteValues(nodes, magnitude, kVolumeAttributes, TaskOf(convert),
+                  {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageUnitsConversion(CATIDOMDocument_var& document,
+                                          const unsigned char& withSymbol, int decimals)
+{
+    ConvertReport(document, {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageUnitsDisplay(CATIDOMDocument_var& document,
+                                       const CATListValCATUnicodeString& magnitudeAttributes,
+                                       const unsigned char& withSymbol, int decimals)
+{
+    DisplayReport(document, magnitudeAttributes, {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageUnitsConversionDistributive(const CATIDOMDocument_var& document,
+                                                      const unsigned char& withSymbol, int decimals)
+{
+    ConvertDistributiveReport(document, {withSymbol != 0, decimals});
+}
+
+void CATWBServices::ManageUnitsDisplayDistributive(CATIDOMDocument_var& document,
+                                                   const unsigned char& withSymbol, int decimals)
+{
+    DisplayDistributiveReport(document, {withSymbol != 0, decimals});
 }
 
 long CATWBServices::ConvertInertiaMatrix(CATMath3x3Matrix& matrix, double mass,
