@@ -2,113 +2,107 @@
 
 #include "WBInertia.h"
 #include "WBNumbers.h"
+#include "WBReportAttributes.h"
 #include "WBReportNodes.h"
 
-#include <string_view>
+#include <array>
+#include <cstddef>
 
 namespace
 {
 
-/// An attribute that holds a number, for a walk over one document: its name is looked up once.
-class NumberAttribute
+constexpr std::array kMassAttribute{"WB_Mass"};
+
+/// Attributes that hold numbers, for a walk over one document: their names are looked up once. A
+/// document where no element has such an attribute does not know its name before the first element
+/// gets it; the later ones then get theirs by the text, since they lack it too.
+template <std::size_t N>
+class NumberAttributes
 {
 public:
-    NumberAttribute(const CATIDOMDocument& document, const char* name)
-        : m_text(name), m_name(document.FindName(name))
-    {}
+    using Numbers = std::array<double, N>;
 
-    /// 0 when the element has no such attribute or its text is no number.
-    double Read(const CATIDOMElement& element) const
+    NumberAttributes(const CATIDOMDocument& document, const std::array<const char*, N>& names)
     {
-        double value = 0.0;
-        const int index = element.FindAttribute(m_name);
-        if (index >= 0) {
-            ReadAnyReal(element.AttributeText(index), value);
+        for (std::size_t position = 0; position < N; ++position) {
+            m_attributes[position] = {names[position], document.FindName(names[position])};
         }
-        return value;
     }
 
-    void Write(CATIDOMElement& element, double value) const
+    /// 0 for an attribute that the element lacks or whose text is no number.
+    Numbers Read(const CATIDOMElement& element) const
     {
-        // Adding zero takes the sign from a negated product that is zero: nobody wants to read
-        // "-0".
-        const CATUnicodeString text = CATUnicodeString::FromReal(value + 0.0, "%g");
-        const int index = element.FindAttribute(m_name);
-        if (index >= 0) {
-            element.RewriteAttribute(index, text.View());
-        } else {
-            element.SetAttribute(m_text, text);
+        Numbers numbers{};
+        for (std::size_t position = 0; position < N; ++position) {
+            const int index = element.FindAttribute(m_attributes[position].name);
+            if (index >= 0) {
+                ReadAnyReal(element.AttributeText(index), numbers[position]);
+            }
+        }
+        return numbers;
+    }
+
+    void Write(CATIDOMElement& element, const Numbers& numbers) const
+    {
+        for (std::size_t position = 0; position < N; ++position) {
+            // Adding zero takes the sign from a negated product that is zero: nobody wants to read
+            // "-0".
+            const CATUnicodeString text = CATUnicodeString::FromReal(numbers[position] + 0.0, "%g");
+            const int index = element.FindAttribute(m_attributes[position].name);
+            if (index >= 0) {
+                element.RewriteAttribute(index, text.View());
+            } else {
+                element.SetAttribute(m_attributes[position].text, text);
+            }
         }
     }
 
 private:
-    CATUnicodeString m_text;
-    CATDOMName m_name;
+    struct Attribute
+    {
+        CATUnicodeString text;
+        CATDOMName name;
+    };
+    std::array<Attribute, N> m_attributes;
 };
 
-/// The attributes of one body, in the order in which they are written. A document that has no such
-/// attribute anywhere does not know its name before the first element gets it; the others then get
-/// theirs by the text, since they lack it too.
+/// What a report says about the bodies of its elements.
 class BodyAttributes
 {
 public:
     explicit BodyAttributes(const CATIDOMDocument& document)
-        : m_xx(document, "MOIxx"),
-          m_yy(document, "MOIyy"),
-          m_zz(document, "MOIzz"),
-          m_xy(document, "POIxy"),
-          m_xz(document, "POIxz"),
-          m_yz(document, "POIyz"),
-          m_x(document, "COGx"),
-          m_y(document, "COGy"),
-          m_z(document, "COGz"),
-          m_mass(document, "WB_Mass")
+        : m_inertia(document, kInertiaAttributes),
+          m_centre(document, kCentreAttributes),
+          m_mass(document, kMassAttribute)
     {}
 
     CATMath3x3Matrix Inertia(const CATIDOMElement& element) const
     {
-        return InertiaMatrix({.xx = m_xx.Read(element),
-                              .yy = m_yy.Read(element),
-                              .zz = m_zz.Read(element),
-                              .xy = m_xy.Read(element),
-                              .xz = m_xz.Read(element),
-                              .yz = m_yz.Read(element)});
+        const auto [xx, yy, zz, xy, xz, yz] = m_inertia.Read(element);
+        return InertiaMatrix({.xx = xx, .yy = yy, .zz = zz, .xy = xy, .xz = xz, .yz = yz});
     }
     void SetInertia(CATIDOMElement& element, const CATMath3x3Matrix& matrix) const
     {
-        const WBMomentsAndProducts inertia = MomentsAndProducts(matrix);
-        m_xx.Write(element, inertia.xx);
-        m_yy.Write(element, inertia.yy);
-        m_zz.Write(element, inertia.zz);
-        m_xy.Write(element, inertia.xy);
-        m_xz.Write(element, inertia.xz);
-        m_yz.Write(element, inertia.yz);
+        const auto [xx, yy, zz, xy, xz, yz] = MomentsAndProducts(matrix);
+        m_inertia.Write(element, {xx, yy, zz, xy, xz, yz});
     }
 
     CATMathVector Centre(const CATIDOMElement& element) const
     {
-        return {m_x.Read(element), m_y.Read(element), m_z.Read(element)};
+        const auto [x, y, z] = m_centre.Read(element);
+        return {x, y, z};
     }
     void SetCentre(CATIDOMElement& element, const CATMathVector& centre) const
     {
-        m_x.Write(element, centre.GetX());
-        m_y.Write(element, centre.GetY());
-        m_z.Write(element, centre.GetZ());
+        m_centre.Write(element, {centre.GetX(), centre.GetY(), centre.GetZ()});
     }
 
-    double Mass(const CATIDOMElement& element) const { return m_mass.Read(element); }
+    double Mass(const CATIDOMElement& element) const { return m_mass.Read(element)[0]; }
 
 private:
-    NumberAttribute m_xx;
-    NumberAttribute m_yy;
-    NumberAttribute m_zz;
-    NumberAttribute m_xy;
-    NumberAttribute m_xz;
-    NumberAttribute m_yz;
-    NumberAttribute m_x;
-    NumberAttribute m_y;
-    NumberAttribute m_z;
-    NumberAttribute m_mass;
+    NumberAttributes<kInertiaAttributes.size()> m_inertia;
+    NumberAttributes<kCentreAttributes.size()> m_centre;
+    NumberAttributes<kMassAttribute.size()> m_mass;
 };
 
 template <class Rewrite>
