@@ -13,3 +13,5 @@ WB_EXPORT std::string_view CATDecimalSeparator();
 /// "%d" and "%le" on bytes: 1 and the value, or 0 with the value untouched.
 WB_EXPORT int CATReadInt(std::string_view text, int& value);
 WB_EXPORT int CATReadReal(std::string_view text, double& value);
+/// As in a session whose decimal separator is this one.
+WB_EXPORT int CATReadReal(std::string_view text, std::string_view separator, double& value);

@@ -3,10 +3,13 @@
 #include <langinfo.h>
 #include <locale.h>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <system_error>
@@ -128,15 +131,8 @@ bool ConvertCut(const std::string& number, double& value)
     return true;
 }
 
-// Whether the session writes numbers with a point: the first thing every reader asks.
-bool HasPoint()
-{
-    const char* separator = nl_langinfo(RADIXCHAR);
-    return separator[0] == '.' && separator[1] == '\0';
-}
-
-// A number that is not plain, not in range or not written with a point.
-bool ReadOtherMagnitude(std::string_view text, double& value)
+// A number of any kind, the sign already taken.
+bool ReadMagnitude(std::string_view text, std::string_view separator, double& value)
 {
     if (text.empty()) {
         return false;
@@ -144,7 +140,7 @@ bool ReadOtherMagnitude(std::string_view text, double& value)
     if (IsLetter(text.front(), 'i') || IsLetter(text.front(), 'n')) {
         return ReadWord(text, value);
     }
-    const std::string number = CutNumber(text, CATDecimalSeparator());
+    const std::string number = CutNumber(text, separator);
     const std::from_chars_result result =
         std::from_chars(number.data(), number.data() + number.size(), value);
     const bool isHexadecimal = number.size() > 1 && number[1] == 'x';
@@ -154,10 +150,65 @@ bool ReadOtherMagnitude(std::string_view text, double& value)
     return result.ec == std::errc();
 }
 
-// A plain number: decimal digits, the first one no 0 that a hexadecimal one could begin with.
+// A plain number begins with a decimal digit that no hexadecimal one begins with.
 bool IsPlain(std::string_view text)
 {
     return !text.empty() && IsDigit(text.front()) && (text.size() == 1 || !IsLetter(text[1], 'x'));
+}
+
+// A plain number in range whose separator is one byte. What no other separator than the point may
+// cut is read where it stands; else the number is copied, for no conversion takes another one.
+bool ReadPlainMagnitude(std::string_view text, char separator, double& value)
+{
+    constexpr std::size_t kMostBytes = 64;
+    std::array<char, kMostBytes> copy;
+    if (separator != '.') {
+        const auto behind = std::ranges::find_if_not(text, IsDigit);
+        const auto digits = static_cast<std::size_t>(behind - text.begin());
+        if (behind != text.end() && *behind == separator) {
+            if (text.size() > copy.size()) {
+                return false;
+            }
+            std::memcpy(copy.data(), text.data(), text.size());
+            copy[digits] = '.';
+            text = std::string_view(copy.data(), text.size());
+        } else if (behind != text.end() && *behind == '.') {
+            text = text.substr(0, digits);
+        }
+    }
+    return std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc();
+}
+
+int ReadReal(std::string_view text, std::string_view separator, double& value)
+{
+    text = WithoutLeadingSpace(text);
+    if (text.empty()) {
+        return 0;
+    }
+    const bool isNegative = text.front() == '-';
+    if (isNegative || text.front() == '+') {
+        text.remove_prefix(1);
+    }
+    double magnitude = 0.0;
+    const bool isRead = (separator.size() == 1 && IsPlain(text) &&
+                         ReadPlainMagnitude(text, separator.front(), magnitude)) ||
+                        ReadMagnitude(text, separator, magnitude);
+    if (!isRead) {
+        return 0;
+    }
+    value = isNegative ? -magnitude : magnitude;
+    return 1;
+}
+
+// Asked again for every number, since anyone may change the locale.
+std::string_view DecimalSeparator()
+{
+    const char* const separator = nl_langinfo(RADIXCHAR);
+    if (separator[0] == '\0') {
+        return ".";
+    }
+    // Of the one byte that it nearly always is nobody needs to look for the end.
+    return separator[1] == '\0' ? std::string_view(separator, 1) : std::string_view(separator);
 }
 
 } // namespace
@@ -169,8 +220,7 @@ bool CATUseNumberLocale(const char* name)
 
 std::string_view CATDecimalSeparator()
 {
-    const std::string_view separator = nl_langinfo(RADIXCHAR);
-    return separator.empty() ? std::string_view(".") : separator;
+    return DecimalSeparator();
 }
 
 int CATReadInt(std::string_view text, int& value)
@@ -199,26 +249,10 @@ int CATReadInt(std::string_view text, int& value)
 
 int CATReadReal(std::string_view text, double& value)
 {
-    text = WithoutLeadingSpace(text);
-    if (text.empty()) {
-        return 0;
-    }
-    const bool isNegative = text.front() == '-';
-    if (isNegative || text.front() == '+') {
-        text.remove_prefix(1);
-    }
-    double magnitude = 0.0;
-    if (IsPlain(text) && HasPoint()) {
-        const std::from_chars_result result =
-            std::from_chars(text.data(), text.data() + text.size(), magnitude);
-        if (result.ec == std::errc()) {
-            value = isNegative ? -magnitude : magnitude;
-            return 1;
-        }
-    }
-    if (!ReadOtherMagnitude(text, magnitude)) {
-        return 0;
-    }
-    value = isNegative ? -magnitude : magnitude;
-    return 1;
+    return ReadReal(text, DecimalSeparator(), value);
+}
+
+int CATReadReal(std::string_view text, std::string_view separator, double& value)
+{
+    return ReadReal(text, separator, value);
 }

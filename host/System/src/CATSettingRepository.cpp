@@ -2,11 +2,11 @@
 
 #include "CATDiagnostics.h"
 #include "CATEnvironment.h"
+#include "CATFileReplacement.h"
 #include "CATFindPath.h"
 #include "CATStatus.h"
 #include "CATTomlFile.h"
 #include "DirectoryList.h"
-#include "SafeFile.h"
 
 #include <cstring>
 #include <filesystem>
@@ -356,7 +356,7 @@ long CATSettingRepository::SaveRepository()
     if (!MakeDirectory(fs::path(file).parent_path().string())) {
         return E_FAIL;
     }
-    const int failure = WriteFileSafely(file, FileText(m_contents->user));
+    const int failure = CATReplaceFile(file, FileText(m_contents->user));
     if (failure != 0) {
         Report("The settings cannot be saved: " + file + ": " + std::strerror(failure));
         return E_FAIL;
