@@ -22,7 +22,7 @@ struct CATWBReportConversion
     Values values = Values::Stored;
     bool withSymbols = false;
     int decimals = 0; ///< 0: each unit's own way; negative: its number of decimals held fixed
-    std::optional<CATMath3x3Matrix> axes;
-    std::optional<CATMathPoint> reference; ///< in millimetres
-    bool keepInertiaAtCentre = false;      ///< for `reference`: moves the centres alone
+    std::optional<CATMath3x3Matrix> axes = std::nullopt;
+    std::optional<CATMathPoint> reference = std::nullopt; ///< in millimetres
+    bool keepInertiaAtCentre = false; ///< for `reference`: moves the centres alone
 };

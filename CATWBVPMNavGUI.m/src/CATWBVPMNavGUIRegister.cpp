@@ -1,6 +1,7 @@
 #include "CATWBVPMNavGUITable.h"
 #include "WBMainPanel.h"
 #include "WBRecordTables.h"
+#include "WBReportConversion.h"
 #include "WBValueDetails.h"
 
 /// The library's entry: the host calls it once after loading.
@@ -14,5 +15,6 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
     table.describeRecord = [](const CATWBAllDataBuffer& record) {
         return WBDescribeRecord(WBReadPanelRecord(record, WBValueDetails::Ask(record)));
     };
+    table.convertReport = WBConvertReport;
     CATWBVPMNavGUISetTable(table);
 }
