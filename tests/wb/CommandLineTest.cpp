@@ -1,9 +1,7 @@
-#include "TemporaryDirectory.h"
+#include "ProgramRun.h"
 
 #include <gmock/gmock.h>
 
-#include <array>
-#include <cstdio>
 #include <string>
 
 using testing::AllOf;
@@ -15,40 +13,13 @@ using testing::StartsWith;
 namespace
 {
 
-struct Outcome
-{
-    int status = -1;
-    std::string out;
-    std::string err;
-};
-
-/// Runs the program as a user would, in a folder of its own with empty settings.
-class CommandLine : public testing::Test
+class CommandLine : public ProgramRun
 {
 protected:
-    Outcome Run(const std::string& arguments) const
-    {
-        const std::string command =
-            "cd '" + folder.Path() + "' && XDG_CONFIG_HOME='" + folder.At("config") +
-            "' XDG_DATA_HOME='" + folder.At("data-home") + "' " + environment +
-            " '" WB_PROGRAM "' " + arguments + " 2>'" + folder.At("stderr") + "' </dev/null";
-        Outcome outcome;
-        std::FILE* pipe = popen(command.c_str(), "r");
-        std::array<char, 4096> block{};
-        while (const std::size_t count = std::fread(block.data(), 1, block.size(), pipe)) {
-            outcome.out.append(block.data(), count);
-        }
-        outcome.status = WEXITSTATUS(pclose(pipe));
-        outcome.err = folder.Read("stderr");
-        return outcome;
-    }
     void ImportAeroplane() const
     {
         ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into a.db").status, 0);
     }
-
-    TemporaryDirectory folder;
-    std::string environment;
 };
 
 constexpr const char* kSimulated =

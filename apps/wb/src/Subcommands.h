@@ -43,3 +43,19 @@ struct MassTypesOptions
     std::string file; ///< adds or changes those of this file; empty: lists them
 };
 int RunMassTypes(const MassTypesOptions& options);
+
+struct ConvertReportOptions
+{
+    SessionOptions session;           ///< without a database
+    std::string input;                ///< a file; "-": the standard input
+    std::string output;               ///< a file, which may be the input; "-": the standard output
+    std::optional<std::string> units; ///< "MASS=lb,LENGTH=in"; none: the user's
+    std::optional<std::string> decimals;  ///< none: 0
+    std::optional<std::string> reference; ///< "X,Y,Z" in millimetres
+    std::optional<std::string> axes;      ///< nine terms row by row
+    bool display = false;                 ///< the values stand in these units already
+    bool distributive = false;
+    bool symbols = false;
+    bool keepAtCentre = false; ///< for `reference`: moves the centres alone
+};
+int RunConvertReport(const ConvertReportOptions& options);

@@ -8,13 +8,69 @@
 namespace
 {
 
+void AddLog(CLI::App& app, SessionOptions& session)
+{
+    app.add_option("--log", session.logFile, "Write the session's diagnostic lines to this file");
+    app.add_flag("--verbose", session.verbose, "Write them to the standard error too");
+}
+
 void AddSession(CLI::App& app, SessionOptions& session, bool databaseRequired)
 {
     app.add_option("--db", session.database, "Database: one SQLite file")
         ->required(databaseRequired);
     app.add_option("--user", session.user, "Work as this user (default: your login name)");
-    app.add_option("--log", session.logFile, "Write the session's diagnostic lines to this file");
-    app.add_flag("--verbose", session.verbose, "Write them to the standard error too");
+    AddLog(app, session);
+}
+
+constexpr const char* kReportNotes =
+    R"(The report holds what the server sends: lengths in mm, masses in kg, inertias in kg.m2,
+densities in kg/m3 and kg/m2, volumes in m3. Axes come first, then the reference point,
+then units; the first two write six significant digits.
+
+--axes takes every centre of gravity G to A G. It takes an inertia I of a part instance
+to (inverse of A) I A, and one of a root or a section to (transpose of A) I A. For a
+rotation these two are the same: the inertia as seen along the columns of A. Mind that
+the centre is turned by A itself, which is the other way round. A matrix without an
+inverse is refused; one that is no rotation is used, with a warning.
+
+--reference is multiplied by the axes when both are given.
+
+Numbers in options have "." for the decimal mark. A report may have either one; it is
+written with the one of your locale.)";
+
+void AddConvertReport(CLI::App& app, ConvertReportOptions& options)
+{
+    app.add_option("in", options.input, "The report, an XML file; - is the standard input")
+        ->type_name("IN")
+        ->required();
+    app.add_option("out", options.output,
+                   "Where it goes, whole or not at all; may be IN; - is the standard output")
+        ->type_name("OUT")
+        ->required();
+    app.add_option("--units", options.units,
+                   "Units of this run, such as MASS=lb,LENGTH=in\n"
+                   "(default: your current units, which the workbench keeps)")
+        ->type_name("LIST");
+    app.add_flag("--display", options.display,
+                 "The values stand in these units already: show them anew, convert nothing");
+    app.add_flag("--distributive", options.distributive,
+                 "The report is a distributive one: densities and volumes on every element,\n"
+                 "no user-defined properties");
+    app.add_flag("--symbols", options.symbols, "Write each unit behind its value: 12.5kg");
+    app.add_option("--decimals", options.decimals,
+                   "0: the unit's own way, without trailing zeros (default);\n"
+                   "-1: always the unit's number of decimals; 1 to 15: always so many")
+        ->type_name("N");
+    app.add_option("--reference", options.reference,
+                   "In mm: write centres relative to this point, and inertias about it")
+        ->type_name("X,Y,Z");
+    app.add_flag("--keep-cog", options.keepAtCentre,
+                 "With --reference: inertias stay about the centres of gravity");
+    app.add_option("--axes", options.axes,
+                   "A matrix A, nine terms row by row: turn centres and inertias, see below")
+        ->type_name("a11,a12,...,a33");
+    AddLog(app, options.session);
+    app.footer(kReportNotes);
 }
 
 } // namespace
@@ -62,6 +118,11 @@ int main(int argc, char** argv)
         ->check(CLI::IsMember({"positive", "negative"}));
     importApp->add_option("--user", import.user, "Who imports (default: your login name)");
 
+    ConvertReportOptions report;
+    CLI::App* reportApp = app.add_subcommand(
+        "convert-report", "Bring a report's numbers into your units, axes and reference point");
+    AddConvertReport(*reportApp, report);
+
     MassTypesOptions massTypes;
     CLI::App* massTypesApp =
         app.add_subcommand("mass-types", "List the mass types of a database, or add some");
@@ -84,6 +145,9 @@ int main(int argc, char** argv)
         }
         if (*importApp) {
             return RunImport(import);
+        }
+        if (*reportApp) {
+            return RunConvertReport(report);
         }
         return RunMassTypes(massTypes);
     } catch (const std::exception& error) {

@@ -1,0 +1,251 @@
+#include "Subcommands.h"
+
+#include "CATCkeGlobalFunctions.h"
+#include "CATCommandLoader.h"
+#include "CATDiagnostics.h"
+#include "CATIXMLDOMDocumentBuilder.h"
+#include "CATNumberLocale.h"
+#include "CATSettingRepository.h"
+#include "CATWBVPMNavGUITable.h"
+#include "ProgressBar.h"
+#include "ReportArguments.h"
+#include "ReportUnits.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <utility>
+
+namespace
+{
+
+using ConvertFunction = decltype(CATWBVPMNavGUITable::convertReport);
+
+constexpr const char* kStandardStream = "-";
+
+constexpr int kFailed = 1;
+constexpr int kWrongUse = 2;
+
+void Tell(const std::string& sentence)
+{
+    std::fprintf(stderr, "wb: %s\n", sentence.c_str());
+}
+
+void TellUser(const CATUnicodeString& sentence)
+{
+    Tell(sentence.ToStdString());
+}
+
+int Refuse(int status, const std::string& problem)
+{
+    Tell(problem);
+    return status;
+}
+
+/// The services of the module, which the program reaches through the panels' table alone; null,
+/// with a sentence that names what is missing.
+ConvertFunction LoadConversion(std::string& problem)
+{
+    CATUnicodeString reason;
+    if (!CATLoadCompanion("CATWBVPMNavGUI", reason)) {
+        problem = reason.ToStdString();
+        return nullptr;
+    }
+    const CATWBVPMNavGUITable table = CATWBVPMNavGUISetTable({});
+    CATWBVPMNavGUISetTable(table);
+    return table.convertReport;
+}
+
+/// Counts, while it lives, the user-defined properties that the services could not treat. They say
+/// so in the session's log, where a user looks only when told to.
+class UntreatedProperties
+{
+public:
+    UntreatedProperties() : m_before(CATDiagnosticOutput().SetListener({}))
+    {
+        CATDiagnosticOutput().SetListener([this](std::string_view line) { Hear(line); });
+    }
+    ~UntreatedProperties() { CATDiagnosticOutput().SetListener(std::move(m_before)); }
+    UntreatedProperties(const UntreatedProperties&) = delete;
+    UntreatedProperties& operator=(const UntreatedProperties&) = delete;
+
+    int Count() const { return m_count; }
+
+private:
+    void Hear(std::string_view line)
+    {
+        if (line.starts_with("Error encountered: could not find the ")) {
+            ++m_count;
+        }
+        if (m_before) {
+            m_before(line);
+        }
+    }
+
+    CATLineStream::Listener m_before;
+    int m_count = 0;
+};
+
+std::string Counted(int count, const std::string& thing)
+{
+    return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
+}
+
+struct ReportSize
+{
+    int roots = 0;
+    int instances = 0;
+    int sections = 0;
+};
+
+ReportSize SizeOf(const CATIDOMDocument_var& document)
+{
+    return {document->ElementsByTagName("PRC")->Length(),
+            document->ElementsByTagName("PartInstance")->Length(),
+            document->ElementsByTagName("WB_Section")->Length()};
+}
+
+bool WriteToStandardOutput(const CATIXMLDOMDocumentBuilder_var& builder,
+                           const CATIDOMDocument_var& document)
+{
+    const std::string text = builder->WriteText(document);
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
+           std::fflush(stdout) == 0;
+}
+
+/// Reads, converts and writes one report, and shows on the terminal how far it is.
+class Conversion
+{
+public:
+    Conversion(const ConvertReportOptions& options, const CATWBReportConversion& what)
+        : m_options(options),
+          m_what(what),
+          // Diagnostic lines and a bar would write over each other.
+          m_bar(isatty(STDERR_FILENO) != 0 && !options.session.verbose ? stderr : nullptr)
+    {}
+
+    /// False, with a sentence for the user.
+    bool Read(std::string& problem)
+    {
+        const bool isStandard = m_options.input == kStandardStream;
+        ShowProgressAs("reading");
+        CATXMLProblem wrong;
+        // The stream is a file too: it is read piece by piece, as any other.
+        if (m_builder->ParseFile(isStandard ? "/dev/stdin" : m_options.input, m_document, wrong) ==
+            S_OK) {
+            return true;
+        }
+        problem = wrong.sentence.ToStdString();
+        return false;
+    }
+
+    void Convert(ConvertFunction convert)
+    {
+        const std::vector<std::string> warnings = UnitWarnings(m_document, m_what.values);
+        m_bar.Show("converting");
+        const UntreatedProperties untreated;
+        convert(m_document, m_what);
+        m_bar.Clear();
+        for (const std::string& warning : warnings) {
+            Tell(m_options.input + ": " + warning);
+        }
+        if (untreated.Count() > 0) {
+            Tell(m_options.input + ": " + Counted(untreated.Count(), "value") +
+                 " of user-defined properties could not be converted; --verbose says why");
+        }
+    }
+
+    bool Write(std::string& problem)
+    {
+        ShowProgressAs("writing");
+        if (m_options.output == kStandardStream) {
+            problem = "the standard output cannot be written";
+            return WriteToStandardOutput(m_builder, m_document);
+        }
+        CATXMLProblem wrong;
+        const bool isWritten =
+            m_builder->WriteToFile(m_document, m_options.output, {}, {}, wrong) == S_OK;
+        problem = wrong.sentence.ToStdString();
+        return isWritten;
+    }
+
+    void SayWhatWasWritten()
+    {
+        m_bar.Clear();
+        const ReportSize size = SizeOf(m_document);
+        if (size.roots + size.instances + size.sections == 0) {
+            Tell(m_options.input +
+                 ": there is no PRC, PartInstance or WB_Section in it: nothing was converted");
+        }
+        if (m_options.output != kStandardStream) {
+            std::printf("%s: %s, %s, %s\n", m_options.output.c_str(),
+                        Counted(size.roots, "root").c_str(),
+                        Counted(size.instances, "part instance").c_str(),
+                        Counted(size.sections, "section").c_str());
+        }
+    }
+
+private:
+    void ShowProgressAs(const char* stage)
+    {
+        m_bar.Show(stage);
+        m_builder->SetProgress([this, stage](std::uint64_t done, std::uint64_t total) {
+            m_bar.Show(stage, done, total);
+        });
+    }
+
+    const ConvertReportOptions& m_options;
+    const CATWBReportConversion& m_what;
+    CATIXMLDOMDocumentBuilder_var m_builder = CreateCATIXMLDOMDocumentBuilder();
+    CATIDOMDocument_var m_document;
+    ProgressBar m_bar;
+};
+
+/// The whole way from file to file. False, with a sentence, when a file cannot be read or written;
+/// the terminal is free for it then.
+bool ConvertFile(const ConvertReportOptions& options, const CATWBReportConversion& what,
+                 ConvertFunction convert, std::string& problem)
+{
+    Conversion conversion(options, what);
+    if (!conversion.Read(problem)) {
+        return false;
+    }
+    conversion.Convert(convert);
+    if (!conversion.Write(problem)) {
+        return false;
+    }
+    conversion.SayWhatWasWritten();
+    return true;
+}
+
+} // namespace
+
+int RunConvertReport(const ConvertReportOptions& options)
+{
+    std::string problem;
+    const std::optional<CATWBReportConversion> what = ReadReportConversion(options, problem);
+    if (!what) {
+        return Refuse(kWrongUse, problem);
+    }
+    const HostSession session(options.session, {});
+    CATUseNumberLocale(""); // there is no toolkit that does it
+    // The session's log is silent unless asked for; a bad units file must not be.
+    CATCkeGlobalFunctions::ReportProblemsTo(TellUser);
+    CATSettingRepository::ReportProblemsTo(TellUser);
+    if (options.units && !UseReportUnits(*options.units, problem)) {
+        return Refuse(kWrongUse, problem);
+    }
+    problem = ReferenceProblem(*what);
+    if (!problem.empty()) {
+        return Refuse(kWrongUse, problem);
+    }
+    const ConvertFunction convert = LoadConversion(problem);
+    if (convert == nullptr) {
+        return Refuse(kFailed, problem);
+    }
+    const std::string warning = what->axes ? AxesWarning(*what->axes) : std::string();
+    if (!warning.empty()) {
+        Tell(warning);
+    }
+    return ConvertFile(options, *what, convert, problem) ? 0 : Refuse(kFailed, problem);
+}
