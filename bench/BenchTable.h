@@ -3,14 +3,22 @@
 #include <string>
 #include <vector>
 
-/// A line of the table: a benchmark of ours against one in the same run that does the least that
-/// the work needs.
+enum class BenchUnit
+{
+    Milliseconds,
+    MebiBytes
+};
+
+/// A line of the table: a figure of ours against one in the same run that does the least that the
+/// work needs. A figure is the time of a benchmark, by its name, or one of its counters, by
+/// "<benchmark>:<counter>".
 struct BenchLine
 {
     std::string what;
-    std::string ours; ///< name of a benchmark
-    std::string peer; ///< name of a benchmark
-    double goal;      ///< ratio that must not be passed; 0: printed for information
+    std::string ours;
+    std::string peer;
+    double goal = 0.0; ///< ratio that must not be passed; 0: printed for information
+    BenchUnit unit = BenchUnit::Milliseconds; ///< of counters: they hold bytes
 };
 
 /// The table's lines, in the order of registration.

@@ -1,6 +1,6 @@
 #include "BenchTable.h"
+#include "Listening.h"
 
-#include "CATDiagnostics.h"
 #include "CATWBAllDataBuffer.h"
 
 #include <benchmark/benchmark.h>
@@ -95,21 +95,6 @@ void DecodeStream(benchmark::State& state, const CATUnicodeString& stream)
         benchmark::DoNotOptimize(record);
     }
 }
-
-/// Stands while diagnostic lines go somewhere else.
-class Listening
-{
-public:
-    explicit Listening(CATLineStream::Listener listener)
-        : m_before(CATDiagnosticOutput().SetListener(std::move(listener)))
-    {}
-    ~Listening() { CATDiagnosticOutput().SetListener(m_before); }
-    Listening(const Listening&) = delete;
-    Listening& operator=(const Listening&) = delete;
-
-private:
-    CATLineStream::Listener m_before;
-};
 
 void Decode(benchmark::State& state)
 {

@@ -1,3 +1,4 @@
+#include "BenchFolder.h"
 #include "BenchTable.h"
 #include "ProductFile.h"
 
@@ -6,11 +7,8 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace
 {
@@ -18,48 +16,36 @@ namespace
 constexpr int kRows = 100'000;
 constexpr int kParts = 10'000;
 
-/// A folder of this run's own, gone at its end.
-class Folder
+/// The product's file, written at the first call.
+const std::string& Product()
 {
-public:
-    Folder()
-        : m_path(std::filesystem::temp_directory_path() / ("wb_bench." + std::to_string(getpid())))
-    {
-        std::filesystem::create_directories(m_path);
-        WriteProductFile(Product(), kRows, kParts);
-    }
-    ~Folder() { std::filesystem::remove_all(m_path); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    std::string Product() const { return (m_path / "product.csv").string(); }
-    /// A database that is not there yet.
-    std::string NewDatabase() const
-    {
-        const std::string path = (m_path / "bench.db").string();
-        for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-            std::filesystem::remove(path + suffix);
-        }
-        return path;
-    }
+    static const std::string path = [] {
+        const std::string product = BenchFile("product.csv");
+        WriteProductFile(product, kRows, kParts);
+        return product;
+    }();
+    return path;
+}
 
-private:
-    std::filesystem::path m_path;
-};
-
-const Folder& TheFolder()
+/// A database that is not there yet.
+std::string NewDatabase()
 {
-    static const Folder folder;
-    return folder;
+    const std::string path = BenchFile("bench.db");
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        std::filesystem::remove(path + suffix);
+    }
+    return path;
 }
 
 void Import100000(benchmark::State& state)
 {
+    const std::string& product = Product();
     for (auto turn : state) {
         state.PauseTiming();
-        const std::string database = TheFolder().NewDatabase();
+        const std::string database = NewDatabase();
         state.ResumeTiming();
         const wb::Store::Opened opened = wb::Store::OpenOrCreate(database);
-        const wb::ImportFileResult result = wb::ImportFile(*opened.store, TheFolder().Product());
+        const wb::ImportFileResult result = wb::ImportFile(*opened.store, product);
         if (!result.Ok()) {
             state.SkipWithError(result.errors.front().c_str());
         }
@@ -117,11 +103,12 @@ bool InsertRows(const std::string& product, const std::string& database)
 
 void BareInsert100000(benchmark::State& state)
 {
+    const std::string& product = Product();
     for (auto turn : state) {
         state.PauseTiming();
-        const std::string database = TheFolder().NewDatabase();
+        const std::string database = NewDatabase();
         state.ResumeTiming();
-        if (!InsertRows(TheFolder().Product(), database)) {
+        if (!InsertRows(product, database)) {
             state.SkipWithError("the rows were not inserted");
         }
     }
