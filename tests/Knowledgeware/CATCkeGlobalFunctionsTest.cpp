@@ -287,6 +287,54 @@ TEST_F(CATCkeGlobalFunctionsTest, ABrokenFileIsReportedByPlaceAndTheShippedUnits
     EXPECT_THAT(m_reports, testing::ElementsAre(testing::StartsWith(m_userFile.string() + ":2:")));
 }
 
+TEST_F(CATCkeGlobalFunctionsTest, AUserFileThatCannotBeReadIsReported)
+{
+    std::filesystem::create_directories(m_userFile);
+    StartAgain();
+    EXPECT_FALSE(Unit("LENGTH", "in").IsNull());
+    EXPECT_THAT(m_reports, testing::ElementsAre(testing::HasSubstr(m_userFile.string())));
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, EveryBadEntryOfAFileIsReportedAndEveryGoodOneIsRead)
+{
+    WriteUserFile(R"([[magnitude]]
+name = "LENGTH"
+[[magnitude.unit]]
+symbol = "yd"
+factor = "914.4"
+decimals = 4
+[[magnitude.unit]]
+symbol = "mil"
+factor = "1e-3"
+decimals = 1
+[[magnitude.unit]]
+symbol = "NM"
+factor = "1852000"
+decimals = 6
+[[magnitude.unit]]
+symbol = "fathom"
+factor = "1828.8"
+decimals = "2"
+[[magnitude]]
+name = "DOSE"
+[[magnitude]]
+name = "MASS"
+[[magnitude.unit]]
+symbol = "ct"
+factor = "0.0002"
+decimals = 2
+)");
+    EXPECT_FALSE(Unit("LENGTH", "yd").IsNull());
+    EXPECT_TRUE(Unit("LENGTH", "mil").IsNull());
+    EXPECT_FALSE(Unit("LENGTH", "NM").IsNull());
+    EXPECT_TRUE(Unit("LENGTH", "fathom").IsNull());
+    EXPECT_FALSE(Unit("MASS", "ct").IsNull());
+    EXPECT_THAT(m_reports, testing::ElementsAre(
+                               testing::StartsWith(m_userFile.string() + ":9: unit \"mil\""),
+                               testing::StartsWith(m_userFile.string() + ":18: unit \"fathom\""),
+                               testing::StartsWith(m_userFile.string() + ":19: magnitude DOSE")));
+}
+
 TEST_F(CATCkeGlobalFunctionsTest, WithoutAListenerProblemsGoToTheDiagnosticErrors)
 {
     std::vector<std::string> lines;

@@ -1,6 +1,7 @@
 #include "CATCkeUnit.h"
 #include "UnitsSession.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <rapidcheck/gtest.h>
 #include <set>
+#include <udunits2.h>
 
 namespace
 {
@@ -191,6 +193,98 @@ TEST_F(CATICkeUnitTest, EveryShippedFactorAgreesWithGnuUnits)
                 1e-12);
     EXPECT_NEAR(Unit("TEMPERATURE", "degF")->ToStorage(-40.0), SecondOpinion("tempF(-40)", "K"),
                 1e-12);
+}
+
+/// Units of the second opinion that the third one has under a name of its own and rounded to seven
+/// digits; it can be asked for what they are made of.
+struct OtherWord
+{
+    std::string_view gnu;
+    const char* udunits;
+};
+constexpr std::array kOtherWords{OtherWord{"oz", "lb/16"}, OtherWord{"usgallon", "231 in^3"}};
+
+/// Units that the third opinion rounds: it has slug as 14.59390 kg and horsepower as 745.6999 W,
+/// and what is made of them.
+struct RoundedThere
+{
+    std::string_view word;
+    double agreement;
+};
+constexpr std::array kRoundedThere{RoundedThere{"slug", 2.1e-7}, RoundedThere{"horsepower", 4e-8}};
+
+/// What libudunits2 says.
+class ThirdOpinion
+{
+public:
+    ThirdOpinion()
+    {
+        ut_set_error_message_handler(ut_ignore);
+        m_system.reset(ut_read_xml(nullptr));
+    }
+    /// So much of `from` in `to`; no number when one of them is unknown.
+    double Of(double value, const std::string& from, const std::string& to) const
+    {
+        const Unit first = Parse(from);
+        const Unit second = Parse(to);
+        if (first == nullptr || second == nullptr) {
+            return std::numeric_limits<double>::quiet_NaN();
+        }
+        const std::unique_ptr<cv_converter, Free> converter(
+            ut_get_converter(first.get(), second.get()));
+        return converter == nullptr ? std::numeric_limits<double>::quiet_NaN()
+                                    : cv_convert_double(converter.get(), value);
+    }
+
+private:
+    struct Free
+    {
+        void operator()(ut_system* system) const { ut_free_system(system); }
+        void operator()(ut_unit* unit) const { ut_free(unit); }
+        void operator()(cv_converter* converter) const { cv_free(converter); }
+    };
+    using Unit = std::unique_ptr<ut_unit, Free>;
+
+    Unit Parse(const std::string& text) const
+    {
+        return Unit(ut_parse(m_system.get(), text.c_str(), UT_UTF8));
+    }
+
+    std::unique_ptr<ut_system, Free> m_system;
+};
+
+TEST_F(CATICkeUnitTest, EveryShippedFactorAgreesWithUdunits)
+{
+    const ThirdOpinion third;
+    for (const ShippedUnit& row : kShipped) {
+        SCOPED_TRACE(std::string(row.magnitude) + " " + row.symbol);
+        const auto other = std::ranges::find(kOtherWords, row.gnu, &OtherWord::gnu);
+        const char* const word = other == kOtherWords.end() ? row.gnu : other->udunits;
+        const auto rounded = std::ranges::find_if(kRoundedThere, [&row](const RoundedThere& there) {
+            return std::string_view(row.gnu).find(there.word) != std::string_view::npos;
+        });
+        const double agreement = rounded == kRoundedThere.end() ? 1e-12 : rounded->agreement;
+        const double opinion = third.Of(1.0, word, row.storage);
+        // Also false for what it does not know.
+        EXPECT_TRUE(std::fabs(Unit(row.magnitude, row.symbol)->ToStorage(1.0) - opinion) <=
+                    agreement * opinion)
+            << opinion;
+    }
+    EXPECT_NEAR(Unit("TEMPERATURE", "degC")->ToStorage(25.0), third.Of(25.0, "degC", "K"), 1e-12);
+    EXPECT_NEAR(Unit("TEMPERATURE", "degF")->ToStorage(-40.0), third.Of(-40.0, "degF", "K"), 1e-12);
+}
+
+TEST(CATCkeUnit, ConvertsByOneMultiplicationAndThenOneDivision)
+{
+    const CATCkeUnit thirds({"t", {}, {10.0, 3.0}});
+    EXPECT_EQ(thirds.ToStorage(0.7), 0.7 * 10.0 / 3.0);
+    EXPECT_EQ(thirds.FromStorage(0.7), 0.7 * 3.0 / 10.0);
+    const CATCkeUnit tens({"d", {}, {10.0, 1.0}});
+    EXPECT_EQ(tens.ToStorage(0.7), 7.0);
+    EXPECT_EQ(tens.FromStorage(0.7), 0.7 / 10.0);
+    const CATCkeUnit tenths({"c", {}, {1.0, 10.0}, 0.5});
+    EXPECT_EQ(tenths.ToStorage(0.7), (0.7 + 0.5) / 10.0);
+    EXPECT_EQ(tenths.FromStorage(0.7), 0.7 * 10.0 - 0.5);
 }
 
 TEST_F(CATICkeUnitTest, InchAndPoundAreExactToTheLastDigit)

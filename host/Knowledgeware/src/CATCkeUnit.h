@@ -1,16 +1,10 @@
 #pragma once
 
 #include "CATCkeFactor.h"
+#include "CATCkeNumberText.h"
 #include "CATICkeUnit.h"
 
 #include <vector>
-
-/// How a unit shows non-zero values that its decimals are too coarse for.
-enum class CATCkeSmallValues
-{
-    Plain,
-    Exponent
-};
 
 /// What a unit file says of a unit.
 struct CATCkeUnitDefinition
@@ -23,10 +17,6 @@ struct CATCkeUnitDefinition
     CATCkeSmallValues small = CATCkeSmallValues::Plain;
     friend bool operator==(const CATCkeUnitDefinition&, const CATCkeUnitDefinition&) = default;
 };
-
-/// Decimals that a unit may have. With more, a value shown in the unit's own way would not end
-/// where the probe 1.111111111111 ends, by which callers count a unit's decimals.
-constexpr int kCATCkeMostDecimals = 12;
 
 /// False for a symbol that could not be told from the number before it ("e3", ".m", "x"), that a
 /// list of values or a server stream would cut, or that a column header could not hold.
