@@ -225,6 +225,42 @@ TEST_P(InLocale, RealsAreReadAsTheLibraryReadsThem)
                              "-00,5"});
 }
 
+// A number that is not written with a point is read from a copy that has room for 64 bytes.
+TEST_P(InLocale, RealTextsOfAnyLengthAreReadAsTheLibraryReadsThem)
+{
+    std::vector<std::string> texts;
+    for (const std::size_t length : {1, 15, 60, 61, 62, 63, 64, 65, 66, 1000}) {
+        for (const char* separator : {",", "."}) {
+            const std::string decimals = separator + std::string(length, '3');
+            texts.insert(texts.end(),
+                         {"1" + decimals, "-12" + decimals, decimals, "1" + decimals + "e3",
+                          "1" + decimals + "e-7", std::string(length, '9') + separator + "5",
+                          "4" + std::string(separator) + "5" + std::string(length, ';'),
+                          "4" + std::string(separator) + "5" + std::string(length, ',')});
+        }
+    }
+    ExpectRealsAsTheLibrary(texts);
+}
+
+TEST_P(InLocale, RealsAreReadWithTheSeparatorThatIsNamed)
+{
+    double value = 0.0;
+    EXPECT_EQ(CATReadReal(" -12,5kg", ",", value), 1);
+    EXPECT_EQ(value, -12.5);
+    EXPECT_EQ(CATReadReal(" -12.5kg", ".", value), 1);
+    EXPECT_EQ(value, -12.5);
+    EXPECT_EQ(CATReadReal("12.5", ",", value), 1);
+    EXPECT_EQ(value, 12.0);
+    EXPECT_EQ(CATReadReal("12,5", ".", value), 1);
+    EXPECT_EQ(value, 12.0);
+    EXPECT_EQ(CATReadReal(",5e1", ",", value), 1);
+    EXPECT_EQ(value, 5.0);
+    EXPECT_EQ(CATReadReal("0x1,8", ",", value), 1);
+    EXPECT_EQ(value, 1.5);
+    EXPECT_EQ(CATReadReal("kg", ",", value), 0);
+    EXPECT_EQ(value, 1.5);
+}
+
 TEST_P(InLocale, RealTextsOfAnyShapeAreReadAsTheLibraryReadsThem)
 {
     const std::vector<std::string> pieces{"",    " ",    "\t",

@@ -156,8 +156,9 @@ bool IsPlain(std::string_view text)
     return !text.empty() && IsDigit(text.front()) && (text.size() == 1 || !IsLetter(text[1], 'x'));
 }
 
-// A plain number in range whose separator is one byte. What no other separator than the point may
-// cut is read where it stands; else the number is copied, for no conversion takes another one.
+// A plain number in range whose separator is one byte; false also for a text that is too long to be
+// copied. The conversion knows no separator but the point: where the session has another one, a
+// point ends the number, and a number that holds that separator is read from a copy.
 bool ReadPlainMagnitude(std::string_view text, char separator, double& value)
 {
     constexpr std::size_t kMostBytes = 64;
