@@ -109,9 +109,10 @@ template <class Rewrite>
 void ForEachElement(const CATIDOMDocument& document, const char* name, const Rewrite& rewrite)
 {
     const CATIDOMNodeList_var elements = document.ElementsByTagName(name);
-    const int count = elements->Length();
-    for (int index = 0; index < count; ++index) {
-        const CATIDOMNode_var element = elements->Item(index);
+    // Not by its length: the list would walk through the whole document once more to find it.
+    int index = 0;
+    for (CATIDOMNode_var element = elements->Item(index); !element.IsNull();
+         element = elements->Item(++index)) {
         rewrite(*element->AsElement());
     }
 }
