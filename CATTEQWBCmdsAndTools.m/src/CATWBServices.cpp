@@ -178,7 +178,7 @@ CATUnicodeString CATWBServices::DisplayValue(const CATICkeUnit_var& targetUnit,
                                              const unsigned char& withSymbol, int decimals)
 {
     WBUnitDisplay display({targetUnit, sourceUnit}, {withSymbol != 0, decimals});
-    return display.Show(value);
+    return display.Show(value).View();
 }
 
 unsigned char CATWBServices::SetAttributeValue(CATIDOMNode_var& node, CATUnicodeString attribute,

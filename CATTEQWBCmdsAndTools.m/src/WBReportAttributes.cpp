@@ -7,9 +7,9 @@
 namespace
 {
 
-/// Replaces an attribute's text by what `show` makes of it.
+/// Replaces a list by what `show` makes of it.
 template <class Show>
-bool Rewrite(CATIDOMElement& element, CATDOMName name, Show show)
+bool RewriteItems(CATIDOMElement& element, CATDOMName name, Show show)
 {
     const int index = element.FindAttribute(name);
     return index >= 0 &&
@@ -46,27 +46,31 @@ std::vector<CATDOMName> NamesIn(const CATIDOMDocument& document, std::span<const
 
 bool RewriteValue(CATIDOMElement& element, CATDOMName name, WBUnitDisplay& display)
 {
-    return Rewrite(element, name,
-                   [&display](std::string_view text) { return display.ShowNumber(text); });
+    const int index = element.FindAttribute(name);
+    if (index < 0) {
+        return false;
+    }
+    const WBShownValue shown = display.ShowNumber(element.AttributeText(index));
+    return element.RewriteAttribute(index, shown.View()) == S_OK;
 }
 
 bool RewriteList(CATIDOMElement& element, CATDOMName name, WBUnitDisplay& display)
 {
-    return Rewrite(element, name,
-                   [&display](std::string_view text) { return ShownList(text, display); });
+    return RewriteItems(element, name,
+                        [&display](std::string_view text) { return ShownList(text, display); });
 }
 
 bool RewriteBreakdown(CATIDOMElement& element, CATDOMName name, WBUnitDisplay& display)
 {
-    return Rewrite(element, name,
-                   [&display](std::string_view text) { return ShownBreakdown(text, display); });
+    return RewriteItems(
+        element, name, [&display](std::string_view text) { return ShownBreakdown(text, display); });
 }
 
 bool RewriteDensities(CATIDOMElement& element, std::span<const CATDOMName> names,
                       WBUnitDisplay& volumic, WBUnitDisplay& surfacic, WBMissingDimension missing)
 {
     const int dimensions = element.FindAttribute(names[1]);
-    return dimensions >= 0 && Rewrite(element, names[0], [&](std::string_view text) {
+    return dimensions >= 0 && RewriteItems(element, names[0], [&](std::string_view text) {
                return ShownDensities(text, element.AttributeText(dimensions), volumic, surfacic,
                                      missing);
            });

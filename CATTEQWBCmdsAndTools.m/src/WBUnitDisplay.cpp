@@ -54,7 +54,7 @@ std::string ShownItems(std::string_view list, Show show)
     std::string_view item = TakeItem(list);
     while (!item.empty()) {
         shown += between;
-        shown += show(item);
+        shown += show(item).View();
         between = "; ";
         item = TakeItem(list);
     }
@@ -82,34 +82,35 @@ WBUnitDisplay::WBUnitDisplay(WBUnitPair units, WBShowOptions options)
     : m_units(std::move(units)), m_options(options)
 {}
 
-std::string_view WBUnitDisplay::Show(double value)
+WBShownValue WBUnitDisplay::Show(double value)
 {
     if (!m_isPrepared) {
         Prepare();
     }
-    m_shown = m_units.target->Show(m_units.source->ToStorage(value), m_options.decimals);
-    const std::string_view text = m_shown.View();
-    if (m_options.withSymbol) {
-        return text;
+    WBShownValue shown{m_units.target->Show(m_units.source->ToStorage(value), m_options.decimals),
+                       0};
+    shown.length = shown.whole.ByteLength();
+    if (!m_options.withSymbol) {
+        // Nearly always the symbol stands once and at the end.
+        const std::size_t found = shown.whole.View().find(m_symbol.View());
+        if (found + m_symbol.ByteLength() == shown.length) {
+            shown.length = found;
+        } else {
+            RemoveEvery(m_symbol, shown.whole);
+            shown.length = shown.whole.ByteLength();
+        }
     }
-    // Nearly always the symbol stands at the end, once, and is left off where the text stands.
-    const std::string_view symbol = m_symbol.View();
-    const std::size_t found = text.find(symbol);
-    if (found + symbol.size() == text.size()) {
-        return text.substr(0, found);
-    }
-    RemoveEvery(m_symbol, m_shown);
-    return m_shown.View();
+    return shown;
 }
 
-std::string_view WBUnitDisplay::ShowNumber(std::string_view text)
+WBShownValue WBUnitDisplay::ShowNumber(std::string_view text)
 {
     double value = 0.0;
     ReadAnyReal(text, value);
     return Show(value);
 }
 
-std::string_view WBUnitDisplay::ShowSessionNumber(std::string_view text)
+WBShownValue WBUnitDisplay::ShowSessionNumber(std::string_view text)
 {
     double value = 0.0;
     CATReadReal(text, value);
@@ -138,7 +139,7 @@ std::string ShownBreakdown(std::string_view list, WBUnitDisplay& display)
     bool isLast = false;
     while (!isLast) {
         isLast = list.find(';') == std::string_view::npos;
-        shown += display.ShowSessionNumber(TakeItem(list));
+        shown += display.ShowSessionNumber(TakeItem(list)).View();
         if (!isLast) {
             shown += ';';
         }

@@ -39,6 +39,15 @@ struct WBShowOptions
 /// showing one, since the digit before the separator is then all there is to count.
 int DefaultDecimals(const CATICkeUnit& unit);
 
+/// A value as text. It stays where the unit wrote it: a symbol behind it that is not wanted is not
+/// looked at, rather than taken out.
+struct WBShownValue
+{
+    CATUnicodeString whole;
+    std::size_t length; ///< how much of it is wanted, in bytes
+    std::string_view View() const { return whole.View().substr(0, length); }
+};
+
 /// Writes many values of one unit in another. What is the same for all of them, the symbol and the
 /// unit's own number of decimals, is asked at the first value.
 class WBUnitDisplay
@@ -46,13 +55,13 @@ class WBUnitDisplay
 public:
     WBUnitDisplay(WBUnitPair units, WBShowOptions options);
 
-    /// The value as text, valid until the next one. A missing unit raises the null-handle error.
-    std::string_view Show(double value);
+    /// A missing unit raises the null-handle error.
+    WBShownValue Show(double value);
     /// The same of a number's text, with either decimal separator; what is no number counts as 0.
-    std::string_view ShowNumber(std::string_view text);
+    WBShownValue ShowNumber(std::string_view text);
     /// The same of a text that is read as the session writes numbers: "3,5" is 3 where it writes
     /// ".".
-    std::string_view ShowSessionNumber(std::string_view text);
+    WBShownValue ShowSessionNumber(std::string_view text);
 
 private:
     void Prepare();
@@ -60,8 +69,7 @@ private:
     WBUnitPair m_units;
     WBShowOptions m_options;
     bool m_isPrepared = false;
-    CATUnicodeString m_symbol;
-    CATUnicodeString m_shown;
+    CATUnicodeString m_symbol; // where it is not wanted
 };
 
 /// A list of numbers between ";", up to its first empty item, written with "; ".
