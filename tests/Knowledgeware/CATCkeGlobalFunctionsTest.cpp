@@ -5,6 +5,7 @@
 
 #include <array>
 #include <gmock/gmock.h>
+#include <sstream>
 
 namespace
 {
@@ -333,6 +334,47 @@ decimals = 2
                                testing::StartsWith(m_userFile.string() + ":9: unit \"mil\""),
                                testing::StartsWith(m_userFile.string() + ":18: unit \"fathom\""),
                                testing::StartsWith(m_userFile.string() + ":19: magnitude DOSE")));
+}
+
+std::string UnitsPage()
+{
+    std::ifstream file(std::string(WB_SOURCE_DIR) + "/docs/units.md");
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, TheExampleForUsersIsReadWithoutAReport)
+{
+    const std::string page = UnitsPage();
+    const std::string_view fence = "```toml\n";
+    const std::size_t begin = page.find(fence) + fence.size();
+    WriteUserFile(page.substr(begin, page.find("```", begin) - begin));
+    EXPECT_EQ(Current("LENGTH"), "in");
+    EXPECT_EQ(Unit("LENGTH", "yards")->ToStorage(2.0), 1828.8);
+    EXPECT_EQ(Current("LINEAR_MASS"), "g/m");
+    EXPECT_EQ(Unit("LINEAR_MASS", "g/m")->Show(0.25, 0).ToStdString(), "250g/m");
+    EXPECT_EQ(m_reports, std::vector<std::string>());
+}
+
+TEST_F(CATCkeGlobalFunctionsTest, TheListForUsersHasEveryShippedUnit)
+{
+    const std::string page = UnitsPage();
+    const CATListValCATUnicodeString names =
+        CATCkeGlobalFunctions::GetParmDictionary()->MagnitudeNames();
+    for (const CATUnicodeString& name : names.Items()) {
+        const CATICkeMagnitude_var magnitude = Magnitude(name.Text());
+        std::string row = "| " + name.ToStdString() + " | " +
+                          magnitude->StorageUnit()->Symbol().ToStdString() + " | " +
+                          magnitude->CurrentUnit()->Symbol().ToStdString();
+        const char* before = " | ";
+        const CATListValCATUnicodeString symbols = magnitude->UnitSymbols();
+        for (const CATUnicodeString& symbol : symbols.Items()) {
+            row += before + symbol.ToStdString();
+            before = ", ";
+        }
+        EXPECT_NE(page.find(row + " |\n"), std::string::npos) << row;
+    }
 }
 
 TEST_F(CATCkeGlobalFunctionsTest, WithoutAListenerProblemsGoToTheDiagnosticErrors)
