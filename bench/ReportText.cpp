@@ -11,6 +11,9 @@ namespace
 
 constexpr std::size_t kPieceBytes = 65536;
 constexpr int kMostMaterialsOfAnInstance = 3;
+constexpr double kLengthSteps = 1e3;       // to the micrometre
+constexpr double kTypedInertiaSteps = 1e6; // to the square millimetre times a kilogram
+constexpr double kMassSteps = 1e6;         // to the milligram
 
 struct Material
 {
@@ -66,17 +69,17 @@ struct Body
     std::vector<int> materials;
 };
 
-/// A box of some size and mass somewhere in the product, a little turned. Half of the centres were
-/// typed, with three decimals; the others come from a calculation and have all their digits.
+/// A box of some size and mass somewhere in the product, a little turned. Half of the values were
+/// typed, with some decimals; the others come from a calculation and have all their digits.
 Body MakeBody(Chance& chance)
 {
     Body body;
     const bool typed = chance.Below(2) == 0;
     for (double& coordinate : body.centre) {
         coordinate = chance.Between(-25000.0, 25000.0);
-        coordinate = typed ? Rounded(coordinate, 1000.0) : coordinate;
+        coordinate = typed ? Rounded(coordinate, kLengthSteps) : coordinate;
     }
-    body.mass = Rounded(std::pow(10.0, chance.Between(-1.0, 3.0)), 1e6);
+    body.mass = Rounded(std::pow(10.0, chance.Between(-1.0, 3.0)), kMassSteps);
     std::array<double, 3> squares{};
     for (double& square : squares) {
         const double side = chance.Between(0.02, 1.5);
@@ -88,6 +91,12 @@ Body MakeBody(Chance& chance)
     const double least = *std::min_element(body.moments.begin(), body.moments.end());
     for (double& product : body.products) {
         product = least * chance.Between(-0.1, 0.1);
+    }
+    if (typed) {
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            body.moments[axis] = Rounded(body.moments[axis], kTypedInertiaSteps);
+            body.products[axis] = Rounded(body.products[axis], kTypedInertiaSteps);
+        }
     }
     const int count = 1 + chance.Below(kMostMaterialsOfAnInstance);
     for (int index = 0; index < count; ++index) {
@@ -205,7 +214,7 @@ private:
         Attribute("WBActiveMassTypeID", kMassTypes[Pick(kMassTypes.size())]);
         Number("Unit_mass", body.mass);
         Attribute("__magnitude__Unit_mass", "MASS");
-        Number("Harness_length", Rounded(m_chance.Between(0.0, 9000.0), 1000.0));
+        Number("Harness_length", Rounded(m_chance.Between(0.0, 9000.0), kLengthSteps));
         Attribute("__magnitude__Harness_length", "LENGTH");
     }
 
@@ -216,8 +225,8 @@ private:
         Number("COGy", body.centre[1]);
         Number("COGz", body.centre[2]);
         Number("WB_Mass", body.mass);
-        Number("WB_Lower_deviation", Rounded(body.mass * 0.03, 1e6));
-        Number("WB_Upper_deviation", Rounded(body.mass * 0.05, 1e6));
+        Number("WB_Lower_deviation", Rounded(body.mass * 0.03, kMassSteps));
+        Number("WB_Upper_deviation", Rounded(body.mass * 0.05, kMassSteps));
         Number("MOIxx", body.moments[0]);
         Number("MOIyy", body.moments[1]);
         Number("MOIzz", body.moments[2]);
@@ -291,7 +300,7 @@ private:
         Open(element);
         Attribute("InstanceID", owner);
         Attribute("Name", name);
-        Number("Mass", Rounded(m_chance.Between(1.0, 900.0), 1e6));
+        Number("Mass", Rounded(m_chance.Between(1.0, 900.0), kMassSteps));
         Number("Mass_ratio", m_chance.Between(0.0, 100.0));
         if (!path.empty()) {
             Attribute("InstancePath", path);
