@@ -2,12 +2,12 @@
 
 #include "CATCkeGlobalFunctions.h"
 #include "ModuleSession.h"
+#include "PlainDisplay.h"
 #include "ReportDocuments.h"
 
 #include <rapidcheck.h>
 
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <string>
 #include <utility>
@@ -20,53 +20,6 @@ constexpr unsigned char kWithSymbol = 1;
 constexpr unsigned char kWithoutSymbol = 0;
 constexpr unsigned char kOneValue = 0;
 constexpr unsigned char kList = 1;
-
-/// How a unit writes: its own number of decimals, what stands between number and symbol, and which
-/// of the two comes first.
-struct Look
-{
-    int decimals = 3;
-    const char* between = "";
-    bool symbolFirst = false;
-};
-
-/// A unit with a straight conversion that shows values as its look says.
-class LookUnit : public CATICkeUnit
-{
-public:
-    LookUnit(CATUnicodeString symbol, double factor, double offset, Look shown)
-        : look(shown), m_symbol(std::move(symbol)), m_factor(factor), m_offset(offset)
-    {}
-    CATUnicodeString Symbol() const override { return m_symbol; }
-    double ToStorage(double value) const override { return value * m_factor + m_offset; }
-    double FromStorage(double value) const override { return (value - m_offset) / m_factor; }
-    CATUnicodeString Show(double storageValue, int decimals) const override
-    {
-        EXPECT_GE(decimals, 0);
-        char number[512];
-        std::snprintf(number, sizeof(number), "%.*f", decimals > 0 ? decimals : look.decimals,
-                      FromStorage(storageValue));
-        std::string text = number;
-        if (decimals == 0 && text.find_first_of(".,") != std::string::npos) {
-            text.erase(text.find_last_not_of('0') + 1);
-            text.erase(text.find_last_not_of(".,") + 1);
-        }
-        const std::string symbol = m_symbol.ToStdString();
-        return look.symbolFirst ? symbol + look.between + text : text + look.between + symbol;
-    }
-
-    Look look;
-
-private:
-    CATUnicodeString m_symbol;
-    double m_factor;
-    double m_offset;
-};
-
-CATICkeUnit_var Unit(const char* symbol, double factor = 1, double offset = 0, Look look = {})
-{
-    return CATICkeUnit_var::Adopt(new LookUnit(symbol, factor, offset, look));
-}
 
 CATICkeUnit_var SessionUnit(const char* magnitude, const char* symbol)
 {
@@ -84,34 +37,6 @@ std::string Displayed(const CATICkeUnit_var& target, const CATICkeUnit_var& sour
 std::string Shown(const CATICkeUnit_var& unit, double value, unsigned char withSymbol, int decimals)
 {
     return Displayed(unit, unit, value, withSymbol, decimals);
-}
-
-// The display in its plainest form, one step after the other.
-
-std::string Without(std::string text, const std::string& what)
-{
-    std::size_t position = what.empty() ? std::string::npos : text.find(what);
-    while (position != std::string::npos) {
-        text.erase(position, what.size());
-        position = text.find(what, position);
-    }
-    return text;
-}
-
-int PlainDefaultDecimals(const CATICkeUnit_var& unit)
-{
-    std::string text = Without(unit->Show(unit->ToStorage(1.111111111111), 0).ToStdString(),
-                               unit->Symbol().ToStdString());
-    text = Without(text, text.find("1.") != std::string::npos ? "1." : "1,");
-    return CATUnicodeString(text).Length();
-}
-
-std::string PlainDisplay(const CATICkeUnit_var& target, const CATICkeUnit_var& source, double value,
-                         unsigned char withSymbol, int decimals)
-{
-    const int count = decimals < 0 ? PlainDefaultDecimals(target) : decimals;
-    const std::string text = target->Show(source->ToStorage(value), count).ToStdString();
-    return withSymbol != 0 ? text : Without(text, target->Symbol().ToStdString());
 }
 
 // Display of one value
@@ -167,16 +92,24 @@ TEST(DisplayOfAValue, DefaultDecimalsAreCountedInTheUsersLocale)
     EXPECT_EQ(Shown(SessionUnit("MASS", "kg"), 2.5, kWithSymbol, -1), "2,500kg");
 }
 
-TEST(DisplayOfAValue, FollowsTheLocaleAndTheUnitFromOneCallToTheNext)
+TEST(DisplayOfAValue, FollowsTheLocaleFromOneCallToTheNext)
 {
-    const auto unit = CATHandle<LookUnit>::Adopt(new LookUnit("kg", 1, 0, {3}));
+    const CATICkeUnit_var unit = Unit("kg");
     EXPECT_EQ(Shown(unit, 2.5, kWithSymbol, -1), "2.500kg");
     {
         const NumberLocale locale(kCommaLocale);
         EXPECT_EQ(Shown(unit, 2.5, kWithSymbol, -1), "2,500kg");
     }
-    unit->look.decimals = 5;
-    EXPECT_EQ(Shown(unit, 2.5, kWithSymbol, -1), "2.50000kg");
+    EXPECT_EQ(Shown(unit, 2.5, kWithSymbol, -1), "2.500kg");
+}
+
+TEST(DisplayOfAValue, HasTheDecimalsOfItsOwnUnitWhicheverWasShownBefore)
+{
+    const CATICkeUnit_var coarse = Unit("kg");
+    const CATICkeUnit_var fine = Unit("kg", 1, 0, {5});
+    EXPECT_EQ(Shown(coarse, 2.5, kWithSymbol, -1), "2.500kg");
+    EXPECT_EQ(Shown(fine, 2.5, kWithSymbol, -1), "2.50000kg");
+    EXPECT_EQ(Displayed(coarse, fine, 2.5, kWithSymbol, -1), "2.500kg");
 }
 
 TEST(DisplayOfAValue, AnyFlagButZeroKeepsTheSymbol)
@@ -241,33 +174,6 @@ TEST(DisplayOfAValue, SessionUnitsConvertAndHaveTheirDecimals)
 }
 
 // Laws of the display
-
-double AnyValue()
-{
-    // From a thousandth of the smallest decimal up to what fills a line, both signs, zero too.
-    return *rc::gen::inRange(-99999, 100000) * std::pow(10.0, *rc::gen::inRange(-12, 8));
-}
-
-int AnyDecimals()
-{
-    return *rc::gen::inRange(-2, 8);
-}
-
-const char* AnyLocale()
-{
-    return *rc::gen::element(kPointLocale, kCommaLocale);
-}
-
-CATICkeUnit_var AnyLookUnit()
-{
-    const Look look{.decimals = *rc::gen::inRange(0, 10),
-                    .between = *rc::gen::element("", "", " ", "\u00a0"),
-                    .symbolFirst = *rc::gen::inRange(0, 4) == 0};
-    const char* symbol = *rc::gen::element("kg", "mm", "kg.m2", "\u00b5g", "", "in", "\u00b0", "t");
-    const double factor = *rc::gen::element(1.0, 1000.0, 0.001, 25.4, 0.45359237);
-    const double offset = *rc::gen::element(0.0, 0.0, 273.15);
-    return Unit(symbol, factor, offset, look);
-}
 
 /// Two units of one magnitude of the session.
 std::pair<CATICkeUnit_var, CATICkeUnit_var> AnySessionUnits()
@@ -550,11 +456,6 @@ TEST_F(DensityAttribute, NodeWithoutBothAttributesStaysAsItIs)
 }
 
 // Laws of the attributes
-
-std::string Number(double value)
-{
-    return CATUnicodeString::FromReal(value, "%.17g").ToStdString();
-}
 
 template <class Items>
 std::string Joined(const Items& items, const char* between)
