@@ -175,6 +175,22 @@ TEST_F(CATDlgMultiListTest, SelectedRowIsTheOwnersAndStaysSelectedWhileSorting)
     EXPECT_EQ(rows.size(), 1U);
 }
 
+TEST_F(CATDlgMultiListTest, SelectionSurvivesOtherTitlesOfTheSameColumns)
+{
+    Fill({{"wheel", "2kg"}, {"wing", "30kg"}});
+    Show();
+    ClickCell(1, 1);
+    m_list.SetColumnTitles({"Name", "Mass [lb], as the user has it"});
+    Settle();
+    EXPECT_EQ(m_list.SelectedRow(), 2);
+    EXPECT_TRUE(View().selectionModel()->isSelected(View().model()->index(1, 1)));
+    EXPECT_EQ(View().currentIndex(), View().model()->index(1, 1));
+    EXPECT_EQ(View().model()->headerData(1, Qt::Horizontal).toString(),
+              "Mass [lb], as the user has it");
+    EXPECT_GE(View().columnWidth(1),
+              View().fontMetrics().horizontalAdvance("Mass [lb], as the user has it"));
+}
+
 TEST_F(CATDlgMultiListTest, ProgramSelectsARowWithoutTellingAnybody)
 {
     Fill({{"b", "2kg"}, {"c", "3kg"}});

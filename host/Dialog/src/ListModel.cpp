@@ -19,6 +19,13 @@ void ListModel::Expect(bool& what)
 
 void ListModel::SetTitles(const CATListValCATUnicodeString& titles)
 {
+    if (titles.Size() == m_titles.Size() && titles.Size() > 0) {
+        // The same columns under other names (another unit): the user's selection and place stay.
+        m_titles = titles;
+        emit headerDataChanged(Qt::Horizontal, 0, titles.Size() - 1);
+        Expect(m_cellsChanged);
+        return;
+    }
     beginResetModel();
     m_titles = titles;
     endResetModel();
