@@ -9,7 +9,7 @@ class WB_EXPORT CATWBVPMNavUnitsConversion : public CATDlgDialog
 {
 public:
     /// The session's panel, made hidden through the table of the panels library at the first call.
-    /// Null when no panels library is registered.
+    /// Null when no panels library is registered or the session has no main window.
     static CATWBVPMNavUnitsConversion* Instance();
     /// What the panel tells when the current unit of a magnitude of that type has changed, whoever
     /// changed it; the notification's detail is the type. Types: 1 DENSITY and SURFACICMASS, 2

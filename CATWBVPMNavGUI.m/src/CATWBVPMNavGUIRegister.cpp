@@ -2,6 +2,7 @@
 #include "WBMainPanel.h"
 #include "WBRecordTables.h"
 #include "WBReportConversion.h"
+#include "WBUnitsPanel.h"
 #include "WBValueDetails.h"
 
 /// The library's entry: the host calls it once after loading.
@@ -15,6 +16,7 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
     table.describeRecord = [](const CATWBAllDataBuffer& record) {
         return WBDescribeRecord(WBReadPanelRecord(record, WBValueDetails::Ask(record)));
     };
+    table.unitsPanel = &WBUnitsPanel::OfSession;
     table.convertReport = WBConvertReport;
     CATWBVPMNavGUISetTable(table);
 }

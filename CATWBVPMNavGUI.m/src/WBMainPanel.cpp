@@ -1,5 +1,6 @@
 #include "WBMainPanel.h"
 
+#include "WBListTable.h"
 #include "WBValueDetails.h"
 
 #include "CATDlgMultiList.h"
@@ -35,26 +36,12 @@ CATDlgMultiList* AddList(CATDialog* parent, const char* name, int row,
     return list;
 }
 
-// Titles are set each time: they carry the units, which the user may have changed.
-void ShowTable(CATDlgMultiList& list, WBPanelTable table)
-{
-    CATListValCATUnicodeString titles;
-    for (const WBPanelTable::Column& column : table.columns) {
-        titles.Append(column.title);
-    }
-    list.SetColumnTitles(titles);
-    for (int index = 0; index < titles.Size(); ++index) {
-        const WBPanelTable::Column& column = table.columns[static_cast<std::size_t>(index)];
-        list.SetColumnIsNumber(index, column.isNumber);
-        list.SetColumnTooltip(index, column.tooltip);
-    }
-    list.SetRows(std::move(table.rows));
-}
-
 } // namespace
 
 WBMainPanel::WBMainPanel(CATCommand* parent, CATWBAllDataBuffer* record)
-    : CATWBVPMMainPanel(parent), m_record(record)
+    : CATWBVPMMainPanel(parent),
+      m_record(record),
+      m_unitWatch([this](const CATICkeMagnitude_var&) { ShowRecord(WBRewriteTable); })
 {
     SetPreferredSize(kPreferredWidth, kPreferredHeight);
     BuildHeading();
@@ -205,13 +192,24 @@ void WBMainPanel::Fill()
 {
     m_shown = m_record.IsNull() ? WBPanelRecord()
                                 : WBReadPanelRecord(*m_record, WBValueDetails::Ask(*m_record));
+    m_inertiaRow = ActiveRow();
+    ShowRecord(WBShowTable);
+    if (m_inertiaRow > 0) {
+        m_massTypes->SetRowEmphasis(m_inertiaRow, true);
+        m_massTypes->SelectRow(m_inertiaRow);
+    }
+}
+
+void WBMainPanel::ShowRecord(TableWriter write)
+{
     FillHeadingAndSummary();
-    FillMassTypes();
-    FillMaterial();
-    FillDocuments();
-    ShowTable(*m_properties, WBPropertyTable(m_shown));
+    write(*m_massTypes, WBMassTypeTable(m_shown));
+    FillInertia(write);
+    FillMaterial(write);
+    FillDocuments(write);
+    write(*m_properties, WBPropertyTable(m_shown));
     m_placementWords->SetTitle(WBPlacementWords(m_shown.placement));
-    ShowTable(*m_placement, WBPlacementTable(m_shown));
+    write(*m_placement, WBPlacementTable(m_shown));
 }
 
 void WBMainPanel::FillHeadingAndSummary()
@@ -232,23 +230,18 @@ void WBMainPanel::FillHeadingAndSummary()
     m_centre->SetTitle(summary.centre);
 }
 
-void WBMainPanel::FillMassTypes()
+int WBMainPanel::ActiveRow() const
 {
-    ShowTable(*m_massTypes, WBMassTypeTable(m_shown));
     int activeRow = 0;
-    for (int row = 1; row <= m_massTypes->RowCount(); ++row) {
-        if (m_shown.massTypes[static_cast<std::size_t>(row) - 1].name == m_shown.activeMassType) {
-            activeRow = row;
-        }
+    int row = 0;
+    for (const WBPanelMassType& massType : m_shown.massTypes) {
+        ++row;
+        activeRow = massType.name == m_shown.activeMassType ? row : activeRow;
     }
-    if (activeRow > 0) {
-        m_massTypes->SetRowEmphasis(activeRow, true);
-        m_massTypes->SelectRow(activeRow);
-    }
-    ShowInertiaOf(activeRow); // a row that the program selects sends no notification
+    return activeRow;
 }
 
-void WBMainPanel::FillMaterial()
+void WBMainPanel::FillMaterial(TableWriter write)
 {
     const WBMaterialFacts facts = WBReadMaterialFacts(m_shown);
     m_density->SetTitle(facts.density);
@@ -257,10 +250,10 @@ void WBMainPanel::FillMaterial()
     m_partDensity->SetTitle(facts.partDensity);
     m_partMaterial->SetTitle(facts.partMaterial);
     m_priority->SetTitle(facts.priority);
-    ShowTable(*m_materials, WBMaterialTable(m_shown));
+    write(*m_materials, WBMaterialTable(m_shown));
 }
 
-void WBMainPanel::FillDocuments()
+void WBMainPanel::FillDocuments(TableWriter write)
 {
     const WBDocumentFacts facts = WBReadDocumentFacts(m_shown);
     m_activeDocument->SetTitle(facts.active);
@@ -269,14 +262,20 @@ void WBMainPanel::FillDocuments()
     m_oldRevisions->SetTitle(facts.oldRevisions);
     m_specificRevision->SetTitle(facts.specificRevision);
     m_saving->SetTitle(facts.saving);
-    ShowTable(*m_revisions, WBRevisionTable(m_shown));
+    write(*m_revisions, WBRevisionTable(m_shown));
 }
 
 void WBMainPanel::ShowInertiaOf(int row)
 {
-    const auto index = static_cast<std::size_t>(row) - 1;
+    m_inertiaRow = row;
+    FillInertia(WBShowTable);
+}
+
+void WBMainPanel::FillInertia(TableWriter write)
+{
+    const auto index = static_cast<std::size_t>(m_inertiaRow) - 1;
     const WBPanelMassType* massType =
-        row >= 1 && index < m_shown.massTypes.size() ? &m_shown.massTypes[index] : nullptr;
+        m_inertiaRow >= 1 && index < m_shown.massTypes.size() ? &m_shown.massTypes[index] : nullptr;
     m_inertiaHeading->SetTitle(WBInertiaHeading(massType));
-    ShowTable(*m_inertia, WBInertiaTable(massType));
+    write(*m_inertia, WBInertiaTable(massType));
 }

@@ -7,13 +7,14 @@
 #include "CATHandle.h"
 
 #include "WBPanelTexts.h"
+#include "WBUnitWatch.h"
 
 class CATDlgFrame;
 class CATDlgMultiList;
 
 /// The main panel as users see it: who the part is, its active mass and centre of gravity, and
 /// behind tabs everything else that the record knows. It only reads: every text can be selected and
-/// copied, none changed.
+/// copied, none changed. Values stand in the current units, also when these change.
 class WBMainPanel : public CATWBVPMMainPanel
 {
 public:
@@ -36,16 +37,24 @@ private:
     void BuildPosition(CATDlgTabContainer* tabs);
     void BuildCloseButton();
 
+    /// How a table comes into its list: as another one, or as the same rows in other units.
+    using TableWriter = void (*)(CATDlgMultiList& list, const WBPanelTable& table);
+    /// Reads the record and shows it, the active mass type selected.
     void Fill();
+    /// Shows what was read, in the current units.
+    void ShowRecord(TableWriter write);
     void FillHeadingAndSummary();
-    void FillMassTypes();
-    void FillMaterial();
-    void FillDocuments();
+    void FillInertia(TableWriter write);
+    void FillMaterial(TableWriter write);
+    void FillDocuments(TableWriter write);
+    /// The active mass type's row of the table, 0 where it has none.
+    int ActiveRow() const;
     /// The inertia of the mass type in that row of the table; 0: of none.
     void ShowInertiaOf(int row);
 
     CATHandle<CATWBAllDataBuffer> m_record;
     WBPanelRecord m_shown; // what the record said when it was set
+    int m_inertiaRow = 0;  // of the mass type whose inertia is shown
 
     // Controls belong to the controls that they stand in.
     CATDlgLabel* m_name = nullptr;
@@ -80,4 +89,6 @@ private:
     CATDlgLabel* m_placementWords = nullptr;
     CATDlgMultiList* m_placement = nullptr;
     CATDlgPushButton* m_close = nullptr;
+
+    WBUnitWatch m_unitWatch; // last: it goes before what it writes to
 };

@@ -14,18 +14,26 @@ CATICkeUnit_var CurrentUnit(const CATUnicodeString& magnitude)
     return found.IsNull() ? CATICkeUnit_var() : found->CurrentUnit();
 }
 
+CATUnicodeString SymbolOf(const CATICkeUnit_var& unit)
+{
+    return unit.IsNull() ? CATUnicodeString() : unit->Symbol();
+}
+
 } // namespace
 
 CATUnicodeString WBUnitSymbol(const CATUnicodeString& magnitude)
 {
-    const CATICkeUnit_var unit = CurrentUnit(magnitude);
-    return unit.IsNull() ? CATUnicodeString() : unit->Symbol();
+    return SymbolOf(CurrentUnit(magnitude));
 }
 
 CATUnicodeString WBNumberInUnit(const CATUnicodeString& magnitude, double storageValue)
 {
+    return WBNumberInUnit(CurrentUnit(magnitude), storageValue);
+}
+
+CATUnicodeString WBNumberInUnit(const CATICkeUnit_var& unit, double storageValue)
+{
     const double value = storageValue == 0.0 ? 0.0 : storageValue; // never "-0"
-    const CATICkeUnit_var unit = CurrentUnit(magnitude);
     if (unit.IsNull()) {
         return CATUnicodeString::FromReal(value);
     }
@@ -45,8 +53,13 @@ CATUnicodeString WBNumberInUnit(const CATUnicodeString& magnitude, double storag
 
 CATUnicodeString WBValueWithUnit(const CATUnicodeString& magnitude, double storageValue)
 {
-    const CATUnicodeString number = WBNumberInUnit(magnitude, storageValue);
-    const CATUnicodeString symbol = WBUnitSymbol(magnitude);
+    return WBValueWithUnit(CurrentUnit(magnitude), storageValue);
+}
+
+CATUnicodeString WBValueWithUnit(const CATICkeUnit_var& unit, double storageValue)
+{
+    const CATUnicodeString number = WBNumberInUnit(unit, storageValue);
+    const CATUnicodeString symbol = SymbolOf(unit);
     return symbol.IsEmpty() ? number : number + " " + symbol;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CATUnicodeString.h"
+#include "CATICkeUnit.h"
 
 /// Storage values as the user reads them: in the current unit of their magnitude, with the
 /// session's decimal separator. A magnitude that the dictionary lacks shows the value as it is
@@ -15,3 +15,7 @@ CATUnicodeString WBNumberInUnit(const CATUnicodeString& magnitude, double storag
 CATUnicodeString WBValueWithUnit(const CATUnicodeString& magnitude, double storageValue);
 /// "Mass [kg]": a title of a column whose cells hold the number alone.
 CATUnicodeString WBTitleWithUnit(const CATUnicodeString& title, const CATUnicodeString& magnitude);
+
+/// The same in a unit that need not be the current one; no unit shows the value as it is stored.
+CATUnicodeString WBNumberInUnit(const CATICkeUnit_var& unit, double storageValue);
+CATUnicodeString WBValueWithUnit(const CATICkeUnit_var& unit, double storageValue);

@@ -42,10 +42,11 @@ const CATWBRecordTable* Find(const std::vector<CATWBRecordTable>& tables, const 
 
 } // namespace
 
-TEST_F(CATWBVPMNavGUIRegisterTest, OffersAMainPanelAndARecordsTables)
+TEST_F(CATWBVPMNavGUIRegisterTest, OffersBothPanelsAndARecordsTables)
 {
     EXPECT_NE(table.createMainPanel, nullptr);
     EXPECT_NE(table.describeRecord, nullptr);
+    EXPECT_NE(table.unitsPanel, nullptr);
 }
 
 TEST_F(CATWBVPMNavGUIRegisterTest, LeavesFiltersToTheContractsOwnAnswer)

@@ -1,5 +1,6 @@
 #include "WBMainPanel.h"
 
+#include "PanelChecks.h"
 #include "PanelSession.h"
 
 #include "CATDlgMultiList.h"
@@ -61,12 +62,6 @@ protected:
         panel->Widget()->resize(width, height);
         Settle();
     }
-    static void Settle()
-    {
-        for (int round = 0; round < 3; ++round) {
-            CATDlgApplication::ProcessEvents();
-        }
-    }
     template <class T>
     T* Find(const char* name) const
     {
@@ -82,42 +77,8 @@ protected:
         return FindBelow<CATDlgMultiList>(*Find<CATDlgTabPage>(page), name);
     }
     QTabWidget* Tabs() const { return panel->Widget()->findChild<QTabWidget*>(); }
-    static QTableView* View(const CATDlgMultiList& list)
-    {
-        auto* view = qobject_cast<QTableView*>(list.Widget());
-        return view != nullptr ? view : list.Widget()->findChild<QTableView*>();
-    }
-
     WBMainPanel* panel = nullptr;
-
-private:
-    template <class T>
-    static T* FindBelow(const CATCommand& parent, const char* name)
-    {
-        for (int position = 1; position <= parent.ChildCount(); ++position) {
-            CATCommand* child = parent.Child(position);
-            auto* wanted = dynamic_cast<T*>(child);
-            if (wanted != nullptr && child->Name() == name) {
-                return wanted;
-            }
-            if (T* found = FindBelow<T>(*child, name)) {
-                return found;
-            }
-        }
-        return nullptr;
-    }
 };
-
-/// Where the control of that name stands in the area.
-QRect PlaceIn(const QWidget& area, const char* name)
-{
-    const auto* widget = area.findChild<QWidget*>(name);
-    if (widget == nullptr || !widget->isVisible()) {
-        ADD_FAILURE() << "no visible " << name;
-        return {};
-    }
-    return {widget->mapTo(&area, QPoint(0, 0)), widget->size()};
-}
 
 /// The cell of the area's grid in which the control of that name stands.
 QRect CellIn(const QWidget& area, const char* name)
@@ -135,111 +96,6 @@ QRect CellIn(const QWidget& area, const char* name)
     int columns = 0;
     grid->getItemPosition(grid->indexOf(widget), &row, &column, &rows, &columns);
     return grid->cellRect(row, column);
-}
-
-/// What the tooltip at that place of the widget says.
-std::string TooltipAt(QWidget& widget, const QPoint& place)
-{
-    QToolTip::hideText();
-    QHelpEvent help(QEvent::ToolTip, place, widget.mapToGlobal(place));
-    QApplication::sendEvent(&widget, &help);
-    return QToolTip::text().toStdString();
-}
-
-bool Says(const std::string& tooltip, const QString& whole)
-{
-    // Tooltips are made of plain text, in which blanks may be kept as unbreakable ones.
-    const QString plain =
-        QString::fromStdString(tooltip).remove(QChar(0xa0)).remove(QLatin1Char(' '));
-    QString wanted = whole.split(QLatin1Char('\n')).first();
-    wanted.remove(QLatin1Char(' '));
-    return plain.contains(wanted) ||
-           QString::fromStdString(tooltip).toHtmlEscaped().contains(whole.toHtmlEscaped());
-}
-
-/// Every label shows its text whole, or the whole text stands in its tooltip.
-void ExpectNoLabelIsCutInSilence(QWidget& window)
-{
-    for (QLabel* label : window.findChildren<QLabel*>()) {
-        if (!label->isVisible()) {
-            continue;
-        }
-        EXPECT_GE(label->contentsRect().height(), label->fontMetrics().height())
-            << label->objectName().toStdString();
-        int widest = 0;
-        for (const QString& line : label->text().split(QLatin1Char('\n'))) {
-            widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
-        }
-        if (widest > label->contentsRect().width()) {
-            EXPECT_TRUE(Says(TooltipAt(*label, label->rect().center()), label->text()))
-                << label->objectName().toStdString();
-        }
-    }
-}
-
-/// No visible control reaches beyond the window or stands over another one.
-void ExpectNothingLeavesTheWindow(QWidget& window)
-{
-    const QRect room = window.rect();
-    for (QWidget* widget : window.findChildren<QWidget*>()) {
-        if (!widget->isVisible() || widget->isWindow() || widget->objectName().isEmpty() ||
-            widget->objectName().startsWith(QLatin1String("qt_"))) {
-            continue;
-        }
-        const QRect place(widget->mapTo(&window, QPoint(0, 0)), widget->size());
-        EXPECT_TRUE(room.contains(place)) << widget->objectName().toStdString();
-        for (QObject* other : widget->parentWidget()->children()) {
-            const auto* sibling = qobject_cast<QWidget*>(other);
-            if (sibling != nullptr && sibling != widget && sibling->isVisible() &&
-                !sibling->objectName().isEmpty() &&
-                !sibling->objectName().startsWith(QLatin1String("qt_"))) {
-                EXPECT_FALSE(widget->geometry().intersects(sibling->geometry()))
-                    << widget->objectName().toStdString() << " and "
-                    << sibling->objectName().toStdString();
-            }
-        }
-    }
-}
-
-/// A list's titles are whole, numbers stand right, and what is cut in a cell stands in its tooltip.
-void ExpectListIsReadable(QTableView& view)
-{
-    const QAbstractItemModel& model = *view.model();
-    const QFontMetrics metrics = view.fontMetrics();
-    for (int column = 0; column < model.columnCount(); ++column) {
-        const QString title = model.headerData(column, Qt::Horizontal).toString();
-        EXPECT_LE(metrics.horizontalAdvance(title), view.columnWidth(column))
-            << title.toStdString();
-        for (int row = 0; row < std::min(model.rowCount(), 3); ++row) {
-            const QModelIndex cell = model.index(row, column);
-            view.scrollTo(cell);
-            const QString text = cell.data().toString();
-            const QVariant font = cell.data(Qt::FontRole);
-            const int width = (font.isValid() ? QFontMetrics(font.value<QFont>()) : metrics)
-                                  .horizontalAdvance(text);
-            const QRect rect = view.visualRect(cell).intersected(view.viewport()->rect());
-            // Cells have room of 6 pixels at either side.
-            if (width > view.columnWidth(column) - 12 && !rect.isEmpty()) {
-                EXPECT_TRUE(Says(TooltipAt(*view.viewport(), rect.center()), text))
-                    << title.toStdString() << ": " << text.toStdString();
-            }
-        }
-    }
-    view.scrollToTop();
-}
-
-void ExpectEveryColumnIsReachedByKeys(QTableView& view)
-{
-    view.setFocus();
-    view.setCurrentIndex(view.model()->index(0, 0));
-    view.scrollTo(view.currentIndex());
-    for (int column = 0; column < view.model()->columnCount(); ++column) {
-        EXPECT_EQ(view.currentIndex().column(), column);
-        const QRect cell = view.visualRect(view.currentIndex());
-        EXPECT_TRUE(view.viewport()->rect().intersects(cell)) << column;
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
-        QApplication::sendEvent(&view, &press);
-    }
 }
 
 } // namespace
@@ -361,7 +217,7 @@ TEST_F(WBMainPanelTest, ActiveMassTypeIsSelectedBoldAndItsInertiaShown)
     Open(RecordOf(FirewallStream()));
     CATDlgMultiList* list = List("MassTypes");
     EXPECT_EQ(list->SelectedRow(), 3);
-    const QTableView* view = View(*list);
+    const QTableView* view = ViewOf(*list);
     EXPECT_TRUE(view->model()->index(2, 0).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_FALSE(view->model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_EQ(Text("InertiaHeading"), "Inertia of Calculated");
@@ -371,7 +227,7 @@ TEST_F(WBMainPanelTest, ActiveMassTypeIsSelectedBoldAndItsInertiaShown)
 TEST_F(WBMainPanelTest, SelectedMassTypeShowsItsInertia)
 {
     Open(RecordOf(FirewallStream()));
-    QTableView* view = View(*List("MassTypes"));
+    QTableView* view = ViewOf(*List("MassTypes"));
     view->setFocus();
     QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
     QApplication::sendEvent(view, &up);
@@ -422,15 +278,70 @@ TEST_F(WBMainPanelTest, RecordWithoutTheActiveTypeSelectsNoRow)
     EXPECT_EQ(Text("Mass"), "–");
 }
 
-TEST_F(WBMainPanelTest, UnitsAreThoseOfTheNextRecord)
+TEST_F(WBMainPanelTest, ChangedUnitShowsAtOnceInEveryPlace)
 {
-    const RecordHandle record = RecordOf(FirewallStream());
-    Open(record);
+    Open(RecordOf(FirewallStream()));
+    server->calls.clear();
     ShowIn("MASS", "g");
-    panel->SetModel(record.Get());
     EXPECT_EQ(Text("Mass"), "1920 g");
+    EXPECT_EQ(Text("Bounds"), "1862.4 to 2016 g");
     EXPECT_EQ(List("MassTypes")->ColumnTitles()[4], "Mass [g]");
     EXPECT_EQ(List("MassTypes")->Cell(3, 3), "1920");
+    EXPECT_EQ(List("Material")->Cell(1, 1), "1500");
+    EXPECT_EQ(List("Documents")->Cell(1, 1), "2100");
+    ShowIn("LENGTH", "cm");
+    EXPECT_EQ(Text("Centre"), "x 0.2   y 0   z -6 cm");
+    EXPECT_EQ(List("MassTypes")->Cell(8, 3), "-6");
+    EXPECT_EQ(List("Position")->ColumnTitles()[5], "Shift [cm]");
+    EXPECT_EQ(List("Position")->Cell(4, 2), "-2.05");
+    EXPECT_THAT(Text("Words"), testing::EndsWith("Shifted by x 100 cm, y -2.05 cm, z 0 cm."));
+    ShowIn("INERTIAMOMENT", "kg.mm2");
+    EXPECT_EQ(List("MassTypes", "Inertia")->Cell(1, 1), "275557");
+    ShowIn("DENSITY", "g/cm3");
+    EXPECT_EQ(Text("Density"), "7.9 g/cm3");
+    ShowIn("TIME", "min");
+    EXPECT_EQ(List("Properties")->Cell(1, 1), "60");
+    EXPECT_EQ(List("Properties")->Cell(2, 1), "min");
+    EXPECT_THAT(server->calls, testing::IsEmpty()); // what was read once is shown anew
+}
+
+TEST_F(WBMainPanelTest, ChangedUnitLeavesPageSelectionAndSortingToTheUser)
+{
+    Open(RecordOf(FirewallStream()));
+    CATDlgMultiList* list = List("MassTypes");
+    QTableView* view = ViewOf(*list);
+    view->sortByColumn(3, Qt::DescendingOrder); // by mass: Estimated before Calculated
+    Settle();
+    view->setCurrentIndex(view->model()->index(0, 0));
+    ASSERT_EQ(Text("InertiaHeading"), "The inertia of Estimated is not known");
+    Tabs()->setCurrentIndex(1);
+
+    ShowIn("MASS", "g");
+    Settle();
+    EXPECT_EQ(Tabs()->currentIndex(), 1);
+    EXPECT_EQ(view->model()->index(0, 3).data().toString(), "2100");
+    EXPECT_EQ(view->model()->index(1, 3).data().toString(), "1920");
+    EXPECT_EQ(view->currentIndex().row(), 0);
+    EXPECT_TRUE(view->selectionModel()->isSelected(view->currentIndex()));
+    EXPECT_EQ(list->SelectedRow(), 2);
+    EXPECT_EQ(Text("InertiaHeading"), "The inertia of Estimated is not known");
+    EXPECT_TRUE(view->model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
+}
+
+TEST_F(WBMainPanelTest, ClosedPanelIsInTheNewUnitWhenItShowsAgain)
+{
+    Open(RecordOf(FirewallStream()));
+    panel->SetVisibility(false);
+    ShowIn("MASS", "g");
+    panel->SetVisibility(true);
+    EXPECT_EQ(Text("Mass"), "1920 g");
+}
+
+TEST_F(WBMainPanelTest, PanelThatIsGoneHearsOfNoUnit)
+{
+    Open(RecordOf(FirewallStream()));
+    CATSession::Close();
+    ShowIn("MASS", "g"); // touches nothing that is gone: the sanitizers watch
 }
 
 TEST_F(WBMainPanelTest, EmptyRecordShowsDashesAndEmptyLists)
@@ -490,10 +401,10 @@ TEST_F(WBMainPanelTest, ListsTakeTheRoomThatALargeScreenHas)
     for (int page = 0; page < Tabs()->count(); ++page) {
         Tabs()->setCurrentIndex(page);
         Settle();
-        EXPECT_GT(View(*List(pages[page]))->height(), 500) << pages[page];
-        EXPECT_GT(View(*List(pages[page]))->width(), 1800) << pages[page];
+        EXPECT_GT(ViewOf(*List(pages[page]))->height(), 500) << pages[page];
+        EXPECT_GT(ViewOf(*List(pages[page]))->width(), 1800) << pages[page];
     }
-    EXPECT_LT(View(*List("MassTypes", "Inertia"))->height(), 150);
+    EXPECT_LT(ViewOf(*List("MassTypes", "Inertia"))->height(), 150);
 }
 
 TEST_F(WBMainPanelTest, ControlsStandInReadingOrder)
@@ -652,7 +563,7 @@ TEST_F(WBMainPanelTest, EveryFieldIsReadOnlySelectableAndCopyable)
 TEST_F(WBMainPanelTest, NumbersStandAtTheRightUnderTitlesThatDoToo)
 {
     Open(RecordOf(FirewallStream()));
-    const QAbstractItemModel& model = *View(*List("MassTypes"))->model();
+    const QAbstractItemModel& model = *ViewOf(*List("MassTypes"))->model();
     for (int column = 0; column < model.columnCount(); ++column) {
         const bool isNumber = column >= 3 && column <= 14;
         for (const QVariant& alignment :

@@ -65,3 +65,14 @@ TEST_F(WBPanelUnits, UnknownMagnitudeShowsTheStoredValueWithoutASymbol)
     EXPECT_EQ(WBTitleWithUnit("Value", "NO_SUCH_MAGNITUDE"), "Value");
     EXPECT_EQ(WBUnitSymbol("NO_SUCH_MAGNITUDE"), "");
 }
+
+TEST_F(WBPanelUnits, ValueStandsInAnyUnitThatIsGiven)
+{
+    const CATICkeMagnitude_var length =
+        CATCkeGlobalFunctions::GetParmDictionary()->FindMagnitude("LENGTH");
+    ShowIn("LENGTH", "cm");
+    EXPECT_EQ(WBValueWithUnit(length->FindUnit("in"), 63.5), "2.5 in");
+    EXPECT_EQ(WBNumberInUnit(length->FindUnit("in"), 63.5), "2.5");
+    EXPECT_EQ(WBValueWithUnit(length->CurrentUnit(), 63.5), "6.35 cm");
+    EXPECT_EQ(WBValueWithUnit(CATICkeUnit_var(), 63.5), "63.5");
+}
