@@ -3,3 +3,8 @@ start CATTEQWBComputePartCmd
 pick LA1/WNG-000.1/WNG-200R.1/WNG-210.1/WNG-211.1
 resize CATWBVPMMainPanel 1100 640
 shot main_panel.png CATWBVPMMainPanel
+
+menu Tools/Units...
+select CATWBVPMNavUnitsConversion/Preset Inch-pound
+select CATWBVPMNavUnitsConversion/Table Length
+shot units_panel.png CATWBVPMNavUnitsConversion

@@ -80,6 +80,10 @@ TEST(Story, StepsThatCannotBeDoneSayWhy)
     fails("open NONE\n", "There is no product root \"NONE\"");
     fails("workshop Kitchen\n", "there is no workshop \"Kitchen\"");
     fails("start Nothing\n", "There is no command \"Nothing\" in this workshop.");
+    fails("menu Kitchen/Units...\n", "there is no menu \"Kitchen\" with an entry");
+    fails("menu Tools\n", "there is no menu \"Tools\" with an entry");
+    fails("menu Tools/Hammer\n", "the menu has no entry \"Hammer\" that can be chosen");
+    fails("menu \"Weight and balance/Compute\"\n", "the menu has no entry \"Compute\"");
     fails("pick LA1/NOWHERE.1\n", "the tree has no \"LA1/NOWHERE.1\"");
     fails("click Nothing\n", "no open window has a control \"Nothing\"");
     fails("expect Panel/Nothing x\n", "there is no window \"Panel\"");
@@ -90,6 +94,52 @@ TEST(Story, StepsThatCannotBeDoneSayWhy)
     fails("answer Yes\nexpect Prompt \"Choose a command, then pick in the tree\"\n", "expected");
     fails("shot /nowhere/a.png\n", "/nowhere/a.png cannot be written");
     fails("dump /nowhere/a.json\n", "/nowhere/a.json cannot be written");
+}
+
+TEST(Story, SelectsAsTheUserDoes)
+{
+    const TemporaryDirectory folder;
+    const Played played =
+        Play(folder, "menu Tools/Units...\n"
+                     "select Table Length\n"
+                     "select Unit in\n"
+                     "expect-cell Table 2 \"New unit\" in\n"
+                     "sort Table Quantity\n"
+                     "select Table \"Mass per area\"\n"
+                     "expect Quantity \"of the selected quantity: Mass per area\"\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+    const auto fails = [&](const std::string& step, const char* why) {
+        EXPECT_THAT(Play(folder, "menu Tools/Units...\n" + step).err, HasSubstr(why));
+    };
+    fails("select Unit furlong\n", "there is no line \"furlong\"");
+    fails("select Table Furlong\n", "there is no row \"Furlong\"");
+    fails("select CloseButton x\n", "nothing can be selected in this control");
+    fails("select ApplyButton x\n", "the control is hidden or greyed");
+}
+
+TEST(Story, UnitsPanelThatCannotBeLoadedIsNamed)
+{
+    // The same program with one library less. Libraries are looked for beside the file that the
+    // loading library really is.
+    const TemporaryDirectory folder;
+    const std::filesystem::path build =
+        std::filesystem::path(WB_PROGRAM).parent_path().parent_path();
+    std::filesystem::create_directories(folder.At("bin"));
+    std::filesystem::create_directories(folder.At("lib"));
+    std::filesystem::copy_file(WB_PROGRAM, folder.At("bin/wb"));
+    for (const auto& library : std::filesystem::directory_iterator(build / "lib")) {
+        const std::string name = library.path().filename().string();
+        if (name == "libCATCommands.so") {
+            std::filesystem::copy_file(library.path(), folder.At("lib/" + name));
+        } else if (name != "libCATWBVPMNavGUI.so") {
+            std::filesystem::create_symlink(library.path(), folder.At("lib/" + name));
+        }
+    }
+    std::filesystem::create_directory_symlink(build / "resources", folder.At("resources"));
+    folder.Write("a.story", "menu Tools/Units...\nexpect-box libCATWBVPMNavGUI.so\n");
+    const std::string command = "'" + folder.At("bin/wb") + "' workbench --play '" +
+                                folder.At("a.story") + "' 2>'" + folder.At("stderr") + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0) << folder.Read("stderr");
 }
 
 TEST(Story, LeavesTheUsersSettingsAlone)

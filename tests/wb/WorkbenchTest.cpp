@@ -1,10 +1,12 @@
 #include "Workbench.h"
 
+#include "CATCkeGlobalFunctions.h"
 #include "CATDlgApplication.h"
 #include "CATDlgFile.h"
 #include "CATDlgNotify.h"
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATSession.h"
+#include "CATWBVPMNavUnitsConversion.h"
 #include "HostSession.h"
 #include "ProductTreeModel.h"
 #include "ProductTreeView.h"
@@ -191,6 +193,53 @@ TEST_F(Workbench, AboutSaysHowToBegin)
     ASSERT_EQ(m_boxes.size(), 1U);
     EXPECT_THAT(m_boxes.front(), testing::AllOf(testing::StartsWith("About Weight and Balance: "),
                                                 HasSubstr("Press F2"), HasSubstr("F3")));
+}
+
+TEST_F(Workbench, ToolsUnitsShowsTheUnitsPanelInFrontEachTime)
+{
+    QAction& units = Action("Units...");
+    EXPECT_EQ(units.shortcut(), QKeySequence("Ctrl+U"));
+    units.trigger();
+    CATWBVPMNavUnitsConversion* panel = CATWBVPMNavUnitsConversion::Instance();
+    ASSERT_NE(panel, nullptr);
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(panel->Title(), CATUnicodeString("Units"));
+    EXPECT_EQ(panel->Parent(), CATApplicationFrame::GetFrame()->MainWindow());
+    panel->SetVisibility(false);
+    units.trigger();
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(CATWBVPMNavUnitsConversion::Instance(), panel);
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+TEST_F(Workbench, SameProblemOfAFileIsToldOnce)
+{
+    m_folder.Write("settings/units.toml", "this is no table of units");
+    for (int reading = 0; reading < 2; ++reading) {
+        CATCkeGlobalFunctions::SetParmDictionary({});
+        CATCkeGlobalFunctions::GetParmDictionary();
+    }
+    for (int round = 0; round < 3; ++round) {
+        CATDlgApplication::ProcessEvents();
+    }
+    CATCkeGlobalFunctions::SetParmDictionary({});
+    EXPECT_THAT(m_boxes,
+                ElementsAre(testing::AllOf(testing::StartsWith("Something cannot be used: "),
+                                           HasSubstr("settings/units.toml"))));
+}
+
+TEST_F(Workbench, QuitClosesAllWindowsAndAsksWhatBecomesOfPendingUnits)
+{
+    Action("Units...").trigger();
+    CATWBVPMNavUnitsConversion* panel = CATWBVPMNavUnitsConversion::Instance();
+    auto* preset = panel->Widget()->findChild<QComboBox*>("Preset");
+    ASSERT_NE(preset, nullptr);
+    preset->setCurrentIndex(preset->findText("SI"));
+    CATDlgApplication::ProcessEvents();
+    Action("Quit").trigger();
+    EXPECT_FALSE(m_window->isVisible());
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_THAT(m_boxes, ElementsAre(HasSubstr("not applied yet")));
 }
 
 TEST_F(Workbench, QuitClosesTheWindow)

@@ -8,6 +8,7 @@
 #include "CATDlgMultiList.h"
 #include "CATDlgNotify.h"
 #include "CATENOWBCSCommonDefinitions.h"
+#include "CATStatus.h"
 #include "ProductTreeModel.h"
 #include "ProductTreeView.h"
 #include "QtTexts.h"
@@ -15,12 +16,16 @@
 #include "Workbench.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
 #include <QJsonDocument>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
@@ -71,6 +76,47 @@ QPixmap GrabWindows()
         painter.drawPixmap(window->geometry().topLeft() - whole.topLeft(), window->grab());
     }
     return picture;
+}
+
+/// The action of that text, accelerator signs left out; null when there is none.
+QAction* FindAction(const QList<QAction*>& actions, const std::string& text)
+{
+    for (QAction* action : actions) {
+        if (action->text().remove('&').toStdString() == text) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+/// Chooses a line as the user does: who listens to the combo is told.
+std::string SelectLine(CATDlgCombo& combo, const std::string& text)
+{
+    auto* widget = qobject_cast<QComboBox*>(combo.Widget());
+    const int line = widget->findText(QString::fromStdString(text),
+                                      Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    if (line < 0) {
+        return "there is no line \"" + text + "\"";
+    }
+    widget->setCurrentIndex(line);
+    return {};
+}
+
+/// Clicks the first of the rows that are shown whose first cell is `text`.
+std::string ClickRow(CATDlgMultiList& list, const std::string& text)
+{
+    auto* table = qobject_cast<QTableView*>(list.Widget());
+    const QAbstractItemModel& model = *table->model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QModelIndex cell = model.index(row, 0);
+        if (cell.data().toString().toStdString() == text) {
+            table->scrollTo(cell);
+            QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                              table->visualRect(cell).center());
+            return {};
+        }
+    }
+    return "there is no row \"" + text + "\"";
 }
 
 } // namespace
@@ -172,6 +218,7 @@ std::string StoryPlayer::Run(const StoryStep& step)
         {"open", &StoryPlayer::Open},
         {"workshop", &StoryPlayer::Workshop},
         {"start", &StoryPlayer::Start},
+        {"menu", &StoryPlayer::Menu},
         {"pick", &StoryPlayer::Pick},
         {"click", &StoryPlayer::Click},
         {"check", &StoryPlayer::Check},
@@ -217,6 +264,21 @@ std::string StoryPlayer::Start(const Words& words)
 {
     CATUnicodeString problem;
     return m_workbench.StartCommand(words[1], problem) ? std::string() : problem.ToStdString();
+}
+
+std::string StoryPlayer::Menu(const Words& words)
+{
+    const std::size_t slash = words[1].find('/');
+    const QAction* title = FindAction(m_workbench.menuBar()->actions(), words[1].substr(0, slash));
+    if (title == nullptr || slash == std::string::npos) {
+        return "there is no menu \"" + words[1].substr(0, slash) + "\" with an entry";
+    }
+    QAction* entry = FindAction(title->menu()->actions(), words[1].substr(slash + 1));
+    if (entry == nullptr || !entry->isVisible() || !entry->isEnabled()) {
+        return "the menu has no entry \"" + words[1].substr(slash + 1) + "\" that can be chosen";
+    }
+    entry->trigger();
+    return {};
 }
 
 std::string StoryPlayer::Pick(const Words& words)
@@ -311,23 +373,14 @@ std::string StoryPlayer::Select(const Words& words)
     if (control == nullptr) {
         return problem;
     }
+    if (!control->IsVisible() || !control->IsSensitive()) {
+        return "the control is hidden or greyed";
+    }
     if (auto* combo = dynamic_cast<CATDlgCombo*>(control)) {
-        for (int index = 0; index < combo->LineCount(); ++index) {
-            if (combo->Line(index).View() == words[2]) {
-                combo->Select(index);
-                return {};
-            }
-        }
-        return "there is no line \"" + words[2] + "\"";
+        return SelectLine(*combo, words[2]);
     }
     if (auto* list = dynamic_cast<CATDlgMultiList*>(control)) {
-        for (int row = 1; row <= list->RowCount(); ++row) {
-            if (list->Cell(0, row).View() == words[2]) {
-                list->SelectRow(row);
-                return {};
-            }
-        }
-        return "there is no row \"" + words[2] + "\"";
+        return ClickRow(*list, words[2]);
     }
     return "nothing can be selected in this control";
 }
@@ -395,9 +448,11 @@ std::string StoryPlayer::Units(const Words& words)
     if (magnitude.IsNull()) {
         return "there is no magnitude \"" + words[1] + "\"";
     }
-    return magnitude->SetCurrentUnit(words[2]) < 0
-               ? "the magnitude has no unit \"" + words[2] + "\""
-               : std::string();
+    const long status = magnitude->SetCurrentUnit(words[2]);
+    if (status == E_INVALIDARG) {
+        return "the magnitude has no unit \"" + words[2] + "\"";
+    }
+    return status == E_FAIL ? "the unit cannot be kept in the settings" : std::string();
 }
 
 std::string StoryPlayer::Expect(const Words& words)

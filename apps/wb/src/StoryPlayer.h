@@ -47,6 +47,7 @@ private:
     std::string Open(const Words& words);
     std::string Workshop(const Words& words);
     std::string Start(const Words& words);
+    std::string Menu(const Words& words);
     std::string Pick(const Words& words);
     std::string Click(const Words& words);
     std::string Check(const Words& words);

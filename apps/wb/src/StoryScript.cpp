@@ -20,6 +20,7 @@ constexpr std::array kVerbs{
     Verb{"open", 1, 1, "open ROOT|FILE.csv"},
     Verb{"workshop", 1, 1, "workshop NAME"},
     Verb{"start", 1, 1, "start COMMAND"},
+    Verb{"menu", 1, 1, "menu TITLE/ENTRY"},
     Verb{"pick", 1, kAny, "pick PATH [PATH...]"},
     Verb{"click", 1, 1, "click CONTROL"},
     Verb{"check", 2, 2, "check CONTROL on|off"},

@@ -10,6 +10,7 @@
 #include "CATSession.h"
 #include "CATSettingRepository.h"
 #include "CATStateCommand.h"
+#include "CATWBVPMNavUnitsConversion.h"
 #include "FileProducts.h"
 #include "ProductTreeModel.h"
 #include "ProductTreeView.h"
@@ -18,9 +19,11 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPointer>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -36,6 +39,7 @@ constexpr int kErrorStyle = 0x10000000;
 constexpr int kPlainStyle = 0;
 constexpr int kPageMargin = 6;
 
+const CATString kPanelsLibrary = "CATWBVPMNavGUI";
 const CATString kNavigatorWorkbench = "WBNavigatorWorkbench";
 const CATString kStructureWorkbench = "WBStructureWorkbench";
 
@@ -120,9 +124,14 @@ WorkbenchWindow::WorkbenchWindow(const QString& databaseName)
     m_frame->SetWorkshop(CATENOWBCSCommonDefinitions::vpmNavWshp, kNavigatorWorkbench);
     MakeActions();
     MakeCommandActions();
+    MakeToolsAndHelp();
     UpdateCommands();
     CATSession::OnRunningCommandChanged([this](CATCommand*) { UpdateCommands(); });
     TellProblemsOfFiles([this](const CATUnicodeString& sentence) {
+        // A directory that cannot be written is met again with every setting that is changed.
+        if (!m_toldProblems.insert(sentence.ToStdString()).second) {
+            return;
+        }
         // The problem may be met in the middle of building a window: the box comes after that.
         QTimer::singleShot(
             0, this, [this, sentence] { ShowProblem(tr("Something cannot be used"), sentence); });
@@ -154,7 +163,7 @@ void WorkbenchWindow::MakeActions()
         file->addAction(tr("Open &table file..."), this, &WorkbenchWindow::AskForFile);
     openFile->setToolTip(tr("Opens a CSV file as a document on disk, without the database"));
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     auto* workshops = new QActionGroup(this);
@@ -208,10 +217,23 @@ void WorkbenchWindow::MakeCommandActions()
     auto* stop = menu->addAction(tr("&Stop the running command"),
                                  [] { CATSession::CancelRunningCommand(); });
     stop->setShortcut(Qt::Key_Escape);
-    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About"), this, &WorkbenchWindow::ShowAbout);
     for (const std::string& problem : problems) {
         ShowProblem(tr("A workbench file cannot be used"), problem);
     }
+}
+
+void WorkbenchWindow::MakeToolsAndHelp()
+{
+    QAction* units = menuBar()->addMenu(tr("&Tools"))->addAction(tr("&Units..."));
+    units->setShortcut(Qt::CTRL | Qt::Key_U);
+    units->setStatusTip(tr("Chooses the units in which values are shown"));
+    connect(units, &QAction::triggered, this, [this] {
+        CATUnicodeString problem;
+        if (!ShowUnits(problem)) {
+            ShowProblem(tr("The units cannot be shown"), problem);
+        }
+    });
+    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About"), this, &WorkbenchWindow::ShowAbout);
 }
 
 void WorkbenchWindow::UpdateCommands()
@@ -314,6 +336,30 @@ bool WorkbenchWindow::StartCommand(const CATUnicodeString& name, CATUnicodeStrin
     const bool started = command != nullptr && CATSession::Start(command);
     UpdateCommands();
     return started;
+}
+
+bool WorkbenchWindow::ShowUnits(CATUnicodeString& problem)
+{
+    if (!CATLoadCompanion(kPanelsLibrary, problem)) {
+        return false;
+    }
+    CATWBVPMNavUnitsConversion::Instance()->BringToFront();
+    return true;
+}
+
+void WorkbenchWindow::closeEvent(QCloseEvent* event)
+{
+    // One that closes may take others with it.
+    std::vector<QPointer<QWidget>> windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        windows.emplace_back(window);
+    }
+    for (const QPointer<QWidget>& window : windows) {
+        if (window != nullptr && window != this && window->isVisible()) {
+            window->close();
+        }
+    }
+    QMainWindow::closeEvent(event);
 }
 
 ProductTreeView& WorkbenchWindow::CurrentTree() const

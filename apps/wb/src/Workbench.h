@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -46,22 +47,32 @@ public:
     /// Starts the command of that class or title. False, with a sentence, when it is not offered
     /// here or cannot be loaded.
     bool StartCommand(const CATUnicodeString& name, CATUnicodeString& problem);
+    /// Shows the units panel, above the other windows. False, with a sentence, when it cannot be
+    /// loaded.
+    bool ShowUnits(CATUnicodeString& problem);
     /// The tree of the present workshop.
     ProductTreeView& CurrentTree() const;
     /// Tells the user in a box, without waiting.
     void ShowProblem(const QString& title, const CATUnicodeString& problem);
+
+protected:
+    /// Closes the other windows first, while they still stand before the user: one with choices
+    /// that are not applied asks about them.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     class Frame;
 
     void MakeActions();
     void MakeCommandActions();
+    void MakeToolsAndHelp();
     void MakeStatusLine(const QString& databaseName);
     void UpdateCommands();
     void AskForRoot();
     void AskForFile();
     void ShowAbout();
 
+    std::set<std::string> m_toldProblems; // of files: each sentence is told once
     std::vector<CATCommandHeader> m_headers;
     std::vector<QAction*> m_commandActions; // one a header, in its order
     std::unique_ptr<CATApplicationFrame> m_frame;
