@@ -1,8 +1,6 @@
 #include "WBReportAttributes.h"
 
 #include "CATCkeGlobalFunctions.h"
-#include "CATIDOMElement.h"
-#include "CATIDOMNodeList.h"
 
 namespace
 {
@@ -14,18 +12,6 @@ bool RewriteItems(CATIDOMElement& element, CATDOMName name, Show show)
     const int index = element.FindAttribute(name);
     return index >= 0 &&
            element.RewriteAttribute(index, show(element.AttributeText(index))) == S_OK;
-}
-
-template <class Visit>
-void ForEachElement(const CATIDOMNodeList& nodes, Visit visit)
-{
-    const int length = nodes.Length();
-    for (int index = 0; index < length; ++index) {
-        const CATIDOMNode_var node = nodes.Item(index);
-        if (CATIDOMElement* const element = ElementOf(node)) {
-            visit(*element);
-        }
-    }
 }
 
 } // namespace
@@ -93,7 +79,7 @@ void RewriteValues(const CATIDOMNodeList_var& nodes, const CATICkeMagnitude_var&
     }
     const std::vector<CATDOMName> names = NamesIn(*nodes->OwnerDocument(), attributes);
     WBUnitDisplay display(units, options);
-    ForEachElement(*nodes, [&](CATIDOMElement& element) {
+    ForEachElement(*nodes, [&](CATIDOMElement& element, int) {
         for (const CATDOMName name : names) {
             RewriteValue(element, name, display);
         }
@@ -118,7 +104,7 @@ void RewriteAllDensities(const CATIDOMNodeList_var& nodes,
     const std::vector<CATDOMName> densities = NamesIn(*document, kMaterialDensityAttributes);
     WBUnitDisplay volumic(volumicUnits, options);
     WBUnitDisplay surfacic(surfacicUnits, options);
-    ForEachElement(*nodes, [&](CATIDOMElement& element) {
+    ForEachElement(*nodes, [&](CATIDOMElement& element, int) {
         for (const CATDOMName name : density) {
             RewriteValue(element, name, volumic);
         }

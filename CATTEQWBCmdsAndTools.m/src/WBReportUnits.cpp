@@ -109,15 +109,12 @@ private:
             return;
         }
         std::vector<ReadyRow> ready = Ready(rows);
-        const int length = elements->Length();
-        for (int index = 0; index < length; ++index) {
-            const CATIDOMNode_var node = elements->Item(index);
-            CATIDOMElement& element = *node->AsElement();
+        ForEachElement(*elements, [&ready, &visit](CATIDOMElement& element, int index) {
             for (ReadyRow& row : ready) {
                 RewriteRow(element, row);
             }
             visit(element, index);
-        }
+        });
     }
 
     /// The rows whose magnitudes and units are there. A conversion names the unit of every row that

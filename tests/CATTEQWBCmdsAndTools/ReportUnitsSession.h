@@ -8,6 +8,7 @@
 #include "ReportDocuments.h"
 #include "TemporaryDirectory.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <optional>
@@ -24,13 +25,19 @@ public:
     ScriptedUnit(std::string symbol, double factor, Shows shows)
         : m_symbol(std::move(symbol)), m_factor(factor), m_shows(std::move(shows))
     {}
-    CATUnicodeString Symbol() const override { return m_symbol; }
+    CATUnicodeString Symbol() const override
+    {
+        ++symbolsAsked;
+        return m_symbol;
+    }
     double ToStorage(double value) const override { return value * m_factor; }
     double FromStorage(double value) const override { return value / m_factor; }
     CATUnicodeString Show(double storageValue, int decimals) const override
     {
         return m_shows(storageValue, decimals);
     }
+
+    mutable int symbolsAsked = 0;
 
 private:
     std::string m_symbol;
@@ -71,12 +78,14 @@ public:
     explicit ChangedDictionary(CATICkeParmDictionary_var real) : m_real(std::move(real)) {}
     CATICkeMagnitude_var FindMagnitude(const CATUnicodeString& name) const override
     {
-        const auto found = magnitudes.find(name.ToStdString());
+        asked.push_back(name.ToStdString());
+        const auto found = magnitudes.find(asked.back());
         return found == magnitudes.end() ? m_real->FindMagnitude(name) : found->second;
     }
     CATListValCATUnicodeString MagnitudeNames() const override { return m_real->MagnitudeNames(); }
 
     std::map<std::string, CATICkeMagnitude_var> magnitudes;
+    mutable std::vector<std::string> asked;
 
 private:
     CATICkeParmDictionary_var m_real;
@@ -133,6 +142,11 @@ protected:
             CATCkeGlobalFunctions::SetParmDictionary(m_changed);
         }
         m_changed->magnitudes[name] = magnitude;
+    }
+    /// How often the dictionary was asked for a magnitude since one was replaced or forgotten.
+    long TimesAsked(const std::string& name) const
+    {
+        return std::count(m_changed->asked.begin(), m_changed->asked.end(), name);
     }
     void Forget(const std::string& name) { Replace(name, {}); }
     void TakeStorageUnit(const std::string& name)
@@ -204,6 +218,7 @@ public:
             return m_real->FindName(name);
         });
         ON_CALL(*m_mock, NameText(_)).WillByDefault([this](CATDOMName name) {
+            ++namesRead;
             return m_real->NameText(name);
         });
     }
@@ -215,6 +230,7 @@ public:
     std::string missing;       // the name whose look-up fails
     CATIDOMNodeList_var parts; // the part instances, in the place of the real ones
     std::vector<std::string> asked;
+    int namesRead = 0;
 
 private:
     CATIDOMDocument_var m_real;

@@ -444,6 +444,23 @@ TEST_F(ManageUnitsConversion, PropertyIsReportedAgainForEveryElement)
                             "Error encountered: attribute 3 is null for the node at iteration 1"));
 }
 
+TEST_F(ManageUnitsConversion, MagnitudesAndNamesAreLookedUpOnceHoweverManyInstancesThereAre)
+{
+    const SilentStreams silent;
+    Forget("NONE");
+    std::string instances;
+    for (int count = 0; count < 10; ++count) {
+        instances += R"(<PartInstance A="1" __magnitude__P="FORCE" P="1" __magnitude__Q="NONE")"
+                     R"( Q="1" __magnitude__R="FORCE" R="1"/>)";
+    }
+    AnsweringDocument report("<R>" + instances + "</R>");
+    CATIDOMDocument_var document = report.Handle();
+    CATWBServices::ManageUnitsConversion(document, kWithSymbol, kOwnDecimals);
+    EXPECT_EQ(TimesAsked("FORCE"), 1);
+    EXPECT_EQ(TimesAsked("NONE"), 1);
+    EXPECT_EQ(report.namesRead, 6); // of the attributes behind the first one
+}
+
 TEST_F(ManageUnitsConversion, PrefixIsExactAndMayHaveNothingBehindIt)
 {
     EXPECT_EQ(Instance(R"(A="1" __Magnitude__P="LENGTH" magnitude__P="LENGTH" P="25.4")"
@@ -529,7 +546,7 @@ public:
     int Length() const override { return static_cast<int>(m_nodes.size()); }
     CATIDOMNode_var Item(int index) const override
     {
-        return m_nodes[static_cast<std::size_t>(index)];
+        return index < Length() ? m_nodes[static_cast<std::size_t>(index)] : CATIDOMNode_var();
     }
     CATIDOMDocument_var OwnerDocument() const override { return {}; }
 

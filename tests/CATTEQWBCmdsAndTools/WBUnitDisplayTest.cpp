@@ -170,6 +170,20 @@ TEST_F(ValueInUnits, OwnDecimalsAreNotThoseOfAUnitThatStoodInTheSamePlace)
     }
 }
 
+TEST_F(ValueInUnits, OwnDecimalsAreAskedForOnceWhileTheUnitStaysTheSame)
+{
+    int probes = 0;
+    const CATICkeUnit_var unit =
+        CATICkeUnit_var::Adopt(new ScriptedUnit("u", 1.0, [&probes](double, int decimals) {
+            probes += decimals == 0 ? 1 : 0;
+            return "1.11u";
+        }));
+    for (int value = 0; value < 3; ++value) {
+        CATWBServices::DisplayValue(unit, unit, value, kWithSymbol, -1);
+    }
+    EXPECT_EQ(probes, 1);
+}
+
 TEST_F(ValueInUnits, WithoutTheSymbolNoOccurrenceOfItsTextIsLeft)
 {
     const CATICkeUnit_var in = Unit("LENGTH", "in");
@@ -261,6 +275,18 @@ TEST_F(ShownText, WhatIsNoNumberIsZero)
         EXPECT_EQ(display.ShowNumber(text).View(), "0kg") << text;
         EXPECT_EQ(display.ShowSessionNumber(text).View(), "0kg") << text;
     }
+}
+
+TEST_F(ShownText, SymbolIsAskedForOnceAndOnlyWhereItIsNotWanted)
+{
+    const auto unit = CATHandle<ScriptedUnit>::Adopt(
+        new ScriptedUnit("u", 1.0, [](double, int) { return "1u"; }));
+    WBUnitDisplay wanted({unit, unit}, {true, 0});
+    WBUnitDisplay notWanted({unit, unit}, {false, 0});
+    EXPECT_EQ(ShownList("1;1;1", wanted), "1u; 1u; 1u");
+    EXPECT_EQ(unit->symbolsAsked, 0);
+    EXPECT_EQ(ShownList("1;1;1", notWanted), "1; 1; 1");
+    EXPECT_EQ(unit->symbolsAsked, 1);
 }
 
 TEST_F(ShownText, SessionNumberStopsAtTheOtherSeparator)

@@ -39,6 +39,20 @@ bool RewriteDensities(CATIDOMElement& element, std::span<const CATDOMName> names
 /// The node as an element; null when the node is null or another kind of node.
 CATIDOMElement* ElementOf(const CATIDOMNode_var& node);
 
+/// Visits the elements of a list in its order, each with its index in the list. The list is not
+/// asked for its length, since a live one would walk the whole document once more to count.
+template <class Visit>
+void ForEachElement(const CATIDOMNodeList& nodes, Visit visit)
+{
+    int index = 0;
+    for (CATIDOMNode_var node = nodes.Item(index); !node.IsNull(); node = nodes.Item(index)) {
+        if (CATIDOMElement* const element = node->AsElement()) {
+            visit(*element, index);
+        }
+        ++index;
+    }
+}
+
 // Of every element of the list. A null list, a null magnitude or one without its units leaves all
 // as it is.
 
