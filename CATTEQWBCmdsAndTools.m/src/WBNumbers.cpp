@@ -44,6 +44,13 @@ int ReadAnyReal(std::string_view text, double& value)
     if (needed.from == needed.to || text.find(needed.from) == std::string_view::npos) {
         return CATReadReal(text, value);
     }
+    // Where the text has one kind of separator alone, replacing it and reading it as it is come to
+    // the same.
+    const std::string_view from(&needed.from, 1);
+    const std::string_view to(&needed.to, 1);
+    if (CATDecimalSeparator() == to && text.find(to) == std::string_view::npos) {
+        return CATReadReal(text, from, value);
+    }
     std::string copy(text);
     std::replace(copy.begin(), copy.end(), needed.from, needed.to);
     return CATReadReal(copy, value);

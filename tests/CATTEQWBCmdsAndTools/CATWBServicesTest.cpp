@@ -120,6 +120,23 @@ TEST(ConvertToDouble, TakesEitherSeparatorInEitherLocale)
     }
 }
 
+TEST(ConvertToDouble, StopsAtTheSecondSeparatorOfAText)
+{
+    for (const char* locale : {kPointLocale, kCommaLocale}) {
+        const NumberLocale numbers(locale);
+        for (const char* text : {"1.5,2", "1.5.2", "1.5,2.7"}) {
+            double value = 0.0;
+            EXPECT_EQ(CATWBServices::ConvertToDouble(text, value), 1) << locale << " " << text;
+            EXPECT_EQ(value, 1.5) << locale << " " << text;
+        }
+    }
+    // Where "," is written, the "." behind it becomes one more ",".
+    const NumberLocale numbers(kCommaLocale);
+    double value = 0.0;
+    EXPECT_EQ(CATWBServices::ConvertToDouble("1,5.2", value), 1);
+    EXPECT_EQ(value, 1.5);
+}
+
 TEST(ConvertToDouble, ClearsTheOutputWhenThereIsNoNumber)
 {
     for (const char* text : {"abc", "", "   "}) {
