@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CATIDOMElement.h"
+#include "CATIDOMNamedNodeMap.h"
 #include "CATIDOMNodeList.h"
 
 /// How many elements may stand in one another. Deeper texts are refused, so that whoever walks a

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CATIDOMDocument.h"
-#include "CATIDOMNamedNodeMap.h"
 
 #include <cstdint>
 

@@ -178,10 +178,12 @@ std::string_view ElementNode::AttributeText(int index) const
 
 long ElementNode::RewriteAttribute(int index, std::string_view text)
 {
-    if (!IsInRange(index) || !IsXMLText(text)) {
+    // An empty view may point nowhere, which copying does not take.
+    const std::string_view value = text.empty() ? std::string_view("") : text;
+    if (!IsInRange(index) || !IsXMLText(value)) {
         return E_INVALIDARG;
     }
-    Assign(Texts()[index], text);
+    Assign(Texts()[index], value);
     return S_OK;
 }
 

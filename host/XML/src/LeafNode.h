@@ -23,5 +23,5 @@ public:
 private:
     void OnLastRelease() const override;
 
-    std::string_view m_text;
+    std::string_view m_text = "";
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CATIDOMDocument.h"
-#include "CATIDOMNamedNodeMap.h"
 #include "NodeLinks.h"
 
 /// The node as the session sees it.
