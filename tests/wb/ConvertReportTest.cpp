@@ -56,6 +56,11 @@ protected:
         return outcome.err;
     }
 
+    /// What a run shows on a terminal: "script" has one of its own and writes everything down.
+    std::string OnTerminal(const std::string& arguments) const
+    {
+        return RunShell("script -qec \"'" WB_PROGRAM "' " + arguments + "\" /dev/null").out;
+    }
     /// What stands in the folder by name, besides the user's settings and the errors of the run: a
     /// run that failed may leave nothing of its own.
     std::vector<std::string> Reports() const
@@ -433,16 +438,21 @@ TEST_F(ConvertReport, ProgressIsShownOnATerminalAlone)
 {
     folder.Write("in.xml", "<R><PRC/></R>");
     EXPECT_THAT(Run("convert-report in.xml out.xml").err, IsEmpty());
-    // "script" runs a line on a terminal of its own and writes down what that shows.
-    const Outcome outcome =
-        RunShell("script -qec \"'" WB_PROGRAM "' convert-report in.xml out.xml\" /dev/null");
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_THAT(outcome.out,
-                AllOf(HasSubstr("\rreading"), HasSubstr("\rconverting"), HasSubstr("\rwriting"),
+    EXPECT_THAT(OnTerminal("convert-report in.xml out.xml"),
+                AllOf(StartsWith("\rreading\r"), HasSubstr("\rconverting "),
+                      HasSubstr("\rwriting\r"),
                       EndsWith("\rout.xml: 1 root, 0 part instances, 0 sections\r\n")));
-    const Outcome verbose = RunShell("script -qec \"'" WB_PROGRAM
-                                     "' convert-report in.xml out.xml --verbose\" /dev/null");
-    EXPECT_THAT(verbose.out, Not(HasSubstr("reading")));
+    EXPECT_THAT(OnTerminal("convert-report in.xml out.xml --verbose"), Not(HasSubstr("reading")));
+}
+
+TEST_F(ConvertReport, SentencesNeverShareTheirLineWithABar)
+{
+    folder.Write("in.xml", R"(<R MassUnit="g"><PRC/></R>)");
+    EXPECT_THAT(OnTerminal("convert-report in.xml out.xml"),
+                HasSubstr("\r          \rwb: in.xml: the report says MassUnit"));
+    folder.Write("in.xml", "<R>");
+    EXPECT_THAT(OnTerminal("convert-report in.xml out.xml"),
+                HasSubstr("\rreading\r       \rwb: in.xml: line 1"));
 }
 
 TEST_F(ConvertReport, HelpSaysWhatAxesDoAndWhichUnitsAreMeant)

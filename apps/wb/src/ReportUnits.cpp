@@ -121,9 +121,10 @@ std::string ReferenceProblem(const CATWBReportConversion& conversion)
         const std::string stored = SymbolOf(magnitude->StorageUnit());
         const std::string current = SymbolOf(magnitude->CurrentUnit());
         if (stored != current) {
-            return std::string("--reference beside --display: expected values of ") + name +
-                   " in " + stored + ", found the current unit " + current +
-                   "; bring in the reference point when the report is converted";
+            std::string problem = "--reference beside --display: expected values of ";
+            problem.append(name).append(" in ").append(stored);
+            problem.append(", found the current unit ").append(current);
+            return problem.append("; bring in the reference point when the report is converted");
         }
     }
     return {};
@@ -146,12 +147,16 @@ std::vector<std::string> UnitWarnings(const CATIDOMDocument_var& document,
         if (said.ToStdString() == taken) {
             continue;
         }
-        std::string warning = std::string("the report says ") + row.attribute + "=\"" +
-                              said.ToStdString() + "\", but its numbers are taken as " + taken;
-        warning += isStored ? "; --display shows a report anew that was converted before"
-                            : std::string("; --units ") + row.magnitude + "=" + said.ToStdString() +
-                                  " takes them as the report says";
-        warnings.push_back(std::move(warning));
+        const std::string unit = said.ToStdString();
+        std::string& warning = warnings.emplace_back("the report says ");
+        warning.append(row.attribute).append("=\"").append(unit);
+        warning.append("\", but its numbers are taken as ").append(taken);
+        if (isStored) {
+            warning.append("; --display shows a report anew that was converted before");
+        } else {
+            warning.append("; --units ").append(row.magnitude).append("=").append(unit);
+            warning.append(" takes them as the report says");
+        }
     }
     return warnings;
 }
