@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 extern "C" void CATWBVPMNavGUIRegister();
 
@@ -30,7 +31,8 @@ protected:
         m_before = CATWBVPMNavGUISetTable({});
         CATWBVPMNavGUIRegister();
         CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) {
-            boxes.push_back(box.name.ToStdString() + ": " + box.text.ToStdString());
+            boxes.push_back(box.title.ToStdString() + ": " + box.text.ToStdString());
+            styles.push_back(box.style);
             return std::optional<int>(answer);
         });
     }
@@ -116,6 +118,7 @@ protected:
 
     CATWBVPMNavUnitsConversion* panel = nullptr;
     std::vector<std::string> boxes;
+    std::vector<int> styles;
     int answer = kYes;
 
 private:
@@ -386,8 +389,9 @@ TEST_F(WBUnitsPanelTest, UnitsThatCannotBeKeptAreUsedAndTheUserIsToldOnce)
     EXPECT_EQ(Current("SURFACICMASS"), "lb/ft2");
     EXPECT_EQ(Text("State"), "");
     EXPECT_THAT(boxes, testing::ElementsAre(
-                           "UnitsNotKept: The units are used now, but they could not be written to "
+                           "Units: The units are used now, but they could not be written to "
                            "your settings: they hold for this session only."));
+    EXPECT_THAT(styles, testing::ElementsAre(0x8000000)); // a warning
 }
 
 TEST_F(WBUnitsPanelTest, CloseButtonHidesThePanelWithoutAWordWhereNothingIsPending)
@@ -407,8 +411,9 @@ TEST_F(WBUnitsPanelTest, PendingChoicesAreAppliedAtClosingWhenTheUserWantsIt)
     Open();
     ChooseUnit(kMassRow, "lb");
     Click("CloseButton");
-    EXPECT_THAT(boxes, testing::ElementsAre(
-                           "PendingUnits: 1 change is not applied yet. Apply before closing?"));
+    EXPECT_THAT(boxes,
+                testing::ElementsAre("Units: 1 change is not applied yet. Apply before closing?"));
+    EXPECT_THAT(styles, testing::ElementsAre(0x8800200)); // a question
     EXPECT_EQ(Current("MASS"), "lb");
     EXPECT_FALSE(panel->IsVisible());
 }
@@ -455,7 +460,7 @@ TEST_F(WBUnitsPanelTest, SpeaksGermanWithACommaToo)
     answer = kNo;
     Click("CloseButton");
     EXPECT_THAT(boxes,
-                testing::ElementsAre("PendingUnits: 1 Änderung ist noch nicht angewendet. Vor dem "
+                testing::ElementsAre("Einheiten: 1 Änderung ist noch nicht angewendet. Vor dem "
                                      "Schließen anwenden?"));
 }
 
@@ -465,8 +470,7 @@ TEST_F(WBUnitsPanelTest, CaptionsAndTooltipsComeFromTheResources)
     EXPECT_EQ(panel->Title(), "Units");
     EXPECT_EQ(Text("PresetLabel"), "Preset");
     EXPECT_EQ(Text("UnitLabel"), "Unit");
-    EXPECT_EQ(Text("Note"),
-              "Stored values do not change; units only say how values are shown.");
+    EXPECT_EQ(Text("Note"), "Stored values do not change; units only say how values are shown.");
     for (const char* button : {"ApplyButton", "ResetButton"}) {
         EXPECT_FALSE(Find<CATDlgPushButton>(button).Tooltip().IsEmpty()) << button;
     }
@@ -508,6 +512,29 @@ TEST_F(WBUnitsPanelTest, FaultOfAnOwnActionLeavesThePanelOpenAndReloaded)
     EXPECT_TRUE(panel->IsVisible());
     EXPECT_EQ(Text("State"), "1 change is not applied yet");
     CATSession::SetFaultReporter({});
+}
+
+TEST_F(WBUnitsPanelTest, OpensWithEveryShippedMagnitudeInSight)
+{
+    Open();
+    Choose("Preset", "Inch-pound"); // bold, and with long numbers
+    Settle();
+    const QTableView& view = *ViewOf(Table());
+    EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(view.verticalScrollBar()->isVisible());
+    EXPECT_LE(panel->Widget()->width(), 700);
+}
+
+TEST_F(WBUnitsPanelTest, CaptionsAreQuiet)
+{
+    Open();
+    const auto colour = [&](const char* label) {
+        return Find<CATDlgLabel>(label).Widget()->palette().color(QPalette::WindowText);
+    };
+    for (const char* label : {"PresetLabel", "UnitLabel", "Quantity", "Note"}) {
+        EXPECT_NE(colour(label), QApplication::palette().color(QPalette::WindowText)) << label;
+    }
+    EXPECT_EQ(colour("State"), QApplication::palette().color(QPalette::WindowText));
 }
 
 TEST_F(WBUnitsPanelTest, ControlsStandInReadingOrderAndTheTableTakesTheRoom)

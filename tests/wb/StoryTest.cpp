@@ -166,6 +166,17 @@ Played PlayWithResource(const std::string& name, const std::string& text, const 
 
 } // namespace
 
+TEST(Story, MenuEntryThatIsNotOfferedCannotBeChosen)
+{
+    const Played played = PlayWithResource(
+        "workbenches/more.toml",
+        "[[command]]\nclass = \"Other\"\nlibrary = \"Other\"\ntitle = \"Elsewhere\"\n"
+        "workshop = \"StructureWorkshop\"\n",
+        "menu \"Weight and balance/Elsewhere\"\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, HasSubstr("the menu has no entry \"Elsewhere\" that can be chosen"));
+}
+
 TEST(BrokenResources, ACatalogIsNamedAndItsDefaultsAreUsed)
 {
     const Played played =

@@ -199,6 +199,7 @@ TEST_F(Workbench, ToolsUnitsShowsTheUnitsPanelInFrontEachTime)
 {
     QAction& units = Action("Units...");
     EXPECT_EQ(units.shortcut(), QKeySequence("Ctrl+U"));
+    EXPECT_EQ(units.statusTip().toStdString(), "Chooses the units in which values are shown");
     units.trigger();
     CATWBVPMNavUnitsConversion* panel = CATWBVPMNavUnitsConversion::Instance();
     ASSERT_NE(panel, nullptr);

@@ -274,7 +274,7 @@ std::string StoryPlayer::Menu(const Words& words)
         return "there is no menu \"" + words[1].substr(0, slash) + "\" with an entry";
     }
     QAction* entry = FindAction(title->menu()->actions(), words[1].substr(slash + 1));
-    if (entry == nullptr || !entry->isVisible() || !entry->isEnabled()) {
+    if (entry == nullptr || !entry->isEnabled()) {
         return "the menu has no entry \"" + words[1].substr(slash + 1) + "\" that can be chosen";
     }
     entry->trigger();
@@ -448,11 +448,9 @@ std::string StoryPlayer::Units(const Words& words)
     if (magnitude.IsNull()) {
         return "there is no magnitude \"" + words[1] + "\"";
     }
-    const long status = magnitude->SetCurrentUnit(words[2]);
-    if (status == E_INVALIDARG) {
-        return "the magnitude has no unit \"" + words[2] + "\"";
-    }
-    return status == E_FAIL ? "the unit cannot be kept in the settings" : std::string();
+    return magnitude->SetCurrentUnit(words[2]) == E_INVALIDARG
+               ? "the magnitude has no unit \"" + words[2] + "\""
+               : std::string();
 }
 
 std::string StoryPlayer::Expect(const Words& words)
