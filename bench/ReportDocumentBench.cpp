@@ -209,12 +209,12 @@ void ReportWrite(benchmark::State& state)
 {
     WriteReportFile(state, "no");
 }
-BENCHMARK(ReportWrite)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportWrite)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 void ReportWriteAndFlush(benchmark::State& state)
 {
     WriteReportFile(state, "yes");
 }
-BENCHMARK(ReportWriteAndFlush)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportWriteAndFlush)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 
 void ReportPugiWrite(benchmark::State& state)
 {
@@ -229,7 +229,7 @@ void ReportPugiWrite(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(ReportPugiWrite)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportPugiWrite)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 
 const RegisterBenchLine kParse({"parse a report / pugixml parsing it", "ReportParse",
                                 "ReportPugiParse", 5.0});

@@ -1,36 +1,15 @@
+#include "ProgramRun.h"
 #include "ReportText.h"
 #include "TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
 
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <memory>
 #include <string>
 
 namespace
 {
 
 using testing::HasSubstr;
-
-struct Outcome
-{
-    int status;
-    std::string output; // standard output and standard error
-};
-
-Outcome RunCommand(const std::string& command)
-{
-    std::FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
-    Outcome outcome{-1, {}};
-    char piece[4096];
-    for (std::size_t size = 0; (size = std::fread(piece, 1, sizeof piece, pipe)) > 0;) {
-        outcome.output.append(piece, size);
-    }
-    outcome.status = WEXITSTATUS(pclose(pipe));
-    return outcome;
-}
 
 Outcome MakeReport(const std::string& arguments)
 {

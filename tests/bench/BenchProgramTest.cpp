@@ -1,0 +1,86 @@
+#include "ProgramRun.h"
+#include "ReportText.h"
+#include "TemporaryDirectory.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+#include <string>
+
+namespace
+{
+
+using testing::HasSubstr;
+using testing::Not;
+
+Outcome Bench(const std::string& arguments)
+{
+    return RunCommand(WB_BINARY_DIR "/bin/wb_bench " + arguments);
+}
+
+TEST(BenchProgram, TellsItsOptions)
+{
+    for (const char* option : {"--help", "-h"}) {
+        const Outcome outcome = Bench(option);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.output, HasSubstr("--large"));
+    }
+}
+
+TEST(BenchProgram, PrintsALineWhenBothItsSidesRan)
+{
+    const std::string quick = " --benchmark_repetitions=1 --benchmark_min_time=0.001";
+    const Outcome outcome =
+        Bench("--benchmark_filter='^(Statistics2000|Statistics20000)$'" + quick);
+    EXPECT_THAT(outcome.output, HasSubstr("20,000 statistics, half of them duplicates / 2,000"));
+    EXPECT_THAT(outcome.output, HasSubstr("   15.00"));
+    EXPECT_THAT(outcome.output, Not(HasSubstr("encode")));
+    const Outcome oneSide = Bench("--benchmark_filter='^Statistics2000$'" + quick);
+    EXPECT_THAT(oneSide.output, Not(HasSubstr("statistics")));
+    EXPECT_EQ(oneSide.status, 0);
+}
+
+TEST(BenchProgram, RunsTheReportsAloneWhenTheyAreLarge)
+{
+    const Outcome outcome = Bench("--large --benchmark_list_tests=true");
+    EXPECT_THAT(outcome.output, HasSubstr("Reports of 1,000,000 part instances"));
+    EXPECT_THAT(outcome.output, HasSubstr("ReportParse"));
+    EXPECT_THAT(outcome.output, Not(HasSubstr("Decode")));
+}
+
+TEST(BenchProgram, RefusesAnOptionThatItDoesNotKnow)
+{
+    const Outcome outcome = Bench("--larger");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.output, HasSubstr("--larger"));
+}
+
+TEST(BenchProgram, MeasuresTheMemoryOfAReport)
+{
+    const TemporaryDirectory directory;
+    ReportOptions options;
+    options.instances = 3000;
+    const std::string text = ReportText(options);
+    const std::string file = directory.Write("report.xml", text);
+    const Outcome outcome = Bench("--measure-report-memory " + file);
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    std::istringstream figures(outcome.output);
+    for (int figure = 0; figure < 3; ++figure) {
+        double bytes = 0.0;
+        figures >> bytes;
+        // A document holds every value of its text, and no text twenty times.
+        EXPECT_GT(bytes, 0.5 * static_cast<double>(text.size()));
+        EXPECT_LT(bytes, 20.0 * static_cast<double>(text.size()));
+    }
+}
+
+TEST(BenchProgram, SaysWhichReportItCannotMeasure)
+{
+    const TemporaryDirectory directory;
+    const std::string file = directory.Write("broken.xml", "<WBReport>");
+    const Outcome outcome = Bench("--measure-report-memory " + file);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("broken.xml: "));
+}
+
+} // namespace
