@@ -4,7 +4,8 @@
 #include "CATHandle.h"
 #include "CATUnicodeString.h"
 
-/// A unit of a magnitude. A storage value is a value in the magnitude's storage unit.
+/// A unit of a magnitude; it never changes. A storage value is a value in the magnitude's storage
+/// unit.
 class WB_EXPORT CATICkeUnit : public CATBaseUnknown
 {
 public:
