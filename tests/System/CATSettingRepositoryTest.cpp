@@ -2,16 +2,13 @@
 #include "CATStatus.h"
 #include "CATTomlFile.h"
 #include "DiagnosticCapture.h"
+#include "FileHooks.h"
 #include "TemporaryDirectory.h"
 #include "TestEnvironment.h"
 
 #include <gtest/gtest.h>
 
-#include <dlfcn.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
@@ -23,42 +20,6 @@
 
 namespace
 {
-
-// What a test wants to be told of, or to go wrong, when a file is flushed or renamed.
-std::function<int(int file)> flushHook;
-std::function<int(const char* to)> renameHook;
-
-} // namespace
-
-// These stand before the C library's for the whole program; what a hook answers other than 0 is the
-// error of the call.
-extern "C" __attribute__((visibility("default"))) int fsync(int file)
-{
-    static const auto real = reinterpret_cast<int (*)(int)>(dlsym(RTLD_NEXT, "fsync"));
-    const int error = flushHook ? flushHook(file) : 0;
-    errno = error;
-    return error != 0 ? -1 : real(file);
-}
-
-extern "C" __attribute__((visibility("default"))) int rename(const char* from,
-                                                             const char* to) noexcept
-{
-    static const auto real =
-        reinterpret_cast<int (*)(const char*, const char*)>(dlsym(RTLD_NEXT, "rename"));
-    const int error = renameHook ? renameHook(to) : 0;
-    errno = error;
-    return error != 0 ? -1 : real(from, to);
-}
-
-namespace
-{
-
-bool IsDirectory(int file)
-{
-    struct stat status = {};
-    fstat(file, &status);
-    return S_ISDIR(status.st_mode);
-}
 
 class CATSettingRepositoryTest : public testing::Test
 {
@@ -73,8 +34,7 @@ protected:
     }
     ~CATSettingRepositoryTest() override
     {
-        flushHook = {};
-        renameHook = {};
+        FileHooks::Clear();
         CATSettingRepository::ReportProblemsTo({});
         CATSettingRepository::CloseAll();
     }
@@ -335,7 +295,7 @@ TEST_F(CATSettingRepositoryTest, DamagedReferenceIsReportedAndLeftWhereItIs)
 TEST_F(CATSettingRepositoryTest, DamagedFileThatCannotBeSetAsideIsNotWrittenOver)
 {
     const std::string path = m_user.Write("App.CATSettings", "a = \n");
-    renameHook = [](const char* to) {
+    FileHooks::rename = [](const char* to) {
         return std::string(to).ends_with(".damaged-1") ? EACCES : 0;
     };
     CATSettingRepository& repository = Reopened();
@@ -350,7 +310,7 @@ TEST_F(CATSettingRepositoryTest, DamagedFileThatCannotBeSetAsideIsNotWrittenOver
     EXPECT_EQ(m_sentences[1], "The settings cannot be read: " + path + rest);
     EXPECT_EQ(m_user.Read("App.CATSettings"), "a = \n");
     // As soon as it can be set aside, saving goes on.
-    renameHook = {};
+    FileHooks::rename = {};
     EXPECT_EQ(repository.SaveRepository(), S_OK);
     EXPECT_EQ(m_user.Read("App.CATSettings"), "a = 1\n");
     EXPECT_EQ(m_user.Read("App.CATSettings.damaged-1"), "a = \n");
@@ -361,7 +321,7 @@ TEST_F(CATSettingRepositoryTest, DamagedFileThatCannotBeSetAsideIsNotWrittenOver
 TEST_F(CATSettingRepositoryTest, DamagedFileThatTheUserTookAwayIsNoHindrance)
 {
     m_user.Write("App.CATSettings", "a = \n");
-    renameHook = [](const char* to) {
+    FileHooks::rename = [](const char* to) {
         return std::string(to).ends_with(".damaged-1") ? EACCES : 0;
     };
     CATSettingRepository& repository = Reopened();
@@ -376,8 +336,8 @@ TEST_F(CATSettingRepositoryTest, SavingFlushesTheFileBeforeItsNameAndTheDirector
     CATSettingRepository& repository = Reopened();
     repository.WriteSetting("a", 2);
     std::vector<std::string> seen;
-    flushHook = [&](int file) {
-        seen.push_back((IsDirectory(file) ? "directory " : "file ") +
+    FileHooks::flush = [&](int file) {
+        seen.push_back((FileHooks::IsDirectory(file) ? "directory " : "file ") +
                        m_user.Read("App.CATSettings"));
         return 0;
     };
@@ -390,12 +350,12 @@ TEST_F(CATSettingRepositoryTest, FileThatCannotBeFlushedOrRenamedLeavesTheOldOne
     m_user.Write("App.CATSettings", "a = 1\n");
     CATSettingRepository& repository = Reopened();
     repository.WriteSetting("a", 2);
-    flushHook = [](int file) {
-        return IsDirectory(file) ? 0 : EIO;
+    FileHooks::flush = [](int file) {
+        return FileHooks::IsDirectory(file) ? 0 : EIO;
     };
     EXPECT_EQ(repository.SaveRepository(), E_FAIL);
-    flushHook = {};
-    renameHook = [](const char*) {
+    FileHooks::flush = {};
+    FileHooks::rename = [](const char*) {
         return EBUSY;
     };
     EXPECT_EQ(repository.SaveRepository(), E_FAIL);
@@ -410,24 +370,11 @@ TEST_F(CATSettingRepositoryTest, FileThatCannotBeFlushedOrRenamedLeavesTheOldOne
 TEST_F(CATSettingRepositoryTest, DirectoryThatCannotBeFlushedIsReported)
 {
     CATSettingRepository& repository = Reopened();
-    flushHook = [](int file) {
-        return IsDirectory(file) ? EIO : 0;
+    FileHooks::flush = [](int file) {
+        return FileHooks::IsDirectory(file) ? EIO : 0;
     };
     EXPECT_EQ(repository.SaveRepository(), E_FAIL);
     EXPECT_EQ(m_sentences.size(), 1U);
-}
-
-// Runs in a child process, so that its limits and its end are its own; gives its wait status.
-template <class Body>
-int RunInChild(Body body)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        _exit(body());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status;
 }
 
 TEST_F(CATSettingRepositoryTest, FullDiskLeavesTheOldFileWholeAndIsReported)

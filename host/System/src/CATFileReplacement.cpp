@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <optional>
 #include <utility>
 
 namespace
@@ -113,7 +112,10 @@ bool CATFileReplacement::Open()
         return Check(errno == ENOENT && OpenBeside(-1));
     }
     if (S_ISREG(old.st_mode)) {
-        return Check(OpenBeside(static_cast<int>(old.st_mode & kPermissions)));
+        // Beside a file that the user may not write there may still be room for a new one, but who
+        // protects a file does not want it replaced.
+        return Check(faccessat(AT_FDCWD, m_path.c_str(), W_OK, AT_EACCESS) == 0 &&
+                     OpenBeside(static_cast<int>(old.st_mode & kPermissions)));
     }
     m_file = open(m_path.c_str(), O_WRONLY | O_CLOEXEC);
     return Check(m_file >= 0);

@@ -47,8 +47,8 @@ struct Explanation
     const char* sentence;
 };
 constexpr std::array kExplanations{
-    Explanation{XML_ERROR_SYNTAX, "this was not expected here"},
-    Explanation{XML_ERROR_INVALID_TOKEN, "this is not well formed"},
+    Explanation{XML_ERROR_SYNTAX, "this cannot stand here"},
+    Explanation{XML_ERROR_INVALID_TOKEN, "this cannot stand here"},
     Explanation{XML_ERROR_UNCLOSED_TOKEN, "this begins but does not end"},
     Explanation{XML_ERROR_PARTIAL_CHAR, "the text ends within a character"},
     Explanation{XML_ERROR_DUPLICATE_ATTRIBUTE,
@@ -84,6 +84,7 @@ std::string UnreadableByte(unsigned char byte)
                        : "found the byte " + number + ", which is no text in this encoding";
 }
 
+constexpr std::string_view kEndTagStart = "</";
 constexpr std::size_t kMostExcerpt = 24; // characters
 
 // The text at the place of a problem, fit for a sentence. Characters that XML cannot hold end it.
@@ -97,7 +98,7 @@ std::string Excerpt(std::string_view text)
         }
         excerpt += text.substr(0, length);
         text.remove_prefix(length);
-        if (excerpt.back() == '>') {
+        if (excerpt.back() == '>' || (excerpt.back() == ';' && excerpt.front() == '&')) {
             return excerpt;
         }
     }
@@ -136,7 +137,7 @@ private:
     void Stop();
     // Stops with a fact of our own about the present place.
     void Refuse(const std::string& fact);
-    void SetProblem(const std::string& fact);
+    void SetProblem(const std::string& fact, int columnsBack = 0);
     std::string FactOf(XML_Error error) const;
     std::string ExpectedEnd() const;
     std::string_view TextHere() const;
@@ -267,10 +268,11 @@ void DocumentReader::Impl::Refuse(const std::string& fact)
     Stop();
 }
 
-void DocumentReader::Impl::SetProblem(const std::string& fact)
+void DocumentReader::Impl::SetProblem(const std::string& fact, int columnsBack)
 {
     m_problem.line = static_cast<int>(XML_GetCurrentLineNumber(m_parser.get()));
-    m_problem.column = static_cast<int>(XML_GetCurrentColumnNumber(m_parser.get())) + 1;
+    m_problem.column =
+        static_cast<int>(XML_GetCurrentColumnNumber(m_parser.get())) + 1 - columnsBack;
     m_problem.sentence = "line " + std::to_string(m_problem.line) + ", column " +
                          std::to_string(m_problem.column) + ": " + fact;
 }
@@ -301,7 +303,11 @@ std::string DocumentReader::Impl::FactOf(XML_Error error) const
     const std::string excerpt = Excerpt(here);
     const std::string found =
         excerpt.empty() ? "found the end of the text" : "found \"" + excerpt + '"';
-    if (error == XML_ERROR_TAG_MISMATCH || error == XML_ERROR_NO_ELEMENTS) {
+    if (error == XML_ERROR_TAG_MISMATCH) {
+        return "found \"" + std::string(kEndTagStart) + excerpt + "\", where " + ExpectedEnd() +
+               " was expected";
+    }
+    if (error == XML_ERROR_NO_ELEMENTS) {
         return found + ", where " + ExpectedEnd() + " was expected";
     }
     const auto* known =
@@ -421,7 +427,9 @@ bool DocumentReader::Impl::Take(std::size_t size, bool isLast)
             throw std::bad_alloc();
         }
         if (!m_isStopped) {
-            SetProblem(FactOf(error));
+            // The parser points at the name in a wrong end tag; the tag begins before it.
+            const bool isEndTag = error == XML_ERROR_TAG_MISMATCH;
+            SetProblem(FactOf(error), isEndTag ? static_cast<int>(kEndTagStart.size()) : 0);
         }
         return false;
     }
