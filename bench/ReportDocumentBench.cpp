@@ -36,7 +36,7 @@ void ReportParse(benchmark::State& state)
         state, [] { return CATIDOMDocument_var(); },
         [&text](CATIDOMDocument_var& document) { document = ParseReport(text); });
 }
-BENCHMARK(ReportParse)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportParse)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void ReportPugiParse(benchmark::State& state)
 {
@@ -44,7 +44,7 @@ void ReportPugiParse(benchmark::State& state)
     MeasureEach(
         state, [] { return Pugi(); }, [&text](Pugi& document) { document = ParseByPugi(text); });
 }
-BENCHMARK(ReportPugiParse)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportPugiParse)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void ReportDistributivePugiParse(benchmark::State& state)
 {
@@ -52,7 +52,7 @@ void ReportDistributivePugiParse(benchmark::State& state)
     MeasureEach(
         state, [] { return Pugi(); }, [&text](Pugi& document) { document = ParseByPugi(text); });
 }
-BENCHMARK(ReportDistributivePugiParse)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportDistributivePugiParse)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 using Libxml = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
 
@@ -71,7 +71,7 @@ void ReportLibxmlParse(benchmark::State& state)
             }
         });
 }
-BENCHMARK(ReportLibxmlParse)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportLibxmlParse)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // Walking: each counts the part instances.
 
@@ -90,7 +90,7 @@ void ReportWalk(benchmark::State& state)
         }
     }
 }
-BENCHMARK(ReportWalk)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(ReportWalk)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 int CountInstances(const pugi::xml_node& node)
 {
@@ -110,7 +110,7 @@ void ReportPugiWalk(benchmark::State& state)
         }
     }
 }
-BENCHMARK(ReportPugiWalk)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(ReportPugiWalk)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 // Growth with the number of instances
 
@@ -150,12 +150,12 @@ void ReportRewrite(benchmark::State& state)
 {
     RewriteAlongList(state, BenchReport());
 }
-BENCHMARK(ReportRewrite)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportRewrite)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportRewriteTenth(benchmark::State& state)
 {
     RewriteAlongList(state, SmallBenchReport());
 }
-BENCHMARK(ReportRewriteTenth)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(ReportRewriteTenth)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 /// Takes out every second instance on the way forward, and what is left from the end.
 void RemoveInstances(const CATIDOMDocument_var& document)
@@ -181,12 +181,12 @@ void ReportRemove(benchmark::State& state)
 {
     RemoveThroughList(state, DistributiveBenchReport());
 }
-BENCHMARK(ReportRemove)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportRemove)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportRemoveTenth(benchmark::State& state)
 {
     RemoveThroughList(state, SmallDistributiveBenchReport());
 }
-BENCHMARK(ReportRemoveTenth)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(ReportRemoveTenth)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 // Writing to a new file
 

@@ -49,13 +49,13 @@ void ReportConversion(benchmark::State& state)
     const Listening silence({});
     Convert(state, {0, 0});
 }
-BENCHMARK(ReportConversion)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportConversion)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportConversionFixed(benchmark::State& state)
 {
     const Listening silence({});
     Convert(state, {1, -1});
 }
-BENCHMARK(ReportConversionFixed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportConversionFixed)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportConversionWithDiagnostics(benchmark::State& state)
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::tmpfile(), &std::fclose);
@@ -65,10 +65,7 @@ void ReportConversionWithDiagnostics(benchmark::State& state)
     });
     Convert(state, {0, 0});
 }
-BENCHMARK(ReportConversionWithDiagnostics)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(1)
-    ->UseRealTime();
+BENCHMARK(ReportConversionWithDiagnostics)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void Display(benchmark::State& state, const DisplayChoice& choice)
 {
@@ -86,22 +83,22 @@ void ReportDisplay(benchmark::State& state)
 {
     Display(state, {0, 0});
 }
-BENCHMARK(ReportDisplay)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportDisplay)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportDisplaySymbols(benchmark::State& state)
 {
     Display(state, {1, 0});
 }
-BENCHMARK(ReportDisplaySymbols)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportDisplaySymbols)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportDisplayFixed(benchmark::State& state)
 {
     Display(state, {0, -1});
 }
-BENCHMARK(ReportDisplayFixed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportDisplayFixed)->Unit(benchmark::kMillisecond)->Iterations(1);
 void ReportDisplaySymbolsFixed(benchmark::State& state)
 {
     Display(state, {1, -1});
 }
-BENCHMARK(ReportDisplaySymbolsFixed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportDisplaySymbolsFixed)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void ReportConversionDistributive(benchmark::State& state)
 {
@@ -113,10 +110,7 @@ void ReportConversionDistributive(benchmark::State& state)
             CATWBServices::ManageUnitsConversionDistributive(document, 0, 0);
         });
 }
-BENCHMARK(ReportConversionDistributive)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(1)
-    ->UseRealTime();
+BENCHMARK(ReportConversionDistributive)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // Inertia
 
@@ -139,7 +133,7 @@ void ReportReferencePoint(benchmark::State& state)
             CATWBServices::InertiaReferencePointConversion(document, &point, &axes, 0);
         });
 }
-BENCHMARK(ReportReferencePoint)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportReferencePoint)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void ReportDirection(benchmark::State& state)
 {
@@ -151,7 +145,7 @@ void ReportDirection(benchmark::State& state)
             CATWBServices::InertiaDirectionConversion(document, &axes);
         });
 }
-BENCHMARK(ReportDirection)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(ReportDirection)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // One value at a time
 
@@ -205,12 +199,12 @@ void ReportSetValues(benchmark::State& state)
 {
     SetValues(state, 0);
 }
-BENCHMARK(ReportSetValues)->Unit(benchmark::kMillisecond)->MinTime(0.1)->UseRealTime();
+BENCHMARK(ReportSetValues)->Unit(benchmark::kMillisecond)->MinTime(0.1);
 void ReportSetValuesFixed(benchmark::State& state)
 {
     SetValues(state, -1);
 }
-BENCHMARK(ReportSetValuesFixed)->Unit(benchmark::kMillisecond)->MinTime(0.1)->UseRealTime();
+BENCHMARK(ReportSetValuesFixed)->Unit(benchmark::kMillisecond)->MinTime(0.1);
 
 /// The same numbers read, converted and written with as many decimals as the unit shows.
 void ReportScanAndPrint(benchmark::State& state)
@@ -231,7 +225,7 @@ void ReportScanAndPrint(benchmark::State& state)
         }
     }
 }
-BENCHMARK(ReportScanAndPrint)->Unit(benchmark::kMillisecond)->MinTime(0.1)->UseRealTime();
+BENCHMARK(ReportScanAndPrint)->Unit(benchmark::kMillisecond)->MinTime(0.1);
 
 const RegisterBenchLine kConversion({"ManageUnitsConversion / pugixml parsing the text",
                                      "ReportConversion", "ReportPugiParse", 3.0});
