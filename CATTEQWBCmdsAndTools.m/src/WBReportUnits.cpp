@@ -177,7 +177,7 @@ void RewriteDistributive(const CATIDOMDocument& document, WBUnitsTask task, WBSh
 void ConvertReport(const CATIDOMDocument_var& document, WBShowOptions options)
 {
     Walk walk(*document, WBUnitsTask::Convert, options);
-    WBUserProperties properties(*document, WBUnitsTask::Convert, options);
+    WBUserProperties properties(*document, WBUnitsTask::Convert, options, {});
     walk.Totals(kRootElement);
     walk.Parts([&properties](CATIDOMElement& element, int number) {
         properties.RewriteOwn(element, number);
@@ -189,8 +189,7 @@ void DisplayReport(const CATIDOMDocument_var& document,
                    const CATListValCATUnicodeString& magnitudeAttributes, WBShowOptions options)
 {
     Walk walk(*document, WBUnitsTask::Display, options);
-    WBUserProperties properties(*document, WBUnitsTask::Display, options);
-    properties.SetList(magnitudeAttributes);
+    WBUserProperties properties(*document, WBUnitsTask::Display, options, magnitudeAttributes);
     walk.Totals(kRootElement);
     walk.Totals(kSectionElement);
     walk.Parts([&properties](CATIDOMElement& element, int) { properties.RewriteListed(element); });

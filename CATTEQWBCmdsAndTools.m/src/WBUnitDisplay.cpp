@@ -88,16 +88,15 @@ WBShownValue WBUnitDisplay::Show(double value)
         Prepare();
     }
     WBShownValue shown{m_units.target->Show(m_units.source->ToStorage(value), m_options.decimals),
-                       0};
-    shown.length = shown.whole.ByteLength();
+                       std::string_view::npos};
     if (!m_options.withSymbol) {
         // Nearly always the symbol stands once and at the end.
-        const std::size_t found = shown.whole.View().find(m_symbol.View());
-        if (found + m_symbol.ByteLength() == shown.length) {
-            shown.length = found;
+        const std::string_view text = shown.whole.View();
+        const std::size_t found = text.find(m_symbol.View());
+        if (found + m_symbol.ByteLength() == text.size()) {
+            shown.end = found;
         } else {
             RemoveEvery(m_symbol, shown.whole);
-            shown.length = shown.whole.ByteLength();
         }
     }
     return shown;

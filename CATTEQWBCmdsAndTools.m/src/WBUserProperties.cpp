@@ -22,9 +22,16 @@ std::string_view PropertyOf(std::string_view name)
 } // namespace
 
 WBUserProperties::WBUserProperties(const CATIDOMDocument& document, WBUnitsTask task,
-                                   WBShowOptions options)
+                                   WBShowOptions options,
+                                   const CATListValCATUnicodeString& magnitudeAttributes)
     : m_document(document), m_task(task), m_options(options)
-{}
+{
+    for (const CATUnicodeString& name : magnitudeAttributes.Items()) {
+        const std::string_view property = PropertyOf(name.View());
+        m_list.push_back({m_document.FindName(name.View()), m_document.FindName(property),
+                          std::string(property)});
+    }
+}
 
 void WBUserProperties::RewriteOwn(CATIDOMElement& element, int iteration)
 {
@@ -48,16 +55,6 @@ void WBUserProperties::RewriteOwn(CATIDOMElement& element, int iteration)
         if (const std::optional<Companion>& companion = CompanionOf(element.AttributeName(index))) {
             Rewrite(element, index, *companion);
         }
-    }
-}
-
-void WBUserProperties::SetList(const CATListValCATUnicodeString& magnitudeAttributes)
-{
-    m_list.clear();
-    for (const CATUnicodeString& name : magnitudeAttributes.Items()) {
-        const std::string_view property = PropertyOf(name.View());
-        m_list.push_back({m_document.FindName(name.View()), m_document.FindName(property),
-                          std::string(property)});
     }
 }
 

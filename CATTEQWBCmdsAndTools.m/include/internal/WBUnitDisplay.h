@@ -44,8 +44,8 @@ int DefaultDecimals(const CATICkeUnit& unit);
 struct WBShownValue
 {
     CATUnicodeString whole;
-    std::size_t length; ///< how much of it is wanted, in bytes
-    std::string_view View() const { return whole.View().substr(0, length); }
+    std::size_t end; ///< where in its bytes the wanted text ends, or beyond them
+    std::string_view View() const { return whole.View().substr(0, end); }
 };
 
 /// Writes many values of one unit in another. What is the same for all of them, the symbol and the

@@ -17,15 +17,15 @@
 class WBUserProperties
 {
 public:
-    WBUserProperties(const CATIDOMDocument& document, WBUnitsTask task, WBShowOptions options);
+    /// `magnitudeAttributes`: those that RewriteListed looks for, by their whole names.
+    WBUserProperties(const CATIDOMDocument& document, WBUnitsTask task, WBShowOptions options,
+                     const CATListValCATUnicodeString& magnitudeAttributes);
 
     /// Rewrites the properties that the element's own attributes name; `iteration` is how the
     /// reports number the element. The first attribute is not examined: a property that is named
     /// there keeps its value. One attribute is asked for past the end, which reports it as null.
     void RewriteOwn(CATIDOMElement& element, int iteration);
 
-    /// The attributes that RewriteListed looks for, by their whole names.
-    void SetList(const CATListValCATUnicodeString& magnitudeAttributes);
     /// Rewrites the properties that the list names, in its order. An element that lacks one of its
     /// attributes has no such property, and nothing is reported.
     void RewriteListed(CATIDOMElement& element);
