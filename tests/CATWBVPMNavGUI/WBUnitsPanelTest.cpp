@@ -493,6 +493,15 @@ TEST_F(WBUnitsPanelTest, DictionaryWithoutMagnitudesLeavesNothingToChoose)
     CATCkeGlobalFunctions::SetParmDictionary(CATICkeParmDictionary_var::Adopt(new NoMagnitudes));
     Open();
     EXPECT_EQ(Table().RowCount(), 0);
+    // What stands in the place of rows is painted, no cell holds it.
+    const QImage seen = ViewOf(Table())->viewport()->grab().toImage();
+    int painted = 0;
+    for (int y = 0; y < seen.height(); ++y) {
+        for (int x = 0; x < seen.width(); ++x) {
+            painted += seen.pixel(x, y) != seen.pixel(0, 0) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(painted, 100);
     EXPECT_EQ(Text("Quantity"), "");
     EXPECT_FALSE(Find<CATDlgCombo>("Unit").IsSensitive());
     EXPECT_EQ(Find<CATDlgCombo>("Unit").LineCount(), 0);
