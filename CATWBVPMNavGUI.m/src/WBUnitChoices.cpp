@@ -72,16 +72,13 @@ constexpr std::array kInchPound{
 constexpr std::array kFootSlug{
     Unit{"MASS", "slug"},  Unit{"LENGTH", "ft"},        Unit{"INERTIAMOMENT", "slug.ft2"},
     Unit{"VOLUME", "ft3"}, Unit{"DENSITY", "slug/ft3"}, Unit{"SURFACICMASS", "lb/ft2"}};
-// Everything else is shipped in its storage unit.
-constexpr std::array kShipped{Unit{"ANGLE", "deg"}, Unit{"TIME", "h"}, Unit{"TEMPERATURE", "degC"},
-                              Unit{"ELECTRIC_CHARGE", "A.h"}};
 
 constexpr std::array kPresets{
     WBUnitPreset{"Preset.SI", "@SI", kSi, false},
     WBUnitPreset{"Preset.Millimetre", "@mm-kg", kMillimetre, false},
     WBUnitPreset{"Preset.InchPound", "@Inch-pound", kInchPound, false},
     WBUnitPreset{"Preset.FootSlug", "@Foot-slug", kFootSlug, false},
-    WBUnitPreset{"Preset.Shipped", "@As shipped", kShipped, true},
+    WBUnitPreset{"Preset.Shipped", "@As shipped", {}, true},
 };
 
 /// The symbol that the preset gives the magnitude; nothing where it leaves it out.
@@ -94,9 +91,8 @@ std::optional<CATUnicodeString> SymbolIn(const WBUnitPreset& preset,
             return unit.symbol;
         }
     }
-    const CATICkeUnit_var storage = magnitude.StorageUnit();
-    return preset.storageElsewhere && !storage.IsNull() ? std::optional(storage->Symbol())
-                                                        : std::nullopt;
+    const CATICkeUnit_var unit = magnitude.DefaultUnit();
+    return preset.defaultElsewhere && !unit.IsNull() ? std::optional(unit->Symbol()) : std::nullopt;
 }
 
 CATUnicodeString SymbolOrDash(const CATICkeUnit_var& unit)

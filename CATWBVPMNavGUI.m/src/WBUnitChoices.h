@@ -49,7 +49,7 @@ struct WBUnitPreset
     const char* key; ///< of its title in the catalog
     const char* defaultTitle;
     std::span<const Unit> units;
-    bool storageElsewhere; ///< every magnitude that `units` leaves out takes its storage unit
+    bool defaultElsewhere; ///< every magnitude that `units` leaves out takes its default unit
 };
 std::span<const WBUnitPreset> WBUnitPresets();
 /// Chooses the preset's units. What the dictionary lacks is left out, what the preset leaves out

@@ -232,6 +232,8 @@ TEST_F(CATCkeGlobalFunctionsTest, AUserNamesAnotherDefaultAndTheSettingsStillWin
                   "[[magnitude]]\nname = \"MASS\"\ndefault = \"lb\"\n");
     EXPECT_EQ(Current("LENGTH"), "in");
     EXPECT_EQ(Current("MASS"), "t");
+    EXPECT_EQ(Magnitude("LENGTH")->DefaultUnit()->Symbol().ToStdString(), "in");
+    EXPECT_EQ(Magnitude("MASS")->DefaultUnit()->Symbol().ToStdString(), "lb");
 }
 
 TEST_F(CATCkeGlobalFunctionsTest, ResourceDirectoriesAddUnitsAfterTheShippedOnes)

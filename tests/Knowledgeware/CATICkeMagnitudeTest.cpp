@@ -126,6 +126,17 @@ TEST_F(CATICkeMagnitudeTest, AChosenUnitSurvivesTheSession)
     EXPECT_EQ(m_reports, std::vector<std::string>());
 }
 
+TEST_F(CATICkeMagnitudeTest, AChoiceLeavesTheDefaultUnitAlone)
+{
+    EXPECT_EQ(Magnitude("MASS")->SetCurrentUnit("lb"), S_OK);
+    EXPECT_EQ(Magnitude("MASS")->DefaultUnit()->Symbol().ToStdString(), "kg");
+    EXPECT_EQ(Magnitude("TIME")->SetCurrentUnit("s"), S_OK);
+    EXPECT_EQ(Magnitude("TIME")->DefaultUnit()->Symbol().ToStdString(), "h");
+    StartAgain();
+    EXPECT_EQ(Current("TIME"), "s");
+    EXPECT_EQ(Magnitude("TIME")->DefaultUnit()->Symbol().ToStdString(), "h");
+}
+
 TEST_F(CATICkeMagnitudeTest, AUnitChosenByANameIsKeptByItsSymbol)
 {
     EXPECT_EQ(Magnitude("LENGTH")->SetCurrentUnit("Feet"), S_OK);

@@ -30,5 +30,8 @@ public:
     virtual CATListValCATUnicodeString UnitSymbols() const = 0;
     /// As SetCurrentUnit, but for this session alone: the user's settings stay as they are.
     virtual long UseUnit(const CATUnicodeString& symbol) = 0;
+    /// The unit that is current as long as the user has chosen none: the one that the unit files
+    /// name, else the storage unit.
+    virtual CATICkeUnit_var DefaultUnit() const { return StorageUnit(); }
 };
 using CATICkeMagnitude_var = CATHandle<CATICkeMagnitude>;

@@ -75,6 +75,7 @@ CATCkeMagnitude::Added CATCkeMagnitude::AddUnit(const CATCkeUnitDefinition& defi
             return Added::NotTheStorageUnit;
         }
         m_storage = unit;
+        m_default = unit;
         m_current = unit;
     }
     m_units.push_back(unit);
@@ -89,6 +90,20 @@ long CATCkeMagnitude::UseUnit(const CATUnicodeString& symbol)
         CATCkeTellUnitListeners(this);
     }
     return made;
+}
+
+CATICkeUnit_var CATCkeMagnitude::DefaultUnit() const
+{
+    return m_default;
+}
+
+bool CATCkeMagnitude::MakeDefault(const CATUnicodeString& symbol)
+{
+    if (MakeCurrent(symbol) < S_OK) {
+        return false;
+    }
+    m_default = m_current;
+    return true;
 }
 
 long CATCkeMagnitude::MakeCurrent(const CATUnicodeString& symbol)

@@ -35,6 +35,7 @@ public:
     CATICkeUnit_var FindUnit(const CATUnicodeString& symbol) const override;
     CATListValCATUnicodeString UnitSymbols() const override;
     long UseUnit(const CATUnicodeString& symbol) override;
+    CATICkeUnit_var DefaultUnit() const override;
 
     enum class Added
     {
@@ -50,6 +51,8 @@ public:
     /// Makes a unit current and tells nobody, as files and settings do when they are read: S_OK,
     /// S_FALSE when it was current already, E_INVALIDARG when there is no such unit.
     long MakeCurrent(const CATUnicodeString& symbol);
+    /// Makes a unit the default and the current one, as files do; false when there is no such unit.
+    bool MakeDefault(const CATUnicodeString& symbol);
     const CATUnicodeString& StorageSymbol() const { return m_storageSymbol; }
 
 private:
@@ -63,5 +66,6 @@ private:
     std::vector<Unit_var> m_units;
     CATCkeTextMap<Unit_var> m_bySymbol;
     CATICkeUnit_var m_storage;
+    CATICkeUnit_var m_default;
     CATICkeUnit_var m_current;
 };

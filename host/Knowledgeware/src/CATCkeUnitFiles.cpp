@@ -284,9 +284,8 @@ private:
     void ReadDefault(const CATTomlValue& entry, CATCkeMagnitude& magnitude) const
     {
         const CATTomlValue* const value = entry.Find("default");
-        if (value != nullptr &&
-            (value->AsText() == nullptr ||
-             magnitude.MakeCurrent(CATUnicodeString(*value->AsText())) < S_OK)) {
+        if (value != nullptr && (value->AsText() == nullptr ||
+                                 !magnitude.MakeDefault(CATUnicodeString(*value->AsText())))) {
             Report(value->Line(), "default of " + magnitude.Name().ToStdString() +
                                       " is left out: expected the symbol of one of its units");
         }
