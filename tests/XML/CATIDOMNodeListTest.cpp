@@ -122,7 +122,8 @@ TEST(CATIDOMNodeList, ManyListsFollowTheSameDocument)
     }
 }
 
-// A second tree of our own, as plain as can be, that every change is made in as well.
+// A second tree of our own, as plain as can be, that every change is made in as well. Handles are
+// held on the tops of trees alone; what is below is looked for where the plain tree says it is.
 struct Model
 {
     std::string name;
@@ -130,6 +131,20 @@ struct Model
     Model* parent = nullptr;
     std::vector<Model*> children;
 };
+
+bool IsInside(const Model* node, const Model* ancestor)
+{
+    while (node != nullptr && node != ancestor) {
+        node = node->parent;
+    }
+    return node != nullptr;
+}
+
+// Long for some, so that texts in and out of place are used.
+std::string TextOf(const Model& model)
+{
+    return std::to_string(model.id) + std::string(static_cast<std::size_t>(model.id % 40), '.');
+}
 
 class Twins
 {
@@ -143,22 +158,25 @@ public:
     void Change()
     {
         Model* node = Any();
-        switch (Draw(6)) {
+        switch (Draw(8)) {
         case 0:
         case 1:
+        case 2:
             Insert(New(), node);
             return;
-        case 2:
+        case 3:
             Remove(node);
             return;
-        case 3:
+        case 4:
+        case 5:
             Insert(Any(), node);
             return;
-        case 4:
+        case 6:
             Follow(node);
             return;
         default:
-            Forget();
+            ForgetList();
+            ForgetTree(node);
         }
     }
 
@@ -181,7 +199,7 @@ public:
             ASSERT_EQ(node.IsNull(), index < 0 || index >= size);
             if (node) {
                 ASSERT_EQ(node->AsElement()->AttributeText(0),
-                          std::to_string(expected[static_cast<std::size_t>(index)]->id));
+                          TextOf(*expected[static_cast<std::size_t>(index)]));
             }
         }
         if (Draw(2) == 0) {
@@ -189,22 +207,19 @@ public:
         }
     }
 
-    // The whole tree, forwards and backwards.
+    // All trees, forwards and backwards.
     void CompareTrees() const
     {
         for (const auto& model : m_models) {
-            const CATIDOMNode_var& node = m_handles.at(model->id);
-            CATIDOMNode_var child = node->FirstChild();
-            for (const Model* expected : model->children) {
-                ASSERT_TRUE(child == m_handles.at(expected->id));
-                ASSERT_TRUE(child->ParentNode() == node);
-                child = child->NextSibling();
-            }
-            ASSERT_TRUE(child.IsNull());
-            child = node->LastChild();
+            const CATIDOMNode_var node = HandleOn(*model);
+            ASSERT_EQ(node->NodeName(), model->name);
+            ASSERT_EQ(node->AsElement()->AttributeText(0), TextOf(*model));
+            ASSERT_EQ(node->ChildNodes()->Length(), static_cast<int>(model->children.size()));
+            CATIDOMNode_var child = node->LastChild();
             for (auto expected = model->children.rbegin(); expected != model->children.rend();
                  ++expected) {
-                ASSERT_TRUE(child == m_handles.at((*expected)->id));
+                ASSERT_TRUE(child == HandleOn(**expected));
+                ASSERT_TRUE(child->ParentNode() == node);
                 child = child->PreviousSibling();
             }
             ASSERT_TRUE(child.IsNull());
@@ -233,27 +248,34 @@ private:
     Model* Any() { return m_models[Draw(m_models.size())].get(); }
     std::string AnyName() { return std::string(1, "abc"[Draw(3)]); }
 
+    CATIDOMNode_var HandleOn(const Model& model) const
+    {
+        if (model.parent == nullptr) {
+            return m_tops.at(model.id);
+        }
+        CATIDOMNode_var node = HandleOn(*model.parent)->FirstChild();
+        for (const Model* sibling : model.parent->children) {
+            if (sibling == &model) {
+                break;
+            }
+            node = node->NextSibling();
+        }
+        return node;
+    }
     Model* Add(const std::string& name, const CATIDOMElement_var& element)
     {
         m_models.push_back(std::make_unique<Model>());
         Model* model = m_models.back().get();
         model->name = name;
-        model->id = static_cast<int>(m_models.size());
-        element->SetAttribute("i", CATUnicodeString::FromInt(model->id));
-        m_handles[model->id] = element;
+        model->id = ++m_lastId;
+        element->SetAttribute("i", TextOf(*model));
+        m_tops[model->id] = element;
         return model;
     }
     Model* New()
     {
         const std::string name = AnyName();
         return Add(name, m_document->CreateElement(name));
-    }
-    static bool IsInside(const Model* node, const Model* ancestor)
-    {
-        while (node != nullptr && node != ancestor) {
-            node = node->parent;
-        }
-        return node != nullptr;
     }
     static void TakeOut(Model* node)
     {
@@ -267,38 +289,61 @@ private:
         const auto& before = under->children;
         Model* place = before.empty() || Draw(3) == 0 ? nullptr : before[Draw(before.size())];
         const bool isAllowed = !IsInside(under, node);
-        const CATIDOMNode_var& parent = m_handles[under->id];
-        ASSERT_EQ(parent->InsertBefore(m_handles[node->id],
-                                       place == nullptr ? CATIDOMNode_var() : m_handles[place->id]),
+        ASSERT_EQ(HandleOn(*under)->InsertBefore(
+                      HandleOn(*node), place == nullptr ? CATIDOMNode_var() : HandleOn(*place)),
                   isAllowed ? S_OK : E_INVALIDARG);
         if (isAllowed && place != node) {
             TakeOut(node);
             auto& children = under->children;
             children.insert(std::find(children.begin(), children.end(), place), node);
             node->parent = under;
+            m_tops.erase(node->id);
         }
     }
     void Remove(Model* node)
     {
         if (node->parent != nullptr) {
-            ASSERT_EQ(m_handles[node->parent->id]->RemoveChild(m_handles[node->id]), S_OK);
+            const CATIDOMNode_var handle = HandleOn(*node);
+            ASSERT_EQ(HandleOn(*node->parent)->RemoveChild(handle), S_OK);
             TakeOut(node);
+            m_tops[node->id] = handle;
         }
     }
     void Follow(const Model* node)
     {
         const auto kind = static_cast<Kind>(Draw(3));
         const std::string name = kind == Kind::All ? "*" : AnyName();
-        CATIDOMElement* element = m_handles[node->id]->AsElement();
+        const CATIDOMElement_var element = HandleOn(*node);
         m_lists.push_back(
             {kind == Kind::Children ? element->ChildNodes() : element->ElementsByTagName(name),
              node, kind, name});
     }
-    void Forget()
+    void ForgetList()
     {
         if (m_lists.size() > 20) {
             m_lists.erase(m_lists.begin() + static_cast<std::ptrdiff_t>(Draw(m_lists.size())));
         }
+    }
+    // The handle on a tree's top goes, and the tree with it, where no list holds a part of it.
+    void ForgetTree(const Model* node)
+    {
+        while (node->parent != nullptr) {
+            node = node->parent;
+        }
+        const bool isListed =
+            std::any_of(m_lists.begin(), m_lists.end(),
+                        [node](const Followed& followed) { return IsInside(followed.root, node); });
+        const auto isPart = [node](const auto& model) {
+            return IsInside(model.get(), node);
+        };
+        const auto parts = std::count_if(m_models.begin(), m_models.end(), isPart);
+        if (isListed || 2 * parts > static_cast<std::ptrdiff_t>(m_models.size())) {
+            return;
+        }
+        m_tops.erase(node->id);
+        const auto middle = std::stable_partition(
+            m_models.begin(), m_models.end(), [&](const auto& model) { return !isPart(model); });
+        m_models.erase(middle, m_models.end());
     }
     static void Collect(const Model& root, const Followed& followed,
                         std::vector<const Model*>& members)
@@ -322,8 +367,9 @@ private:
     std::mt19937 m_random;
     CATIDOMDocument_var m_document;
     std::vector<std::unique_ptr<Model>> m_models;
-    std::map<int, CATIDOMNode_var> m_handles;
+    std::map<int, CATIDOMNode_var> m_tops;
     std::vector<Followed> m_lists;
+    int m_lastId = 0;
 };
 
 TEST(CATIDOMNodeList, AgreesWithAPlainTreeUnderAnyChanges)

@@ -3,6 +3,7 @@
 #include "XMLTestSupport.h"
 
 #include <cstring>
+#include <random>
 
 namespace
 {
@@ -91,6 +92,7 @@ constexpr std::array kEntities{
     EntityRow{"<!DOCTYPE a [<!ENTITY e 'v&#38;amp;w'>]><a b='&e;'>&e;</a>", "",
               "<a b=\"v&amp;w\">v&amp;w</a>"},
     EntityRow{"<!DOCTYPE a [<!ENTITY e '<b>x</b>'>]><a>&e;&e;</a>", "", "<a><b>x</b><b>x</b></a>"},
+    EntityRow{"<!--1--><!DOCTYPE a [<!--2--><?p 3?>]><?p 4?><a/>", "", "<!--1--><?p 4?><a/>"},
     EntityRow{"<!DOCTYPE a [<!ATTLIST a b CDATA 'given'>]><a/>", "", "<a b=\"given\"/>"},
     EntityRow{"<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><a/>", "", "<a/>"},
     EntityRow{"<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/passwd'>]>\n<a>&e;</a>",
@@ -120,6 +122,8 @@ constexpr std::array kEntities{
         ""},
     EntityRow{"<!DOCTYPE a [ %p; ]><a b='&e;'/>",
               "line 1, column 15: no entity of the name \"p\" is declared", ""},
+    EntityRow{"<!DOCTYPE a [<!ENTITY e '%p;'>]><a/>",
+              "line 1, column 26: found \"%p;'>\": a parameter entity cannot stand here", ""},
     EntityRow{"<!DOCTYPE a [<!ENTITY e '&e;'>]><a>&e;</a>",
               "line 1, column 36: found \"&e;\": this entity holds itself", ""},
     EntityRow{
@@ -192,6 +196,51 @@ TEST(DocumentReader, AnyByteAnywhereIsReadOrRefused)
             } else {
                 ASSERT_GT(problem.line, 0) << changed;
             }
+        }
+    }
+}
+
+// Texts with pieces of themselves and of mischief put in, taken out and moved.
+TEST(DocumentReader, MangledTextsAreReadOrRefused)
+{
+    const std::string seed =
+        "<?xml version='1.0' encoding='UTF-8'?><!DOCTYPE r [<!ENTITY e 'v'><!ATTLIST b c CDATA "
+        "'d'>]>"
+        "<r a=\"&e;\">\u00e4<b/><![CDATA[x]]><!--c--><?p i?><b c='1'>&e;&#65;</b></r>";
+    constexpr std::array kMischief{
+        "<",          ">",   "&",           "]]>",          "<!ENTITY f '&e;&e;'>",
+        "&f;",        "\0",  "\xff",        "\"",           "'",
+        "<![CDATA[",  "-->", "<!--",        "%e;",          "</b>",
+        "<b>",        "=",   "&#0;",        "\xef\xbb\xbf", "\r",
+        "SYSTEM 'x'", "?>",  "\xed\xa0\x80"};
+    const unsigned first = std::random_device()();
+    for (unsigned round = 0; round < 5000; ++round) {
+        std::mt19937 random(first + round);
+        const auto draw = [&random](std::size_t below) {
+            return std::uniform_int_distribution<std::size_t>(0, below)(random);
+        };
+        std::string text = seed;
+        for (std::size_t changes = draw(4); changes > 0; --changes) {
+            const std::size_t place = draw(text.size());
+            switch (draw(2)) {
+            case 0:
+                text.erase(place, draw(10));
+                break;
+            case 1:
+                text.insert(place, kMischief[draw(kMischief.size() - 1)]);
+                break;
+            default:
+                text.insert(draw(text.size()), text.substr(place, draw(30)));
+            }
+        }
+        SCOPED_TRACE("seed " + std::to_string(first + round) + ": " + text);
+        CATIDOMDocument_var document;
+        CATXMLProblem problem;
+        if (CreateCATIXMLDOMDocumentBuilder()->ParseText(text, document, problem) == S_OK) {
+            ASSERT_EQ(Written(Parsed(Written(document))), Written(document));
+        } else {
+            ASSERT_GT(problem.line, 0);
+            ASSERT_GT(problem.column, 0);
         }
     }
 }

@@ -15,7 +15,7 @@
 class WB_EXPORT CATFileReplacement
 {
 public:
-    explicit CATFileReplacement(std::string path);
+    explicit CATFileReplacement(const std::string& path);
     CATFileReplacement(const CATFileReplacement&) = delete;
     CATFileReplacement& operator=(const CATFileReplacement&) = delete;
     ~CATFileReplacement();

@@ -74,7 +74,7 @@ bool FlushDirectory(const std::string& directory)
 
 } // namespace
 
-CATFileReplacement::CATFileReplacement(std::string path) : m_path(FollowLinks(path))
+CATFileReplacement::CATFileReplacement(const std::string& path) : m_path(FollowLinks(path))
 {}
 
 CATFileReplacement::~CATFileReplacement()

@@ -21,7 +21,7 @@ public:
     /// Null when the name is no XML name.
     virtual CATIDOMElement_var CreateElement(const CATUnicodeString& name) = 0;
     /// Null when the text holds a character that no XML document can hold; so below. A comment may
-    /// not hold "--" nor end in "-".
+    /// not hold "--" or a carriage return, nor end in "-".
     virtual CATIDOMNode_var CreateTextNode(const CATUnicodeString& text) = 0;
     virtual CATIDOMNode_var CreateComment(const CATUnicodeString& text) = 0;
 

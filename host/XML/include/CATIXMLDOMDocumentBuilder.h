@@ -24,9 +24,11 @@ using CATXMLProgress = std::function<void(std::uint64_t done, std::uint64_t tota
 /// Reading takes XML 1.0 in UTF-8, UTF-16, US-ASCII and ISO-8859-1, keeps every character, comment
 /// and instruction, and gives back what it read when it is written: same names, same attributes in
 /// the same order, same texts. A document type declaration is read for its internal entities and
-/// not kept. Nothing outside the text is ever fetched: a reference to an external entity is a
-/// problem. Texts that would swell (entities in entities), nest deeper than kCATDOMMostDepth or
-/// hold more than 2 GiB of text are refused, by line and column.
+/// default values and not kept. Nothing outside the text is ever fetched: whatever asks for it (an
+/// external entity, a document type that stands elsewhere, a parameter entity) is a problem. Texts
+/// that swell to more than 20 times what was written, beyond 8 MiB, declare more than 1000
+/// entities, nest deeper than kCATDOMMostDepth or are longer than 2 GiB are refused, by line and
+/// column.
 ///
 /// Every failure gives E_FAIL with the outputs untouched and the problem filled.
 class WB_EXPORT CATIXMLDOMDocumentBuilder : public CATBaseUnknown

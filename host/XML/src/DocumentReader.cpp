@@ -69,10 +69,8 @@ constexpr std::array kExplanations{
     Explanation{XML_ERROR_INCORRECT_ENCODING, "the text is not in the encoding that it declares"},
     Explanation{XML_ERROR_UNCLOSED_CDATA_SECTION,
                 "the CDATA section does not end; \"]]>\" was expected"},
-    Explanation{XML_ERROR_INCOMPLETE_PE, "a declaration must end in the entity that it begins in"},
     Explanation{XML_ERROR_PARAM_ENTITY_REF, "a parameter entity cannot stand here"},
     Explanation{XML_ERROR_XML_DECL, "the XML declaration is not well formed"},
-    Explanation{XML_ERROR_TEXT_DECL, "the text declaration is not well formed"},
     Explanation{XML_ERROR_AMPLIFICATION_LIMIT_BREACH, kSwollen},
 };
 
@@ -148,6 +146,8 @@ private:
     void EndElement();
     void AddLeaf(CATDOMNodeType type, std::uint32_t name, std::string_view text);
     void FlushText();
+    // A comment or instruction; those in the document type go with it.
+    void AddRemark(CATDOMNodeType type, std::uint32_t name, std::string_view text);
     void CountEntity(bool isParameter);
     std::uint32_t ElementNumber(const char* name);
     std::uint32_t AttributeNumber(std::vector<std::uint32_t>& last, std::size_t index,
@@ -169,6 +169,7 @@ private:
     int m_entities = 0;
     std::size_t m_piece = kPiece;
     XML_Index m_lastPlace = 0;
+    bool m_isInDocumentType = false;
     bool m_isStopped = false;
     std::exception_ptr m_exception;
     CATXMLProblem m_problem;
@@ -211,21 +212,20 @@ void DocumentReader::Impl::SetHandlers()
             });
         });
     XML_SetCommentHandler(parser, [](void* data, const char* text) {
-        Guarded(data, [=](Impl& self) {
-            self.FlushText();
-            self.CountKept(std::strlen(text));
-            self.AddLeaf(CATDOMNodeType::Comment, kNoName, text);
-        });
+        Guarded(data, [=](Impl& self) { self.AddRemark(CATDOMNodeType::Comment, kNoName, text); });
     });
     XML_SetProcessingInstructionHandler(
         parser, [](void* data, const char* target, const char* text) {
             Guarded(data, [=](Impl& self) {
-                self.FlushText();
-                self.CountKept(std::strlen(text));
-                self.AddLeaf(CATDOMNodeType::ProcessingInstruction,
-                             self.m_dom->Names().Intern(target), text);
+                self.AddRemark(CATDOMNodeType::ProcessingInstruction,
+                               self.m_dom->Names().Intern(target), text);
             });
         });
+    XML_SetDoctypeDeclHandler(
+        parser,
+        [](void* data, const char* /*name*/, const char* /*system*/, const char* /*publicName*/,
+           int /*hasSubset*/) { static_cast<Impl*>(data)->m_isInDocumentType = true; },
+        [](void* data) { static_cast<Impl*>(data)->m_isInDocumentType = false; });
     XML_SetEntityDeclHandler(parser, [](void* data, const char* /*name*/, int isParameter,
                                         const char* /*value*/, int /*length*/, const char* /*base*/,
                                         const char* /*system*/, const char* /*publicName*/,
@@ -400,6 +400,15 @@ void DocumentReader::Impl::FlushText()
     if (!m_text.empty()) {
         AddLeaf(CATDOMNodeType::Text, kNoName, m_text);
         m_text.clear();
+    }
+}
+
+void DocumentReader::Impl::AddRemark(CATDOMNodeType type, std::uint32_t name, std::string_view text)
+{
+    if (!m_isInDocumentType) {
+        FlushText();
+        CountKept(text.size());
+        AddLeaf(type, name, text);
     }
 }
 

@@ -1,5 +1,8 @@
 #include "DomArena.h"
 
+// A room that is free is out of bounds where the build looks for such mistakes.
+#include <sanitizer/asan_interface.h>
+
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
@@ -76,6 +79,7 @@ void* DomArena::Take(std::size_t bytes)
     FreeRoom*& free = m_free[ClassOf(room)];
     if (free != nullptr) {
         FreeRoom* taken = free;
+        ASAN_UNPOISON_MEMORY_REGION(taken, room);
         free = taken->next;
         return taken;
     }
@@ -96,6 +100,7 @@ void DomArena::GiveBack(void* room, std::size_t bytes)
     }
     FreeRoom*& free = m_free[ClassOf(size)];
     free = new (room) FreeRoom{free};
+    ASAN_POISON_MEMORY_REGION(room, size);
 }
 
 // A small document costs little, a large one asks the system rarely.

@@ -45,39 +45,45 @@ CATIDOMNodeList_var ElementNode::ElementsByTagName(const CATUnicodeString& tagNa
     return LiveList::OfElements(Self(), tagName.View());
 }
 
+ElementNode::Elsewhere ElementNode::ElsewhereOf(const Text& text)
+{
+    Elsewhere elsewhere{};
+    std::memcpy(&elsewhere, text.bytes, sizeof(elsewhere));
+    return elsewhere;
+}
+
 std::string_view ElementNode::TextOf(const Text& text)
 {
     if (text.length != kElsewhere) {
         return {text.bytes, text.length};
     }
-    Elsewhere elsewhere{};
-    std::memcpy(&elsewhere, text.bytes, sizeof(elsewhere));
+    const Elsewhere elsewhere = ElsewhereOf(text);
     return {elsewhere.bytes, elsewhere.length};
 }
 
-// A room that a text once needed stays with it, so that values that grow and shrink in turns take
-// it once. The value may be part of the text itself.
+// The value may be part of the text itself.
 void ElementNode::Assign(Text& text, std::string_view value)
 {
-    Elsewhere elsewhere{};
-    if (text.length != kElsewhere) {
-        if (value.size() <= sizeof(text.bytes)) {
-            std::memmove(text.bytes, value.data(), value.size());
-            text.length = static_cast<std::uint8_t>(value.size());
-            return;
-        }
-    } else {
-        std::memcpy(&elsewhere, text.bytes, sizeof(elsewhere));
+    if (text.length == kElsewhere || value.size() > sizeof(text.bytes)) {
+        AssignElsewhere(text, value);
+        return;
     }
-    if (value.size() > elsewhere.room) {
-        const std::size_t room = DomArena::RoomFor(value.size());
-        auto* bytes = static_cast<char*>(document->Arena().Take(room));
-        std::memcpy(bytes, value.data(), value.size());
-        Drop(text);
-        elsewhere.bytes = bytes;
-        elsewhere.room = static_cast<std::uint32_t>(room);
-    } else {
+    std::memmove(text.bytes, value.data(), value.size());
+    text.length = static_cast<std::uint8_t>(value.size());
+}
+
+// A room that a text once needed stays with it, so that values that grow and shrink in turns take
+// it once.
+void ElementNode::AssignElsewhere(Text& text, std::string_view value)
+{
+    Elsewhere elsewhere = text.length == kElsewhere ? ElsewhereOf(text) : Elsewhere{};
+    if (elsewhere.bytes != nullptr && value.size() <= elsewhere.room) {
         std::memmove(elsewhere.bytes, value.data(), value.size());
+    } else {
+        elsewhere.room = static_cast<std::uint32_t>(DomArena::RoomFor(value.size()));
+        elsewhere.bytes = static_cast<char*>(document->Arena().Take(elsewhere.room));
+        std::memcpy(elsewhere.bytes, value.data(), value.size());
+        Drop(text);
     }
     elsewhere.length = static_cast<std::uint32_t>(value.size());
     std::memcpy(text.bytes, &elsewhere, sizeof(elsewhere));
@@ -87,8 +93,7 @@ void ElementNode::Assign(Text& text, std::string_view value)
 void ElementNode::Drop(const Text& text)
 {
     if (text.length == kElsewhere) {
-        Elsewhere elsewhere{};
-        std::memcpy(&elsewhere, text.bytes, sizeof(elsewhere));
+        const Elsewhere elsewhere = ElsewhereOf(text);
         document->Arena().GiveBack(elsewhere.bytes, elsewhere.room);
     }
 }

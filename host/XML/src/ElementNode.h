@@ -59,8 +59,10 @@ private:
 
     void OnLastRelease() const override;
 
+    static Elsewhere ElsewhereOf(const Text& text);
     static std::string_view TextOf(const Text& text);
     void Assign(Text& text, std::string_view value);
+    void AssignElsewhere(Text& text, std::string_view value);
     void Drop(const Text& text);
     std::uint32_t* Names() const { return reinterpret_cast<std::uint32_t*>(m_attributes); }
     Text* Texts() const

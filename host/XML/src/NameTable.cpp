@@ -1,5 +1,6 @@
 #include "NameTable.h"
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -74,9 +75,11 @@ std::uint32_t NameTable::Intern(std::string_view name)
         return m_slots[slot] - 1;
     }
     auto* text = static_cast<char*>(m_arena.Take(name.size() + 3));
-    text[0] = ' ';
-    std::memcpy(text + 1, name.data(), name.size());
-    std::memcpy(text + 1 + name.size(), "=\"", 2);
+    char* end = text;
+    *end++ = ' ';
+    end = std::copy(name.begin(), name.end(), end);
+    *end++ = '=';
+    *end = '"';
     const auto number = static_cast<std::uint32_t>(m_names.size());
     m_names.push_back({text, static_cast<std::uint32_t>(name.size()), 0, hash, false});
     m_slots[slot] = number + 1;
