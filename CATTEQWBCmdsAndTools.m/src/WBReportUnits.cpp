@@ -7,9 +7,9 @@
 #include "CATIDOMElement.h"
 #include "CATIDOMNodeList.h"
 
+#include <array>
 #include <optional>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace
