@@ -6,7 +6,6 @@
 #include "CATIDOMElement.h"
 #include "CATIDOMNamedNodeMap.h"
 
-
 namespace
 {
 
