@@ -1,7 +1,7 @@
 #include "BenchTable.h"
 
 #include "ReportFixture.h"
-#include "ReportMemory.h"
+#include "ReportProcess.h"
 
 #include <benchmark/benchmark.h>
 
@@ -24,8 +24,8 @@ constexpr const char* kHelp =
     "\n"
     "  --large                    the report lines alone, with 1,000,000 part instances in place "
     "of\n"
-    "                             100,000 and three repetitions in place of five; takes about ten\n"
-    "                             minutes and 12 GiB of memory\n"
+    "                             100,000 and one turn in place of five; takes some seven minutes\n"
+    "                             and 12 GiB of memory\n"
     "  --benchmark_filter=REGEX   a part of the lines, by the names of their benchmarks\n"
     "  --benchmark_list_tests     these names\n"
     "  --help                     this text\n"
@@ -39,8 +39,8 @@ constexpr double kNanosecondsPerMillisecond = 1e6;
 constexpr double kBytesPerMebiByte = 1024.0 * 1024.0;
 
 /// Keeps what each repetition of a benchmark measured: times in nanoseconds, counters as they are.
-/// A time is what the program had of the processor, which other programs disturb little, and of
-/// benchmarks that ask for it, since disks take part, the time by the clock.
+/// A time is what the program had of the processor, which other programs disturb little. Benchmarks
+/// with disks ask for the clock's time in its place, others measure themselves.
 class FigureReporter : public benchmark::BenchmarkReporter
 {
 public:
@@ -74,10 +74,10 @@ private:
     void Keep(const Run& run)
     {
         const std::string& name = run.run_name.function_name;
-        const bool byClock = run.run_name.time_type == "real_time";
-        m_figures[name].push_back((byClock ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime()) /
-                                  benchmark::GetTimeUnitMultiplier(run.time_unit) *
-                                  kNanosecondsPerSecond);
+        const bool isItsOwn = !run.run_name.time_type.empty();
+        m_figures[name].push_back(
+            (isItsOwn ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime()) /
+            benchmark::GetTimeUnitMultiplier(run.time_unit) * kNanosecondsPerSecond);
         for (const auto& [counter, value] : run.counters) {
             m_figures[name + ':' + counter].push_back(value.value);
         }
@@ -152,8 +152,8 @@ bool InitializeBenchmarks(std::vector<std::string>& arguments)
 int main(int argc, char** argv)
 {
     std::vector<std::string> arguments(argv, argv + argc);
-    if (arguments.size() == 3 && arguments[1] == kMeasureReportOption) {
-        return PrintReportMemory(arguments[2]);
+    if (arguments.size() == 4 && arguments[1] == kMeasureReportOption) {
+        return MeasureReport(arguments[2], arguments[3]);
     }
     if (TakeArgument(arguments, "--help") || TakeArgument(arguments, "-h")) {
         std::fputs(kHelp, stdout);
@@ -162,12 +162,12 @@ int main(int argc, char** argv)
     const bool large = TakeArgument(arguments, "--large");
     // What the user gives comes later and counts.
     std::vector<std::string> defaults{"--benchmark_enable_random_interleaving=true",
-                                      large ? "--benchmark_repetitions=3"
+                                      large ? "--benchmark_repetitions=1"
                                             : "--benchmark_repetitions=5"};
     if (large) {
         defaults.emplace_back("--benchmark_filter=^Report");
         UseLargeReports();
-        std::printf("Reports of 1,000,000 part instances, medians of three repetitions\n");
+        std::printf("Reports of 1,000,000 part instances, one turn each\n");
     }
     arguments.insert(arguments.begin() + 1, defaults.begin(), defaults.end());
     if (!InitializeBenchmarks(arguments)) {

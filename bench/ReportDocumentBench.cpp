@@ -5,15 +5,12 @@
 #include "CATIXMLDOMDocumentBuilder.h"
 
 #include <benchmark/benchmark.h>
-#include <libxml/parser.h>
-#include <libxml/tree.h>
 #include <pugixml.hpp>
 
 #include <array>
 #include <cstring>
 #include <filesystem>
 #include <memory>
-#include <optional>
 
 namespace
 {
@@ -26,52 +23,6 @@ Pugi ParseByPugi(const std::string& text)
     document->load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
     return document;
 }
-
-// Reading. Taking the document down again is not measured.
-
-void ReportParse(benchmark::State& state)
-{
-    const std::string& text = BenchReport();
-    MeasureEach(
-        state, [] { return CATIDOMDocument_var(); },
-        [&text](CATIDOMDocument_var& document) { document = ParseReport(text); });
-}
-BENCHMARK(ReportParse)->Unit(benchmark::kMillisecond)->Iterations(1);
-
-void ReportPugiParse(benchmark::State& state)
-{
-    const std::string& text = BenchReport();
-    MeasureEach(
-        state, [] { return Pugi(); }, [&text](Pugi& document) { document = ParseByPugi(text); });
-}
-BENCHMARK(ReportPugiParse)->Unit(benchmark::kMillisecond)->Iterations(1);
-
-void ReportDistributivePugiParse(benchmark::State& state)
-{
-    const std::string& text = DistributiveBenchReport();
-    MeasureEach(
-        state, [] { return Pugi(); }, [&text](Pugi& document) { document = ParseByPugi(text); });
-}
-BENCHMARK(ReportDistributivePugiParse)->Unit(benchmark::kMillisecond)->Iterations(1);
-
-using Libxml = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
-
-// Without compact texts: they would make a tree that may not be changed.
-void ReportLibxmlParse(benchmark::State& state)
-{
-    const std::string& text = BenchReport();
-    MeasureEach(
-        state, [] { return std::optional<Libxml>(); },
-        [&](std::optional<Libxml>& document) {
-            document.emplace(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr,
-                                           nullptr, XML_PARSE_HUGE | XML_PARSE_NONET),
-                             &xmlFreeDoc);
-            if (!*document) {
-                state.SkipWithError("the peer refused the report");
-            }
-        });
-}
-BENCHMARK(ReportLibxmlParse)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // Walking: each counts the part instances.
 
@@ -231,10 +182,6 @@ void ReportPugiWrite(benchmark::State& state)
 }
 BENCHMARK(ReportPugiWrite)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 
-const RegisterBenchLine kParse({"parse a report / pugixml parsing it", "ReportParse",
-                                "ReportPugiParse", 5.0});
-const RegisterBenchLine kParseLibxml({"parse a report / libxml2's tree parse", "ReportParse",
-                                      "ReportLibxmlParse", 0.6});
 const RegisterBenchLine kWalk({"walk a live list by tag name / a plain walk over pugixml's tree",
                                "ReportWalk", "ReportPugiWalk", 1.5});
 const RegisterBenchLine kRewrite({"rewrite 15 attributes each along a live list / a tenth of it",

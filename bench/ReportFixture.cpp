@@ -1,5 +1,6 @@
 #include "ReportFixture.h"
 
+#include "BenchFolder.h"
 #include "ReportText.h"
 
 #include "CATCkeGlobalFunctions.h"
@@ -10,6 +11,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 
 namespace
 {
@@ -40,6 +42,13 @@ std::string MakeText(int instances, bool distributive)
     options.instances = instances;
     options.distributive = distributive;
     return ReportText(options);
+}
+
+std::string MakeFile(const char* name, const std::string& text)
+{
+    const std::string path = BenchFile(name);
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
 }
 
 [[noreturn]] void End(const std::string& sentence)
@@ -82,6 +91,18 @@ const std::string& SmallDistributiveBenchReport()
 {
     static const std::string text = MakeText(g_instances / kShare, true);
     return text;
+}
+
+const std::string& BenchReportFile()
+{
+    static const std::string path = MakeFile("made.xml", BenchReport());
+    return path;
+}
+
+const std::string& DistributiveBenchReportFile()
+{
+    static const std::string path = MakeFile("distributive.xml", DistributiveBenchReport());
+    return path;
 }
 
 CATIDOMDocument_var ParseReport(std::string_view text)

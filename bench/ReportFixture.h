@@ -13,12 +13,15 @@
 void UseLargeReports();
 /// How many part instances the reports of this run hold.
 int ReportInstances();
-/// A report of that many instances, of a tenth of them, and a distributive one of as many, each
-/// made at the first call.
+/// A report of that many instances, a distributive one of as many, and both with a tenth of them,
+/// each made at the first call.
 const std::string& BenchReport();
-const std::string& SmallBenchReport();
 const std::string& DistributiveBenchReport();
+const std::string& SmallBenchReport();
 const std::string& SmallDistributiveBenchReport();
+/// The first two in files, each written at the first call.
+const std::string& BenchReportFile();
+const std::string& DistributiveBenchReportFile();
 
 /// The document of a text; a text that is refused ends the program.
 CATIDOMDocument_var ParseReport(std::string_view text);

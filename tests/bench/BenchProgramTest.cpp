@@ -62,7 +62,7 @@ TEST(BenchProgram, MeasuresTheMemoryOfAReport)
     options.instances = 3000;
     const std::string text = ReportText(options);
     const std::string file = directory.Write("report.xml", text);
-    const Outcome outcome = Bench("--measure-report-memory " + file);
+    const Outcome outcome = Bench("--measure-report memory " + file);
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     std::istringstream figures(outcome.output);
     for (int figure = 0; figure < 3; ++figure) {
@@ -74,13 +74,28 @@ TEST(BenchProgram, MeasuresTheMemoryOfAReport)
     }
 }
 
+TEST(BenchProgram, MeasuresTheReadingOfAReport)
+{
+    const TemporaryDirectory directory;
+    const std::string file = directory.Write("report.xml", ReportText({}));
+    for (const char* what : {"parse", "pugixml", "libxml2"}) {
+        const Outcome outcome = Bench(std::string("--measure-report ") + what + ' ' + file);
+        EXPECT_EQ(outcome.status, 0) << what;
+        EXPECT_GT(std::stod(outcome.output), 0.0) << what;
+        EXPECT_LT(std::stod(outcome.output), 60.0) << what;
+    }
+}
+
 TEST(BenchProgram, SaysWhichReportItCannotMeasure)
 {
     const TemporaryDirectory directory;
     const std::string file = directory.Write("broken.xml", "<WBReport>");
-    const Outcome outcome = Bench("--measure-report-memory " + file);
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.output, HasSubstr("broken.xml: "));
+    for (const char* what : {"memory", "parse", "pugixml", "libxml2"}) {
+        const Outcome outcome = Bench(std::string("--measure-report ") + what + ' ' + file);
+        EXPECT_EQ(outcome.status, 1) << what;
+        EXPECT_THAT(outcome.output, HasSubstr("broken.xml: ")) << what;
+    }
+    EXPECT_EQ(Bench("--measure-report colour " + file).status, 2);
 }
 
 } // namespace

@@ -1,9 +1,7 @@
-#include "ReportMemory.h"
-
-#include "BenchFolder.h"
 #include "BenchTable.h"
 #include "Listening.h"
 #include "ReportFixture.h"
+#include "ReportProcess.h"
 
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "CATWBServices.h"
@@ -15,9 +13,7 @@
 
 #include <array>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <memory>
 
 namespace
 {
@@ -60,54 +56,33 @@ void Display(CATIDOMDocument_var& document, int pass)
                                       choice.decimals);
 }
 
-struct ReportMemory
-{
-    double document = 0.0;
-    double afterOnePass = 0.0;
-    double afterManyPasses = 0.0;
-};
-
-/// Has another process of this program measure the file.
-bool MeasureElsewhere(const std::string& path, ReportMemory& memory)
-{
-    const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
-    const std::string command = "'" + program + "' " + kMeasureReportOption + " '" + path + "'";
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"),
-                                                                 &pclose);
-    return output && std::fscanf(output.get(), "%lf %lf %lf", &memory.document,
-                                 &memory.afterOnePass, &memory.afterManyPasses) == 3;
-}
-
 // Its time is that of all passes together and stands in no line; its counters do.
-void ReportMemoryOfDocument(benchmark::State& state)
+void ReportMemory(benchmark::State& state)
 {
-    const std::string path = BenchFile("memory.xml");
-    std::ofstream(path, std::ios::binary) << BenchReport();
-    ReportMemory memory;
     for (auto turn : state) {
-        if (!MeasureElsewhere(path, memory)) {
+        const std::vector<double> bytes = MeasureReportElsewhere("memory", BenchReportFile());
+        if (bytes.size() != 3) {
             state.SkipWithError("the memory was not measured");
+            return;
         }
+        state.counters["text"] = static_cast<double>(BenchReport().size());
+        state.counters["document"] = bytes[0];
+        state.counters["afterOnePass"] = bytes[1];
+        state.counters["afterManyPasses"] = bytes[2];
     }
-    std::filesystem::remove(path);
-    state.counters["text"] = static_cast<double>(BenchReport().size());
-    state.counters["document"] = memory.document;
-    state.counters["afterOnePass"] = memory.afterOnePass;
-    state.counters["afterManyPasses"] = memory.afterManyPasses;
 }
-BENCHMARK(ReportMemoryOfDocument)->Iterations(1)->Repetitions(1)->UseRealTime();
+BENCHMARK(ReportMemory)->Iterations(1)->Repetitions(1)->UseRealTime();
 
 const RegisterBenchLine kDocument({"a report's document in memory / the size of its text",
-                                   "ReportMemoryOfDocument:document", "ReportMemoryOfDocument:text",
-                                   2.2, BenchUnit::MebiBytes});
+                                   "ReportMemory:document", "ReportMemory:text", 2.2,
+                                   BenchUnit::MebiBytes});
 const RegisterBenchLine kManyPasses({"a document after 100 passes of display / after one",
-                                     "ReportMemoryOfDocument:afterManyPasses",
-                                     "ReportMemoryOfDocument:afterOnePass", 1.1,
-                                     BenchUnit::MebiBytes});
+                                     "ReportMemory:afterManyPasses", "ReportMemory:afterOnePass",
+                                     1.1, BenchUnit::MebiBytes});
 
 } // namespace
 
-int PrintReportMemory(const std::string& path)
+std::vector<double> MeasureMemory(const std::string& path)
 {
     const Listening silence({});
     UseInchPoundUnits();
@@ -117,17 +92,15 @@ int PrintReportMemory(const std::string& path)
     CATXMLProblem problem;
     if (builder->ParseFile(path, document, problem) != S_OK) {
         std::fprintf(stderr, "%s: %s\n", path.c_str(), problem.sentence.ToStdString().c_str());
-        return 1;
+        return {};
     }
-    ReportMemory memory;
-    memory.document = HeldBytes() - before;
+    std::vector<double> bytes{HeldBytes() - before};
     CATWBServices::ManageUnitsConversion(document, 0, 0);
     Display(document, 0);
-    memory.afterOnePass = HeldBytes() - before;
+    bytes.push_back(HeldBytes() - before);
     for (int pass = 1; pass < kPasses; ++pass) {
         Display(document, pass);
     }
-    memory.afterManyPasses = HeldBytes() - before;
-    std::printf("%.0f %.0f %.0f\n", memory.document, memory.afterOnePass, memory.afterManyPasses);
-    return 0;
+    bytes.push_back(HeldBytes() - before);
+    return bytes;
 }

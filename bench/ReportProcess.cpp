@@ -1,0 +1,51 @@
+#include "ReportProcess.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+namespace
+{
+
+constexpr int kUsageError = 2;
+
+struct Measure
+{
+    const char* what;
+    std::vector<double> (*take)(const std::string& path);
+};
+constexpr Measure kMeasures[] = {{"memory", &MeasureMemory},
+                                 {"parse", &MeasureParse},
+                                 {"pugixml", &MeasurePugiParse},
+                                 {"libxml2", &MeasureLibxmlParse}};
+
+} // namespace
+
+int MeasureReport(const std::string& what, const std::string& path)
+{
+    for (const Measure& measure : kMeasures) {
+        if (what == measure.what) {
+            const std::vector<double> figures = measure.take(path);
+            for (const double figure : figures) {
+                std::printf("%.9g\n", figure);
+            }
+            return figures.empty() ? 1 : 0;
+        }
+    }
+    std::fprintf(stderr, "wb_bench: \"%s\" cannot be measured\n", what.c_str());
+    return kUsageError;
+}
+
+std::vector<double> MeasureReportElsewhere(const std::string& what, const std::string& path)
+{
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
+    const std::string command =
+        "'" + program + "' " + kMeasureReportOption + ' ' + what + " '" + path + "'";
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"),
+                                                                 &pclose);
+    std::vector<double> figures;
+    for (double figure = 0.0; output && std::fscanf(output.get(), "%lf", &figure) == 1;) {
+        figures.push_back(figure);
+    }
+    return figures;
+}

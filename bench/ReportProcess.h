@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The program's option by which it takes figures of one report in a process of its own, which no
+/// other benchmark has filled and left full of holes: "<option> WHAT FILE".
+inline constexpr const char* kMeasureReportOption = "--measure-report";
+
+/// Takes the figures (WHAT is "memory", "parse", "pugixml" or "libxml2") and prints them. Returns
+/// the program's exit status.
+int MeasureReport(const std::string& what, const std::string& path);
+/// The figures that another process of this program takes; none when that failed.
+std::vector<double> MeasureReportElsewhere(const std::string& what, const std::string& path);
+
+/// The figures, in the order in which they are printed; none, with a message, when the file is no
+/// report.
+/// The bytes that the document takes: as read, after one pass of display, after many.
+std::vector<double> MeasureMemory(const std::string& path);
+/// The seconds that reading the text takes, which stands in memory before: by us and by each peer.
+std::vector<double> MeasureParse(const std::string& path);
+std::vector<double> MeasurePugiParse(const std::string& path);
+std::vector<double> MeasureLibxmlParse(const std::string& path);
