@@ -28,12 +28,12 @@ std::uint32_t DomDocument::UsedName(std::string_view text)
 
 ElementNode& DomDocument::NewElement(std::uint32_t elementName)
 {
-    return *new (m_arena.Take(sizeof(ElementNode))) ElementNode(*this, elementName);
+    return *new (m_nodes.Take(sizeof(ElementNode))) ElementNode(*this, elementName);
 }
 
 LeafNode& DomDocument::NewLeaf(CATDOMNodeType type, std::uint32_t target, std::string_view text)
 {
-    return *new (m_arena.Take(sizeof(LeafNode))) LeafNode(*this, type, target, text);
+    return *new (m_nodes.Take(sizeof(LeafNode))) LeafNode(*this, type, target, text);
 }
 
 CATIDOMElement_var DomDocument::DocumentElement() const
@@ -124,11 +124,11 @@ void DomDocument::FreeNode(NodeLinks& node)
     if (node.kind == CATDOMNodeType::Element) {
         auto& element = static_cast<ElementNode&>(node);
         element.DropAttributes();
-        m_arena.GiveBack(&element, sizeof(ElementNode));
+        m_nodes.GiveBack(&element, sizeof(ElementNode));
     } else {
         auto& leaf = static_cast<LeafNode&>(node);
         leaf.DropText();
-        m_arena.GiveBack(&leaf, sizeof(LeafNode));
+        m_nodes.GiveBack(&leaf, sizeof(LeafNode));
     }
 }
 

@@ -50,6 +50,8 @@ private:
     void FreeTree(NodeLinks& top);
     void FreeNode(NodeLinks& node);
 
+    // Nodes lie close together and apart from their texts: a walk over many touches them alone.
+    DomArena m_nodes;
     DomArena m_arena;
     NameTable m_names;
     LiveList* m_newestList = nullptr;
