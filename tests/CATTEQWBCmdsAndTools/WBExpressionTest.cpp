@@ -65,6 +65,11 @@ TEST(EvaluateSimpleExpression, OnlyTheFirstOfSeveralEqualOperatorsSplits)
         {{"1+2+3", "3"}, {"10-2-3", "8"}, {"2*3*4", "6"}, {"2^3^2", "8"}, {"8/2/2", "4"}});
 }
 
+TEST(EvaluateSimpleExpression, SignOfAnExponentIsAnOperator)
+{
+    ExpectEvaluated({{"1e-5", "-4"}, {"1e+5", "6"}, {"1e5*2", "200000"}});
+}
+
 TEST(EvaluateSimpleExpression, EachSideIsReadWithEitherSeparator)
 {
     {

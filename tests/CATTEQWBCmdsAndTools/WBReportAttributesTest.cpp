@@ -165,6 +165,9 @@ TEST_F(SetAttributeValue, ValueThatNoDocumentCanHoldIsNotWritten)
     Take(report);
     const CATICkeUnit_var unit = UnitThatShows("\x01");
     EXPECT_EQ(CATWBServices::SetAttributeValue(m_node, "COGx", unit, unit, 1, 0, 0), 0);
+    EXPECT_EQ(CATWBServices::SetAttributeValue(m_node, "COGx", unit, unit, 1, 0, 1), 0);
+    EXPECT_EQ(
+        CATWBServices::SetAttributeValue(m_node, "COGx", "COGx", unit, unit, unit, unit, 1, 0), 0);
     EXPECT_EQ(Now(), report);
 }
 

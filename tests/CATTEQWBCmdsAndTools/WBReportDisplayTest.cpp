@@ -283,6 +283,15 @@ TEST_F(ManageUnitsDisplay, PropertyThatAnInstanceDoesNotHaveIsNotReported)
     EXPECT_THAT(m_lines, IsEmpty());
 }
 
+// Lists are made of companions; a name that is none is its own property and magnitude.
+TEST_F(ManageUnitsDisplay, ListedNameWithoutThePrefixIsTakenWhole)
+{
+    EXPECT_EQ(Instance(R"(P="LENGTH" Unit_of_reach="1")", {"P", "Unit_of_reach", ""}),
+              R"(<PartInstance P="0in" Unit_of_reach="1"/>)");
+    EXPECT_THAT(m_lines, ElementsAre("Error encountered: could not find the magnitude 1 for "
+                                     "Unit_of_reach!"));
+}
+
 TEST_F(ManageUnitsDisplay, CompanionOfAPropertyThatIsNotThereIsReported)
 {
     EXPECT_EQ(Instance(R"(__magnitude__P="NONE" __magnitude__Q="LENGTH" Q="1")",

@@ -112,7 +112,7 @@ public:
     // unit's own number of decimals held fixed, so that trailing zeros show. `convert` non-zero:
     // the values stand in storage units and are brought to the current ones; zero: they stand in
     // the current units and are only shown anew. A text that is no number counts as 0 and is
-    // written so.
+    // written so. A null unit raises the host's null-handle error as soon as a value needs it.
 
     /// Null when the dictionary has no such magnitude.
     static CATICkeMagnitude_var GetMagnitude(const CATUnicodeString& name);
@@ -123,7 +123,8 @@ public:
                                          const unsigned char& withSymbol, int decimals);
     /// Rewrites one attribute from the source to the target unit. With `multiValued` non-zero it is
     /// a list of numbers between ";", read up to its first empty item and written with "; ". False,
-    /// with nothing changed, when the node is null, no element, or lacks the attribute.
+    /// with nothing changed, when the node is null, no element, or lacks the attribute, and when
+    /// the unit shows what no document can hold.
     static unsigned char SetAttributeValue(CATIDOMNode_var& node, CATUnicodeString attribute,
                                            const CATICkeUnit_var& targetUnit,
                                            const CATICkeUnit_var& sourceUnit,
