@@ -335,6 +335,27 @@ TEST_F(CATDlgMultiListTest, TabLeavesTheList)
     EXPECT_EQ(m_window.Widget()->focusWidget(), button->Widget());
 }
 
+TEST_F(CATDlgMultiListTest, TabGoesThroughTheFilterBothWays)
+{
+    auto* button = new CATDlgPushButton(&m_window, "Button");
+    button->SetPlacement(1, 0);
+    for (int row = 1; row <= 9; ++row) {
+        m_list.SetCell(0, row, "x");
+    }
+    Show();
+    const auto focusAfter = [this](Qt::Key key) {
+        QTest::keyClick(m_window.Widget()->focusWidget(), key);
+        return m_window.Widget()->focusWidget();
+    };
+    button->Widget()->setFocus();
+    EXPECT_EQ(focusAfter(Qt::Key_Tab), &Filter());
+    EXPECT_EQ(focusAfter(Qt::Key_Tab), &View());
+    EXPECT_EQ(focusAfter(Qt::Key_Tab), button->Widget());
+    EXPECT_EQ(focusAfter(Qt::Key_Backtab), &View());
+    EXPECT_EQ(focusAfter(Qt::Key_Backtab), &Filter());
+    EXPECT_EQ(focusAfter(Qt::Key_Backtab), button->Widget());
+}
+
 TEST_F(CATDlgMultiListTest, BorderShowsThatTheKeysGoToTheList)
 {
     auto* button = new CATDlgPushButton(&m_window, "Next");

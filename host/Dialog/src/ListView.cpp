@@ -464,7 +464,6 @@ ListBox::ListBox(QWidget* parent, ListModel& model)
     rows->addWidget(m_filterRow);
     rows->addWidget(m_view, 1);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setFocusProxy(m_view);
 
     m_filter->setPlaceholderText(DialogMessage("List.Filter", "@Filter"));
     m_filter->setAccessibleName(DialogMessage("List.Filter", "@Filter"));
