@@ -110,6 +110,15 @@ TEST_F(CATDlgControlsTest, SelectedPieceOfALabelIsCopied)
     EXPECT_EQ(QApplication::clipboard()->text(), "12.5");
 }
 
+TEST_F(CATDlgControlsTest, LongTextsOfButtonsHaveRoomBesideThem)
+{
+    auto* button = new CATDlgPushButton(&m_window, "Button");
+    button->SetTitle("Zurücksetzen, bitte");
+    const QWidget& widget = *button->Widget();
+    const int text = widget.fontMetrics().horizontalAdvance(QStringLiteral("Zurücksetzen, bitte"));
+    EXPECT_GE(widget.sizeHint().width(), text + 2 * 8);
+}
+
 TEST_F(CATDlgControlsTest, TabGoesToValuesAndNotToTheirCaptions)
 {
     auto* caption = new CATDlgLabel(&m_window, "Caption");

@@ -39,6 +39,10 @@ constexpr PaletteRow kPalette[] = {
 
 constexpr int kFontPoints = 9;
 
+/// Room beside the text of a button that is wider than the least button, both sides together: the
+/// toolkit lets long words all but touch the frame.
+constexpr int kButtonRoom = 14;
+
 /// The same buttons in every box: those that the toolkit makes get no pictures either.
 class PlainButtons : public QProxyStyle
 {
@@ -50,6 +54,12 @@ public:
         return hint == SH_DialogButtonBox_ButtonsHaveIcons
                    ? 0
                    : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override
+    {
+        const QSize room(type == CT_PushButton ? kButtonRoom : 0, 0);
+        return QProxyStyle::sizeFromContents(type, option, contents + room, widget);
     }
 };
 
