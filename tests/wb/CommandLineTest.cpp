@@ -327,6 +327,7 @@ TEST_F(CommandLine, WrongUseIsStatusTwo)
     EXPECT_EQ(Run("").status, 2);
     EXPECT_EQ(Run("fly").status, 2);
     EXPECT_EQ(Run("part LA1/A").status, 2) << "the database is required";
+    EXPECT_THAT(Run("part LA1/A").err, StartsWith("wb: --db is required\n"));
     EXPECT_EQ(Run("import a.csv --into a.db --poi-sign maybe").status, 2);
     EXPECT_EQ(Run("--help").status, 0);
     EXPECT_THAT(Run("--help").out, AllOf(HasSubstr("workbench"), HasSubstr("part"),

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -425,6 +426,7 @@ TEST_F(ConvertReport, BadOptionsAreRefusedBeforeAnythingIsRead)
                 StartsWith("wb: --reference beside --display: "));
     EXPECT_THAT(Refused("--fly", 2), HasSubstr("--fly"));
     EXPECT_EQ(Run("convert-report in.xml").status, 2) << "it has to go somewhere";
+    EXPECT_THAT(Run("convert-report in.xml").err, StartsWith("wb: OUT is required\n"));
 }
 
 TEST_F(ConvertReport, NumbersOfOptionsHaveAPointInACommaLocaleToo)
@@ -443,6 +445,35 @@ TEST_F(ConvertReport, ProgressIsShownOnATerminalAlone)
                       HasSubstr("\rwriting\r"),
                       EndsWith("\rout.xml: 1 root, 0 part instances, 0 sections\r\n")));
     EXPECT_THAT(OnTerminal("convert-report in.xml out.xml --verbose"), Not(HasSubstr("reading")));
+}
+
+TEST_F(ConvertReport, InterruptedWritingLeavesNothingBehind)
+{
+    std::string report = "<R>";
+    for (int count = 0; count < 200000; ++count) {
+        report += R"(<PartInstance COGx="1" COGy="2" COGz="3" WB_Mass="4" MOIxx="5" MOIyy="6"/>)";
+    }
+    folder.Write("in.xml", report + "</R>");
+    folder.Write("out.xml", "as it was");
+    // It is told to end as soon as the new file is there, some megabytes before its end.
+    const Outcome outcome =
+        RunShell("'" WB_PROGRAM "' convert-report in.xml out.xml & set -- out.xml.new-*; "
+                 "until [ -e \"$1\" ] || ! kill -0 $!; do set -- out.xml.new-*; done; "
+                 "kill -TERM $!; wait $!; echo $?");
+    EXPECT_EQ(outcome.out, std::to_string(128 + SIGTERM) + '\n');
+    EXPECT_EQ(folder.Read("out.xml"), "as it was");
+    EXPECT_THAT(Reports(), ElementsAre("in.xml", "out.xml"));
+}
+
+TEST_F(ConvertReport, StandardInputIsNamedAsTheFileThatItIs)
+{
+    folder.Write("in.xml", R"(<R MassUnit="g"/>)");
+    EXPECT_THAT(RunShell("'" WB_PROGRAM "' convert-report - - <in.xml").err,
+                AllOf(HasSubstr("wb: /dev/stdin: the report says MassUnit=\"g\""),
+                      HasSubstr("wb: /dev/stdin: there is no PRC")));
+    folder.Write("in.xml", "<R>");
+    EXPECT_THAT(RunShell("'" WB_PROGRAM "' convert-report - - <in.xml").err,
+                StartsWith("wb: /dev/stdin: line 1"));
 }
 
 TEST_F(ConvertReport, SentencesNeverShareTheirLineWithABar)

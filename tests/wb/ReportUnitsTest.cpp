@@ -170,6 +170,17 @@ TEST_F(ReportUnits, ReportThatWasConvertedBeforeIsSaid)
                             "--display shows a report anew that was converted before"));
 }
 
+TEST_F(ReportUnits, ReportThatWasNeverConvertedIsNotShownInOtherUnitsUnsaid)
+{
+    EXPECT_THAT(Warnings("<R/>", Values::Current), IsEmpty());
+    Use("LENGTH=in,VOLUME=L");
+    EXPECT_THAT(Warnings("<R/>", Values::Current),
+                ElementsAre("the report names no units, as one that was never converted; --display "
+                            "takes its numbers as they stand: LENGTH in in, VOLUME in L"));
+    EXPECT_THAT(Warnings("<R/>", Values::Stored), IsEmpty());
+    EXPECT_THAT(Warnings(R"(<R LengthUnit="in"/>)", Values::Current), IsEmpty());
+}
+
 TEST_F(ReportUnits, ReportInOtherUnitsThanItIsShownInIsSaid)
 {
     Use("LENGTH=in");

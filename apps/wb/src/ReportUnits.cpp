@@ -87,6 +87,30 @@ std::string UseUnit(const std::string& choice, CATListValCATUnicodeString& named
     return {};
 }
 
+/// The units other than those of the server that --display takes a report's numbers in.
+std::string UnitsOfItsOwn()
+{
+    std::string text;
+    for (const HeaderRow& row : kHeader) {
+        const CATICkeMagnitude_var magnitude = FindMagnitude(row.magnitude);
+        if (magnitude.IsNull() ||
+            SymbolOf(magnitude->CurrentUnit()) == SymbolOf(magnitude->StorageUnit())) {
+            continue;
+        }
+        text.append(text.empty() ? "" : ", ").append(row.magnitude).append(" in ");
+        text.append(SymbolOf(magnitude->CurrentUnit()));
+    }
+    return text;
+}
+
+bool NamesNoUnits(const CATIDOMDocument_var& document)
+{
+    return std::ranges::none_of(kHeader, [&](const HeaderRow& row) {
+        CATUnicodeString said;
+        return document->DocumentElement()->GetAttribute(row.attribute, said) == S_OK;
+    });
+}
+
 } // namespace
 
 bool UseReportUnits(const std::string& choices, std::string& problem)
@@ -135,6 +159,12 @@ std::vector<std::string> UnitWarnings(const CATIDOMDocument_var& document,
 {
     const bool isStored = values == CATWBReportConversion::Values::Stored;
     std::vector<std::string> warnings;
+    const std::string unitsOfItsOwn = isStored ? std::string() : UnitsOfItsOwn();
+    if (!unitsOfItsOwn.empty() && NamesNoUnits(document)) {
+        warnings.push_back("the report names no units, as one that was never converted; --display "
+                           "takes its numbers as they stand: " +
+                           unitsOfItsOwn);
+    }
     for (const HeaderRow& row : kHeader) {
         CATUnicodeString said;
         const CATICkeMagnitude_var magnitude = FindMagnitude(row.magnitude);

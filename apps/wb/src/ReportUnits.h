@@ -15,6 +15,7 @@ bool UseReportUnits(const std::string& choices, std::string& problem);
 std::string ReferenceProblem(const CATWBReportConversion& conversion);
 
 /// A sentence for each unit that the report names for its own numbers and that is not the one in
-/// which the conversion takes them: most likely the report was converted before.
+/// which the conversion takes them: most likely the report was converted before. One more where a
+/// report that names no units at all, as the server's do, is taken in others than the server's.
 std::vector<std::string> UnitWarnings(const CATIDOMDocument_var& document,
                                       CATWBReportConversion::Values values);

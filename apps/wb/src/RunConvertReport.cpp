@@ -7,6 +7,7 @@
 #include "CATNumberLocale.h"
 #include "CATSettingRepository.h"
 #include "CATWBVPMNavGUITable.h"
+#include "PostponedEnd.h"
 #include "ProgressBar.h"
 #include "ReportArguments.h"
 #include "ReportUnits.h"
@@ -14,6 +15,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <functional>
 #include <utility>
 
 namespace
@@ -22,6 +24,8 @@ namespace
 using ConvertFunction = decltype(CATWBVPMNavGUITable::convertReport);
 
 constexpr const char* kStandardStream = "-";
+// The stream is a file too: it is read piece by piece, and sentences name it as any other.
+constexpr const char* kStandardInput = "/dev/stdin";
 
 constexpr int kFailed = 1;
 constexpr int kWrongUse = 2;
@@ -120,6 +124,7 @@ public:
     Conversion(const ConvertReportOptions& options, const CATWBReportConversion& what)
         : m_options(options),
           m_what(what),
+          m_input(options.input == kStandardStream ? kStandardInput : options.input),
           // Diagnostic lines and a bar would write over each other.
           m_bar(isatty(STDERR_FILENO) != 0 && !options.session.verbose ? stderr : nullptr)
     {}
@@ -127,12 +132,9 @@ public:
     /// False, with a sentence for the user.
     bool Read(std::string& problem)
     {
-        const bool isStandard = m_options.input == kStandardStream;
         ShowProgressAs("reading");
         CATXMLProblem wrong;
-        // The stream is a file too: it is read piece by piece, as any other.
-        if (m_builder->ParseFile(isStandard ? "/dev/stdin" : m_options.input, m_document, wrong) ==
-            S_OK) {
+        if (m_builder->ParseFile(m_input, m_document, wrong) == S_OK) {
             return true;
         }
         problem = wrong.sentence.ToStdString();
@@ -147,21 +149,24 @@ public:
         convert(m_document, m_what);
         m_bar.Clear();
         for (const std::string& warning : warnings) {
-            Tell(m_options.input + ": " + warning);
+            Tell(m_input + ": " + warning);
         }
         if (untreated.Count() > 0) {
-            Tell(m_options.input + ": " + Counted(untreated.Count(), "value") +
+            Tell(m_input + ": " + Counted(untreated.Count(), "value") +
                  " of user-defined properties could not be converted; --verbose says why");
         }
     }
 
     bool Write(std::string& problem)
     {
-        ShowProgressAs("writing");
         if (m_options.output == kStandardStream) {
+            m_bar.Show("writing");
             problem = "the standard output cannot be written";
             return WriteToStandardOutput(m_builder, m_document);
         }
+        // Whoever interrupts it finds no half report beside OUT.
+        const PostponedEnd end;
+        ShowProgressAs("writing", [&end] { end.LeaveWhenAsked(); });
         CATXMLProblem wrong;
         const bool isWritten =
             m_builder->WriteToFile(m_document, m_options.output, {}, {}, wrong) == S_OK;
@@ -174,7 +179,7 @@ public:
         m_bar.Clear();
         const ReportSize size = SizeOf(m_document);
         if (size.roots + size.instances + size.sections == 0) {
-            Tell(m_options.input +
+            Tell(m_input +
                  ": there is no PRC, PartInstance or WB_Section in it: nothing was converted");
         }
         if (m_options.output != kStandardStream) {
@@ -186,16 +191,21 @@ public:
     }
 
 private:
-    void ShowProgressAs(const char* stage)
+    /// `then` is done each time that the stage has come further.
+    void ShowProgressAs(
+        const char* stage, std::function<void()> then = [] {})
     {
         m_bar.Show(stage);
-        m_builder->SetProgress([this, stage](std::uint64_t done, std::uint64_t total) {
-            m_bar.Show(stage, done, total);
-        });
+        m_builder->SetProgress(
+            [this, stage, then = std::move(then)](std::uint64_t done, std::uint64_t total) {
+                m_bar.Show(stage, done, total);
+                then();
+            });
     }
 
     const ConvertReportOptions& m_options;
     const CATWBReportConversion& m_what;
+    const std::string m_input; ///< a path
     CATIXMLDOMDocumentBuilder_var m_builder = CreateCATIXMLDOMDocumentBuilder();
     CATIDOMDocument_var m_document;
     ProgressBar m_bar;

@@ -40,12 +40,12 @@ written with the one of your locale.)";
 
 void AddConvertReport(CLI::App& app, ConvertReportOptions& options)
 {
-    app.add_option("in", options.input, "The report, an XML file; - is the standard input")
-        ->type_name("IN")
+    app.add_option("IN", options.input, "The report, an XML file; - is the standard input")
+        ->type_name("")
         ->required();
-    app.add_option("out", options.output,
+    app.add_option("OUT", options.output,
                    "Where it goes, whole or not at all; may be IN; - is the standard output")
-        ->type_name("OUT")
+        ->type_name("")
         ->required();
     app.add_option("--units", options.units,
                    "Units of this run, such as MASS=lb,LENGTH=in\n"
@@ -81,6 +81,9 @@ int main(int argc, char** argv)
                  "and how sure it is"};
     app.require_subcommand(1);
     app.set_version_flag("--version", WB_VERSION);
+    app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
+        return "wb: " + CLI::FailureMessage::simple(failed, error);
+    });
 
     WorkbenchOptions workbench;
     CLI::App* workbenchApp =
