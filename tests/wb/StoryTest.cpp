@@ -2,10 +2,18 @@
 
 #include <gmock/gmock.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <cstdlib>
 #include <string>
+#include <vector>
 
+using testing::AllOf;
+using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 
 // Plays little stories in the program itself. The long ones stand in tests/scenarios.
 namespace
@@ -26,6 +34,28 @@ Played Play(const TemporaryDirectory& folder, const std::string& story,
                                 folder.At("stderr") + "'";
     const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), folder.Read("stderr")};
+}
+
+/// Name and kind of the controls that the dump says the keys go to.
+std::vector<std::string> FocusedBelow(const QJsonArray& controls)
+{
+    std::vector<std::string> found;
+    for (const auto& value : controls) {
+        const QJsonObject control = value.toObject();
+        if (control["focus"].toBool()) {
+            found.push_back(
+                (control["name"].toString() + ' ' + control["kind"].toString()).toStdString());
+        }
+        const std::vector<std::string> below = FocusedBelow(control["controls"].toArray());
+        found.insert(found.end(), below.begin(), below.end());
+    }
+    return found;
+}
+
+std::vector<std::string> Focused(const std::string& dump)
+{
+    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(dump));
+    return FocusedBelow(document.object()["windows"].toArray());
 }
 
 } // namespace
@@ -94,6 +124,20 @@ TEST(Story, StepsThatCannotBeDoneSayWhy)
     fails("answer Yes\nexpect Prompt \"Choose a command, then pick in the tree\"\n", "expected");
     fails("shot /nowhere/a.png\n", "/nowhere/a.png cannot be written");
     fails("dump /nowhere/a.json\n", "/nowhere/a.json cannot be written");
+}
+
+TEST(Story, DumpSaysWhatEachControlIsAndWhichOneTheKeysGoTo)
+{
+    const TemporaryDirectory folder;
+    const Played played = Play(folder, "menu Tools/Units...\n"
+                                       "select CATWBVPMNavUnitsConversion/Table Length\n"
+                                       "dump list.json\n"
+                                       "key Tab\n"
+                                       "dump unit.json\n");
+    ASSERT_EQ(played.status, 0) << played.err;
+    EXPECT_THAT(Focused(folder.Read("list.json")), Contains("Table QTableView"));
+    EXPECT_THAT(Focused(folder.Read("unit.json")),
+                AllOf(Contains("Unit QComboBox"), Not(Contains("Table QTableView"))));
 }
 
 TEST(Story, SelectsAsTheUserDoes)

@@ -127,7 +127,10 @@ QJsonObject DumpControl(const CATDialog& control)
 {
     QJsonObject object;
     object["name"] = ToQString(control.Name());
-    object["kind"] = QString::fromLatin1(control.ClassName());
+    if (const QWidget* widget = control.Widget()) {
+        object["kind"] = QString::fromLatin1(widget->metaObject()->className());
+        object["focus"] = widget->window()->focusWidget() == widget;
+    }
     object["text"] = VisibleText(control);
     object["tooltip"] = ToQString(control.Tooltip());
     object["visible"] = control.IsVisible();
