@@ -128,6 +128,9 @@ TEST_F(SetAttributeValue, ListIsRewrittenItemByItemUpToAnEmptyOne)
     Take(R"(<R L=""/>)");
     EXPECT_TRUE(SetList("L", "MASS"));
     EXPECT_EQ(Now(), R"(<R L=""/>)");
+    Take(R"(<R L="0.45359237;1"/>)");
+    EXPECT_TRUE(Set("L", "MASS", kWithoutSymbol, kFixedDecimals, 0x80)); // any flag but zero
+    EXPECT_EQ(Now(), R"(<R L="1.000; 2.205"/>)");
 }
 
 TEST_F(SetAttributeValue, ElementWithoutTheAttributeStaysAsItIs)
@@ -211,6 +214,13 @@ TEST_F(SetDensities, EachItemHasTheUnitsOfItsDimension)
     Take(R"(<R N="3;2;0" D="7850;12,5;1000"/>)");
     EXPECT_TRUE(Set("D", "N", kWithoutSymbol, kFixedDecimals));
     EXPECT_EQ(Now(), R"(<R N="3;2;0" D="7.85000; 1.2500000; 1.00000"/>)");
+}
+
+TEST_F(SetDensities, AnyFlagButZeroKeepsTheSymbols)
+{
+    Take(R"(<R N="3;2" D="1000;10"/>)");
+    EXPECT_TRUE(Set("D", "N", 0x80));
+    EXPECT_EQ(Now(), R"(<R N="3;2" D="1g/cm3; 1g/cm2"/>)");
 }
 
 TEST_F(SetDensities, NumbersAreTheSessions)
@@ -381,6 +391,21 @@ TEST_F(ManageAttributes, DensitiesAreTheVolumicOneAndTheListOfMaterials)
                 ElementsAre("WB_Density=0.001g/cm3", "Density=0.001g/cm3"));
     EXPECT_THAT(Changed(m_nodes->Item(3)),
                 ElementsAre("WB_Density=0.001g/cm3", "Density=0.1g/cm2", "Density_dimension=2"));
+}
+
+TEST_F(ManageAttributes, AnyFlagButZeroConvertsAndKeepsTheSymbol)
+{
+    constexpr unsigned char kAnyFlag = 0x80;
+    for (const Row& row : Rows()) {
+        Take(EveryNode());
+        row.member(m_nodes, Magnitude(row.magnitude), kAnyFlag, kAnyFlag, kOwnDecimals);
+        EXPECT_EQ(Changed(m_nodes->Item(0)), row.converted);
+    }
+    Take(EveryNode());
+    CATWBServices::ManageDensityAttributes(m_nodes, Magnitude("DENSITY"), Magnitude("SURFACICMASS"),
+                                           kAnyFlag, kAnyFlag, kOwnDecimals);
+    EXPECT_THAT(Changed(m_nodes->Item(0)),
+                ElementsAre("WB_Density=0.001g/cm3", "Density=0.001g/cm3"));
 }
 
 TEST_F(ManageAttributes, DensitiesAreShownAnew)

@@ -182,6 +182,27 @@ TEST_F(ReportValues, ReportWithoutARootIsConvertedAndHasTheHeaderOfItsKnownMagni
                            R"( WB_Mass="1000g"/><WB_Section COGx="5"/></R>)");
 }
 
+TEST_F(ReportValues, AnyFlagButZeroKeepsTheSymbols)
+{
+    constexpr unsigned char kAnyFlag = 0x80;
+    CATIDOMDocument_var document = Parsed(R"(<R><PRC COGx="25"/></R>)");
+    const auto centre = [&document] {
+        return document->DocumentElement()->FirstChild()->Attributes()->Item(0)->NodeValue();
+    };
+    CATWBServices::ManageUnitsConversion(document, kAnyFlag, kOwnDecimals);
+    EXPECT_EQ(centre(), "2.5cm");
+    CATWBServices::ManageUnitsDisplay(document, {}, kWithoutSymbol, kOwnDecimals);
+    EXPECT_EQ(centre(), "2.5");
+    CATWBServices::ManageUnitsDisplay(document, {}, kAnyFlag, kOwnDecimals);
+    EXPECT_EQ(centre(), "2.5cm");
+    CATWBServices::ManageUnitsDisplayDistributive(document, kWithoutSymbol, kOwnDecimals);
+    EXPECT_EQ(centre(), "2.5");
+    CATWBServices::ManageUnitsDisplayDistributive(document, kAnyFlag, kOwnDecimals);
+    EXPECT_EQ(centre(), "2.5cm");
+    CATWBServices::ManageUnitsConversionDistributive(document, kAnyFlag, kOwnDecimals);
+    EXPECT_EQ(centre(), "0.25cm");
+}
+
 // Statistics, identifiers and dates are the previews' own; a statistic's "Density" is none of the
 // lists that go with dimensions.
 TEST_F(ReportValues, WhatThePreviewsReadIsLeftAsItCame)

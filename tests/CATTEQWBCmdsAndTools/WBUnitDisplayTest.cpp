@@ -66,6 +66,7 @@ TEST_F(DefaultDecimalsOf, UnitsCountsEveryCharacterThatIsLeft)
     EXPECT_EQ(DefaultDecimals(*UnitThatShows("1.11.1u")), 2);          // every "1." goes
     EXPECT_EQ(DefaultDecimals(*UnitThatShows("1,11,1u")), 2);          // or every "1,"
     EXPECT_EQ(DefaultDecimals(*UnitThatShows("1.1,1u")), 3);           // but not both
+    EXPECT_EQ(DefaultDecimals(*UnitThatShows("2.1,5u")), 3);           // "1," where no "1." is
     EXPECT_EQ(DefaultDecimals(*UnitThatShows("2.5u")), 3);
     EXPECT_EQ(DefaultDecimals(*UnitThatShows("1.u")), 0);
     EXPECT_EQ(DefaultDecimals(*UnitThatShows("1.5", "")), 1);
