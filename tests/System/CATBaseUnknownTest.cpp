@@ -27,6 +27,18 @@ private:
     int* m_alive;
 };
 
+// An object that lives in a larger one: nobody's last reference ends it.
+class Part : public CATBaseUnknown
+{
+public:
+    explicit Part(int* released) : m_released(released) { BeginUnheld(); }
+
+private:
+    void OnLastRelease() const override { ++*m_released; }
+
+    int* m_released;
+};
+
 class Answering : public Counted, public Interface
 {
 public:
@@ -60,6 +72,23 @@ TEST(CATBaseUnknown, CopyStartsWithOneReferenceAndAssignmentLeavesTheCount)
     object->Release();
     object->Release();
     EXPECT_EQ(alive, 0);
+}
+
+TEST(CATBaseUnknown, ObjectInALargerOneBeginsUnheldAndStaysWhenItIsReleased)
+{
+    int released = 0;
+    Part part(&released);
+    EXPECT_EQ(part.ReferenceCount(), 0);
+    for (int turn = 1; turn <= 2; ++turn) {
+        {
+            const CATHandle<Part> handle(&part);
+            const CATHandle<Part> other = handle;
+            EXPECT_EQ(part.ReferenceCount(), 2);
+            EXPECT_EQ(released, turn - 1);
+        }
+        EXPECT_EQ(part.ReferenceCount(), 0);
+        EXPECT_EQ(released, turn);
+    }
 }
 
 TEST(CATBaseUnknown, NamesItsClass)
