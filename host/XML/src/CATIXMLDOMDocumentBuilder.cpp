@@ -4,7 +4,6 @@
 #include "DocumentReader.h"
 #include "DocumentWriter.h"
 #include "DomDocument.h"
-#include "PlainReader.h"
 #include "XMLText.h"
 
 #include <fcntl.h>
@@ -18,13 +17,11 @@
 #include <optional>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 namespace
 {
 
 constexpr std::uint64_t kProgressStep = std::uint64_t{1} << 20U;
-constexpr std::size_t kPiece = std::size_t{1} << 18U;
 
 std::string ErrorText(int error)
 {
@@ -53,9 +50,6 @@ public:
                    ? static_cast<std::uint64_t>(facts.st_size)
                    : 0;
     }
-    // False where what was read is gone, as of a pipe.
-    bool IsOrdinary() const { return Size() > 0; }
-    void Rewind() { lseek(m_number, 0, SEEK_SET); }
     // The number of bytes, 0 at the end, -1 when reading failed.
     ssize_t Read(char* room, std::size_t size)
     {
@@ -79,9 +73,9 @@ public:
     {}
     void Add(std::uint64_t bytes)
     {
-        const std::uint64_t before = m_done / kProgressStep;
         m_done += bytes;
-        if (m_progress && m_done / kProgressStep != before) {
+        if (m_progress && m_done - m_told >= kProgressStep) {
+            m_told = m_done;
             m_progress(m_done, m_total);
         }
     }
@@ -96,6 +90,7 @@ private:
     const CATXMLProgress& m_progress;
     std::uint64_t m_total;
     std::uint64_t m_done = 0;
+    std::uint64_t m_told = 0;
 };
 
 struct WriteOptions
@@ -124,41 +119,6 @@ long Fail(CATXMLProblem& problem, const std::string& sentence)
 {
     problem = {sentence, 0, 0};
     return E_FAIL;
-}
-
-// The document of a plain text; null when it is not plain.
-CATIDOMDocument_var ReadPlainText(std::string_view text)
-{
-    PlainReader reader;
-    reader.Take(text, true);
-    return reader.IsPlain() ? reader.Document() : CATIDOMDocument_var();
-}
-
-// The same of a file. One that cannot be read is not plain either: whoever reads it again says so.
-CATIDOMDocument_var ReadPlainFile(InputFile& file, ProgressTeller& progress)
-{
-    PlainReader reader;
-    std::vector<char> room(kPiece);
-    std::size_t kept = 0; // bytes at the front that were not whole
-    ssize_t got = 0;
-    do {
-        if (2 * kept > room.size()) {
-            room.resize(2 * room.size());
-        }
-        got = file.Read(room.data() + kept, room.size() - kept);
-        if (got < 0) {
-            return {};
-        }
-        const std::size_t size = kept + static_cast<std::size_t>(got);
-        const std::size_t taken = reader.Take({room.data(), size}, got == 0);
-        if (!reader.IsPlain()) {
-            return {};
-        }
-        kept = size - taken;
-        std::memmove(room.data(), room.data() + taken, kept);
-        progress.Add(static_cast<std::uint64_t>(got));
-    } while (got > 0);
-    return reader.Document();
 }
 
 class Builder final : public CATIXMLDOMDocumentBuilder
@@ -198,11 +158,6 @@ long Builder::ParseText(std::string_view text, CATIDOMDocument_var& document,
                         CATXMLProblem& problem)
 {
     try {
-        const CATIDOMDocument_var plain = ReadPlainText(text);
-        if (plain) {
-            document = plain;
-            return S_OK;
-        }
         DocumentReader reader;
         do {
             std::size_t size = 0;
@@ -233,16 +188,6 @@ long Builder::ParseFile(const CATUnicodeString& path, CATIDOMDocument_var& docum
         return Fail(problem, "cannot open " + name + ": " + ErrorText(errno));
     }
     try {
-        if (file.IsOrdinary()) {
-            ProgressTeller progress(m_progress, file.Size());
-            const CATIDOMDocument_var plain = ReadPlainFile(file, progress);
-            if (plain) {
-                progress.End();
-                document = plain;
-                return S_OK;
-            }
-            file.Rewind();
-        }
         DocumentReader reader;
         ProgressTeller progress(m_progress, file.Size());
         ssize_t got = 0;

@@ -18,44 +18,19 @@ bool IsPlain(std::uint64_t word)
     return (((word - 0x20 * kEachByte) | word) & (0x80 * kEachByte)) == 0;
 }
 
-// Whether one of the eight bytes is `byte`.
-bool Holds(std::uint64_t word, unsigned char byte)
+bool IsPlainText(std::string_view text)
 {
-    const std::uint64_t difference = word ^ (byte * kEachByte);
-    return ((difference - kEachByte) & ~difference & (0x80 * kEachByte)) != 0;
-}
-
-bool IsLiteral(std::uint64_t word)
-{
-    return IsPlain(word) && !Holds(word, '&') && !Holds(word, '<');
-}
-
-std::uint64_t WordAt(const char* bytes)
-{
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof(word));
-    return word;
-}
-
-// Whether every eight bytes of the text pass the test. A short text is filled up with blanks; the
-// last bytes of a longer one are tested together with some before them.
-template <class Test>
-bool AllPass(std::string_view text, Test test)
-{
-    constexpr std::size_t kWord = sizeof(std::uint64_t);
-    if (text.size() < kWord) {
-        std::uint64_t word = 0x20 * kEachByte;
-        for (const char c : text) {
-            word = word << 8U | static_cast<unsigned char>(c);
-        }
-        return test(word);
-    }
-    for (std::size_t at = 0; at + kWord < text.size(); at += kWord) {
-        if (!test(WordAt(text.data() + at))) {
+    while (text.size() >= sizeof(std::uint64_t)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data(), sizeof(word));
+        if (!IsPlain(word)) {
             return false;
         }
+        text.remove_prefix(sizeof(word));
     }
-    return test(WordAt(text.data() + text.size() - kWord));
+    std::uint64_t rest = 0x20 * kEachByte;
+    std::memcpy(&rest, text.data(), text.size());
+    return IsPlain(rest);
 }
 
 struct Form
@@ -75,21 +50,15 @@ bool IsXMLCharacter(std::uint32_t value)
                          : value == '\t' || value == '\n' || value == '\r';
 }
 
-struct NameByte
+bool IsAsciiNameStart(char c)
 {
-    bool canBegin = false;
-    bool canFollow = false;
-};
-constexpr std::array<NameByte, 256> kNameBytes = [] {
-    std::array<NameByte, 256> bytes{};
-    for (std::size_t byte = 0; byte < 0x80; ++byte) {
-        const char c = static_cast<char>(byte);
-        const bool canBegin =
-            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
-        bytes[byte] = {canBegin, canBegin || (c >= '0' && c <= '9') || c == '-' || c == '.'};
-    }
-    return bytes;
-}();
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
+}
+
+bool IsAsciiNameCharacter(char c)
+{
+    return IsAsciiNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+}
 
 bool IsAscii(char c)
 {
@@ -123,7 +92,7 @@ std::size_t XMLCharacterLength(std::string_view text)
 
 bool IsXMLText(std::string_view text)
 {
-    if (AllPass(text, IsPlain)) {
+    if (IsPlainText(text)) {
         return true;
     }
     while (!text.empty()) {
@@ -136,57 +105,15 @@ bool IsXMLText(std::string_view text)
     return true;
 }
 
-bool IsLiteralText(std::string_view text)
-{
-    return AllPass(text, IsLiteral);
-}
-
-std::size_t AsciiNameLength(std::string_view text)
-{
-    if (text.empty() || !kNameBytes[static_cast<unsigned char>(text.front())].canBegin) {
-        return 0;
-    }
-    std::size_t length = 1;
-    while (length < text.size() && kNameBytes[static_cast<unsigned char>(text[length])].canFollow) {
-        ++length;
-    }
-    return length;
-}
-
-bool AppendXMLCharacter(std::uint32_t character, std::string& text)
-{
-    if (!IsXMLCharacter(character)) {
-        return false;
-    }
-    const auto byte = [](std::uint32_t value) {
-        return static_cast<char>(value);
-    };
-    if (character < 0x80) {
-        text += byte(character);
-    } else if (character < 0x800) {
-        text += {byte(0xc0 | character >> 6U), byte(0x80 | (character & 0x3f))};
-    } else if (character < 0x10000) {
-        text += {byte(0xe0 | character >> 12U), byte(0x80 | (character >> 6U & 0x3f)),
-                 byte(0x80 | (character & 0x3f))};
-    } else {
-        text += {byte(0xf0 | character >> 18U), byte(0x80 | (character >> 12U & 0x3f)),
-                 byte(0x80 | (character >> 6U & 0x3f)), byte(0x80 | (character & 0x3f))};
-    }
-    return true;
-}
-
 bool IsXMLName(std::string_view text)
 {
-    const bool isAscii = std::all_of(text.begin(), text.end(), IsAscii);
-    if (isAscii) {
-        return !text.empty() && AsciiNameLength(text) == text.size();
+    if (text.empty() || (IsAscii(text.front()) && !IsAsciiNameStart(text.front()))) {
+        return false;
     }
-    // Which letters beyond ASCII may stand in a name is settled by what reads the text again; what
-    // else is in it must not end the name.
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) {
-                           return !IsAscii(c) ||
-                                  kNameBytes[static_cast<unsigned char>(c)].canFollow;
-                       }) &&
-           IsReadableName(text);
+    if (!std::all_of(text.begin(), text.end(),
+                     [](char c) { return !IsAscii(c) || IsAsciiNameCharacter(c); })) {
+        return false;
+    }
+    // Which letters beyond ASCII may stand in a name is settled by what reads the text again.
+    return std::all_of(text.begin(), text.end(), IsAscii) || IsReadableName(text);
 }

@@ -1,18 +1,9 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 
 /// Whether the text is UTF-8 and holds only characters that XML 1.0 can hold.
 bool IsXMLText(std::string_view text);
-
-/// Whether the text is ASCII and stands for itself as an attribute's value: no "&", "<" or control
-/// character.
-bool IsLiteralText(std::string_view text);
-
-/// The length of the ASCII name that the text begins with; 0 when there is none.
-std::size_t AsciiNameLength(std::string_view text);
 
 /// Whether the text can name an element or attribute.
 bool IsXMLName(std::string_view text);
@@ -20,6 +11,3 @@ bool IsXMLName(std::string_view text);
 /// The length in bytes of the UTF-8 character that the text begins with, if XML can hold it; 0 when
 /// it cannot or the bytes are no UTF-8.
 std::size_t XMLCharacterLength(std::string_view text);
-
-/// Appends a character as UTF-8; false when XML cannot hold it.
-bool AppendXMLCharacter(std::uint32_t character, std::string& text);
