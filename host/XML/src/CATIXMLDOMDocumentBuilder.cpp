@@ -73,9 +73,9 @@ public:
     {}
     void Add(std::uint64_t bytes)
     {
+        const std::uint64_t before = m_done / kProgressStep;
         m_done += bytes;
-        if (m_progress && m_done - m_told >= kProgressStep) {
-            m_told = m_done;
+        if (m_progress && m_done / kProgressStep != before) {
             m_progress(m_done, m_total);
         }
     }
@@ -90,7 +90,6 @@ private:
     const CATXMLProgress& m_progress;
     std::uint64_t m_total;
     std::uint64_t m_done = 0;
-    std::uint64_t m_told = 0;
 };
 
 struct WriteOptions
