@@ -59,6 +59,8 @@ public:
     void Add(const Body& body);
     /// What was added up to now; an empty body before the first.
     Body Total();
+    /// Begins anew.
+    void Clear() { m_count = 0; }
 
 private:
     // So many are taken about their common centre at once: a division a block instead of one a

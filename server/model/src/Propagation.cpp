@@ -1,0 +1,348 @@
+#include "Propagation.h"
+
+#include "Moments.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+
+namespace wb
+{
+namespace
+{
+using Outcome = NodeResult::Outcome;
+using Covariance = std::array<std::array<double, 10>, 10>;
+
+constexpr double kMetres = 1e-3; // in a mm
+constexpr std::array kUnturned = Placement().rotation;
+
+std::array<double, 3> InMetres(const std::array<double, 3>& point)
+{
+    return {point[0] * kMetres, point[1] * kMetres, point[2] * kMetres};
+}
+
+/// Where the walk stopped: the centre of the values taken. Nobody asks for it where there is none.
+std::array<double, 3> CentreTaken(const Walk& walk, std::uint32_t number)
+{
+    const NodeResult& result = walk.At(number);
+    return InMetres(result.apart < 0 ? result.body.centre : walk.ApartOf(number).taken.centre);
+}
+
+double Stated(double sigma)
+{
+    return IsKnown(sigma) ? sigma : 0.0;
+}
+
+/// The errors of one leaf, each as what it does to the leaf's moments about its own centre when it
+/// is one standard uncertainty large. They are independent of each other.
+std::vector<Moments> ErrorsOf(const Claim& claim, const Sigmas* sigmas)
+{
+    std::vector<Moments> errors;
+    Moments mass{};
+    mass[0] = SigmaOfMass(claim, sigmas);
+    errors.push_back(mass);
+    if (sigmas == nullptr) {
+        return errors;
+    }
+    for (std::size_t axis = 0; claim.HasCentre() && axis < 3; ++axis) {
+        Moments shifted{};
+        shifted[1 + axis] = claim.body.mass * Stated(sigmas->centre[axis]) * kMetres;
+        errors.push_back(shifted);
+    }
+    for (std::size_t term = 0; claim.HasInertia() && term < 6; ++term) {
+        Inertia one{};
+        one[term] = Stated(sigmas->inertia[term]);
+        Moments heavier{};
+        std::ranges::copy(IntegralsOf(one), heavier.begin() + 4);
+        errors.push_back(heavier);
+    }
+    return errors;
+}
+
+/// The variances of the ten results, summed up.
+class Variances
+{
+public:
+    /// The centre is that of the masses which have one.
+    explicit Variances(double centredMass) : m_perKilogram(1.0 / (centredMass * kMetres)) {}
+
+    /// An error that changes the total's moments about its centre by so much. At the centre the
+    /// first-order change of centre and inertia is just that of place and integrals.
+    void Add(const Moments& change)
+    {
+        const Inertia inertia = InertiaOf(Integrals(change));
+        m_mass += change[0] * change[0];
+        for (std::size_t i = 0; i < 3; ++i) {
+            m_centre[i] += std::pow(change[1 + i] * m_perKilogram, 2);
+        }
+        for (std::size_t i = 0; i < 6; ++i) {
+            m_inertia[i] += inertia[i] * inertia[i];
+        }
+    }
+
+    void Add(const Covariance& covariance)
+    {
+        m_mass += covariance[0][0];
+        for (std::size_t i = 0; i < 3; ++i) {
+            m_centre[i] += covariance[1 + i][1 + i] * m_perKilogram * m_perKilogram;
+            m_inertia[3 + i] += covariance[7 + i][7 + i];
+            // ixx is the sum of the integrals of yy and zz, and so round.
+            const std::size_t a = 4 + (i + 1) % 3;
+            const std::size_t b = 4 + (i + 2) % 3;
+            m_inertia[i] += covariance[a][a] + covariance[b][b] + 2.0 * covariance[a][b];
+        }
+    }
+
+    Uncertainty Roots() const
+    {
+        Uncertainty roots;
+        // Rounding may leave a variance of nothing a little below 0.
+        const auto root = [](double variance) {
+            return std::sqrt(std::max(variance, 0.0));
+        };
+        roots.mass = root(m_mass);
+        std::ranges::transform(m_centre, roots.centre.begin(), root);
+        std::ranges::transform(m_inertia, roots.inertia.begin(), root);
+        return roots;
+    }
+
+private:
+    static std::array<double, 6> Integrals(const Moments& moments)
+    {
+        std::array<double, 6> integrals{};
+        std::copy(moments.begin() + 4, moments.end(), integrals.begin());
+        return integrals;
+    }
+
+    double m_perKilogram;
+    double m_mass = 0.0;
+    std::array<double, 3> m_centre{};
+    std::array<double, 6> m_inertia{};
+};
+
+/// Adds count times L V Lt, where L is a move: the covariance of so many pieces whose errors have
+/// nothing to do with each other.
+void AddMoved(Covariance& sum, const Covariance& covariance, const MomentsMove& move, double count)
+{
+    Covariance half{}; // rows moved: row i holds L times column i of V
+    for (std::size_t column = 0; column < 10; ++column) {
+        half[column] = move(covariance[column]); // V is symmetric
+    }
+    for (std::size_t row = 0; row < 10; ++row) {
+        Moments line{};
+        for (std::size_t column = 0; column < 10; ++column) {
+            line[column] = half[column][row];
+        }
+        const Moments moved = move(line);
+        for (std::size_t column = 0; column < 10; ++column) {
+            sum[row][column] += count * moved[column];
+        }
+    }
+}
+
+/// Errors that pieces do not share, summed up from the leaves: each node once, about its own
+/// centre, so that no digits are lost however far off things stand.
+class ApartErrors
+{
+public:
+    ApartErrors(const Selection& selection, const Walk& walk, const std::vector<double>& pieces,
+                Errors errors)
+        : m_selection(selection), m_walk(walk), m_covariances(selection.Count())
+    {
+        for (const std::uint32_t number : selection.childrenFirst) {
+            if (pieces[number] == 0.0) {
+                continue;
+            }
+            const NodeResult& result = walk.At(number);
+            if (result.outcome == Outcome::Descended) {
+                SumUp(number);
+            } else if (result.outcome == Outcome::Taken &&
+                       (errors == Errors::Apart ||
+                        selection.graph->PartOf(selection.GraphNode(number)).errorsApart)) {
+                Leaf(number, result);
+            }
+        }
+    }
+
+    void AddTo(Variances& variances) const
+    {
+        if (m_selection.asked && m_covariances[*m_selection.asked]) {
+            variances.Add(m_covariances[*m_selection.asked]->firm);
+            variances.Add(m_covariances[*m_selection.asked]->loose);
+        }
+    }
+
+private:
+    struct Pair
+    {
+        Covariance firm{};
+        Covariance loose{}; // of masses without centre, which stand wherever the total's centre is
+    };
+
+    /// Any point near the mass will do; for the asked node it must be the total's centre.
+    std::array<double, 3> PointOf(std::uint32_t number) const
+    {
+        if (m_walk.At(number).outcome == Outcome::Taken) {
+            return CentreTaken(m_walk, number);
+        }
+        const Body total = m_walk.Total(number);
+        return InMetres(IsKnown(total.centre[0]) ? total.centre : m_walk.At(number).body.centre);
+    }
+
+    void Leaf(std::uint32_t number, const NodeResult& result)
+    {
+        m_covariances[number].emplace();
+        Pair& pair = *m_covariances[number];
+        Covariance& covariance = result.noCentre ? pair.loose : pair.firm;
+        for (const Moments& error :
+             ErrorsOf(*result.claim, m_selection.graph->SigmasOf(*result.claim))) {
+            for (std::size_t row = 0; row < 10; ++row) {
+                for (std::size_t column = 0; column < 10; ++column) {
+                    covariance[row][column] += error[row] * error[column];
+                }
+            }
+        }
+    }
+
+    void SumUp(std::uint32_t number)
+    {
+        const std::array<double, 3> here = PointOf(number);
+        m_selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
+            if (!m_covariances[child]) {
+                return;
+            }
+            Placement metres = use.placement;
+            metres.shift = InMetres(metres.shift);
+            std::array<double, 3> offset = Placed(PointOf(child), metres);
+            for (std::size_t axis = 0; axis < 3; ++axis) {
+                offset[axis] -= here[axis];
+            }
+            if (!m_covariances[number]) {
+                m_covariances[number].emplace();
+            }
+            Pair& sum = *m_covariances[number];
+            const Pair& pair = *m_covariances[child];
+            AddMoved(sum.firm, pair.firm, MomentsMove(metres.rotation, offset), use.pieces);
+            AddMoved(sum.loose, pair.loose, MomentsMove(metres.rotation, {}), use.pieces);
+        });
+    }
+
+    const Selection& m_selection;
+    const Walk& m_walk;
+    std::vector<std::optional<Pair>> m_covariances;
+};
+
+/// For each node the sum over all its pieces of how it stands about the total's centre.
+std::vector<MomentsSum> StandingOf(const Selection& selection, const Walk& walk,
+                                   const std::vector<double>& pieces, const Body& total)
+{
+    std::vector<MomentsSum> standing(selection.Count());
+    std::array<double, 3> origin{};
+    if (IsKnown(total.centre[0])) {
+        origin = InMetres(total.centre);
+        std::ranges::transform(origin, origin.begin(), std::negate());
+    }
+    standing[*selection.asked] = {1.0, MomentsMove(kUnturned, origin)};
+    for (std::size_t i = selection.childrenFirst.size(); i-- > 0;) {
+        const std::uint32_t number = selection.childrenFirst[i];
+        if (pieces[number] == 0.0 || walk.At(number).outcome != Outcome::Descended) {
+            continue;
+        }
+        selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
+            standing[child].Add(standing[number],
+                                MomentsMove(use.placement.rotation, InMetres(use.placement.shift)),
+                                use.pieces);
+        });
+    }
+    return standing;
+}
+
+/// True when a leaf's centre is less certain than it is far, in the mean of its pieces, from the
+/// centre of the total.
+bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& atCentre)
+{
+    if (sigmas == nullptr || !claim.HasCentre()) {
+        return false;
+    }
+    double sigma = 0.0;
+    for (const double component : sigmas->centre) {
+        sigma = std::max(sigma, Stated(component) * kMetres);
+    }
+    Moments one{};
+    one[0] = 1.0;
+    const Moments moments = atCentre(one);
+    const double meanSquare = (moments[4] + moments[5] + moments[6]) / moments[0];
+    return sigma > 0.0 && sigma * sigma > meanSquare;
+}
+} // namespace
+
+double SigmaOfMass(const Claim& claim, const Sigmas* sigmas)
+{
+    if (sigmas != nullptr && IsKnown(sigmas->mass)) {
+        return sigmas->mass;
+    }
+    return (claim.body.lower + claim.body.upper) / std::sqrt(12.0);
+}
+
+double SigmaOfPieces(double sigma, double pieces, bool apart)
+{
+    return sigma * (apart ? std::sqrt(pieces) : pieces);
+}
+
+Uncertainty Propagate(const Selection& selection, const Walk& walk,
+                      const std::vector<double>& pieces, const Body& total, Errors errors)
+{
+    const ProductGraph& graph = *selection.graph;
+    const std::vector<MomentsSum> standing = StandingOf(selection, walk, pieces, total);
+    Variances variances(total.mass - walk.ApartOf(*selection.asked).loose.mass);
+    double mass = 0.0;
+    double unstated = 0.0;
+    bool someApart = errors == Errors::Apart;
+    std::vector<std::string> understated;
+    for (const std::uint32_t number : selection.childrenFirst) {
+        const NodeResult& result = walk.At(number);
+        if (pieces[number] == 0.0 || result.outcome != Outcome::Taken) {
+            continue;
+        }
+        const Claim& claim = *result.claim;
+        const Sigmas* sigmas = graph.SigmasOf(claim);
+        const ProductGraph::PartRow& part = graph.PartOf(selection.GraphNode(number));
+        const double all = pieces[number] * std::abs(claim.body.mass);
+        const bool stated = claim.precisionStated || (sigmas != nullptr && IsKnown(sigmas->mass));
+        mass += all;
+        unstated += stated ? 0.0 : all;
+
+        // What has no centre stands at the total's, wherever its parents are.
+        MomentsSum place{pieces[number], {}};
+        place.move.turnTwice = standing[number].move.turnTwice;
+        if (!result.noCentre) {
+            place = MomentsSum();
+            place.Add(standing[number], MomentsMove(kUnturned, CentreTaken(walk, number)), 1.0);
+            if (IsUnderstated(claim, sigmas, place)) {
+                understated.push_back(part.name);
+            }
+        }
+        if (errors == Errors::Apart || part.errorsApart) {
+            someApart = true;
+            continue;
+        }
+        for (const Moments& error : ErrorsOf(claim, sigmas)) {
+            variances.Add(place(error));
+        }
+    }
+    if (someApart) {
+        ApartErrors(selection, walk, pieces, errors).AddTo(variances);
+    }
+    Uncertainty uncertainty = variances.Roots();
+    uncertainty.shareUnstated = mass == 0.0 ? 0.0 : unstated / mass;
+    uncertainty.understated = std::move(understated);
+    if (!IsKnown(total.centre[0])) {
+        uncertainty.centre.fill(kUnknown);
+    }
+    if (!IsKnown(total.inertia[0])) {
+        uncertainty.inertia.fill(kUnknown);
+    }
+    return uncertainty;
+}
+} // namespace wb
