@@ -114,44 +114,55 @@ bool IsOff(const Body& own, const Body& below)
            own.mass + own.upper < below.mass - below.lower;
 }
 
-/// The lines about single items, by their effect.
+/// A line about one item, and how much of the result it spoils.
+struct ItemLine
+{
+    double effect = 0.0;
+    std::string text;
+};
+
+/// The lines about single items, by what they do to the result.
 struct Items
 {
-    std::vector<std::string> noMass;
-    std::vector<std::string> impossible;
-    std::vector<std::string> cut;
-    std::vector<std::string> offBelow;
-    std::vector<std::string> noCentre;
-    std::vector<std::string> noInertia;
-    std::vector<std::string> remarks;
+    std::vector<ItemLine> noMass;
+    std::vector<ItemLine> impossible;
+    std::vector<ItemLine> cut;
+    std::vector<ItemLine> offBelow;
+    std::vector<ItemLine> noCentre;
+    std::vector<ItemLine> noInertia;
+    std::vector<ItemLine> remarks;
 };
 
 void LookAtTaken(const NodeResult& result, const ProductGraph::PartRow& part, const Body* below,
-                 const std::string& name, Items& items)
+                 double pieces, Items& items)
 {
     constexpr double kSizeTolerance = 0.01;
     const Claim& claim = *result.claim;
-    for (const Finding& finding : CheckBody(claim.body, part.type == PartType::Adjustment)) {
-        (finding.kind == Finding::Kind::Impossible ? items.impossible : items.remarks)
-            .push_back(name + " " + finding.text);
-    }
     const double mass = claim.body.mass;
+    const double effect = pieces * std::abs(mass);
+    // Most items give no cause for a word, and a name costs more than looking at all the rest.
+    const auto add = [&](std::vector<ItemLine>& list, const std::string& text) {
+        list.push_back({effect, NameOf(part) + " " + text});
+    };
+    for (const Finding& finding : CheckBody(claim.body, part.type == PartType::Adjustment)) {
+        add(finding.kind == Finding::Kind::Impossible ? items.impossible : items.remarks,
+            finding.text);
+    }
     if (IsKnown(claim.massOfSize) &&
         std::abs(mass - claim.massOfSize) > kSizeTolerance * std::abs(claim.massOfSize)) {
-        items.remarks.push_back(name + " states " + Short(mass) +
-                                " kg, its size and density give " + Short(claim.massOfSize) +
-                                " kg");
+        add(items.remarks, "states " + Short(mass) + " kg, its size and density give " +
+                               Short(claim.massOfSize) + " kg");
     }
-    // Below an assembly that says it all, nothing without mass is no contradiction.
+    // Below an assembly that says it all, nothing with a mass is no contradiction.
     if (below != nullptr && below->mass != 0.0 && IsOff(claim.body, *below)) {
-        items.offBelow.push_back(name + " states " + Short(mass) + " kg, below it stand " +
-                                 Short(below->mass) + " kg");
+        add(items.offBelow,
+            "states " + Short(mass) + " kg, below it stand " + Short(below->mass) + " kg");
     }
     if (result.noCentre) {
-        items.noCentre.push_back(name + " has no centre of gravity");
+        add(items.noCentre, "has no centre of gravity");
     }
     if (result.noInertia) {
-        items.noInertia.push_back(name + " has no inertia");
+        add(items.noInertia, "has no inertia");
     }
 }
 
@@ -165,25 +176,22 @@ Items LookAtItems(const Selection& selection, const Walk& walk, const std::vecto
         }
         const NodeResult& result = walk.At(number);
         const ProductGraph::PartRow& part = selection.graph->PartOf(selection.GraphNode(number));
-        // Most nodes give no cause for a word, and a name costs more than looking at the rest.
-        if (result.outcome == Outcome::Descended && !result.cut && !result.activeWithoutMass) {
-            continue;
-        }
-        const std::string name = NameOf(part);
         if (result.outcome == Outcome::Missing) {
-            items.noMass.push_back(name + " has no mass");
+            items.noMass.push_back({pieces[number], NameOf(part) + " has no mass"});
         }
         if (result.activeWithoutMass) {
-            items.noMass.push_back(name + " has active values without a mass; what is below it "
-                                          "counts");
+            items.noMass.push_back(
+                {pieces[number], NameOf(part) + " has active values without a mass; what is below "
+                                                "it counts"});
         }
         if (result.cut) {
-            items.cut.push_back("the values of " + name +
-                                " do not count: the filter leaves out something below it");
+            items.cut.push_back(
+                {pieces[number], "the values of " + NameOf(part) +
+                                     " do not count: the filter leaves out something below it"});
         }
         if (result.outcome == Outcome::Taken) {
-            LookAtTaken(result, part, result.below < 0 ? nullptr : &walk.BelowOf(number), name,
-                        items);
+            LookAtTaken(result, part, result.below < 0 ? nullptr : &walk.BelowOf(number),
+                        pieces[number], items);
         }
     }
     return items;
@@ -198,7 +206,13 @@ std::vector<std::string> WarningsOf(const Selection& selection, const Walk& walk
     Items items = LookAtItems(selection, walk, pieces);
     for (auto* list : {&items.noMass, &items.impossible, &items.cut, &items.offBelow,
                        &items.noCentre, &items.noInertia, &items.remarks}) {
-        std::ranges::move(*list, std::back_inserter(warnings));
+        std::ranges::sort(*list, [](const ItemLine& left, const ItemLine& right) {
+            return left.effect != right.effect ? left.effect > right.effect
+                                               : left.text < right.text;
+        });
+        for (ItemLine& line : *list) {
+            warnings.push_back(std::move(line.text));
+        }
     }
     return warnings;
 }
