@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <optional>
+#include <memory>
 
 namespace wb
 {
@@ -29,33 +29,30 @@ std::array<double, 3> CentreTaken(const Walk& walk, std::uint32_t number)
     return InMetres(result.apart < 0 ? result.body.centre : walk.ApartOf(number).taken.centre);
 }
 
-double Stated(double sigma)
-{
-    return IsKnown(sigma) ? sigma : 0.0;
-}
-
 /// The errors of one leaf, each as what it does to the leaf's moments about its own centre when it
 /// is one standard uncertainty large. They are independent of each other.
 std::vector<Moments> ErrorsOf(const Claim& claim, const Sigmas* sigmas)
 {
     std::vector<Moments> errors;
-    Moments mass{};
-    mass[0] = SigmaOfMass(claim, sigmas);
-    errors.push_back(mass);
+    errors.push_back({SigmaOfMass(claim, sigmas)});
     if (sigmas == nullptr) {
         return errors;
     }
     for (std::size_t axis = 0; claim.HasCentre() && axis < 3; ++axis) {
-        Moments shifted{};
-        shifted[1 + axis] = claim.body.mass * Stated(sigmas->centre[axis]) * kMetres;
-        errors.push_back(shifted);
+        if (IsKnown(sigmas->centre[axis])) {
+            Moments shifted{};
+            shifted[1 + axis] = claim.body.mass * sigmas->centre[axis] * kMetres;
+            errors.push_back(shifted);
+        }
     }
     for (std::size_t term = 0; claim.HasInertia() && term < 6; ++term) {
-        Inertia one{};
-        one[term] = Stated(sigmas->inertia[term]);
-        Moments heavier{};
-        std::ranges::copy(IntegralsOf(one), heavier.begin() + 4);
-        errors.push_back(heavier);
+        if (IsKnown(sigmas->inertia[term])) {
+            Inertia one{};
+            one[term] = sigmas->inertia[term];
+            Moments heavier{};
+            std::ranges::copy(IntegralsOf(one), heavier.begin() + 4);
+            errors.push_back(heavier);
+        }
     }
     return errors;
 }
@@ -141,6 +138,17 @@ void AddMoved(Covariance& sum, const Covariance& covariance, const MomentsMove& 
     }
 }
 
+/// Adds the covariance of so many pieces that have one error of their own each.
+void AddError(Covariance& sum, const Moments& error, double count)
+{
+    for (std::size_t row = 0; row < 10; ++row) {
+        const double factor = count * error[row];
+        for (std::size_t column = 0; column < 10; ++column) {
+            sum[row][column] += factor * error[column];
+        }
+    }
+}
+
 /// Errors that pieces do not share, summed up from the leaves: each node once, about its own
 /// centre, so that no digits are lost however far off things stand.
 class ApartErrors
@@ -148,37 +156,37 @@ class ApartErrors
 public:
     ApartErrors(const Selection& selection, const Walk& walk, const std::vector<double>& pieces,
                 Errors errors)
-        : m_selection(selection), m_walk(walk), m_covariances(selection.Count())
+        : m_selection(selection),
+          m_walk(walk),
+          m_errors(errors),
+          m_firm(selection.Count()),
+          m_loose(selection.Count())
     {
         for (const std::uint32_t number : selection.childrenFirst) {
-            if (pieces[number] == 0.0) {
-                continue;
-            }
-            const NodeResult& result = walk.At(number);
-            if (result.outcome == Outcome::Descended) {
+            if (pieces[number] > 0.0 && walk.At(number).outcome == Outcome::Descended) {
                 SumUp(number);
-            } else if (result.outcome == Outcome::Taken &&
-                       (errors == Errors::Apart ||
-                        selection.graph->PartOf(selection.GraphNode(number)).errorsApart)) {
-                Leaf(number, result);
             }
         }
     }
 
     void AddTo(Variances& variances) const
     {
-        if (m_selection.asked && m_covariances[*m_selection.asked]) {
-            variances.Add(m_covariances[*m_selection.asked]->firm);
-            variances.Add(m_covariances[*m_selection.asked]->loose);
+        const std::uint32_t asked = *m_selection.asked;
+        if (m_walk.At(asked).outcome == Outcome::Taken) {
+            for (const Moments& error : ErrorsHere(asked)) {
+                variances.Add(error);
+            }
+            return;
+        }
+        for (const auto* covariances : {&m_firm, &m_loose}) {
+            if ((*covariances)[asked]) {
+                variances.Add(*(*covariances)[asked]);
+            }
         }
     }
 
 private:
-    struct Pair
-    {
-        Covariance firm{};
-        Covariance loose{}; // of masses without centre, which stand wherever the total's centre is
-    };
+    using Kept = std::unique_ptr<Covariance>;
 
     /// Any point near the mass will do; for the asked node it must be the total's centre.
     std::array<double, 3> PointOf(std::uint32_t number) const
@@ -190,47 +198,59 @@ private:
         return InMetres(IsKnown(total.centre[0]) ? total.centre : m_walk.At(number).body.centre);
     }
 
-    void Leaf(std::uint32_t number, const NodeResult& result)
+    /// The errors of a leaf, unless its pieces share them.
+    std::vector<Moments> ErrorsHere(std::uint32_t number) const
     {
-        m_covariances[number].emplace();
-        Pair& pair = *m_covariances[number];
-        Covariance& covariance = result.noCentre ? pair.loose : pair.firm;
-        for (const Moments& error :
-             ErrorsOf(*result.claim, m_selection.graph->SigmasOf(*result.claim))) {
-            for (std::size_t row = 0; row < 10; ++row) {
-                for (std::size_t column = 0; column < 10; ++column) {
-                    covariance[row][column] += error[row] * error[column];
-                }
-            }
+        const ProductGraph& graph = *m_selection.graph;
+        const Claim& claim = *m_walk.At(number).claim;
+        const bool apart =
+            m_errors == Errors::Apart || graph.PartOf(m_selection.GraphNode(number)).errorsApart;
+        return apart ? ErrorsOf(claim, graph.SigmasOf(claim)) : std::vector<Moments>();
+    }
+
+    static Covariance& Made(Kept& kept)
+    {
+        if (!kept) {
+            kept = std::make_unique<Covariance>();
         }
+        return *kept;
     }
 
     void SumUp(std::uint32_t number)
     {
         const std::array<double, 3> here = PointOf(number);
         m_selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
-            if (!m_covariances[child]) {
-                return;
-            }
             Placement metres = use.placement;
             metres.shift = InMetres(metres.shift);
             std::array<double, 3> offset = Placed(PointOf(child), metres);
             for (std::size_t axis = 0; axis < 3; ++axis) {
                 offset[axis] -= here[axis];
             }
-            if (!m_covariances[number]) {
-                m_covariances[number].emplace();
+            const MomentsMove move(metres.rotation, offset);
+            // What has no centre is turned along and stands wherever the total's centre is.
+            const MomentsMove turn(metres.rotation, {});
+            const NodeResult& result = m_walk.At(child);
+            if (result.outcome == Outcome::Taken) {
+                for (const Moments& error : ErrorsHere(child)) {
+                    AddError(Made(result.noCentre ? m_loose[number] : m_firm[number]),
+                             result.noCentre ? turn(error) : move(error), use.pieces);
+                }
+                return;
             }
-            Pair& sum = *m_covariances[number];
-            const Pair& pair = *m_covariances[child];
-            AddMoved(sum.firm, pair.firm, MomentsMove(metres.rotation, offset), use.pieces);
-            AddMoved(sum.loose, pair.loose, MomentsMove(metres.rotation, {}), use.pieces);
+            if (m_firm[child]) {
+                AddMoved(Made(m_firm[number]), *m_firm[child], move, use.pieces);
+            }
+            if (m_loose[child]) {
+                AddMoved(Made(m_loose[number]), *m_loose[child], turn, use.pieces);
+            }
         });
     }
 
     const Selection& m_selection;
     const Walk& m_walk;
-    std::vector<std::optional<Pair>> m_covariances;
+    Errors m_errors;
+    std::vector<Kept> m_firm;  // of assemblies; null where there are no such errors
+    std::vector<Kept> m_loose; // of masses without centre
 };
 
 /// For each node the sum over all its pieces of how it stands about the total's centre.
@@ -260,18 +280,17 @@ std::vector<MomentsSum> StandingOf(const Selection& selection, const Walk& walk,
 
 /// True when a leaf's centre is less certain than it is far, in the mean of its pieces, from the
 /// centre of the total.
-bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& atCentre)
+bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& standing,
+                   const MomentsMove& atCentre)
 {
     if (sigmas == nullptr || !claim.HasCentre()) {
         return false;
     }
     double sigma = 0.0;
     for (const double component : sigmas->centre) {
-        sigma = std::max(sigma, Stated(component) * kMetres);
+        sigma = std::max(sigma, IsKnown(component) ? component * kMetres : 0.0);
     }
-    Moments one{};
-    one[0] = 1.0;
-    const Moments moments = atCentre(one);
+    const Moments moments = standing(atCentre({1.0}));
     const double meanSquare = (moments[4] + moments[5] + moments[6]) / moments[0];
     return sigma > 0.0 && sigma * sigma > meanSquare;
 }
@@ -314,12 +333,15 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
         unstated += stated ? 0.0 : all;
 
         // What has no centre stands at the total's, wherever its parents are.
-        MomentsSum place{pieces[number], {}};
-        place.move.turnTwice = standing[number].move.turnTwice;
-        if (!result.noCentre) {
-            place = MomentsSum();
-            place.Add(standing[number], MomentsMove(kUnturned, CentreTaken(walk, number)), 1.0);
-            if (IsUnderstated(claim, sigmas, place)) {
+        MomentsSum sum = standing[number];
+        MomentsMove atCentre(kUnturned, {});
+        if (result.noCentre) {
+            sum.move.shift = {};
+            sum.move.shiftTwice = {};
+            sum.move.shiftTurn = {};
+        } else {
+            atCentre = MomentsMove(kUnturned, CentreTaken(walk, number));
+            if (IsUnderstated(claim, sigmas, sum, atCentre)) {
                 understated.push_back(part.name);
             }
         }
@@ -328,7 +350,7 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
             continue;
         }
         for (const Moments& error : ErrorsOf(claim, sigmas)) {
-            variances.Add(place(error));
+            variances.Add(sum(atCentre(error)));
         }
     }
     if (someApart) {
