@@ -121,6 +121,16 @@ TEST(ComputeWarnings, ImpossibleValuesAreUsedAndSaid)
                             "other two"));
 }
 
+TEST(ComputeWarnings, NobodyWhoReadsNonePaysForThem)
+{
+    SmallProduct small;
+    small.Put("R", "L");
+    ComputeOptions options;
+    options.validate = false;
+    EXPECT_FALSE(small.Compute().warnings.empty());
+    EXPECT_TRUE(small.Compute(options).warnings.empty());
+}
+
 TEST(ComputeWarnings, SumsComeFirstThenItemsByTheirEffect)
 {
     SmallProduct small;

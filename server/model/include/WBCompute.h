@@ -47,6 +47,8 @@ struct ComputeOptions
         double upper = 0.0;
     };
     std::optional<DefinedPrecision> definedPrecision;
+    /// False: nobody reads the warnings, so values are not checked and none are written.
+    bool validate = true;
     bool uncertainty = false;
     bool errorsApart = false;     // in the uncertainty: every piece has errors of its own
     std::size_t contributors = 0; // how many of the largest to list

@@ -240,8 +240,10 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
     if (options.definedPrecision) {
         DefinePrecision(*options.definedPrecision, result);
     }
-    result.warnings = WarningsOf(selection, walk, pieces, result);
-    AddLostLines(job, result.warnings);
+    if (options.validate) {
+        result.warnings = WarningsOf(selection, walk, pieces, result);
+        AddLostLines(job, result.warnings);
+    }
     return result;
 }
 } // namespace
