@@ -22,11 +22,42 @@ std::array<double, 3> InMetres(const std::array<double, 3>& point)
     return {point[0] * kMetres, point[1] * kMetres, point[2] * kMetres};
 }
 
-/// Where the walk stopped: the centre of the values taken. Nobody asks for it where there is none.
-std::array<double, 3> CentreTaken(const Walk& walk, std::uint32_t number)
+using Point = std::array<double, 3>;
+
+/// A point near the mass of each node, in m. Errors are carried from one such point to the next, so
+/// no digits are lost however far from its axes a part stands. The asked node's is the centre of
+/// the total, a leaf's its own.
+std::vector<Point> PointsOf(const Selection& selection, const Walk& walk,
+                            const std::vector<double>& pieces)
 {
-    const NodeResult& result = walk.At(number);
-    return InMetres(result.apart < 0 ? result.body.centre : walk.ApartOf(number).taken.centre);
+    std::vector<Point> points(selection.Count());
+    for (const std::uint32_t number : selection.childrenFirst) {
+        if (pieces[number] == 0.0) {
+            continue;
+        }
+        const NodeResult& result = walk.At(number);
+        if (result.apart < 0) {
+            points[number] = InMetres(result.body.centre);
+        } else if (result.outcome == Outcome::Taken) {
+            points[number] = InMetres(walk.ApartOf(number).taken.centre);
+        } else {
+            const Body total = walk.Total(number);
+            points[number] = InMetres(IsKnown(total.centre[0]) ? total.centre : result.body.centre);
+        }
+    }
+    return points;
+}
+
+/// How a child stands about the point of its parent.
+MomentsMove MoveOf(const ProductGraph::UseRow& use, const Point& parent, const Point& child)
+{
+    Placement metres = use.placement;
+    metres.shift = InMetres(metres.shift);
+    Point offset = Placed(child, metres);
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        offset[axis] -= parent[axis];
+    }
+    return {metres.rotation, offset};
 }
 
 /// The errors of one leaf, each as what it does to the leaf's moments about its own centre when it
@@ -155,9 +186,10 @@ class ApartErrors
 {
 public:
     ApartErrors(const Selection& selection, const Walk& walk, const std::vector<double>& pieces,
-                Errors errors)
+                const std::vector<Point>& points, Errors errors)
         : m_selection(selection),
           m_walk(walk),
+          m_points(points),
           m_errors(errors),
           m_firm(selection.Count()),
           m_loose(selection.Count())
@@ -188,16 +220,6 @@ public:
 private:
     using Kept = std::unique_ptr<Covariance>;
 
-    /// Any point near the mass will do; for the asked node it must be the total's centre.
-    std::array<double, 3> PointOf(std::uint32_t number) const
-    {
-        if (m_walk.At(number).outcome == Outcome::Taken) {
-            return CentreTaken(m_walk, number);
-        }
-        const Body total = m_walk.Total(number);
-        return InMetres(IsKnown(total.centre[0]) ? total.centre : m_walk.At(number).body.centre);
-    }
-
     /// The errors of a leaf, unless its pieces share them.
     std::vector<Moments> ErrorsHere(std::uint32_t number) const
     {
@@ -218,17 +240,10 @@ private:
 
     void SumUp(std::uint32_t number)
     {
-        const std::array<double, 3> here = PointOf(number);
         m_selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
-            Placement metres = use.placement;
-            metres.shift = InMetres(metres.shift);
-            std::array<double, 3> offset = Placed(PointOf(child), metres);
-            for (std::size_t axis = 0; axis < 3; ++axis) {
-                offset[axis] -= here[axis];
-            }
-            const MomentsMove move(metres.rotation, offset);
+            const MomentsMove move = MoveOf(use, m_points[number], m_points[child]);
             // What has no centre is turned along and stands wherever the total's centre is.
-            const MomentsMove turn(metres.rotation, {});
+            const MomentsMove turn(use.placement.rotation, {});
             const NodeResult& result = m_walk.At(child);
             if (result.outcome == Outcome::Taken) {
                 for (const Moments& error : ErrorsHere(child)) {
@@ -248,30 +263,26 @@ private:
 
     const Selection& m_selection;
     const Walk& m_walk;
+    const std::vector<Point>& m_points;
     Errors m_errors;
     std::vector<Kept> m_firm;  // of assemblies; null where there are no such errors
     std::vector<Kept> m_loose; // of masses without centre
 };
 
-/// For each node the sum over all its pieces of how it stands about the total's centre.
+/// For each node the sum over all its pieces of how its point stands about the total's centre.
 std::vector<MomentsSum> StandingOf(const Selection& selection, const Walk& walk,
-                                   const std::vector<double>& pieces, const Body& total)
+                                   const std::vector<double>& pieces,
+                                   const std::vector<Point>& points)
 {
     std::vector<MomentsSum> standing(selection.Count());
-    std::array<double, 3> origin{};
-    if (IsKnown(total.centre[0])) {
-        origin = InMetres(total.centre);
-        std::ranges::transform(origin, origin.begin(), std::negate());
-    }
-    standing[*selection.asked] = {1.0, MomentsMove(kUnturned, origin)};
+    standing[*selection.asked] = {1.0, MomentsMove(kUnturned, {})};
     for (std::size_t i = selection.childrenFirst.size(); i-- > 0;) {
         const std::uint32_t number = selection.childrenFirst[i];
         if (pieces[number] == 0.0 || walk.At(number).outcome != Outcome::Descended) {
             continue;
         }
         selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
-            standing[child].Add(standing[number],
-                                MomentsMove(use.placement.rotation, InMetres(use.placement.shift)),
+            standing[child].Add(standing[number], MoveOf(use, points[number], points[child]),
                                 use.pieces);
         });
     }
@@ -280,8 +291,7 @@ std::vector<MomentsSum> StandingOf(const Selection& selection, const Walk& walk,
 
 /// True when a leaf's centre is less certain than it is far, in the mean of its pieces, from the
 /// centre of the total.
-bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& standing,
-                   const MomentsMove& atCentre)
+bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& standing)
 {
     if (sigmas == nullptr || !claim.HasCentre()) {
         return false;
@@ -290,7 +300,7 @@ bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& s
     for (const double component : sigmas->centre) {
         sigma = std::max(sigma, IsKnown(component) ? component * kMetres : 0.0);
     }
-    const Moments moments = standing(atCentre({1.0}));
+    const Moments moments = standing({1.0});
     const double meanSquare = (moments[4] + moments[5] + moments[6]) / moments[0];
     return sigma > 0.0 && sigma * sigma > meanSquare;
 }
@@ -313,7 +323,8 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
                       const std::vector<double>& pieces, const Body& total, Errors errors)
 {
     const ProductGraph& graph = *selection.graph;
-    const std::vector<MomentsSum> standing = StandingOf(selection, walk, pieces, total);
+    const std::vector<Point> points = PointsOf(selection, walk, pieces);
+    const std::vector<MomentsSum> standing = StandingOf(selection, walk, pieces, points);
     Variances variances(total.mass - walk.ApartOf(*selection.asked).loose.mass);
     double mass = 0.0;
     double unstated = 0.0;
@@ -334,27 +345,23 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
 
         // What has no centre stands at the total's, wherever its parents are.
         MomentsSum sum = standing[number];
-        MomentsMove atCentre(kUnturned, {});
         if (result.noCentre) {
             sum.move.shift = {};
             sum.move.shiftTwice = {};
             sum.move.shiftTurn = {};
-        } else {
-            atCentre = MomentsMove(kUnturned, CentreTaken(walk, number));
-            if (IsUnderstated(claim, sigmas, sum, atCentre)) {
-                understated.push_back(part.name);
-            }
+        } else if (IsUnderstated(claim, sigmas, sum)) {
+            understated.push_back(part.name);
         }
         if (errors == Errors::Apart || part.errorsApart) {
             someApart = true;
             continue;
         }
         for (const Moments& error : ErrorsOf(claim, sigmas)) {
-            variances.Add(sum(atCentre(error)));
+            variances.Add(sum(error));
         }
     }
     if (someApart) {
-        ApartErrors(selection, walk, pieces, errors).AddTo(variances);
+        ApartErrors(selection, walk, pieces, points, errors).AddTo(variances);
     }
     Uncertainty uncertainty = variances.Roots();
     uncertainty.shareUnstated = mass == 0.0 ? 0.0 : unstated / mass;

@@ -79,7 +79,7 @@ std::string ReadFilterText(std::string_view text, Filter& filter)
             return std::string();
         }
         const std::size_t end = std::min(text.find('|', start), text.size());
-        const std::string field(text.substr(start, end - start));
+        std::string field(text.substr(start, end - start));
         start = end + 1;
         return field;
     };
