@@ -57,12 +57,21 @@ void RollUpTree(std::span<Body> records, std::span<const std::uint32_t> sizes,
         }
         std::size_t count = 0;
         const std::size_t end = i + sizes[i];
-        for (std::size_t child = i + 1; child < end; child += sizes[child]) {
-            if (count == kAtOnce) {
+        for (std::size_t child = i + 1; child < end;) {
+            if (count + 2 > kAtOnce) {
                 children[0] = SumAboutCommonCentre(children.data(), 0, count, NextIndex);
                 count = 1;
             }
-            children[count++] = PlacedBody(records[child], placements[child]);
+            const std::size_t next = child + sizes[child];
+            if (next < end) {
+                PlaceTwo(records[child], placements[child], records[next], placements[next],
+                         &children[count]);
+                count += 2;
+                child = next + sizes[next];
+            } else {
+                children[count++] = PlacedBody(records[child], placements[child]);
+                child = next;
+            }
         }
         records[i] = SumAboutCommonCentre(children.data(), 0, count, NextIndex);
     }
