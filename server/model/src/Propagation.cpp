@@ -289,6 +289,36 @@ std::vector<MomentsSum> StandingOf(const Selection& selection, const Walk& walk,
     return standing;
 }
 
+/// What has no centre stands at the total's, turned as its parents are and wherever they are.
+MomentsSum AtTheCentre(MomentsSum standing)
+{
+    standing.move.shift = {};
+    standing.move.shiftTwice = {};
+    standing.move.shiftTurn = {};
+    return standing;
+}
+
+/// Share of the mass for which neither an uncertainty nor a precision was stated.
+double ShareUnstated(const Selection& selection, const Walk& walk,
+                     const std::vector<double>& pieces)
+{
+    double mass = 0.0;
+    double unstated = 0.0;
+    for (const std::uint32_t number : selection.childrenFirst) {
+        const NodeResult& result = walk.At(number);
+        if (pieces[number] == 0.0 || result.outcome != Outcome::Taken) {
+            continue;
+        }
+        const Sigmas* sigmas = selection.graph->SigmasOf(*result.claim);
+        const bool stated =
+            result.claim->precisionStated || (sigmas != nullptr && IsKnown(sigmas->mass));
+        const double here = pieces[number] * std::abs(result.claim->body.mass);
+        mass += here;
+        unstated += stated ? 0.0 : here;
+    }
+    return mass == 0.0 ? 0.0 : unstated / mass;
+}
+
 /// True when a leaf's centre is less certain than it is far, in the mean of its pieces, from the
 /// centre of the total.
 bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& standing)
@@ -326,8 +356,6 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
     const std::vector<Point> points = PointsOf(selection, walk, pieces);
     const std::vector<MomentsSum> standing = StandingOf(selection, walk, pieces, points);
     Variances variances(total.mass - walk.ApartOf(*selection.asked).loose.mass);
-    double mass = 0.0;
-    double unstated = 0.0;
     bool someApart = errors == Errors::Apart;
     std::vector<std::string> understated;
     for (const std::uint32_t number : selection.childrenFirst) {
@@ -338,24 +366,14 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
         const Claim& claim = *result.claim;
         const Sigmas* sigmas = graph.SigmasOf(claim);
         const ProductGraph::PartRow& part = graph.PartOf(selection.GraphNode(number));
-        const double all = pieces[number] * std::abs(claim.body.mass);
-        const bool stated = claim.precisionStated || (sigmas != nullptr && IsKnown(sigmas->mass));
-        mass += all;
-        unstated += stated ? 0.0 : all;
-
-        // What has no centre stands at the total's, wherever its parents are.
-        MomentsSum sum = standing[number];
-        if (result.noCentre) {
-            sum.move.shift = {};
-            sum.move.shiftTwice = {};
-            sum.move.shiftTurn = {};
-        } else if (IsUnderstated(claim, sigmas, sum)) {
+        if (!result.noCentre && IsUnderstated(claim, sigmas, standing[number])) {
             understated.push_back(part.name);
         }
         if (errors == Errors::Apart || part.errorsApart) {
             someApart = true;
             continue;
         }
+        const MomentsSum sum = result.noCentre ? AtTheCentre(standing[number]) : standing[number];
         for (const Moments& error : ErrorsOf(claim, sigmas)) {
             variances.Add(sum(error));
         }
@@ -364,7 +382,7 @@ Uncertainty Propagate(const Selection& selection, const Walk& walk,
         ApartErrors(selection, walk, pieces, points, errors).AddTo(variances);
     }
     Uncertainty uncertainty = variances.Roots();
-    uncertainty.shareUnstated = mass == 0.0 ? 0.0 : unstated / mass;
+    uncertainty.shareUnstated = ShareUnstated(selection, walk, pieces);
     uncertainty.understated = std::move(understated);
     if (!IsKnown(total.centre[0])) {
         uncertainty.centre.fill(kUnknown);

@@ -122,11 +122,13 @@ void Walk::KeepApart(NodeResult& result, const ApartSum& apart)
     m_aparts.push_back(apart);
 }
 
-void Walk::TakeClaim(NodeResult& result, const Body& body)
+void Walk::TakeClaim(NodeResult& result, const Completed& completed)
 {
-    Body known = body;
-    result.noCentre = !IsKnown(body.centre[0]);
-    result.noInertia = !IsKnown(body.inertia[0]);
+    Body known = completed.body;
+    result.centreLender = completed.centreLender;
+    result.inertiaLender = completed.inertiaLender;
+    result.noCentre = !IsKnown(known.centre[0]);
+    result.noInertia = !IsKnown(known.inertia[0]);
     if (result.noCentre) {
         known.centre = {};
     }
@@ -177,31 +179,23 @@ void Walk::Evaluate(const Selection& selection, const WalkRule& rule, const Aske
     result.fellBack = decision.fellBack;
     result.activeWithoutMass = decision.activeWithoutMass;
 
-    switch (decision.outcome) {
-    case NodeResult::Outcome::Missing:
+    if (decision.outcome == NodeResult::Outcome::Missing) {
         result.massMissing = true;
-        break;
-    case NodeResult::Outcome::Descended:
+    } else if (decision.outcome == NodeResult::Outcome::Descended) {
         result.massMissing = below.massMissing;
         result.body = below.body;
         if (below.hasApart) {
             KeepApart(result, below.apart);
         }
-        break;
-    case NodeResult::Outcome::Taken: {
+    } else {
+        // Alone, a node has its own values and nothing below it lends any.
         const bool sumLends = !state.isLeaf && !(isAsked && asked.kind == AskedRule::Kind::Alone);
-        const Completed completed = Complete(
-            *decision.claim, state.claims,
-            sumLends ? &graph.ActiveBelow(graph.Nodes()[node].part) : nullptr, graph.Types());
-        result.centreLender = completed.centreLender;
-        result.inertiaLender = completed.inertiaLender;
-        TakeClaim(result, completed.body);
+        const Body* lender = sumLends ? &graph.ActiveBelow(graph.Nodes()[node].part) : nullptr;
+        TakeClaim(result, Complete(*decision.claim, state.claims, lender, graph.Types()));
         if (!state.isLeaf) {
             result.below = static_cast<std::int32_t>(m_belows.size());
             m_belows.push_back(Finished(below.body, below.apart));
         }
-        break;
-    }
     }
 }
 } // namespace wb

@@ -83,6 +83,8 @@ struct NodeResult
     bool activeWithoutMass = false; // an assembly whose active values have no mass
 };
 
+struct Completed;
+
 /// The results of all selected nodes, each made once, in its own axes.
 class Walk
 {
@@ -113,7 +115,7 @@ private:
     void Evaluate(const Selection& selection, const WalkRule& rule, const AskedRule& asked,
                   std::uint32_t number, std::vector<Body>* activeBelow);
     Below SumBelow(const Selection& selection, std::uint32_t number);
-    void TakeClaim(NodeResult& result, const Body& body);
+    void TakeClaim(NodeResult& result, const Completed& completed);
     void KeepApart(NodeResult& result, const ApartSum& apart);
 
     const Walk* m_shared;
