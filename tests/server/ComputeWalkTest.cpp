@@ -264,3 +264,23 @@ TEST(ComputeWalk, DefinedPrecisionTakesThePlaceOfTheDeviations)
     EXPECT_EQ(result.total.body.upper, 4);
     EXPECT_FALSE(Claims().Compute().precisionDefined);
 }
+
+TEST(ComputeWalk, CancelledComputationIsAnErrorAtAnyStep)
+{
+    // Before the work, after the walk, before the uncertainty and before the warnings.
+    constexpr int kSteps = 4;
+    for (int step = 1; step <= kSteps + 1; ++step) {
+        int asked = 0;
+        ComputeOptions options;
+        options.cancelled = [&] {
+            return ++asked == step;
+        };
+        const auto result = Claims().Compute(options);
+        if (step <= kSteps) {
+            EXPECT_EQ(result.error, "The computation was cancelled.") << step;
+            EXPECT_EQ(result.total.body.mass, 0) << step;
+        } else {
+            EXPECT_EQ(result.total.body.mass, 5);
+        }
+    }
+}

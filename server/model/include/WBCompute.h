@@ -5,6 +5,7 @@
 #include "WBStatistics.h"
 #include "WBUncertainty.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,7 +51,9 @@ struct ComputeOptions
     /// False: nobody reads the warnings, so values are not checked and none are written.
     bool validate = true;
     bool uncertainty = false;
-    bool errorsApart = false;     // in the uncertainty: every piece has errors of its own
+    bool errorsApart = false; // in the uncertainty: every piece has errors of its own
+    /// Asked between the steps of the work; true: the answer is an error and nothing else.
+    std::function<bool()> cancelled;
     std::size_t contributors = 0; // how many of the largest to list
 };
 

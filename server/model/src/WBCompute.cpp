@@ -198,6 +198,17 @@ void AddLostLines(const Job& job, std::vector<std::string>& warnings)
     }
 }
 
+/// Thrown and caught in this file: what was made up to now is of no use to anybody.
+struct Cancelled
+{};
+
+void StopIfCancelled(const ComputeOptions& options)
+{
+    if (options.cancelled && options.cancelled()) {
+        throw Cancelled();
+    }
+}
+
 ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
 {
     ComputeResult result;
@@ -212,6 +223,7 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
     }
     const Walk walk(selection, job.rule, job.asked, isActive ? &job.graph.Active() : nullptr,
                     nullptr);
+    StopIfCancelled(options);
     const std::uint32_t asked = *selection.asked;
     const NodeResult& top = walk.At(asked);
     const std::vector<double> pieces = PiecesOf(selection, walk);
@@ -226,6 +238,7 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
             result.imposed = ImposedOn(job, walk, result.total.body);
         }
     }
+    StopIfCancelled(options);
     if (options.uncertainty) {
         result.uncertainty = Propagate(selection, walk, pieces, walk.Total(asked),
                                        options.errorsApart ? Errors::Apart : Errors::AsStated);
@@ -240,6 +253,7 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
     if (options.definedPrecision) {
         DefinePrecision(*options.definedPrecision, result);
     }
+    StopIfCancelled(options);
     if (options.validate) {
         result.warnings = WarningsOf(selection, walk, pieces, result);
         AddLostLines(job, result.warnings);
@@ -266,6 +280,15 @@ ComputeResult Compute(const ProductGraph& graph, const AskedPath& path,
     if (failed.error.empty()) {
         failed.error = AskedRuleOf(graph, graph.NodeAt(job.path), options, job.asked);
     }
-    return failed.error.empty() ? ResultOf(job, options) : failed;
+    if (!failed.error.empty()) {
+        return failed;
+    }
+    try {
+        StopIfCancelled(options);
+        return ResultOf(job, options);
+    } catch (const Cancelled&) {
+        failed.error = "The computation was cancelled.";
+        return failed;
+    }
 }
 } // namespace wb
