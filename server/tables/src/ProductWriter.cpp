@@ -127,7 +127,7 @@ public:
         : m_product(product), m_usesBelow(product.UsesByParent()), m_told(product.parts.size())
     {
         for (const Material& material : product.materials) {
-            m_materials.emplace(material.name, &material);
+            m_materials.emplace(material.name, NamedMaterial{&material});
         }
     }
 
@@ -160,6 +160,12 @@ public:
     }
 
 private:
+    struct NamedMaterial
+    {
+        const Material* material;
+        bool isTold = false; // its density was written
+    };
+
     const Part& PartOf(const Use& use) const { return m_product.parts[use.part]; }
 
     void Name(const Part& part)
@@ -357,11 +363,11 @@ private:
     {
         m_draft.PutText(Column::Material, name);
         const auto found = m_materials.find(name);
-        if (found == m_materials.end() || found->second == nullptr) {
+        if (found == m_materials.end() || found->second.isTold) {
             return;
         }
-        const Material& material = *found->second;
-        found->second = nullptr;
+        const Material& material = *found->second.material;
+        found->second.isTold = true;
         Number(Column::MaterialDensity, material.density, material.typed);
         Number(Column::MaterialSurfaceDensity, material.surfaceDensity, material.typed);
     }
@@ -394,10 +400,10 @@ private:
 
     DensityPair DensitiesOf(const std::string& name) const
     {
-        const auto found = std::ranges::find(m_product.materials, name, &Material::name);
-        return found == m_product.materials.end()
-                   ? DensityPair()
-                   : DensityPair{found->density, found->surfaceDensity};
+        const auto found = m_materials.find(name);
+        return found == m_materials.end() ? DensityPair()
+                                          : DensityPair{found->second.material->density,
+                                                        found->second.material->surfaceDensity};
     }
 
     /// The mass that the typed form of an inertia needs: stated, or size times density.
@@ -509,7 +515,7 @@ private:
     const Product& m_product;
     const std::vector<std::vector<std::uint32_t>> m_usesBelow;
     std::vector<bool> m_told; // per part: its facts were written
-    std::unordered_map<std::string, const Material*> m_materials; // null: its density was written
+    std::unordered_map<std::string, NamedMaterial> m_materials;
     TableDraft m_draft;
 };
 } // namespace
