@@ -99,7 +99,7 @@ struct ImportOptions
     KnownFacts known = KnownFacts::Update;
     /// A product root of the table: stored uses in it, and in the assemblies that the table places
     /// below it, are removed where the table lacks them. Empty: nothing is removed.
-    std::string replace;
+    std::string replace = {};
 };
 
 /// What was stored, and what takes its place.
