@@ -13,10 +13,12 @@ class WBStoreImport : public testing::Test
 protected:
     void SetUp() override { m_store = Store::OpenOrCreate(m_directory.File("x.db")).store; }
 
+    /// Facts that differ from what is stored are refused.
     ImportOutcome Import(const std::string& table)
     {
         const auto read = ReadProductTable(table, "t.csv", {}, *m_store);
-        return read.Ok() ? m_store->Import(read.product, {"kim", "t.csv", "c0ffee"})
+        return read.Ok() ? m_store->Import(read.product,
+                                           {"kim", "t.csv", "c0ffee", KnownFacts::Refuse, ""})
                          : ImportOutcome{{}, read.errors};
     }
     void Good(const std::string& table) { EXPECT_THAT(Import(table).errors, ElementsAre()); }

@@ -28,6 +28,8 @@ wb::ImportFileOptions OptionsOf(const ImportOptions& options)
         how.table.productSign =
             options.poiSign == "positive" ? wb::ProductSign::Integral : wb::ProductSign::MatrixTerm;
     }
+    how.known = options.update ? wb::KnownFacts::Update : wb::KnownFacts::Refuse;
+    how.replace = options.replace;
     how.user = options.user.empty() ? LoginName() : options.user;
     return how;
 }

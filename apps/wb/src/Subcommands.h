@@ -33,9 +33,22 @@ struct ImportOptions
     std::string massType;  ///< of values whose row names none; may be empty
     std::string poiSign;   ///< "positive" or "negative"; may be empty
     std::string user;
+    std::string
+        replace;        ///< a product root whose uses that the file lacks are removed; may be empty
+    bool update = true; ///< facts of the file take the place of stored ones; else they are refused
     bool check = false; ///< says what would happen and changes nothing
 };
 int RunImport(const ImportOptions& options);
+
+struct ExportOptions
+{
+    std::string root;
+    std::string version; ///< empty: of several the one that was stored last
+    std::string database;
+    std::string output;    ///< a file; "-": the standard output
+    std::string massTypes; ///< a file for the mass types; may be empty
+};
+int RunExport(const ExportOptions& options);
 
 struct MassTypesOptions
 {

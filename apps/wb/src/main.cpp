@@ -111,6 +111,15 @@ int main(int argc, char** argv)
     importApp->add_option("--into", import.database, "Database: one SQLite file, made when missing")
         ->required();
     importApp->add_flag("--check", import.check, "Say what would change, and change nothing");
+    importApp->add_flag(
+        "--update,!--no-update", import.update,
+        "Facts of the files take the place of what the database holds; blank cells leave it\n"
+        "(the default). With --no-update a fact that differs is refused");
+    importApp
+        ->add_option("--replace", import.replace,
+                     "Remove the uses in this product that the file lacks, so that its structure\n"
+                     "is that of the file. One file")
+        ->type_name("ROOT");
     importApp->add_option("--mass-types", import.massTypes,
                           "Add or change the mass types of this CSV file first");
     importApp->add_option("--mass-type", import.massType,
@@ -120,6 +129,25 @@ int main(int argc, char** argv)
                      "Sign of products of inertia where a row does not say it")
         ->check(CLI::IsMember({"positive", "negative"}));
     importApp->add_option("--user", import.user, "Who imports (default: your login name)");
+
+    ExportOptions exports;
+    CLI::App* exportApp = app.add_subcommand(
+        "export", "Write a product as a CSV file that wb import reads back alike");
+    exportApp->add_option("root", exports.root, "A part that nobody uses: a product")
+        ->type_name("ROOT")
+        ->required();
+    exportApp->add_option("--db", exports.database, "Database: one SQLite file")->required();
+    exportApp
+        ->add_option("--out", exports.output,
+                     "The CSV file, written whole or not at all; - is the standard output")
+        ->type_name("FILE.csv")
+        ->required();
+    exportApp->add_option("--root-version", exports.version,
+                          "Version of the root (default: the one that was stored last)");
+    exportApp
+        ->add_option("--mass-types", exports.massTypes,
+                     "Write the mass types of the database too, for the option of wb import")
+        ->type_name("TYPES.csv");
 
     ConvertReportOptions report;
     CLI::App* reportApp = app.add_subcommand(
@@ -135,6 +163,10 @@ int main(int argc, char** argv)
 
     try {
         app.parse(argc, argv);
+        if (!import.replace.empty() && import.files.size() > 1) {
+            throw CLI::ValidationError("--replace", "expected one file, since a use that one file "
+                                                    "lacks may stand in another");
+        }
     } catch (const CLI::ParseError& error) {
         const int code = app.exit(error);
         return code == 0 ? 0 : 2;
@@ -148,6 +180,9 @@ int main(int argc, char** argv)
         }
         if (*importApp) {
             return RunImport(import);
+        }
+        if (*exportApp) {
+            return RunExport(exports);
         }
         if (*reportApp) {
             return RunConvertReport(report);

@@ -13,6 +13,8 @@ struct ImportFileOptions
 {
     TableOptions table; // --mass-type, --poi-sign
     std::string user;   // who, for the history
+    KnownFacts known = KnownFacts::Update;
+    std::string replace = {}; // a product root: --replace
 };
 
 /// What came of reading a file into a database.
@@ -20,11 +22,12 @@ struct ImportFileResult
 {
     TableSummary table;
     ImportCounts counts;
+    bool isReplacement = false;      // uses may have been removed
     std::vector<std::string> errors; // ready sentences; empty: done
 
     bool Ok() const { return errors.empty(); }
-    /// Ready sentences for the user: rows, new, changed and unchanged parts and uses, parts that
-    /// nobody uses, remarks. Empty when there are errors.
+    /// Ready sentences for the user: rows, new, changed, unchanged and removed parts and uses,
+    /// parts that nobody uses, what gave way, remarks. Empty when there are errors.
     std::vector<std::string> Sentences() const;
 };
 

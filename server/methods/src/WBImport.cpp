@@ -2,6 +2,33 @@
 
 namespace wb
 {
+namespace
+{
+std::string Listed(const std::vector<std::string>& names)
+{
+    std::string list;
+    for (const std::string& name : names) {
+        list += (list.empty() ? "" : ", ") + name;
+    }
+    return list;
+}
+
+/// What was stored and is no longer: the history keeps all of it, the screen the beginning.
+void AppendChanges(std::vector<std::string>& sentences, const std::vector<ChangedFact>& facts)
+{
+    constexpr std::size_t kMost = 20;
+    for (std::size_t i = 0; i < facts.size() && i < kMost; ++i) {
+        sentences.push_back((facts[i].after.empty()
+                                 ? "removed: " + facts[i].what + ": "
+                                 : "changed: " + facts[i].what + ": " + facts[i].after + ", was ") +
+                            facts[i].before);
+    }
+    if (facts.size() > kMost) {
+        sentences.push_back("and " + std::to_string(facts.size() - kMost) + " more");
+    }
+}
+} // namespace
+
 std::vector<std::string> ImportFileResult::Sentences() const
 {
     if (!Ok()) {
@@ -12,15 +39,18 @@ std::vector<std::string> ImportFileResult::Sentences() const
         return std::string(what) + ": " + std::to_string(added) + " new, " +
                std::to_string(changed) + " changed, " + std::to_string(unchanged) + " unchanged";
     };
+    const std::string removed =
+        isReplacement ? ", " + std::to_string(counts.removedUses) + " removed" : std::string();
     std::vector<std::string> sentences{
         "rows: " + std::to_string(table.rows),
         line("parts", counts.newParts, counts.changedParts, counts.unchangedParts),
-        line("uses", counts.newUses, counts.changedUses, counts.unchangedUses)};
-    std::string unused;
-    for (const std::string& part : counts.unusedParts) {
-        unused += (unused.empty() ? "" : ", ") + part;
-    }
+        line("uses", counts.newUses, counts.changedUses, counts.unchangedUses) + removed};
+    const std::string unused = Listed(counts.unusedParts);
     sentences.push_back("parts that nobody uses: " + (unused.empty() ? "none" : unused));
+    if (!counts.rootsThatLostUses.empty()) {
+        sentences.push_back("other products that lost uses: " + Listed(counts.rootsThatLostUses));
+    }
+    AppendChanges(sentences, counts.changedFacts);
     const auto remarks = table.Remarks();
     sentences.insert(sentences.end(), remarks.begin(), remarks.end());
     return sentences;
@@ -29,13 +59,15 @@ std::vector<std::string> ImportFileResult::Sentences() const
 ImportFileResult ImportFile(Store& store, const std::string& path, const ImportFileOptions& options)
 {
     ImportFileResult result;
+    result.isReplacement = !options.replace.empty();
     try {
         TableResult read = ReadProductFile(path, options.table, store);
         result.table = std::move(read.summary);
         result.errors = std::move(read.errors);
         if (result.Ok()) {
             ImportOutcome outcome =
-                store.Import(read.product, {options.user, path, result.table.checksum});
+                store.Import(read.product, {options.user, path, result.table.checksum,
+                                            options.known, options.replace});
             result.counts = std::move(outcome.counts);
             result.errors = std::move(outcome.errors);
         }

@@ -95,6 +95,9 @@ private:
 void KeepTyped(std::string& typed, std::string_view name, std::string_view text,
                std::string_view unit);
 
+/// Drops the text of one number, as when another value takes its place.
+void ForgetTyped(std::string& typed, std::string_view name);
+
 /// The text of one number as typed, with its unit behind a blank; empty when none was kept.
 std::string_view TypedText(std::string_view typed, std::string_view name);
 } // namespace wb

@@ -16,6 +16,9 @@ std::optional<long long> ReadInteger(std::string_view text);
 /// Writes a number as "%.15g" does under a point locale; a negative zero is written "0".
 std::string WriteNumber(double value);
 
+/// The shortest text that reads back as exactly this number; a negative zero is written "0".
+std::string WriteShortest(double value);
+
 /// Appends what WriteNumber writes; unknown (not a number) is written "0", as the streams want it.
 void AppendNumber(std::string& text, double value);
 } // namespace wb

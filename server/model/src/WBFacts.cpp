@@ -102,6 +102,20 @@ void KeepTyped(std::string& typed, std::string_view name, std::string_view text,
     }
 }
 
+void ForgetTyped(std::string& typed, std::string_view name)
+{
+    const std::string_view text = TypedText(typed, name);
+    if (text.empty()) {
+        return;
+    }
+    const auto begin = static_cast<std::size_t>(text.data() - typed.data()) - name.size() - 1;
+    // The mark that parts the entry from its neighbour goes with it.
+    typed.erase(begin, name.size() + 1 + text.size() + 1);
+    if (typed.ends_with('|')) {
+        typed.pop_back();
+    }
+}
+
 std::string_view TypedText(std::string_view typed, std::string_view name)
 {
     while (!typed.empty()) {

@@ -59,6 +59,14 @@ std::string WriteNumber(double value)
     return text;
 }
 
+std::string WriteShortest(double value)
+{
+    std::array<char, 40> digits{};
+    const auto [end, error] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value == 0.0 ? 0.0 : value);
+    return {digits.data(), end};
+}
+
 void AppendNumber(std::string& text, double value)
 {
     constexpr int kDigits = 15;

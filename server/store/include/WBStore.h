@@ -78,6 +78,17 @@ struct HistoryEntry
     std::string what;
     std::string subject; // a file or a name
     std::string checksum;
+    /// What was stored before in place of what stands there now, line by line; what was new has no
+    /// line.
+    std::string before;
+    std::string after;
+};
+
+/// What becomes of a fact that a table states and the database holds differently.
+enum class KnownFacts
+{
+    Update, // the table's takes its place; the history keeps both
+    Refuse  // nothing is imported
 };
 
 struct ImportOptions
@@ -85,6 +96,18 @@ struct ImportOptions
     std::string user;
     std::string file; // as the messages and the history name it
     std::string checksum;
+    KnownFacts known = KnownFacts::Update;
+    /// A product root of the table: stored uses in it, and in the assemblies that the table places
+    /// below it, are removed where the table lacks them. Empty: nothing is removed.
+    std::string replace = {};
+};
+
+/// What was stored, and what takes its place.
+struct ChangedFact
+{
+    std::string what; // "part P A, mass type Weighed, mass"
+    std::string before;
+    std::string after; // empty: removed
 };
 
 /// What an import did.
@@ -96,10 +119,20 @@ struct ImportCounts
     std::size_t newUses = 0;
     std::size_t changedUses = 0;
     std::size_t unchangedUses = 0;
-    /// Parts of this import that nobody uses: the product roots, as "identifier version".
+    std::size_t removedUses = 0;
+    /// Parts of this import that nobody uses, and those that lost their last use: the product
+    /// roots, as "identifier version".
     std::vector<std::string> unusedParts;
+    /// Removed uses first, then facts that gave way to those of the table.
+    std::vector<ChangedFact> changedFacts;
+    /// Product roots of the database, other than the replaced one, that share an assembly which
+    /// lost uses.
+    std::vector<std::string> rootsThatLostUses;
 
-    bool Changes() const { return newParts + changedParts + newUses + changedUses > 0; }
+    bool Changes() const
+    {
+        return newParts + changedParts + newUses + changedUses + removedUses > 0;
+    }
 };
 
 struct ImportOutcome
@@ -153,6 +186,8 @@ public:
     StoredPart ReadPart(RowId part) const;
     StoredUse ReadUse(RowId use) const;
     DensityCount CountDensities(RowId part) const;
+    /// A part and everything below it, as of one moment; the part is the first of its parts.
+    Product ReadProduct(RowId root) const;
     std::vector<HistoryEntry> History() const; // oldest first
     /// Rises with every change of the part's own facts or of anything below it.
     std::int64_t ChangeNumber(RowId part) const;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
+#include <utility>
 
 namespace wb
 {
@@ -71,28 +73,36 @@ void PartMerge::Added(Weight weight)
     m_touchesSums = m_touchesSums || weight == Weight::InSums;
 }
 
-void PartMerge::Refuse(std::uint32_t line, const std::string& what, const std::string& stated,
-                       const std::string& stored)
+bool PartMerge::GivesWay(const Difference& difference, Weight weight)
 {
+    if (m_known == KnownFacts::Update) {
+        m_changedFacts.push_back(
+            {m_subject + ", " + difference.what, difference.stored, difference.stated});
+        Added(weight);
+        return true;
+    }
     if (m_errors.size() <= kMostErrors) {
         m_errors.push_back(m_errors.size() == kMostErrors
                                ? "and more"
-                               : m_file + ":" + std::to_string(line) + ": " + m_subject + ", " +
-                                     what + ": found \"" + stated + "\", the database holds \"" +
-                                     stored + "\"; expected the same fact or a blank cell");
+                               : m_file + ":" + std::to_string(difference.line) + ": " + m_subject +
+                                     ", " + difference.what + ": found \"" + difference.stated +
+                                     "\", the database holds \"" + difference.stored +
+                                     "\"; expected the same fact or a blank cell");
     }
+    return false;
 }
 
 void PartMerge::KeepTypedOf(std::string& storedTyped, const std::string& statedTyped,
                             const char* name)
 {
+    ForgetTyped(storedTyped, name);
     const std::string_view typed = TypedText(statedTyped, name);
     if (!typed.empty()) {
         KeepTyped(storedTyped, name, typed, {});
     }
 }
 
-/// True when the number was added; its text as typed is then the caller's to take over.
+/// True when the number was taken; its text as typed is then the caller's to take over.
 bool PartMerge::MergeNumber(double& stored, double stated, Fact fact, const FactLines& lines,
                             const std::string& storedTyped, const std::string& statedTyped)
 {
@@ -104,11 +114,17 @@ bool PartMerge::MergeNumber(double& stored, double stated, Fact fact, const Fact
         Added(Weight::InSums);
         return true;
     }
-    if (!Alike(stored, stated)) {
-        Refuse(lines.LineOf(fact), FactName(fact), Shown(stated, statedTyped, fact),
-               Shown(stored, storedTyped, fact));
+    if (Alike(stored, stated)) {
+        return false;
     }
-    return false;
+    const bool taken =
+        GivesWay({lines.LineOf(fact), FactName(fact), Shown(stated, statedTyped, fact),
+                  Shown(stored, storedTyped, fact)},
+                 Weight::InSums);
+    if (taken) {
+        stored = stated;
+    }
+    return taken;
 }
 
 void PartMerge::Text(std::string& stored, const std::string& stated, Fact fact,
@@ -120,8 +136,8 @@ void PartMerge::Text(std::string& stored, const std::string& stated, Fact fact,
     if (stored.empty()) {
         stored = stated;
         Added(weight);
-    } else {
-        Refuse(lines.LineOf(fact), FactName(fact), stated, stored);
+    } else if (GivesWay({lines.LineOf(fact), FactName(fact), stated, stored}, weight)) {
+        stored = stated;
     }
 }
 
@@ -134,8 +150,9 @@ void PartMerge::Choose(Choice& stored, Choice stated, Fact fact, const FactLines
     if (stored == Choice{}) {
         stored = stated;
         Added(Weight::InSums);
-    } else {
-        Refuse(lines.LineOf(fact), FactName(fact), NameOf(stated), NameOf(stored));
+    } else if (GivesWay({lines.LineOf(fact), FactName(fact), NameOf(stated), NameOf(stored)},
+                        Weight::InSums)) {
+        stored = stated;
     }
 }
 
@@ -182,9 +199,10 @@ void PartMerge::Merge(Use& stored, const Use& stated, const std::string& name)
         if (stored.quantity == 0) {
             stored.quantity = stated.quantity;
             Added(Weight::InSums);
-        } else {
-            Refuse(stated.lines.LineOf(Fact::Quantity), FactName(Fact::Quantity),
-                   std::to_string(stated.quantity), std::to_string(stored.quantity));
+        } else if (GivesWay({stated.lines.LineOf(Fact::Quantity), FactName(Fact::Quantity),
+                             std::to_string(stated.quantity), std::to_string(stored.quantity)},
+                            Weight::InSums)) {
+            stored.quantity = stated.quantity;
         }
     }
     Position(stored, stated);
@@ -209,34 +227,44 @@ void PartMerge::Position(Use& stored, const Use& stated)
     const auto rows = [&](const Placement::Matrix& rotation) {
         return listed(rotation[0]) + " " + listed(rotation[1]) + " " + listed(rotation[2]);
     };
-    if (stated.positionStated && !stored.positionStated) {
+    const auto takeTyped = [&](std::initializer_list<const char*> names) {
+        for (const char* name : names) {
+            KeepTypedOf(stored.typed, stated.typed, name);
+        }
+    };
+    const auto isTaken = [&](bool isStated, bool isStored, bool isAlike, Difference difference) {
+        if (!isStated || (isStored && isAlike)) {
+            return false;
+        }
+        if (isStored) {
+            return GivesWay(difference, Weight::InSums);
+        }
+        Added(Weight::InSums);
+        return true;
+    };
+    if (isTaken(stated.positionStated, stored.positionStated,
+                stored.placement.shift == stated.placement.shift,
+                {stated.lines.LineOf(Fact::Position), "position in mm",
+                 listed(stated.placement.shift), listed(stored.placement.shift)})) {
         stored.positionStated = true;
         stored.placement.shift = stated.placement.shift;
-        for (const char* name : {"x", "y", "z"}) {
-            KeepTypedOf(stored.typed, stated.typed, name);
-        }
-        Added(Weight::InSums);
-    } else if (stated.positionStated && stored.placement.shift != stated.placement.shift) {
-        Refuse(stated.lines.LineOf(Fact::Position), "position in mm",
-               listed(stated.placement.shift), listed(stored.placement.shift));
+        takeTyped({"x", "y", "z"});
     }
-    if (stated.rotationStated && !stored.rotationStated) {
+    if (isTaken(stated.rotationStated, stored.rotationStated,
+                stored.placement.rotation == stated.placement.rotation,
+                {stated.lines.LineOf(Fact::Rotation), "rotation", rows(stated.placement.rotation),
+                 rows(stored.placement.rotation)})) {
         stored.rotationStated = true;
         stored.placement.rotation = stated.placement.rotation;
-        for (const char* name :
-             {"rx", "ry", "rz", "r11", "r12", "r13", "r21", "r22", "r23", "r31", "r32", "r33"}) {
-            KeepTypedOf(stored.typed, stated.typed, name);
-        }
-        Added(Weight::InSums);
-    } else if (stated.rotationStated && stored.placement.rotation != stated.placement.rotation) {
-        Refuse(stated.lines.LineOf(Fact::Rotation), "rotation", rows(stated.placement.rotation),
-               rows(stored.placement.rotation));
+        takeTyped(
+            {"rx", "ry", "rz", "r11", "r12", "r13", "r21", "r22", "r23", "r31", "r32", "r33"});
     }
 }
 
 void PartMerge::Merge(Material& stored, const Material& stated)
 {
     m_subject = "material " + stated.name;
+    const KnownFacts known = std::exchange(m_known, KnownFacts::Refuse);
     const auto number = [&](double& target, double value, Fact fact) {
         if (MergeNumber(target, value, fact, stated.lines, stored.typed, stated.typed)) {
             KeepTypedOf(stored.typed, stated.typed, FactName(fact));
@@ -248,11 +276,13 @@ void PartMerge::Merge(Material& stored, const Material& stated)
         const bool surface = IsKnown(stated.surfaceDensity);
         const Fact added = surface ? Fact::MaterialSurfaceDensity : Fact::MaterialDensity;
         const Fact kept = surface ? Fact::MaterialDensity : Fact::MaterialSurfaceDensity;
-        Refuse(stated.lines.LineOf(added), FactName(added),
-               Shown(surface ? stated.surfaceDensity : stated.density, stated.typed, added),
-               std::string(FactName(kept)) + " " +
-                   Shown(surface ? stored.density : stored.surfaceDensity, stored.typed, kept));
+        GivesWay({stated.lines.LineOf(added), FactName(added),
+                  Shown(surface ? stated.surfaceDensity : stated.density, stated.typed, added),
+                  std::string(FactName(kept)) + " " +
+                      Shown(surface ? stored.density : stored.surfaceDensity, stored.typed, kept)},
+                 Weight::InSums);
     }
+    m_known = known;
 }
 
 void PartMerge::Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>& stated)
@@ -273,24 +303,70 @@ void PartMerge::Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>&
 
 void PartMerge::Set(ValueSet& stored, const ValueSet& stated)
 {
+    Precision(stored, stated);
     for (std::size_t i = 0; i < kSetNumbers; ++i) {
         const auto fact = static_cast<Fact>(i);
-        if (MergeNumber(stored[fact], stated[fact], fact, stated.lines, stored.typed,
-                        stated.typed)) {
+        const bool isInertia = fact >= Fact::Ixx && fact <= Fact::Iyz;
+        if (!isInertia && MergeNumber(stored[fact], stated[fact], fact, stated.lines, stored.typed,
+                                      stated.typed)) {
             KeepTypedOf(stored.typed, stated.typed, FactName(fact));
         }
     }
-    if (stored.Has(Fact::Lower) && stored.Has(Fact::LowerPct)) {
-        const Fact added = stated.Has(Fact::Lower) ? Fact::Lower : Fact::LowerPct;
-        const Fact kept = stated.Has(Fact::Lower) ? Fact::LowerPct : Fact::Lower;
-        Refuse(stated.lines.LineOf(added), FactName(added),
-               Shown(stated[added], stated.typed, added),
-               std::string(FactName(kept)) + " " + Shown(stored[kept], stored.typed, kept));
-    }
+    SetInertia(stored, stated);
     Text(stored.source, stated.source, Fact::Source, stated.lines, Weight::Beside);
     Text(stored.sourceDate, stated.sourceDate, Fact::SourceDate, stated.lines, Weight::Beside);
     Text(stored.author, stated.author, Fact::Author, stated.lines, Weight::Beside);
     Text(stored.note, stated.note, Fact::Note, stated.lines, Weight::Beside);
+}
+
+/// A precision in mass takes the place of one in per cent, and the other way round.
+void PartMerge::Precision(ValueSet& stored, const ValueSet& stated)
+{
+    constexpr std::array kSizes{Fact::Lower, Fact::Upper};
+    constexpr std::array kPercentages{Fact::LowerPct, Fact::UpperPct};
+    const bool isSize = stated.Has(Fact::Lower) && stored.Has(Fact::LowerPct);
+    const bool isPercentage = stated.Has(Fact::LowerPct) && stored.Has(Fact::Lower);
+    if (!isSize && !isPercentage) {
+        return;
+    }
+    const auto& added = isSize ? kSizes : kPercentages;
+    const auto& gone = isSize ? kPercentages : kSizes;
+    if (!GivesWay(
+            {stated.lines.LineOf(added[0]), FactName(added[0]),
+             Shown(stated[added[0]], stated.typed, added[0]),
+             std::string(FactName(gone[0])) + " " + Shown(stored[gone[0]], stored.typed, gone[0])},
+            Weight::InSums)) {
+        return;
+    }
+    for (const Fact fact : gone) {
+        stored[fact] = kUnknown;
+        ForgetTyped(stored.typed, FactName(fact));
+    }
+}
+
+/// The form in which an inertia was typed goes with its numbers: radii, sign and point.
+void PartMerge::SetInertia(ValueSet& stored, const ValueSet& stated)
+{
+    // Products that a table of moments alone leaves blank count as 0 where there were none, and
+    // leave what is stored like any blank cell.
+    const bool blankProducts = TypedText(stated.typed, "ixy").empty() &&
+                               TypedText(stated.typed, "kx").empty() && stated[Fact::Ixy] == 0.0 &&
+                               stated[Fact::Ixz] == 0.0 && stated[Fact::Iyz] == 0.0;
+    const Fact last = blankProducts && stored.HasInertia() ? Fact::Izz : Fact::Iyz;
+    bool isTaken = false;
+    for (auto i = static_cast<std::size_t>(Fact::Ixx); i <= static_cast<std::size_t>(last); ++i) {
+        const auto fact = static_cast<Fact>(i);
+        isTaken = MergeNumber(stored[fact], stated[fact], fact, stated.lines, stored.typed,
+                              stated.typed) ||
+                  isTaken;
+    }
+    if (!isTaken) {
+        return;
+    }
+    for (const char* name :
+         {"ixx", "iyy", "izz", "ixy", "ixz", "iyz", "kx", "ky", "kz", "poi_sign", "inertia_at"}) {
+        KeepTypedOf(stored.typed, stated.typed, name);
+    }
 }
 
 void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Property>& stated)
@@ -300,10 +376,18 @@ void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Prop
         if (found == stored.end()) {
             stored.push_back(property);
             Added(Weight::Beside);
-        } else if (found->type != property.type || found->magnitude != property.magnitude) {
-            Refuse(property.line, "property " + property.name, KindOf(property), KindOf(*found));
-        } else if (found->value != property.value) {
-            Refuse(property.line, "property " + property.name, property.value, found->value);
+            continue;
+        }
+        const bool isOtherKind =
+            found->type != property.type || found->magnitude != property.magnitude;
+        if (!isOtherKind && found->value == property.value) {
+            continue;
+        }
+        if (GivesWay({property.line, "property " + property.name,
+                      isOtherKind ? KindOf(property) : property.value,
+                      isOtherKind ? KindOf(*found) : found->value},
+                     Weight::Beside)) {
+            *found = property;
         }
     }
 }
@@ -336,12 +420,15 @@ void PartMerge::Documents(std::vector<DocumentRevision>& stored,
             Choose(found->use, revision.use, Fact::DocumentUse, revision.lines);
             m_touchesSums = summed; // what documents say of masses is not summed
         }
-        for (const DocumentRevision& other : stored) {
+        for (DocumentRevision& other : stored) {
             const int shared = static_cast<int>(other.use) & static_cast<int>(revision.use);
-            if (shared != 0 && &other != &*found) {
-                Refuse(revision.lines.LineOf(Fact::DocumentUse),
-                       (shared & 1) != 0 ? "attached revision" : "active revision",
-                       revision.version, other.version);
+            if (shared != 0 && &other != &*found &&
+                GivesWay({revision.lines.LineOf(Fact::DocumentUse),
+                          (shared & 1) != 0 ? "attached revision" : "active revision",
+                          revision.version, other.version},
+                         Weight::Beside)) {
+                other.use =
+                    static_cast<DocumentRevision::Use>(static_cast<int>(other.use) ^ shared);
             }
         }
     }

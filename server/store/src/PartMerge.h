@@ -1,6 +1,7 @@
 #pragma once
 
 #include "WBProduct.h"
+#include "WBStore.h"
 
 #include <cstdint>
 #include <string>
@@ -9,22 +10,27 @@
 namespace wb
 {
 /// Puts what a table states beside what is stored. A fact that is not stored yet is added, one that
-/// is stored alike is left, one that is stored differently becomes a sentence.
+/// is stored alike is left, one that is stored differently gives way or becomes a sentence.
 class PartMerge
 {
 public:
-    PartMerge(const std::string& file, std::vector<std::string>& errors)
-        : m_file(file), m_errors(errors)
+    PartMerge(const std::string& file, KnownFacts known, std::vector<std::string>& errors)
+        : m_file(file), m_known(known), m_errors(errors)
     {}
 
     void Merge(Part& stored, const Part& stated);
     /// name: how messages call the use.
     void Merge(Use& stored, const Use& stated, const std::string& name);
+    /// A material that has a density keeps it, since products that the table does not mention may
+    /// be made of it.
     void Merge(Material& stored, const Material& stated);
 
-    /// Since the last call of Forget: anything was added.
+    /// Everything that gave way since the beginning.
+    const std::vector<ChangedFact>& ChangedFacts() const { return m_changedFacts; }
+
+    /// Since the last call of Forget: anything was added or gave way.
     bool Changed() const { return m_changed; }
-    /// Something was added that sums depend on; names, notes, revisions and properties are not.
+    /// Something changed that sums depend on; names, notes, revisions and properties are not.
     bool TouchesSums() const { return m_touchesSums; }
     void Forget() { m_changed = m_touchesSums = false; }
 
@@ -44,6 +50,8 @@ private:
     void Choose(Choice& stored, Choice stated, Fact fact, const FactLines& lines);
     void Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>& stated);
     void Set(ValueSet& stored, const ValueSet& stated);
+    void Precision(ValueSet& stored, const ValueSet& stated);
+    void SetInertia(ValueSet& stored, const ValueSet& stated);
     void Properties(std::vector<Property>& stored, const std::vector<Property>& stated);
     void Documents(std::vector<DocumentRevision>& stored,
                    const std::vector<DocumentRevision>& stated);
@@ -52,11 +60,21 @@ private:
                    double statedSurfaceDensity, const FactLines& lines, std::string& storedTyped,
                    const std::string& statedTyped);
     void KeepTypedOf(std::string& storedTyped, const std::string& statedTyped, const char* name);
-    void Refuse(std::uint32_t line, const std::string& what, const std::string& stated,
-                const std::string& stored);
+    /// Texts as they are shown.
+    struct Difference
+    {
+        std::uint32_t line;
+        std::string what;
+        std::string stated;
+        std::string stored;
+    };
+    /// True when what is stored gives way; false, with a sentence, when it does not.
+    bool GivesWay(const Difference& difference, Weight weight);
 
     const std::string& m_file;
+    KnownFacts m_known;
     std::vector<std::string>& m_errors;
+    std::vector<ChangedFact> m_changedFacts;
     std::string m_subject;
     bool m_changed = false;
     bool m_touchesSums = false;

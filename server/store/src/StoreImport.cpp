@@ -5,6 +5,7 @@
 #include "WBStore.h"
 
 #include <algorithm>
+#include <set>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -21,7 +22,7 @@ public:
           m_database(database),
           m_product(product),
           m_options(options),
-          m_merge(options.file, m_outcome.errors),
+          m_merge(options.file, options.known, m_outcome.errors),
           m_writer(database)
     {}
 
@@ -29,11 +30,14 @@ public:
     {
         m_changeNumber = 1 + m_database.Ask("SELECT value FROM meta WHERE key = 'change_number'");
         LoadKnownParts();
+        RemoveUses();
         ImportMaterials();
         ImportParts();
         ImportUses();
         RefuseCycles();
         ListUnusedParts();
+        auto& changed = m_outcome.counts.changedFacts;
+        changed.insert(changed.end(), m_merge.ChangedFacts().begin(), m_merge.ChangedFacts().end());
         if (m_outcome.errors.empty() && Changes()) {
             RaiseChangeNumbers();
             WriteHistory();
@@ -57,6 +61,116 @@ private:
             const std::string version = rows.Text();
             m_known[Key(identifier, version)] = rows.Integer();
         }
+    }
+
+    struct StoredUseLine
+    {
+        RowId id;
+        std::string instance;
+        RowId part;
+    };
+    std::vector<StoredUseLine> StoredUsesOf(RowId parent)
+    {
+        std::vector<StoredUseLine> uses;
+        Statement& rows =
+            m_database.Kept("SELECT id, instance, part FROM use WHERE parent = ? ORDER BY id");
+        rows.Bind(parent);
+        while (rows.Step()) {
+            StoredUseLine& use = uses.emplace_back();
+            use.id = rows.Integer();
+            use.instance = rows.Text();
+            use.part = rows.Integer();
+        }
+        return uses;
+    }
+
+    /// The stored row of a part of the table; 0 where it is new.
+    RowId KnownId(const Part& part) const
+    {
+        const auto found = m_known.find(Key(part.identifier, part.version));
+        return found == m_known.end() ? 0 : found->second;
+    }
+
+    /// Takes the uses away that the table lacks below the replaced root: what stands below it then
+    /// is what the table says. An assembly that leaves the product keeps what is below it.
+    void RemoveUses()
+    {
+        if (m_options.replace.empty()) {
+            return;
+        }
+        const auto usesByParent = m_product.UsesByParent();
+        std::vector<std::uint32_t> open = RootsToReplace();
+        std::vector<bool> met(m_product.parts.size());
+        while (!open.empty()) {
+            const std::uint32_t parent = open.back();
+            open.pop_back();
+            if (met[parent]) {
+                continue;
+            }
+            met[parent] = true;
+            std::unordered_map<std::string_view, std::uint32_t> stated;
+            for (const std::uint32_t index : usesByParent[parent]) {
+                stated.emplace(m_product.uses[index].instance, m_product.uses[index].part);
+                open.push_back(m_product.uses[index].part);
+            }
+            const RowId known = KnownId(m_product.parts[parent]);
+            for (const StoredUseLine& use : StoredUsesOf(known)) {
+                const auto kept = stated.find(use.instance);
+                // The same name for another part is another use.
+                if (kept == stated.end() || KnownId(m_product.parts[kept->second]) != use.part) {
+                    RemoveUse(use, known, m_product.parts[parent]);
+                }
+            }
+        }
+    }
+
+    std::vector<std::uint32_t> RootsToReplace()
+    {
+        std::vector<std::uint32_t> roots;
+        for (std::uint32_t part = 0; part < m_product.parts.size(); ++part) {
+            if (m_product.parts[part].identifier == m_options.replace) {
+                roots.push_back(part);
+            }
+        }
+        const std::string option = ": --replace \"" + m_options.replace + "\": ";
+        if (roots.empty()) {
+            m_outcome.errors.push_back(m_options.file + option +
+                                       "the table does not hold it, expected a product root of the "
+                                       "table");
+        }
+        for (const std::uint32_t root : roots) {
+            std::string user;
+            for (const Use& use : m_product.uses) {
+                user = use.part == root ? m_product.parts[use.parent].identifier : user;
+            }
+            Statement& rows = m_database.Kept("SELECT p.identifier FROM use u JOIN part p ON p.id "
+                                              "= u.parent WHERE u.part = ? ORDER BY u.id LIMIT 1");
+            rows.Bind(KnownId(m_product.parts[root]));
+            while (rows.Step()) {
+                user = rows.Text();
+            }
+            if (!user.empty()) {
+                m_outcome.errors.push_back(m_options.file + option + "it is used in " + user +
+                                           ", expected a product root");
+            }
+        }
+        return roots;
+    }
+
+    void RemoveUse(const StoredUseLine& use, RowId parent, const Part& named)
+    {
+        for (const char* sql :
+             {"DELETE FROM use_value WHERE owner = ?", "DELETE FROM use_property WHERE owner = ?",
+              "DELETE FROM use WHERE id = ?"}) {
+            m_database.Kept(sql).Bind(use.id).Run();
+        }
+        ++m_outcome.counts.removedUses;
+        m_touched.push_back(parent);
+        m_bereft.push_back(parent);
+        m_released.push_back(use.part);
+        const PartLine part = *m_store.FindPart(use.part);
+        m_outcome.counts.changedFacts.push_back({"use " + named.identifier + "/" + use.instance,
+                                                 part.identifier + " " + part.version, ""});
     }
 
     void ImportMaterials()
@@ -121,6 +235,7 @@ private:
             }
             ++counts.changedParts;
             RefuseLeafWithUses(part, stored.id);
+            RefuseNegativeMass(stored.part, part, stored.id);
             if (m_outcome.errors.empty()) {
                 m_writer.UpdatePart(stored.id, stored.part);
             }
@@ -165,7 +280,7 @@ private:
                    "use " + name + ": found part \"" + m_product.parts[use.part].identifier + " " +
                        m_product.parts[use.part].version + "\", the database holds \"" +
                        known->part.identifier + " " + known->part.version +
-                       "\"; expected the same part or another instance name");
+                       "\"; expected the same part, another instance name or --replace ROOT");
             return;
         }
         StoredUse stored = m_store.ReadUse(known->id);
@@ -217,6 +332,30 @@ private:
                    "column \"type\": found \"" + std::string(PartTypeName(part.type)) + "\", but " +
                        part.identifier +
                        " has parts below it in the database, expected assembly or product");
+        }
+    }
+
+    /// A part that was an adjustment may hold a mass, here or at one of its uses, that no other
+    /// type may have.
+    void RefuseNegativeMass(const Part& merged, const Part& stated, RowId id)
+    {
+        if (stated.type == PartType::Unstated || merged.type == PartType::Adjustment) {
+            return;
+        }
+        bool isNegative = std::ranges::any_of(
+            merged.sets, [](const ValueSet& set) { return set[Fact::Mass] < 0.0; });
+        Statement& row =
+            m_database.Kept("SELECT EXISTS (SELECT 1 FROM use u JOIN use_value v ON v.owner = u.id "
+                            "WHERE u.part = ? AND v.mass < 0)");
+        row.Bind(id);
+        while (row.Step()) {
+            isNegative = isNegative || row.Integer() != 0;
+        }
+        if (isNegative) {
+            Refuse(stated.lines.LineOf(Fact::Type),
+                   "column \"type\": found \"" + std::string(PartTypeName(stated.type)) +
+                       "\", but " + stated.identifier +
+                       " has a negative mass in the database, expected adjustment");
         }
     }
 
@@ -272,6 +411,49 @@ private:
                                                        m_product.parts[root].version);
             }
         }
+        ListReleasedParts();
+        ListBereftRoots();
+    }
+
+    /// Parts that lost their last use are product roots from now on.
+    void ListReleasedParts()
+    {
+        std::ranges::sort(m_released);
+        m_released.erase(std::ranges::unique(m_released).begin(), m_released.end());
+        for (const RowId id : m_released) {
+            Statement& row =
+                m_database.Kept("SELECT identifier || ' ' || version FROM part WHERE id = ? AND "
+                                "NOT EXISTS (SELECT 1 FROM use WHERE part = part.id)");
+            row.Bind(id);
+            while (row.Step()) {
+                auto& unused = m_outcome.counts.unusedParts;
+                std::string name = row.Text();
+                if (std::ranges::find(unused, name) == unused.end()) {
+                    unused.push_back(std::move(name));
+                }
+            }
+        }
+    }
+
+    /// An assembly that lost uses lost them in every product that it stands in.
+    void ListBereftRoots()
+    {
+        std::set<std::string> names;
+        for (const RowId id : m_bereft) {
+            Statement& rows = m_database.Kept(
+                "WITH RECURSIVE above (id) AS (SELECT ?1 UNION SELECT u.parent FROM above a JOIN "
+                "use u ON u.part = a.id) SELECT identifier, version FROM part p WHERE id IN "
+                "(SELECT id FROM above) AND NOT EXISTS (SELECT 1 FROM use WHERE part = p.id)");
+            rows.Bind(id);
+            while (rows.Step()) {
+                const std::string identifier = rows.Text();
+                const std::string version = rows.Text();
+                if (identifier != m_options.replace) {
+                    names.insert(identifier + " " + version);
+                }
+            }
+        }
+        m_outcome.counts.rootsThatLostUses.assign(names.begin(), names.end());
     }
 
     /// The touched parts and everything above them are no longer what was summed before.
@@ -296,12 +478,21 @@ private:
 
     void WriteHistory()
     {
+        std::string before;
+        std::string after;
+        for (const ChangedFact& fact : m_outcome.counts.changedFacts) {
+            const std::string end = before.empty() ? "" : "\n";
+            before += end + fact.what + ": " + fact.before;
+            after += end + fact.what + ": " + fact.after;
+        }
         m_database
-            .Kept("INSERT INTO history (who, what, subject, checksum) "
-                  "VALUES (?, 'import', ?, ?)")
+            .Kept("INSERT INTO history (who, what, subject, checksum, before, after) "
+                  "VALUES (?, 'import', ?, ?, ?, ?)")
             .BindText(m_options.user)
             .Bind(m_options.file)
             .Bind(m_options.checksum)
+            .Bind(before)
+            .Bind(after)
             .Run();
     }
 
@@ -317,6 +508,8 @@ private:
     std::vector<RowId> m_partIds;                   // per part of the product
     std::vector<bool> m_isNew;                      // per part of the product
     std::vector<RowId> m_touched;
+    std::vector<RowId> m_bereft;   // parents that lost uses
+    std::vector<RowId> m_released; // parts whose uses were removed
     bool m_materialsChanged = false;
 };
 

@@ -345,8 +345,8 @@ DensityCount Store::CountDensities(RowId part) const
 std::vector<HistoryEntry> Store::History() const
 {
     std::vector<HistoryEntry> entries;
-    Statement& rows =
-        m_database->Kept("SELECT at, who, what, subject, checksum FROM history ORDER BY id");
+    Statement& rows = m_database->Kept(
+        "SELECT at, who, what, subject, checksum, before, after FROM history ORDER BY id");
     while (rows.Step()) {
         HistoryEntry& entry = entries.emplace_back();
         entry.when = rows.Text();
@@ -354,6 +354,8 @@ std::vector<HistoryEntry> Store::History() const
         entry.what = rows.Text();
         entry.subject = rows.Text();
         entry.checksum = rows.Text();
+        entry.before = rows.Text();
+        entry.after = rows.Text();
     }
     return entries;
 }

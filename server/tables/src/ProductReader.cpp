@@ -34,6 +34,7 @@ void ProductReader::Read()
             continue;
         }
         Load(row);
+        RefuseTwoUnits();
         if (OnlyPlacesAPart()) {
             continue;
         }
@@ -54,6 +55,7 @@ void ProductReader::Read()
 void ProductReader::Load(std::size_t row)
 {
     m_filled.reset();
+    m_secondCell.reset();
     for (const std::uint32_t property : m_filledProperties) {
         m_propertyCells[property] = {};
     }
@@ -70,8 +72,12 @@ void ProductReader::Load(std::size_t row)
             m_filledProperties.push_back(property);
         } else if (place.column != Column::Count) {
             const auto column = static_cast<std::size_t>(place.column);
+            if (m_filled[column]) {
+                m_secondCell = cell.column;
+            }
             m_filled.set(column);
             m_cells[column] = m_table.TextOf(cell);
+            m_positions[column] = cell.column;
         }
     }
 }
@@ -91,12 +97,12 @@ bool ProductReader::OnlyPlacesAPart() const
 
 void ProductReader::Wrong(Column column, std::string_view expected)
 {
-    m_errors.Found(m_line, m_columns.HeaderOf(column), Cell(column), expected);
+    m_errors.Found(m_line, HeaderOf(column), Cell(column), expected);
 }
 
 void ProductReader::Complain(Column column, std::string_view text)
 {
-    m_errors.Column(m_line, m_columns.HeaderOf(column), text);
+    m_errors.Column(m_line, HeaderOf(column), text);
 }
 
 std::optional<double> ProductReader::TypedText(std::string_view text, const std::string& header)
@@ -128,15 +134,18 @@ std::optional<double> ProductReader::TypedText(std::string_view text, const std:
 
 std::optional<double> ProductReader::Typed(Column column)
 {
-    return Filled(column) ? TypedText(Cell(column), m_columns.HeaderOf(column)) : std::nullopt;
+    return Filled(column) ? TypedText(Cell(column), HeaderOf(column)) : std::nullopt;
 }
 
 std::optional<double> ProductReader::Stored(Column column)
 {
     const auto typed = Typed(column);
-    const Unit* unit = m_columns.UnitOf(column);
-    if (!typed || unit == nullptr) {
+    if (!typed) {
         return std::nullopt;
+    }
+    const Unit* unit = m_columns.At(m_positions[static_cast<std::size_t>(column)]).unit;
+    if (unit == nullptr) {
+        return std::nullopt; // complained about when the header was read
     }
     const double value = ToStorage(*unit, *typed);
     if (!std::isfinite(value)) {
@@ -182,8 +191,25 @@ std::optional<bool> ProductReader::YesNo(Column column)
 
 std::string_view ProductReader::UnitOf(Column column) const
 {
-    const Unit* unit = m_columns.UnitOf(column);
+    const Unit* unit =
+        Filled(column) ? m_columns.At(m_positions[static_cast<std::size_t>(column)]).unit : nullptr;
     return unit == nullptr ? std::string_view() : unit->symbol;
+}
+
+const std::string& ProductReader::HeaderOf(Column column) const
+{
+    return Filled(column) ? m_table.Header()[m_positions[static_cast<std::size_t>(column)]]
+                          : m_columns.HeaderOf(column);
+}
+
+void ProductReader::RefuseTwoUnits()
+{
+    if (m_secondCell) {
+        const Column column = m_columns.At(*m_secondCell).column;
+        m_errors.Found(m_line, m_table.Header()[*m_secondCell], Cell(column),
+                       "a cell of one unit in the row, since " +
+                           Quoted(m_columns.HeaderOf(column)) + " is filled too");
+    }
 }
 
 void ProductReader::ReadPartFacts(Part& part)
@@ -191,14 +217,14 @@ void ProductReader::ReadPartFacts(Part& part)
     const auto text = [&](std::string& stored, Fact fact, Column column) {
         if (Filled(column)) {
             m_keeper.Text(stored, Cell(column), part.lines,
-                          {fact, m_line, m_columns.HeaderOf(column), Cell(column)});
+                          {fact, m_line, HeaderOf(column), Cell(column)});
         }
     };
     text(part.name, Fact::Name, Column::Name);
     text(part.code, Fact::Code, Column::Code);
     if (const auto growth = StoredNotNegative(Column::GrowthPct)) {
         m_keeper.Number(part.growthPct, *growth, part.typed, part.lines,
-                        {Fact::GrowthPct, m_line, m_columns.HeaderOf(Column::GrowthPct),
+                        {Fact::GrowthPct, m_line, HeaderOf(Column::GrowthPct),
                          Cell(Column::GrowthPct), UnitOf(Column::GrowthPct)});
     }
     ReadPartSwitches(part);
@@ -211,7 +237,7 @@ void ProductReader::ReadPartSwitches(Part& part)
         if (const auto choice = Choice(column, choices)) {
             using Kind = std::remove_reference_t<decltype(stored)>;
             m_keeper.Choose(stored, static_cast<Kind>(*choice + 1), part.lines,
-                            {fact, m_line, m_columns.HeaderOf(column), Cell(column)});
+                            {fact, m_line, HeaderOf(column), Cell(column)});
         }
     };
     // The choices stand in the order of the enumerations, whose first value is "not stated".
@@ -246,7 +272,8 @@ void ProductReader::StateProperty(std::vector<Property>& properties, const Prope
     const auto known = std::ranges::find(properties, column.name, &Property::name);
     if (known == properties.end()) {
         properties.push_back(std::move(*property));
-    } else if (known->value != property->value || known->type != property->type) {
+    } else if (known->value != property->value || known->type != property->type ||
+               known->magnitude != property->magnitude) {
         m_keeper.Refuse({Fact::Name, m_line, column.header, text}, known->line, known->value);
     }
 }

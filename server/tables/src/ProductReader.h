@@ -77,7 +77,11 @@ private:
     /// The position of the cell's text among the choices; complains about any other text.
     std::optional<std::size_t> Choice(Column column,
                                       std::initializer_list<std::string_view> choices);
+    /// The header over the row's cell of that column.
+    const std::string& HeaderOf(Column column) const;
     std::string_view UnitOf(Column column) const;
+    /// A mass in kg and one in lb in the same row: nobody could say which one counts.
+    void RefuseTwoUnits();
     void ReadPartFacts(Part& part);
     void ReadPartSwitches(Part& part);
     void ReadProperties(Part& part, Use* use);
@@ -153,7 +157,9 @@ private:
 
     std::uint32_t m_line = 0; // of the current row
     std::bitset<kColumns> m_filled;
-    std::array<std::string_view, kColumns> m_cells; // of the filled columns
+    std::array<std::string_view, kColumns> m_cells;    // of the filled columns
+    std::array<std::uint32_t, kColumns> m_positions{}; // of the filled columns, in the header
+    std::optional<std::uint32_t> m_secondCell; // the position of a column's second filled cell
     std::vector<std::string_view> m_propertyCells;
     std::vector<std::uint32_t> m_filledProperties;
     char m_decimalMark = 0; // '.' or ','; 0 until a number shows it

@@ -1,11 +1,11 @@
 #include "ProductReader.h"
 
+#include "TypedForms.h"
 #include "WBNumbers.h"
 
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <numbers>
 #include <set>
 
 namespace wb
@@ -233,9 +233,9 @@ void ProductReader::ReadPosition(Use& use)
         if (!quantity || *quantity < 1 || *quantity > INT_MAX) {
             Wrong(Column::Quantity, "a whole number from 1");
         } else {
-            m_keeper.Choose(use.quantity, static_cast<int>(*quantity), use.lines,
-                            {Fact::Quantity, m_line, m_columns.HeaderOf(Column::Quantity),
-                             Cell(Column::Quantity)});
+            m_keeper.Choose(
+                use.quantity, static_cast<int>(*quantity), use.lines,
+                {Fact::Quantity, m_line, HeaderOf(Column::Quantity), Cell(Column::Quantity)});
         }
     }
     ReadRotation(use);
@@ -323,15 +323,7 @@ std::optional<Placement::Matrix> ProductReader::ReadAngles()
         if (Filled(kAngles[i]) && !typed) {
             return std::nullopt;
         }
-        degrees[i] = typed.value_or(0.0);
-        if (UnitOf(kAngles[i]) == "rad") {
-            degrees[i] *= 180.0 / std::numbers::pi;
-            // No text of radians is a quarter turn to the last digit; what is within rounding of
-            // one means it.
-            const double quarter = 90.0 * std::round(degrees[i] / 90.0);
-            degrees[i] =
-                std::abs(degrees[i] - quarter) < 1e-12 * std::abs(quarter) ? quarter : degrees[i];
-        }
+        degrees[i] = InDegrees(typed.value_or(0.0), UnitOf(kAngles[i]));
     }
     return RotationFromAngles(degrees[0], degrees[1], degrees[2]);
 }

@@ -1,5 +1,6 @@
 #include "ProductReader.h"
 
+#include "TypedForms.h"
 #include "WBNumbers.h"
 #include "WBRules.h"
 #include "WBTexts.h"
@@ -115,10 +116,9 @@ void ProductReader::ReadValues(const RowSubject& subject)
             const bool aboutUse = subject.use != kNone &&
                                   (ofUse || LowerCase(Cell(Column::MaterialOn)) == "instance");
             Use* noted = aboutUse ? &m_product.uses[subject.use] : nullptr;
-            m_keeper.Text(
-                noted != nullptr ? noted->note : part.note, Cell(Column::Note),
-                noted != nullptr ? noted->lines : part.lines,
-                {Fact::Note, m_line, m_columns.HeaderOf(Column::Note), Cell(Column::Note)});
+            m_keeper.Text(noted != nullptr ? noted->note : part.note, Cell(Column::Note),
+                          noted != nullptr ? noted->lines : part.lines,
+                          {Fact::Note, m_line, HeaderOf(Column::Note), Cell(Column::Note)});
         }
         return;
     }
@@ -127,7 +127,7 @@ void ProductReader::ReadValues(const RowSubject& subject)
             Wrong(Column::Active, "no, since " + massType + " is a goal and a goal never counts");
         }
         m_keeper.Text(ofUse ? use->activeType : part.activeType, massType, ownerLines,
-                      {Fact::Active, m_line, m_columns.HeaderOf(Column::Active), massType});
+                      {Fact::Active, m_line, HeaderOf(Column::Active), massType});
     }
     if (!hasValues && !hasOrigin && !Filled(Column::Note)) {
         return;
@@ -144,7 +144,7 @@ void ProductReader::ReadValues(const RowSubject& subject)
     const auto text = [&](std::string& stored, Fact fact, Column column) {
         if (Filled(column)) {
             m_keeper.Text(stored, Cell(column), set.lines,
-                          {fact, m_line, m_columns.HeaderOf(column), Cell(column)});
+                          {fact, m_line, HeaderOf(column), Cell(column)});
         }
     };
     text(set.source, Fact::Source, Column::Source);
@@ -162,7 +162,7 @@ void ProductReader::StateNumber(ValueSet& set, Column column, Fact fact,
 {
     if (value) {
         m_keeper.Number(set[fact], *value, set.typed, set.lines,
-                        {fact, m_line, m_columns.HeaderOf(column), Cell(column), UnitOf(column)});
+                        {fact, m_line, HeaderOf(column), Cell(column), UnitOf(column)});
     }
 }
 
@@ -269,9 +269,9 @@ void ProductReader::ReadInertia(ValueSet& set, bool ofUse, std::uint32_t owner)
     const auto pending = m_pending.find({ofUse, owner, set.massType});
     const bool wasAtOrigin = pending != m_pending.end() && pending->second.atOrigin;
     if (statedBefore && wasAtOrigin != atOrigin) {
-        m_keeper.Refuse({Fact::InertiaAt, m_line, m_columns.HeaderOf(Column::InertiaAt),
-                         atOrigin ? "origin" : "cg"},
-                        set.lines.LineOf(Fact::Ixx), wasAtOrigin ? "origin" : "cg");
+        m_keeper.Refuse(
+            {Fact::InertiaAt, m_line, HeaderOf(Column::InertiaAt), atOrigin ? "origin" : "cg"},
+            set.lines.LineOf(Fact::Ixx), wasAtOrigin ? "origin" : "cg");
     } else if (atOrigin && !statedBefore) {
         Pending(ofUse, owner, set.massType).atOrigin = true;
         KeepTyped(set.typed, "inertia_at", "origin", {});
@@ -299,9 +299,9 @@ void ProductReader::ReadRadii(bool ofUse, std::uint32_t owner, const ValueSet& s
     PendingInertia& pending = Pending(ofUse, owner, set.massType);
     const bool atOrigin = SaysOrigin(Cell(Column::InertiaAt));
     if (IsKnown(pending.radii[0]) && pending.atOrigin != atOrigin) {
-        m_keeper.Refuse({Fact::InertiaAt, m_line, m_columns.HeaderOf(Column::InertiaAt),
-                         atOrigin ? "origin" : "cg"},
-                        set.lines.LineOf(Fact::Kx), pending.atOrigin ? "origin" : "cg");
+        m_keeper.Refuse(
+            {Fact::InertiaAt, m_line, HeaderOf(Column::InertiaAt), atOrigin ? "origin" : "cg"},
+            set.lines.LineOf(Fact::Kx), pending.atOrigin ? "origin" : "cg");
         return;
     }
     for (std::size_t i = 0; i < kRadii.size(); ++i) {
@@ -317,7 +317,7 @@ void ProductReader::ReadRadii(bool ofUse, std::uint32_t owner, const ValueSet& s
         ValueSet& kept = SetOf(target, pending.massType);
         m_keeper.Number(pending.radii[i], *radius, kept.typed, kept.lines,
                         {static_cast<Fact>(static_cast<std::size_t>(Fact::Kx) + i), m_line,
-                         m_columns.HeaderOf(kRadii[i]), Cell(kRadii[i]), UnitOf(kRadii[i])});
+                         HeaderOf(kRadii[i]), Cell(kRadii[i]), UnitOf(kRadii[i])});
         if (atOrigin && !pending.atOrigin) {
             pending.atOrigin = true;
             KeepTyped(kept.typed, "inertia_at", "origin", {});
@@ -345,10 +345,9 @@ void ProductReader::ReadMaterial(const RowSubject& subject, Use* use)
         }
         return;
     }
-    m_keeper.Text(
-        onUse ? use->material : part.material, Cell(Column::Material),
-        onUse ? use->lines : part.lines,
-        {Fact::Material, m_line, m_columns.HeaderOf(Column::Material), Cell(Column::Material)});
+    m_keeper.Text(onUse ? use->material : part.material, Cell(Column::Material),
+                  onUse ? use->lines : part.lines,
+                  {Fact::Material, m_line, HeaderOf(Column::Material), Cell(Column::Material)});
     const auto [entry, isNew] = m_materials.emplace(
         Cell(Column::Material), static_cast<std::uint32_t>(m_product.materials.size()));
     if (isNew) {
@@ -362,10 +361,9 @@ void ProductReader::ReadDensities(Part& part, Use* use)
 {
     const auto state = [&](double& stored, Fact fact, Column column) {
         if (const auto value = StoredNotNegative(column)) {
-            m_keeper.Number(
-                stored, *value, use == nullptr ? part.typed : use->typed,
-                use == nullptr ? part.lines : use->lines,
-                {fact, m_line, m_columns.HeaderOf(column), Cell(column), UnitOf(column)});
+            m_keeper.Number(stored, *value, use == nullptr ? part.typed : use->typed,
+                            use == nullptr ? part.lines : use->lines,
+                            {fact, m_line, HeaderOf(column), Cell(column), UnitOf(column)});
         }
     };
     state(use == nullptr ? part.density : use->density, Fact::Density, Column::Density);
@@ -377,9 +375,8 @@ void ProductReader::StateMaterialDensity(Material& material)
 {
     const auto state = [&](double& stored, Fact fact, Column column) {
         if (const auto value = StoredNotNegative(column)) {
-            m_keeper.Number(
-                stored, *value, material.typed, material.lines,
-                {fact, m_line, m_columns.HeaderOf(column), Cell(column), UnitOf(column)});
+            m_keeper.Number(stored, *value, material.typed, material.lines,
+                            {fact, m_line, HeaderOf(column), Cell(column), UnitOf(column)});
         }
     };
     state(material.density, Fact::MaterialDensity, Column::MaterialDensity);
@@ -430,7 +427,7 @@ void ProductReader::ReadDocumentFacts(Part& part, DocumentRevision& revision)
     const auto text = [&](std::string& stored, Fact fact, Column column) {
         if (Filled(column)) {
             m_keeper.Text(stored, Cell(column), revision.lines,
-                          {fact, m_line, m_columns.HeaderOf(column), Cell(column)});
+                          {fact, m_line, HeaderOf(column), Cell(column)});
         }
     };
     if (Filled(Column::DocCheckinDate) && !IsDate(Cell(Column::DocCheckinDate))) {
@@ -448,7 +445,7 @@ void ProductReader::ReadDocumentFacts(Part& part, DocumentRevision& revision)
     }
     if (const auto mass = Stored(Column::DocMass)) {
         m_keeper.Number(revision.mass, *mass, revision.typed, revision.lines,
-                        {Fact::DocumentMass, m_line, m_columns.HeaderOf(Column::DocMass),
+                        {Fact::DocumentMass, m_line, HeaderOf(Column::DocMass),
                          Cell(Column::DocMass), UnitOf(Column::DocMass)});
     }
     const auto use = Choice(Column::DocUse, {"attached", "active", "both"});
@@ -456,9 +453,8 @@ void ProductReader::ReadDocumentFacts(Part& part, DocumentRevision& revision)
         return;
     }
     const auto wanted = static_cast<DocumentRevision::Use>(*use + 1);
-    m_keeper.Choose(
-        revision.use, wanted, revision.lines,
-        {Fact::DocumentUse, m_line, m_columns.HeaderOf(Column::DocUse), Cell(Column::DocUse)});
+    m_keeper.Choose(revision.use, wanted, revision.lines,
+                    {Fact::DocumentUse, m_line, HeaderOf(Column::DocUse), Cell(Column::DocUse)});
     for (const DocumentRevision& other : part.documents) {
         const int shared = static_cast<int>(other.use) & static_cast<int>(revision.use);
         if (&other != &revision && shared != 0) {
@@ -521,7 +517,6 @@ double ProductReader::MassOf(const PendingInertia& pending, const ValueSet& set)
 
 void ProductReader::FinishInertia(const PendingInertia& pending, ValueSet& set)
 {
-    constexpr double kMetre = 1000.0; // mm
     const double mass = MassOf(pending, set);
     if (IsKnown(pending.radii[0])) {
         if (set.HasInertia()) {
@@ -535,11 +530,7 @@ void ProductReader::FinishInertia(const PendingInertia& pending, ValueSet& set)
                             "moments of them");
             return;
         }
-        for (std::size_t i = 0; i < pending.radii.size(); ++i) {
-            const double metres = pending.radii[i] / kMetre;
-            set[kMoments[i].fact] = mass * metres * metres;
-            set[kProducts[i].fact] = 0.0;
-        }
+        SetInertia(set, InertiaOfRadii(pending.radii, mass));
     }
     if (!pending.atOrigin) {
         return;
@@ -551,19 +542,10 @@ void ProductReader::FinishInertia(const PendingInertia& pending, ValueSet& set)
                             ", expected both, since they move the inertia to the centre");
         return;
     }
-    const double x = set[Fact::CgX] / kMetre;
-    const double y = set[Fact::CgY] / kMetre;
-    const double z = set[Fact::CgZ] / kMetre;
-    set[Fact::Ixx] -= mass * (y * y + z * z);
-    set[Fact::Iyy] -= mass * (x * x + z * z);
-    set[Fact::Izz] -= mass * (x * x + y * y);
     // Products that nobody typed are 0 about the centre. Moved like the others they would become
     // large figures that no one measured.
-    if (!wb::TypedText(set.typed, FactName(Fact::Ixy)).empty()) {
-        set[Fact::Ixy] -= mass * x * y;
-        set[Fact::Ixz] -= mass * x * z;
-        set[Fact::Iyz] -= mass * y * z;
-    }
+    const bool withProducts = !wb::TypedText(set.typed, FactName(Fact::Ixy)).empty();
+    SetInertia(set, MovedToCentre(InertiaOf(set), withProducts, mass, CentreOf(set)));
 }
 
 void ProductReader::RefuseNegativeMasses()

@@ -215,7 +215,38 @@ void ReadPropertyUnit(PropertyColumn& property, std::string_view qualifier, std:
     property.magnitude = magnitudes[0];
     property.unit = FindUnit(*property.magnitude, unit);
 }
+
+/// The unit that a header states; null, with an error, where it states none that is known.
+const Unit* ReadUnit(const Magnitude& magnitude, const HeaderText& text, TableErrors& errors,
+                     std::uint32_t line, const std::string& header)
+{
+    // The name of a percentage column says its unit already.
+    const bool percentage = FindUnit(magnitude, "%") != nullptr;
+    const std::string_view symbol = percentage && !text.hasUnit ? "%" : text.unit;
+    const Unit* unit = FindUnit(magnitude, symbol);
+    if (unit == nullptr && symbol.empty()) {
+        errors.Column(line, header,
+                      "the unit is missing, expected one of " + UnitList(magnitude) + " as in " +
+                          Quoted(LowerCase(text.name) + " [" + magnitude.units[0].symbol + "]"));
+    } else if (unit == nullptr) {
+        errors.Column(line, header,
+                      "unknown unit " + Quoted(symbol) + ", expected one of " +
+                          UnitList(magnitude));
+    }
+    return unit;
+}
 } // namespace
+
+const char* ColumnName(Column column)
+{
+    return kRows[static_cast<std::size_t>(column)].name;
+}
+
+const Magnitude* ColumnMagnitude(Column column)
+{
+    const char* magnitude = kRows[static_cast<std::size_t>(column)].magnitude;
+    return magnitude == nullptr ? nullptr : FindMagnitude(magnitude);
+}
 
 TableColumns::TableColumns()
 {
@@ -274,33 +305,26 @@ void TableColumns::ReadFixed(std::size_t position, const std::string& header, Ta
         return;
     }
     const auto index = static_cast<std::size_t>(found - kRows.begin());
-    if (m_present[index]) {
-        errors.Column(line, header, "the column stands twice, expected it once");
-        return;
-    }
-    m_present[index] = true;
-    m_headers[index] = header;
-    m_places[position].column = static_cast<Column>(index);
+    const Unit* unit = nullptr;
     if (found->magnitude == nullptr) {
         if (text.hasUnit) {
             errors.Column(line, header, "the column has no unit, expected " + Quoted(found->name));
         }
+    } else {
+        unit = ReadUnit(*FindMagnitude(found->magnitude), text, errors, line, header);
+    }
+    const bool twice = std::ranges::any_of(m_places, [&](const Place& place) {
+        return place.column == static_cast<Column>(index) && place.unit == unit;
+    });
+    if (twice) {
+        errors.Column(line, header, "the column stands twice, expected it once");
         return;
     }
-    const Magnitude& magnitude = *FindMagnitude(found->magnitude);
-    // The name of a percentage column says its unit already.
-    const bool percentage = FindUnit(magnitude, "%") != nullptr;
-    const std::string_view symbol = percentage && !text.hasUnit ? "%" : text.unit;
-    m_units[index] = FindUnit(magnitude, symbol);
-    if (m_units[index] == nullptr && symbol.empty()) {
-        errors.Column(line, header,
-                      "the unit is missing, expected one of " + UnitList(magnitude) + " as in " +
-                          Quoted(name + " [" + magnitude.units[0].symbol + "]"));
-    } else if (m_units[index] == nullptr) {
-        errors.Column(line, header,
-                      "unknown unit " + Quoted(symbol) + ", expected one of " +
-                          UnitList(magnitude));
+    if (!m_present[index]) {
+        m_headers[index] = header;
     }
+    m_present[index] = true;
+    m_places[position] = {static_cast<Column>(index), -1, unit};
 }
 
 void TableColumns::ReadProperty(std::size_t position, const std::string& header,
@@ -349,7 +373,9 @@ void TableColumns::ReadProperty(std::size_t position, const std::string& header,
         return;
     }
     const bool twice = std::ranges::any_of(m_properties, [&](const PropertyColumn& other) {
-        return other.ofUse == property.ofUse && other.name == property.name;
+        return other.ofUse == property.ofUse && other.name == property.name &&
+               other.type == property.type && other.isDate == property.isDate &&
+               other.magnitude == property.magnitude && other.unit == property.unit;
     });
     if (twice) {
         errors.Column(line, header, "the property stands twice, expected it once");

@@ -113,7 +113,13 @@ struct PropertyColumn
     std::string header;
 };
 
-/// What the header of one table says.
+/// The name of a fixed column, and what it measures; null where it has no unit.
+const char* ColumnName(Column column);
+const Magnitude* ColumnMagnitude(Column column);
+
+/// What the header of one table says. A dimensioned column may stand several times, once a unit,
+/// and a property several times, once a kind: a product whose parts came from several tables is
+/// written as it was typed.
 class TableColumns
 {
 public:
@@ -126,13 +132,13 @@ public:
     {
         Column column = Column::Count;
         std::int32_t property = -1;
+        const Unit* unit = nullptr; // of a dimensioned fixed column
     };
     const Place& At(std::size_t position) const { return m_places[position]; }
     const std::vector<PropertyColumn>& Properties() const { return m_properties; }
-    /// The header as it stands in the file; the column's plain name where the file lacks it.
+    /// The first header of that column as it stands in the file; its plain name where the file
+    /// lacks it.
     const std::string& HeaderOf(Column column) const;
-    /// The unit of a dimensioned column that the file has.
-    const Unit* UnitOf(Column column) const { return m_units[static_cast<std::size_t>(column)]; }
     bool Has(Column column) const { return m_present[static_cast<std::size_t>(column)]; }
 
 private:
@@ -145,7 +151,6 @@ private:
     std::vector<Place> m_places;
     std::vector<PropertyColumn> m_properties;
     std::array<std::string, kColumns> m_headers;
-    std::array<const Unit*, kColumns> m_units{};
     std::array<bool, kColumns> m_present{};
 };
 } // namespace wb

@@ -1,8 +1,10 @@
 #include "WBMassTypeTable.h"
 
 #include "CsvTable.h"
+#include "TableDraft.h"
 #include "WBNumbers.h"
 #include "WBProductTable.h"
+#include "WBTableWriter.h"
 #include "WBTexts.h"
 
 #include <algorithm>
@@ -181,5 +183,19 @@ MassTypeTableResult ReadMassTypeFile(const std::string& path)
         return {{}, {file.error}};
     }
     return ReadMassTypeTable(file.bytes, path);
+}
+
+std::string WriteMassTypeTable(const std::vector<MassType>& types)
+{
+    std::string table = "mass_type,order,kind,category,lower_pct [%],upper_pct [%],meaning\n";
+    for (const MassType& type : types) {
+        AppendCell(table, type.name, ',');
+        table += "," + std::to_string(type.order) +
+                 (type.kind == MassType::Kind::Goal ? ",goal," : ",claim,") + type.category + "," +
+                 WriteShortest(type.lowerPct) + "," + WriteShortest(type.upperPct) + ",";
+        AppendCell(table, type.meaning, ',');
+        table += "\n";
+    }
+    return table;
 }
 } // namespace wb

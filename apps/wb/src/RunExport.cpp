@@ -1,0 +1,62 @@
+#include "Subcommands.h"
+
+#include "WBProductExport.h"
+#include "WBTableWriter.h"
+
+#include "CATFileReplacement.h"
+
+#include <cstdio>
+#include <system_error>
+
+namespace
+{
+constexpr const char* kStandardStream = "-";
+
+int Refuse(const std::string& problem)
+{
+    std::fprintf(stderr, "%s\nwb: nothing was exported\n", problem.c_str());
+    return 1;
+}
+
+/// Empty, or a sentence. A file is there whole, or as it was before.
+std::string WriteOut(const std::string& path, const std::string& text)
+{
+    if (path == kStandardStream) {
+        const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
+                               std::fflush(stdout) == 0;
+        return isWritten ? "" : "the standard output cannot be written";
+    }
+    const int error = CATReplaceFile(path, text);
+    return error == 0 ? ""
+                      : path + ": cannot be written: " + std::generic_category().message(error);
+}
+} // namespace
+
+int RunExport(const ExportOptions& options)
+{
+    const wb::Store::Opened opened = wb::Store::Open(options.database);
+    if (!opened.store) {
+        return Refuse(opened.error);
+    }
+    const wb::ProductExport product =
+        wb::ExportProduct(*opened.store, options.root, options.version);
+    if (!product.error.empty()) {
+        return Refuse(product.error);
+    }
+    // The mass types first: without them the product could not be read anywhere else.
+    std::string problem;
+    if (!options.massTypes.empty()) {
+        problem = WriteOut(options.massTypes, wb::WriteMassTypeTable(opened.store->MassTypes()));
+    }
+    if (problem.empty()) {
+        problem = WriteOut(options.output, product.table);
+    }
+    if (!problem.empty()) {
+        return Refuse(problem);
+    }
+    if (options.output != kStandardStream) {
+        std::printf("%s: %zu parts, %zu uses\n", options.output.c_str(), product.parts,
+                    product.uses);
+    }
+    return 0;
+}

@@ -1,0 +1,148 @@
+#include "ProgramRun.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <string>
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace
+{
+class Export : public ProgramRun
+{
+protected:
+    void Import(const std::string& table, const std::string& options = "") const
+    {
+        folder.Write("t.csv", table);
+        const Outcome outcome = Run("import t.csv --into a.db " + options);
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+    }
+};
+
+constexpr const char* kTwoUses =
+    "parent,instance,part,mass_type,mass [lb]\n,,R,,\nR,p,P,Weighed,3.90\nR,q,Q,,\n";
+} // namespace
+
+TEST_F(Export, SamplesComeBackByteForByte)
+{
+    for (const std::string root : {"LA1", "SC1"}) {
+        const std::string file = root == "LA1" ? "light_aeroplane" : "small_satellite";
+        ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/" + file + ".csv' --into a.db").status, 0);
+        const Outcome first = Run("export " + root + " --db a.db --out one.csv");
+        EXPECT_EQ(first.status, 0) << first.err;
+        // 110 parts and 196 uses, 51 and 81, as the samples' own page counts them.
+        EXPECT_EQ(first.out, root == "LA1" ? "one.csv: 110 parts, 196 uses\n"
+                                           : "one.csv: 51 parts, 81 uses\n");
+        ASSERT_EQ(Run("import one.csv --into " + root + ".db").status, 0);
+        ASSERT_EQ(Run("export " + root + " --db " + root + ".db --out two.csv").status, 0);
+        EXPECT_EQ(folder.Read("two.csv"), folder.Read("one.csv"));
+    }
+}
+
+TEST_F(Export, GivesNumbersBackAsTheyWereTyped)
+{
+    Import(kTwoUses);
+    const Outcome outcome = Run("export R --db a.db --out -");
+    EXPECT_EQ(outcome.out, "parent,parent_version,instance,part,version,mass_type,mass [lb]\n"
+                           ",,,R,A,,\nR,A,p,P,A,Weighed,3.90\nR,A,q,Q,A,,\n");
+    EXPECT_THAT(outcome.err, IsEmpty());
+}
+
+TEST_F(Export, NumbersDoNotDependOnTheLocale)
+{
+    Import(kTwoUses);
+    environment = "LC_ALL=de_DE.UTF-8";
+    EXPECT_THAT(Run("export R --db a.db --out -").out, HasSubstr("R,A,p,P,A,Weighed,3.90\n"));
+}
+
+TEST_F(Export, MassTypesGoAlong)
+{
+    folder.Write("types.csv", "mass_type,order,kind,category,lower_pct [%],upper_pct [%],meaning\n"
+                              "Simulated,22,claim,calculated,1,2,from a simulation\n");
+    Import("part,mass_type,mass [kg]\nR,Simulated,1\n", "--mass-types types.csv");
+    ASSERT_EQ(Run("export R --db a.db --out r.csv --mass-types all.csv").status, 0);
+    EXPECT_THAT(folder.Read("all.csv"),
+                HasSubstr("\nSimulated,22,claim,calculated,1,2,from a simulation\n"));
+    EXPECT_EQ(Run("import r.csv --into b.db").status, 1);
+    EXPECT_EQ(Run("import r.csv --into b.db --mass-types all.csv").status, 0);
+}
+
+TEST_F(Export, RefusalSaysWhatWasExpectedAndWritesNothing)
+{
+    Import(kTwoUses);
+    Outcome outcome = Run("export P --db a.db --out r.csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "a.db: \"P\" is no product root, expected one of R A\n"
+                           "wb: nothing was exported\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.At("r.csv")));
+    outcome = Run("export R --db none.db --out r.csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, StartsWith("none.db: the database does not exist"));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("none.db")));
+    outcome = Run("export R --db a.db --out nowhere/r.csv");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, StartsWith("nowhere/r.csv: cannot be written: "));
+    EXPECT_EQ(Run("export R --db a.db").status, 2);
+}
+
+TEST_F(Export, HelpNamesTheOptions)
+{
+    const Outcome outcome = Run("export --help");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, AllOf(HasSubstr("--db"), HasSubstr("--out"), HasSubstr("--mass-types"),
+                                   HasSubstr("--root-version")));
+    EXPECT_THAT(Run("import --help").out,
+                AllOf(HasSubstr("--update"), HasSubstr("--no-update"), HasSubstr("--replace")));
+}
+
+TEST_F(Export, ImportUpdatesUnlessToldNotTo)
+{
+    Import(kTwoUses);
+    const std::string before = folder.Read("a.db");
+    folder.Write("new.csv", "part,mass_type,mass [lb]\nP,Weighed,4\n");
+    const Outcome refused = Run("import new.csv --into a.db --no-update");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err, "new.csv:2: part P A, mass type Weighed, mass: found \"4 lb\", the "
+                           "database holds \"3.90 lb\"; expected the same fact or a blank cell\n"
+                           "wb: nothing was imported\n");
+    EXPECT_EQ(folder.Read("a.db"), before);
+    const Outcome done = Run("import new.csv --into a.db --update");
+    EXPECT_EQ(done.status, 0) << done.err;
+    EXPECT_THAT(done.out,
+                HasSubstr("changed: part P A, mass type Weighed, mass: 4 lb, was 3.90 lb\n"));
+    EXPECT_THAT(Run("export R --db a.db --out -").out, HasSubstr("P,A,Weighed,4\n"));
+}
+
+TEST_F(Export, ReplaceRemovesUsesAndCheckOnlySaysSo)
+{
+    Import(kTwoUses);
+    const std::string before = folder.Read("a.db");
+    folder.Write("new.csv", "parent,instance,part\n,,R\nR,p,P\n");
+    const Outcome check = Run("import new.csv --into a.db --replace R --check");
+    EXPECT_EQ(check.status, 0) << check.err;
+    EXPECT_THAT(check.out, AllOf(StartsWith("nothing was changed; an import would say:\n"),
+                                 HasSubstr("uses: 0 new, 0 changed, 1 unchanged, 1 removed\n"),
+                                 HasSubstr("parts that nobody uses: R A, Q A\n"),
+                                 HasSubstr("removed: use R/q: Q A\n")));
+    EXPECT_EQ(folder.Read("a.db"), before);
+    EXPECT_EQ(Run("import new.csv --into a.db --replace R").status, 0);
+    EXPECT_THAT(Run("export R --db a.db --out -").out, Not(HasSubstr("R,A,q")));
+}
+
+TEST_F(Export, ReplaceIsRefusedForAnotherRootAndForSeveralFiles)
+{
+    Import(kTwoUses);
+    const std::string before = folder.Read("a.db");
+    Outcome outcome = Run("import t.csv --into a.db --replace X");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, StartsWith("t.csv: --replace \"X\": the table does not hold it"));
+    outcome = Run("import t.csv t.csv --into a.db --replace R");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("expected one file"));
+    EXPECT_EQ(folder.Read("a.db"), before);
+}
