@@ -71,7 +71,6 @@ void AddResults(CATDlgTabPage* page, const char* frameName, int row, int column,
                 std::span<const Field> fields, std::span<CATDlgEditor*> editors)
 {
     auto* frame = Add<CATDlgFrame>(page, frameName, kTitledFrame, Cell{row, column});
-    frame->SetColumnStretch(1, 1);
     int line = 0;
     for (const Field& field : fields) {
         Add<CATDlgLabel>(frame, field.label, Cell{line, 0});
@@ -119,7 +118,6 @@ CATDlgMultiList* AddListPage(CATDlgTabContainer* tabs, const char* pageName, con
 void AddSelection(CATDlgDialog& window, WBComputeControls& controls)
 {
     auto* frame = Add<CATDlgFrame>(&window, "Frame001", kPlainFrame, Cell{0, 0});
-    frame->SetColumnStretch(1, 1);
     Add<CATDlgLabel>(frame, "SelectionLabel", Cell{0, 0});
     controls.selection = Add<CATDlgEditor>(frame, "SelectionEditor", kReadOnly, Cell{0, 1});
     controls.selection->SetVisibleTextWidth(kSelectionWidth);
@@ -152,7 +150,6 @@ void AddPrecisionOptions(CATDlgFrame* options, WBComputeControls& controls)
     controls.specifiedMassType =
         Add<CATDlgFrame>(frame, "SpecifiedMassTypeFrame", kTitledFrame, Cell{3, 0});
     CATDlgFrame* inner = controls.specifiedMassType;
-    inner->SetColumnStretch(1, 1);
     Add<CATDlgLabel>(inner, "SpecifiedMassTypeLabel", Cell{0, 0});
     controls.massTypes = Add<CATDlgCombo>(inner, "SpecifiedMassTypeCombo", kChosenOnly, Cell{0, 1});
 }
@@ -202,7 +199,6 @@ void AddButtons(CATDlgDialog& window, WBComputeControls& controls)
 WBComputeControls WBBuildComputeControls(CATDlgDialog& window)
 {
     WBComputeControls controls{};
-    window.SetRowStretch(1, 1);
     AddSelection(window, controls);
     AddResultTabs(window, controls);
     AddOptions(window, controls);

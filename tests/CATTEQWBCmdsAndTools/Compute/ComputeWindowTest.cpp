@@ -1,7 +1,9 @@
 #include "ComputeSession.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
+#include <QTableView>
 
 namespace
 {
@@ -385,12 +387,82 @@ TEST_F(ComputeWindow, ALargerWindowGivesItsRoomToTheResults)
     EXPECT_EQ(heightOf("Frame043"), options);
 }
 
-TEST_F(ComputeWindow, FramesOfResultsAreEquallyWide)
+TEST_F(ComputeWindow, FramesBesideEachOtherAreEquallyWideWhereThereIsRoom)
 {
+    command->Widget()->resize(1200, 800);
     CATDlgApplication::ProcessEvents();
     const auto widthOf = [this](const char* name) {
         return Find<CATDialog>(name).Widget()->width();
     };
     EXPECT_NEAR(widthOf("MassFrame"), widthOf("CenterOfGravityFrame"), 1);
     EXPECT_NEAR(widthOf("MomentOfInertiaFrame"), widthOf("ProductOfInertiaFrame"), 1);
+    EXPECT_NEAR(widthOf("InertiaModeFrame"), widthOf("ComputeOptionFrame"), 1);
+    EXPECT_NEAR(widthOf("InertiaModeFrame"), widthOf("UpdateOptionFrame"), 1);
+}
+
+TEST_F(ComputeWindow, WiderWindowGivesItsRoomToTheFieldsButTheLevel)
+{
+    CATDlgApplication::ProcessEvents();
+    const auto widthOf = [this](const char* name) {
+        return Find<CATDialog>(name).Widget()->width();
+    };
+    const std::vector<const char*> fixed{"SelectionLabel", "MassLabel", "SpecifiedMassTypeLabel",
+                                         "UpdateLevelEditor", "Frame047"};
+    const std::vector<const char*> wider{"SelectionEditor", "MassEditor", "CGxEditor",
+                                         "SpecifiedMassTypeCombo", "ConfigHandlerEditor"};
+    std::map<std::string, int> before;
+    for (const auto& names : {fixed, wider}) {
+        for (const char* name : names) {
+            before[name] = widthOf(name);
+        }
+    }
+    command->Widget()->resize(1200, 800);
+    CATDlgApplication::ProcessEvents();
+    for (const char* name : fixed) {
+        EXPECT_EQ(widthOf(name), before[name]) << name;
+    }
+    for (const char* name : wider) {
+        EXPECT_GT(widthOf(name), before[name]) << name;
+    }
+}
+
+TEST_F(ComputeWindow, NumbersInListsStandAtTheRight)
+{
+    for (const char* list : {"StatisticsMultiList", "MassTypeStatMultiList"}) {
+        QWidget* widget = Find<CATDialog>(list).Widget();
+        const auto* view = qobject_cast<const QTableView*>(widget);
+        if (view == nullptr) {
+            view = widget->findChild<const QTableView*>();
+        }
+        ASSERT_NE(view, nullptr) << list;
+        for (int column = 0; column < view->model()->columnCount(); ++column) {
+            const int alignment =
+                view->model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+            EXPECT_EQ((alignment & Qt::AlignRight) != 0, column > 0) << list << " " << column;
+        }
+    }
+}
+
+TEST_F(ComputeWindow, ListsWithoutRowsSaySo)
+{
+    struct Page
+    {
+        int index;
+        const char* list;
+        const char* text;
+    };
+    for (const Page& page : {Page{1, "StatisticsMultiList", "No materials to show"},
+                             Page{2, "MassTypeStatMultiList", "No mass types to show"}}) {
+        GoToPage(page.index);
+        auto& list = Find<CATDlgMultiList>(page.list);
+        const auto look = [&list] {
+            CATDlgApplication::ProcessEvents();
+            return list.Widget()->grab().toImage();
+        };
+        const QImage before = look();
+        list.SetEmptyText("");
+        EXPECT_NE(look(), before) << page.list;
+        list.SetEmptyText(page.text);
+        EXPECT_EQ(look(), before) << page.list;
+    }
 }
