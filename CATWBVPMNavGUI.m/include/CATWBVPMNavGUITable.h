@@ -26,6 +26,8 @@ struct CATWBVPMNavGUITable
     /// Treats a report as the report commands do: axes, reference point, then units.
     void (*convertReport)(CATIDOMDocument_var& document,
                           const CATWBReportConversion& conversion) = nullptr;
+    /// The filter of a root as users read it.
+    CATUnicodeString (*getDisplayFilter)(const CATUnicodeString& rootIdentifier) = nullptr;
 };
 
 /// Registers a table and returns the one that stood there. Members may be null: then the contract's

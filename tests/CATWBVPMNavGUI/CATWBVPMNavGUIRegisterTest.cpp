@@ -52,6 +52,7 @@ TEST_F(CATWBVPMNavGUIRegisterTest, OffersBothPanelsAndARecordsTables)
 TEST_F(CATWBVPMNavGUIRegisterTest, LeavesFiltersToTheContractsOwnAnswer)
 {
     EXPECT_EQ(CATWBVPMNavFilterPanel::GetFilter("LA1"), "0|No Filter");
+    EXPECT_EQ(CATWBVPMNavFilterPanel::GetDisplayFilter("LA1"), "No filter");
 }
 
 TEST_F(CATWBVPMNavGUIRegisterTest, MadePanelIsFilledAndBelongsToItsParent)

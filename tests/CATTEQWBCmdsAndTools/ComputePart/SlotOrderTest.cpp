@@ -1,4 +1,5 @@
 #include "CATTEQWBComputePartCmd.h"
+#include "CATWBComputeCmd.h"
 #include "CATWBVPMMainPanel.h"
 
 #include <gtest/gtest.h>
@@ -47,6 +48,21 @@ TEST(SlotOrder, CommandKeepsTheTableOfTheCommandBase)
     EXPECT_EQ(SlotOf(&CATTEQWBComputePartCmd::Cancel), SlotOf(&CATCommand::Activate) + 2);
     EXPECT_EQ(SlotOf(&CATTEQWBComputePartCmd::GetResourceFilename),
               SlotOf(&CATCommand::Activate) + 3);
+}
+
+TEST(SlotOrder, ComputeCommandAddsOneOperationToTheDialog)
+{
+    const std::ptrdiff_t first = SlotOf(&Probe<CATDlgDialog>::Added);
+    EXPECT_EQ(SlotOf(&CATWBComputeCmd::OnModifyUnit), first);
+    EXPECT_EQ(SlotOf(&Probe<CATWBComputeCmd>::Added), first + 1);
+}
+
+TEST(SlotOrder, ComputeCommandKeepsTheTableOfTheCommandBase)
+{
+    EXPECT_EQ(SlotOf(&CATWBComputeCmd::Activate), SlotOf(&CATCommand::Activate));
+    EXPECT_EQ(SlotOf(&CATWBComputeCmd::Desactivate), SlotOf(&CATCommand::Activate) + 1);
+    EXPECT_EQ(SlotOf(&CATWBComputeCmd::Cancel), SlotOf(&CATCommand::Activate) + 2);
+    EXPECT_EQ(SlotOf(&CATWBComputeCmd::GetResourceFilename), SlotOf(&CATCommand::Activate) + 3);
 }
 
 TEST(SlotOrder, MainPanelsOperationsFollowThoseOfTheDialogInTheirOrder)

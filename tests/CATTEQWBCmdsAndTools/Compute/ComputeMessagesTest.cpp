@@ -1,0 +1,207 @@
+#include "ComputeSession.h"
+
+#include "TemporaryDirectory.h"
+
+namespace
+{
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr int kErrorStyle = 0x10000000;
+
+/// What the user is told.
+using ComputeMessages = ComputeSession;
+
+/// The same where an installation has replaced the command's catalog by one that lacks its keys.
+class ComputeDefaultTexts : public ComputeSession
+{
+protected:
+    ComputeDefaultTexts()
+    {
+        m_resources.Write("catalogs/CATWBComputeCmd.toml", "Other = \"another text\"\n");
+        m_resources.Write("catalogs/CATWBVPMNavFilterPanel.toml", "Other = \"another text\"\n");
+        CATSetEnvironmentSource([this](const char* name) -> std::optional<std::string> {
+            if (std::string_view(name) == "WB_RESOURCE_PATH") {
+                return m_resources.Path();
+            }
+            return std::nullopt;
+        });
+        CATMsgCatalog::SetLanguage("en");
+    }
+    ~ComputeDefaultTexts() override { CATSetEnvironmentSource({}); }
+
+private:
+    const TemporaryDirectory m_resources;
+};
+
+} // namespace
+
+TEST_F(ComputeMessages, AGoodAnswerIsNotCommented)
+{
+    Start();
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, IsEmpty());
+}
+
+TEST_F(ComputeMessages, AServersErrorIsShownWithoutItsMarker)
+{
+    Start();
+    Compute("#WB_ERROR#There is no root LA1.");
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"The server reports an error",
+                                              "There is no root LA1.", kErrorStyle}));
+    EXPECT_EQ(Text("MassEditor"), "");
+    EXPECT_THAT(server->calls, SizeIs(2)); // nobody asks for warnings
+}
+
+TEST_F(ComputeMessages, AMarkerInsideIsTakenToStandAtTheStart)
+{
+    Start();
+    // Ten characters are cut off, as many as the marker has.
+    Compute("1|2|3|4|5|#WB_ERROR#No.");
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"The server reports an error", "#WB_ERROR#No.",
+                                              kErrorStyle}));
+}
+
+TEST_F(ComputeMessages, AnEmptyAnswerIsALostServer)
+{
+    Start();
+    Compute("");
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{
+                           "No answer from the server",
+                           "The weight-and-balance server did not answer, so nothing was computed. "
+                           "Check that the server is running, then compute again.",
+                           kErrorStyle}));
+    EXPECT_THAT(server->calls, SizeIs(2)); // nobody asks for warnings
+}
+
+TEST_F(ComputeMessages, WithoutAServerTheUserIsToldTheSame)
+{
+    CATSetServerCaller(nullptr);
+    Start();
+    Click("ComputeButton");
+    ASSERT_THAT(boxes, SizeIs(1));
+    EXPECT_EQ(boxes.front().title, "No answer from the server");
+    EXPECT_TRUE(command->IsVisible());
+}
+
+TEST_F(ComputeMessages, WarningsAreShownAfterTheValues)
+{
+    Start();
+    server->answers[kWarningMethod] = "- FUS-110 has no centre of gravity.";
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"Warnings of the computation",
+                                              "- FUS-110 has no centre of gravity.", kErrorStyle}));
+    EXPECT_EQ(Text("MassEditor"), "100lb");
+}
+
+TEST_F(ComputeMessages, WarningsWithAnErrorAreCalledErrors)
+{
+    Start();
+    server->answers[kWarningMethod] = "- Stale.\nERROR LA1 holds itself.";
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"Errors in the computation",
+                                              "- Stale.\nERROR LA1 holds itself.", kErrorStyle}));
+}
+
+TEST_F(ComputeMessages, AnErrorIsKnownByItsCapitals)
+{
+    Start();
+    server->answers[kWarningMethod] = "- An error is not meant here.";
+    Compute(kAnswer);
+    ASSERT_THAT(boxes, SizeIs(1));
+    EXPECT_EQ(boxes.front().title, "Warnings of the computation");
+}
+
+TEST_F(ComputeMessages, ALongWarningIsShortened)
+{
+    Start();
+    std::string warning;
+    for (int line = 0; line < 12; ++line) {
+        warning += "- " + std::string(98, 'w') + "\n"; // 101 characters each
+    }
+    server->answers[kWarningMethod] = warning + "ERROR at the end";
+    Compute(kAnswer);
+    // Up to the tenth "- ", which begins the tenth line.
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"Errors in the computation",
+                                              warning.substr(0, 9 * 101) + "...\nERROR at the end",
+                                              kErrorStyle}));
+}
+
+TEST_F(ComputeMessages, ARefusedQuestionForAFilterComputesNothing)
+{
+    table.getFilter = nullptr; // then there is none
+    SetTable(table);
+    Start();
+    boxAnswer = 4;
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, ElementsAre(testing::Field(&ComputeBox::style, 0x8800200)));
+    EXPECT_THAT(server->calls, SizeIs(1)); // the mass types
+    EXPECT_EQ(Text("MassEditor"), "");
+}
+
+TEST_F(ComputeMessages, AnAcceptedQuestionForAFilterComputes)
+{
+    table.getFilter = nullptr;
+    SetTable(table);
+    Start();
+    boxAnswer = 3;
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, SizeIs(1));
+    EXPECT_EQ(Text("MassEditor"), "100lb");
+}
+
+TEST_F(ComputeMessages, SpeakGerman)
+{
+    CATMsgCatalog::SetLanguage("de");
+    Start();
+    Compute("#WB_ERROR#Nein.");
+    Compute("");
+    server->answers[kWarningMethod] = "- Alt.";
+    Compute(kAnswer);
+    server->answers[kWarningMethod] = "ERROR Zyklus.";
+    Compute(kAnswer);
+    EXPECT_THAT(
+        boxes,
+        ElementsAre(
+            ComputeBox{"Der Server meldet einen Fehler", "Nein.", kErrorStyle},
+            ComputeBox{"Keine Antwort vom Server",
+                       "Der Server hat nicht geantwortet, daher wurde nichts berechnet. Prüfen "
+                       "Sie, ob der Server läuft, und berechnen Sie erneut.",
+                       kErrorStyle},
+            ComputeBox{"Warnungen der Berechnung", "- Alt.", kErrorStyle},
+            ComputeBox{"Fehler in der Berechnung", "ERROR Zyklus.", kErrorStyle}));
+}
+
+TEST_F(ComputeDefaultTexts, BoxesAreWordedByTheProgram)
+{
+    Start();
+    Compute("#WB_ERROR#No.");
+    Compute("");
+    server->answers[kWarningMethod] = "- Stale.";
+    Compute(kAnswer);
+    server->answers[kWarningMethod] = "ERROR A cycle.";
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"Server Error", "No.", kErrorStyle},
+                                   ComputeBox{"Communication Error",
+                                              "The server could not be reached.", kErrorStyle},
+                                   ComputeBox{"Warnings", "- Stale.", kErrorStyle},
+                                   ComputeBox{"Errors", "ERROR A cycle.", kErrorStyle}));
+}
+
+TEST_F(ComputeDefaultTexts, ColumnsAreTitledByTheProgram)
+{
+    Start();
+    EXPECT_EQ(Find<CATDlgMultiList>("StatisticsMultiList").ColumnTitles(),
+              CATListValCATUnicodeString({"Material", "Density", "Mass", "Share of mass"}));
+    EXPECT_EQ(Find<CATDlgMultiList>("MassTypeStatMultiList").ColumnTitles(),
+              CATListValCATUnicodeString({"Mass type", "Mass", "Share of mass"}));
+}
+
+TEST_F(ComputeDefaultTexts, NoFilterIsWordedByTheProgram)
+{
+    SetTable({});
+    Start();
+    EXPECT_EQ(Text("ConfigHandlerEditor"), "No filter");
+}
