@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 
 namespace wb
 {
+class Computations;
 class Store;
 
 /// Who calls, and how a long call is watched. Methods run on the caller's thread, which may be a
@@ -52,11 +54,38 @@ struct CallContext
 ///
 /// "WBListMassTypes": request ignored. Answers a count, then for each mass type by order: name,
 ///   order, kind (claim, goal), category, default lower and upper precision in %, meaning.
+///
+/// "WBGetMassTypesAndAttrNames": request ignored. Answers XML: below the document element a
+/// massType
+///   element for each type that a computation can be asked for, "Computed" first, then the claims
+///   by order, and an attrName element for each property that users gave to parts and uses, by
+///   name. The attribute "name" holds the name.
+///
+/// "WBComputeVPMValues": six fields that are read past (has-instance, instance, part, version, then
+/// a
+///   count with that many path names, density priority, material), which matter where a part is
+///   asked and not its product; then precision ("Active", "MostPrecise", "Computed" or a mass
+///   type); update policy 0 (check), 1 (force: the product is read from the database anew) or 2
+///   (assume) and behind 2 a level, a whole number from 0; entity, which must be 1, the root; root;
+///   filter text ("0|No Filter", or a count, a name and that many lines); precision type 0, or 1
+///   with value type (0 %, 1 kg), lower and upper, which then take the place of the deviations.
+///   Answers what the whole product weighs: mass, lower and upper deviation, centre of gravity,
+///   Ixx, Iyy, Izz, Iyz, Ixz, Ixy about it (products + integral); N, the names of N materials, for
+///   each 3 and its density in kg/m3 or 2 and its density in kg/m2 (0: none), N masses; M, then
+///   name and mass of M mass types. Storage units; what is not known travels as 0, and the first
+///   warning says so.
+///
+/// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, a line
+///   each, and forgets them; an empty text where there are none. Lines begin with "- "; a line
+///   that begins with "ERROR" says that there is no result to speak of. Never the error marker.
 class Server
 {
 public:
     /// Borrows the store, which must live as long as the server.
     explicit Server(Store& store);
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+    ~Server();
 
     std::string Call(std::string_view method, std::string_view request, const CallContext& context);
 
@@ -74,6 +103,7 @@ public:
 
 private:
     Store& m_store;
-    std::mutex m_mutex; // callers on several threads take turns
+    std::unique_ptr<Computations> m_computations; // products in memory, warnings not yet asked for
+    std::mutex m_mutex;                           // callers on several threads take turns
 };
 } // namespace wb

@@ -1,8 +1,34 @@
 #include "Methods.h"
 #include "Request.h"
 
+#include "CATENOWBCSCommonDefinitions.h"
+
 namespace wb
 {
+namespace
+{
+void AppendElement(std::string& xml, const char* tag, std::string_view name)
+{
+    xml.append("<").append(tag).append(" name=\"");
+    for (const char character : name) {
+        switch (character) {
+        case '&':
+            xml += "&amp;";
+            break;
+        case '<':
+            xml += "&lt;";
+            break;
+        case '"':
+            xml += "&quot;";
+            break;
+        default:
+            xml += character;
+        }
+    }
+    xml += "\"/>";
+}
+} // namespace
+
 std::string ListRoots(const Store& store, std::string_view, const CallContext&)
 {
     const auto roots = store.Roots();
@@ -59,5 +85,21 @@ std::string ListMassTypes(const Store& store, std::string_view, const CallContex
             .Add(type.meaning);
     }
     return answer.Take();
+}
+
+std::string GetMassTypesAndAttrNames(const Store& store, std::string_view, const CallContext&)
+{
+    std::string xml = "<massTypesAndAttrNames>";
+    AppendElement(xml, "massType", CATENOWBCSCommonDefinitions::Computed);
+    // A goal is a wish: nobody asks what a product weighs by it.
+    for (const MassType& type : store.MassTypes()) {
+        if (type.kind == MassType::Kind::Claim) {
+            AppendElement(xml, "massType", type.name);
+        }
+    }
+    for (const std::string& name : store.PropertyNames()) {
+        AppendElement(xml, "attrName", name);
+    }
+    return xml + "</massTypesAndAttrNames>";
 }
 } // namespace wb

@@ -18,6 +18,8 @@ std::string GetValueDetails(const Store& store, std::string_view request,
 std::string ListRoots(const Store& store, std::string_view request, const CallContext& context);
 std::string ListUses(const Store& store, std::string_view request, const CallContext& context);
 std::string ListMassTypes(const Store& store, std::string_view request, const CallContext& context);
+std::string GetMassTypesAndAttrNames(const Store& store, std::string_view request,
+                                     const CallContext& context);
 
 /// The records of an object-service call; nothing for an input that cannot be read.
 std::optional<std::string> ObjectIdentifiers(const Store& store,

@@ -26,6 +26,17 @@ std::string_view Request::Text(const char* name)
     return field;
 }
 
+double Request::Size(const char* name)
+{
+    const std::string_view field = Next(name);
+    const auto value = ReadNumber(field);
+    if (!value || *value < 0.0) {
+        throw RequestError(std::string("The field ") + name + " of the request holds \"" +
+                           std::string(field) + "\", expected a number from 0.");
+    }
+    return *value;
+}
+
 void Request::Empty(const char* name)
 {
     const std::string_view field = Next(name);

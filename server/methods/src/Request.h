@@ -25,6 +25,10 @@ public:
 
     /// A field that must hold something. "__null__" is something.
     std::string_view Text(const char* name);
+    /// A field that must be there; it may be empty.
+    std::string_view Any(const char* name) { return Next(name); }
+    /// A finite number of at least 0, with either decimal mark.
+    double Size(const char* name);
     /// A field that must be there and be empty.
     void Empty(const char* name);
     /// A whole number of at least 0.

@@ -1,6 +1,7 @@
 #include "WBServer.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
+#include "Computations.h"
 #include "Methods.h"
 #include "Request.h"
 
@@ -18,10 +19,12 @@ struct MethodRow
     std::string (*answer)(const Store&, std::string_view, const CallContext&);
 };
 
-constexpr std::array kMethods{
-    MethodRow{"WBCompPartGetInitialValues", GetInitialValues},
-    MethodRow{"WBGetValueDetails", GetValueDetails}, MethodRow{"WBListRoots", ListRoots},
-    MethodRow{"WBListUses", ListUses}, MethodRow{"WBListMassTypes", ListMassTypes}};
+constexpr std::array kMethods{MethodRow{"WBCompPartGetInitialValues", GetInitialValues},
+                              MethodRow{"WBGetValueDetails", GetValueDetails},
+                              MethodRow{"WBListRoots", ListRoots},
+                              MethodRow{"WBListUses", ListUses},
+                              MethodRow{"WBListMassTypes", ListMassTypes},
+                              MethodRow{"WBGetMassTypesAndAttrNames", GetMassTypesAndAttrNames}};
 
 std::string ErrorAnswer(const std::string& sentence)
 {
@@ -29,23 +32,31 @@ std::string ErrorAnswer(const std::string& sentence)
 }
 } // namespace
 
-Server::Server(Store& store) : m_store(store)
+Server::Server(Store& store) : m_store(store), m_computations(std::make_unique<Computations>(store))
 {}
+
+Server::~Server() = default;
 
 std::string Server::Call(std::string_view method, std::string_view request,
                          const CallContext& context)
 {
     const std::lock_guard lock(m_mutex);
+    // Asked after every computation, also one that failed: an error here would hide the one there.
+    if (method == "WBWarningMsg") {
+        return m_computations->TakeWarnings(context.user);
+    }
+    const bool isComputation = method == "WBComputeVPMValues";
     const auto row = std::ranges::find_if(
         kMethods, [&](const MethodRow& candidate) { return candidate.name == method; });
-    if (row == kMethods.end()) {
+    if (row == kMethods.end() && !isComputation) {
         return ErrorAnswer("The server has no method \"" + std::string(method) + "\".");
     }
     if (context.cancel != nullptr && *context.cancel) {
         return ErrorAnswer("The call was cancelled.");
     }
     try {
-        return row->answer(m_store, request, context);
+        return isComputation ? m_computations->ComputeValues(request, context)
+                             : row->answer(m_store, request, context);
     } catch (const std::exception& error) {
         return ErrorAnswer(error.what());
     }

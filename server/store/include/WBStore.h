@@ -185,6 +185,8 @@ public:
     /// Everything that was stated about a part or a use.
     StoredPart ReadPart(RowId part) const;
     StoredUse ReadUse(RowId use) const;
+    /// The names of all properties of parts and uses, each once, by name.
+    std::vector<std::string> PropertyNames() const;
     DensityCount CountDensities(RowId part) const;
     /// A part and everything below it, as of one moment; the part is the first of its parts.
     Product ReadProduct(RowId root) const;

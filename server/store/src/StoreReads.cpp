@@ -360,6 +360,17 @@ std::vector<HistoryEntry> Store::History() const
     return entries;
 }
 
+std::vector<std::string> Store::PropertyNames() const
+{
+    std::vector<std::string> names;
+    Statement& rows = m_database->Kept(
+        "SELECT name FROM part_property UNION SELECT name FROM use_property ORDER BY name");
+    while (rows.Step()) {
+        names.push_back(rows.Text());
+    }
+    return names;
+}
+
 std::int64_t Store::ChangeNumber(RowId part) const
 {
     Statement& row = m_database->Kept("SELECT change_number FROM part WHERE id = ?");
