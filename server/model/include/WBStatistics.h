@@ -1,0 +1,51 @@
+#pragma once
+
+#include "WBRules.h"
+
+#include <string>
+#include <vector>
+
+namespace wb
+{
+/// How many things were looked at and what they lack. Pieces are whole numbers; a product may hold
+/// more of them than an integer can count.
+struct Counts
+{
+    double leaves = 0.0; // where the walk stopped, in pieces; an imposed assembly is one
+    double withoutMass = 0.0;
+    double massWithoutCentre = 0.0;  // kg
+    double massWithoutInertia = 0.0; // kg
+};
+
+struct MaterialShare
+{
+    std::string material; // "(no material)" of leaves, "(imposed)" of assemblies without one
+    Dimension dimension = Dimension::Volume;
+    double density = 0.0; // the one used; 0: none
+    double mass = 0.0;    // kg
+};
+
+struct NamedShare
+{
+    std::string name;
+    double mass = 0.0; // kg
+};
+
+/// Deviations as the root of a sum of squares, each side by itself.
+struct RootSumSquare
+{
+    Deviations together; // all uses of a part share its error, unless the part says otherwise
+    Deviations apart;    // every piece has an error of its own
+};
+
+/// What a total is made of. Each of the three lists adds up to the total mass.
+struct Statistics
+{
+    Counts counts;
+    std::vector<MaterialShare> materials; // largest first, then by name
+    std::vector<NamedShare> massTypes;    // the least mature first
+    std::vector<NamedShare> codes;        // largest first; "(no code)" where nothing above has one
+    double growthAllowance = 0.0;         // kg; predicted mass = total + allowance
+    RootSumSquare rss;
+};
+} // namespace wb

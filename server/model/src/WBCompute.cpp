@@ -1,0 +1,294 @@
+#include "WBCompute.h"
+
+#include "Propagation.h"
+#include "Selection.h"
+#include "Tally.h"
+#include "Walk.h"
+#include "Warnings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace wb
+{
+namespace
+{
+using Outcome = NodeResult::Outcome;
+using Common = CATENOWBCSCommonDefinitions;
+
+/// Everything that one request works on.
+struct Job
+{
+    const ProductGraph& graph;
+    AskedPath path;
+    Filter filter;
+    WalkRule rule;
+    AskedRule asked;
+};
+
+std::string RuleOf(const ProductGraph& graph, const ComputeOptions& options, WalkRule& rule)
+{
+    rule.orActive = options.orActive;
+    switch (options.precision) {
+    case ComputeOptions::Precision::Active:
+        rule = {};
+        return {};
+    case ComputeOptions::Precision::MostPrecise:
+        rule.precision = WalkRule::Precision::MostPrecise;
+        return {};
+    case ComputeOptions::Precision::Specified:
+        break;
+    }
+    if (options.massType == Common::Computed) {
+        rule.precision = WalkRule::Precision::Computed;
+        return {};
+    }
+    rule.precision = WalkRule::Precision::Specified;
+    rule.type = graph.FindType(options.massType);
+    return rule.type < 0 ? "The mass type \"" + options.massType + "\" is not known." : "";
+}
+
+std::string AskedRuleOf(const ProductGraph& graph, std::uint32_t node,
+                        const ComputeOptions& options, AskedRule& asked)
+{
+    if (options.asked == ComputeOptions::Asked::Alone &&
+        !(options.derived && graph.PartOf(node).IsLeaf())) {
+        asked.kind = AskedRule::Kind::Alone;
+    } else if (options.derived) {
+        asked.kind = AskedRule::Kind::Derived;
+    }
+    if (options.asked == ComputeOptions::Asked::Root) {
+        return {};
+    }
+    if (!options.material.empty()) {
+        asked.material = graph.FindMaterial(options.material);
+        if (asked.material < 0) {
+            return "The material \"" + options.material + "\" is not known.";
+        }
+    }
+    if (asked.material >= 0 || options.densityPriority) {
+        asked.ownClaims = true;
+        asked.claims = graph.ClaimsWith(node, options.densityPriority, asked.material);
+    }
+    return {};
+}
+
+/// The code of the nearest node above the asked one that has one.
+std::int32_t CodeAbove(const ProductGraph& graph, const AskedPath& path)
+{
+    std::int32_t code = -1;
+    std::uint32_t above = path.root;
+    for (const std::uint32_t use : path.uses) {
+        const std::int32_t own = graph.PartOf(above).code;
+        code = own < 0 ? code : own;
+        above = graph.UseAt(use).node;
+    }
+    return code;
+}
+
+std::string LenderName(const ProductGraph& graph, std::int16_t lender)
+{
+    if (lender == kNobody) {
+        return {};
+    }
+    return lender == kSumBelow ? std::string(Common::Computed)
+                               : graph.Types()[static_cast<std::size_t>(lender)].name;
+}
+
+/// The walk's total, with what nobody knows as unknown: nothing has a mass, or the asked node's own
+/// values lack a figure that nobody lends.
+Body KnownTotal(const Walk& walk, std::uint32_t asked, const Counts& counts)
+{
+    Body body = walk.Total(asked);
+    const NodeResult& result = walk.At(asked);
+    if (counts.leaves > 0.0 && counts.withoutMass == counts.leaves) {
+        body.mass = kUnknown;
+    }
+    if (result.outcome == Outcome::Taken && result.noInertia) {
+        body.inertia.fill(kUnknown);
+    }
+    return body;
+}
+
+Body Difference(const Body& own, const Body& below)
+{
+    Body difference;
+    difference.mass = own.mass - below.mass;
+    difference.lower = own.lower - below.lower;
+    difference.upper = own.upper - below.upper;
+    std::ranges::transform(own.centre, below.centre, difference.centre.begin(), std::minus());
+    std::ranges::transform(own.inertia, below.inertia, difference.inertia.begin(), std::minus());
+    return difference;
+}
+
+/// What stands below an asked assembly whose own values were taken.
+Imposed ImposedOn(const Job& job, const Walk& walk, const Body& own)
+{
+    AskedRule descend;
+    descend.kind = AskedRule::Kind::Descend;
+    const Selection selection = Select(job.graph, job.path, job.filter, true);
+    const Walk* shared = job.rule == WalkRule() ? &job.graph.Active() : &walk;
+    const Walk below(selection, job.rule, descend, shared, nullptr);
+    const std::vector<double> pieces = PiecesOf(selection, below);
+    Imposed imposed;
+    imposed.below.counts = Tally(selection, below, descend, pieces, -1).counts;
+    imposed.below.body = KnownTotal(below, *selection.asked, imposed.below.counts);
+    imposed.difference = Difference(own, imposed.below.body);
+    return imposed;
+}
+
+void DefinePrecision(const ComputeOptions::DefinedPrecision& precision, ComputeResult& result)
+{
+    Body& body = result.total.body;
+    const double unit = precision.percentage ? std::abs(body.mass) / 100.0 : 1.0;
+    body.lower = precision.lower * unit;
+    body.upper = precision.upper * unit;
+    result.precisionDefined = true;
+}
+
+std::vector<std::string> FallenBack(const Selection& selection, const Walk& walk,
+                                    const std::vector<double>& pieces)
+{
+    std::vector<std::string> names;
+    for (const std::uint32_t number : selection.childrenFirst) {
+        if (pieces[number] > 0.0 && walk.At(number).fellBack) {
+            names.push_back(selection.graph->PartOf(selection.GraphNode(number)).name);
+        }
+    }
+    return names;
+}
+
+std::vector<Contributor> Contributors(const Selection& selection, const Walk& walk,
+                                      const std::vector<double>& pieces, bool apart)
+{
+    const ProductGraph& graph = *selection.graph;
+    std::vector<Contributor> all;
+    for (const std::uint32_t number : selection.childrenFirst) {
+        const NodeResult& result = walk.At(number);
+        if (pieces[number] == 0.0 || result.outcome != Outcome::Taken) {
+            continue;
+        }
+        const ProductGraph::PartRow& part = graph.PartOf(selection.GraphNode(number));
+        const double sigma = SigmaOfMass(*result.claim, graph.SigmasOf(*result.claim));
+        all.push_back({part.identifier, part.version, part.name, pieces[number],
+                       pieces[number] * result.claim->body.mass,
+                       SigmaOfPieces(sigma, pieces[number], apart || part.errorsApart)});
+    }
+    return all;
+}
+
+void KeepLargest(std::vector<Contributor>& all, std::size_t count, double Contributor::*figure)
+{
+    const auto larger = [&](const Contributor& left, const Contributor& right) {
+        const double leftSize = std::abs(left.*figure);
+        const double rightSize = std::abs(right.*figure);
+        return leftSize != rightSize ? leftSize > rightSize : left.part < right.part;
+    };
+    const std::size_t kept = std::min(count, all.size());
+    std::partial_sort(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(kept), all.end(),
+                      larger);
+    all.resize(kept);
+}
+
+void AddLostLines(const Job& job, std::vector<std::string>& warnings)
+{
+    for (const std::string& line : LinesWithoutNode(job.graph, job.path.root, job.filter)) {
+        warnings.push_back("the filter names " + line + ", which is not there");
+    }
+}
+
+/// Thrown and caught in this file: what was made up to now is of no use to anybody.
+struct Cancelled
+{};
+
+void StopIfCancelled(const ComputeOptions& options)
+{
+    if (options.cancelled && options.cancelled()) {
+        throw Cancelled();
+    }
+}
+
+ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
+{
+    ComputeResult result;
+    const bool isActive = job.rule == WalkRule();
+    const Selection selection = Select(job.graph, job.path, job.filter, job.asked.IsSpecial());
+    if (!selection.asked) {
+        result.warnings.emplace_back("the filter leaves out what is asked");
+        AddLostLines(job, result.warnings);
+        result.total.body.centre.fill(kUnknown);
+        result.total.body.inertia.fill(kUnknown);
+        return result;
+    }
+    const Walk walk(selection, job.rule, job.asked, isActive ? &job.graph.Active() : nullptr,
+                    nullptr);
+    StopIfCancelled(options);
+    const std::uint32_t asked = *selection.asked;
+    const NodeResult& top = walk.At(asked);
+    const std::vector<double> pieces = PiecesOf(selection, walk);
+    result.statistics = Tally(selection, walk, job.asked, pieces, CodeAbove(job.graph, job.path));
+    result.total.counts = result.statistics.counts;
+    result.total.body = KnownTotal(walk, asked, result.total.counts);
+    if (top.outcome == Outcome::Taken) {
+        result.takenType = job.graph.Types()[top.claim->type].name;
+        result.centreFrom = LenderName(job.graph, top.centreLender);
+        result.inertiaFrom = LenderName(job.graph, top.inertiaLender);
+        if (top.below >= 0 && job.asked.kind != AskedRule::Kind::Alone) {
+            result.imposed = ImposedOn(job, walk, result.total.body);
+        }
+    }
+    StopIfCancelled(options);
+    if (options.uncertainty) {
+        result.uncertainty = Propagate(selection, walk, pieces, walk.Total(asked),
+                                       options.errorsApart ? Errors::Apart : Errors::AsStated);
+    }
+    if (options.contributors > 0) {
+        result.largestMasses = Contributors(selection, walk, pieces, options.errorsApart);
+        result.largestUncertainties = result.largestMasses;
+        KeepLargest(result.largestMasses, options.contributors, &Contributor::mass);
+        KeepLargest(result.largestUncertainties, options.contributors, &Contributor::sigmaMass);
+    }
+    result.fellBack = FallenBack(selection, walk, pieces);
+    if (options.definedPrecision) {
+        DefinePrecision(*options.definedPrecision, result);
+    }
+    StopIfCancelled(options);
+    if (options.validate) {
+        result.warnings = WarningsOf(selection, walk, pieces, result);
+        AddLostLines(job, result.warnings);
+    }
+    return result;
+}
+} // namespace
+
+ComputeResult Compute(const ProductGraph& graph, const AskedPath& path,
+                      const ComputeOptions& options)
+{
+    ComputeResult failed;
+    Job job{graph, path, options.filter, {}, {}};
+    if (options.asked == ComputeOptions::Asked::Root) {
+        job.path.uses.clear();
+    }
+    if (options.asked == ComputeOptions::Asked::Alone) {
+        job.filter = {};
+    }
+    failed.error = graph.Error();
+    if (failed.error.empty()) {
+        failed.error = RuleOf(graph, options, job.rule);
+    }
+    if (failed.error.empty()) {
+        failed.error = AskedRuleOf(graph, graph.NodeAt(job.path), options, job.asked);
+    }
+    if (!failed.error.empty()) {
+        return failed;
+    }
+    try {
+        StopIfCancelled(options);
+        return ResultOf(job, options);
+    } catch (const Cancelled&) {
+        failed.error = "The computation was cancelled.";
+        return failed;
+    }
+}
+} // namespace wb
