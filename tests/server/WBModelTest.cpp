@@ -277,3 +277,26 @@ TEST(WBProduct, RootsAreThePartsThatNobodyUses)
     EXPECT_THAT(product.Roots(), ElementsAre(2));
     EXPECT_THAT(product.UsesByParent()[2], ElementsAre(0, 1));
 }
+
+TEST(WBFacts, ForgottenTypedTextLeavesItsNeighbours)
+{
+    for (const auto& [name, rest] :
+         {std::pair{"mass", "cgx=2 in|x=3"}, std::pair{"cgx", "mass=1 kg|x=3"},
+          std::pair{"x", "mass=1 kg|cgx=2 in"}, std::pair{"cgy", "mass=1 kg|cgx=2 in|x=3"}}) {
+        std::string typed = "mass=1 kg|cgx=2 in|x=3";
+        ForgetTyped(typed, name);
+        EXPECT_EQ(typed, rest);
+    }
+    std::string alone = "mass=1 kg";
+    ForgetTyped(alone, "mass");
+    EXPECT_EQ(alone, "");
+}
+
+TEST(WBNumbers, ShortestFormReadsBackAsTheSameNumber)
+{
+    EXPECT_EQ(WriteShortest(0.1), "0.1");
+    EXPECT_EQ(WriteShortest(0.1 + 0.2), "0.30000000000000004"); // 15 digits would say 0.3
+    EXPECT_EQ(WriteShortest(-2.0), "-2");
+    EXPECT_EQ(WriteShortest(-0.0), "0");
+    EXPECT_EQ(ReadNumber(WriteShortest(1.0 / 3.0)), 1.0 / 3.0);
+}

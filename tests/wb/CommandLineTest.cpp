@@ -89,7 +89,9 @@ TEST_F(CommandLine, CheckOfFilesThatNeedEachOtherTellsWhatTheyDoTogether)
                         "rows: 1\n"
                         "parts: 0 new, 0 changed, 1 unchanged\n"
                         "uses: 0 new, 0 changed, 0 unchanged\n"
-                        "parts that nobody uses: BOLT B\n");
+                        "parts that nobody uses: BOLT B\n"
+                        "product BOLT B: before not there; after mass unknown, centre unknown "
+                        "(some items have no mass)\n");
     const Outcome alone = Run("import second.csv --into a.db --check");
     EXPECT_THAT(alone.out, HasSubstr("parts: 1 new"));
     EXPECT_FALSE(std::filesystem::exists(folder.At("a.db")));

@@ -134,6 +134,24 @@ TEST_F(Export, ReplaceRemovesUsesAndCheckOnlySaysSo)
     EXPECT_THAT(Run("export R --db a.db --out -").out, Not(HasSubstr("R,A,q")));
 }
 
+TEST_F(Export, CheckTellsMassAndCentreOfEveryProductBeforeAndAfter)
+{
+    Import("parent,instance,part,x [mm],y [mm],z [mm],mass_type,mass [kg],cgx [mm],cgy [mm],cgz "
+           "[mm]\n,,R,,,,,,,,\nR,p,P,100,0,0,Weighed,1,0,0,0\nR,q,Q,200,0,0,Weighed,2,0,0,0\n");
+    folder.Write("new.csv", "parent,instance,part,x [mm],y [mm],z [mm],mass_type,mass [kg]\n"
+                            "R,p,P,,,,Weighed,3\n,,O,,,,,\n");
+    // (1 x 100 + 2 x 200) / 3 = 166.667, then (3 x 100 + 2 x 200) / 5 = 140.
+    EXPECT_THAT(Run("import new.csv --into a.db --check").out,
+                HasSubstr("product O A: before not there; after mass unknown, centre unknown (some "
+                          "items have no mass)\n"
+                          "product R A: before 3 kg at 166.667, 0.000, 0.000 mm; after 5 kg at "
+                          "140.000, 0.000, 0.000 mm\n"));
+    ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into b.db").status, 0);
+    EXPECT_THAT(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into b.db --check").out,
+                HasSubstr("product LA1 A: before 381.35925 kg at 930.082, -3.070, -195.479 mm; "
+                          "after 381.35925 kg at 930.082, -3.070, -195.479 mm\n"));
+}
+
 TEST_F(Export, ReplaceIsRefusedForAnotherRootAndForSeveralFiles)
 {
     Import(kTwoUses);

@@ -1,11 +1,13 @@
 #include "Subcommands.h"
 
 #include "WBImport.h"
+#include "WBRootWeights.h"
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <system_error>
 
 namespace
@@ -46,6 +48,9 @@ Imported ImportAll(wb::Store& store, const ImportOptions& options)
 {
     const wb::ImportFileOptions how = OptionsOf(options);
     Imported imported;
+    // Only a check weighs: it is about what an import would mean.
+    using Weights = std::map<std::string, std::string>;
+    const Weights before = options.check ? wb::WeighRoots(store) : Weights();
     wb::StoreBatch batch(store);
     if (!options.massTypes.empty()) {
         imported.errors = wb::ImportMassTypes(store, options.massTypes, how.user);
@@ -64,6 +69,10 @@ Imported ImportAll(wb::Store& store, const ImportOptions& options)
     }
     if (imported.errors.empty()) {
         batch.Commit();
+    }
+    if (imported.errors.empty() && options.check) {
+        const auto weights = wb::CompareWeights(before, wb::WeighRoots(store));
+        imported.sentences.insert(imported.sentences.end(), weights.begin(), weights.end());
     }
     return imported;
 }

@@ -84,8 +84,7 @@ std::uint32_t TableDraft::SlotOf(Column column, const Unit* unit)
 
 void TableDraft::Put(std::uint32_t slot, std::string_view text, bool isNumber)
 {
-    m_cells.push_back({slot, static_cast<std::uint32_t>(m_text.size()),
-                       static_cast<std::uint32_t>(text.size()), isNumber});
+    m_cells.push_back({m_text.size(), static_cast<std::uint32_t>(text.size()), slot, isNumber});
     m_text += text;
     if (isNumber) {
         m_points += text.find('.') == std::string_view::npos ? 0U : 1U;

@@ -45,9 +45,9 @@ private:
     };
     struct Cell
     {
-        std::uint32_t slot;
-        std::uint32_t offset;
+        std::size_t offset;
         std::uint32_t length;
+        std::uint32_t slot;
         bool isNumber;
     };
 
