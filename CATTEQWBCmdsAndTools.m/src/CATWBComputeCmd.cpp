@@ -223,11 +223,9 @@ CATUnicodeString CATWBComputeCmd::ComputeRequest() const
         options.massType = line < 0 ? CATUnicodeString(CATENOWBCSCommonDefinitions::Computed)
                                     : m_controls->massTypes->Line(line);
     }
-    if (m_controls->checkUpToDate->IsChecked()) {
-        options.policy = WBUpdatePolicy::Check;
-    } else if (m_controls->forceUpdate->IsChecked()) {
+    if (m_controls->forceUpdate->IsChecked()) {
         options.policy = WBUpdatePolicy::Force;
-    } else {
+    } else if (!m_controls->checkUpToDate->IsChecked()) {
         options.policy = WBUpdatePolicy::Assume;
         options.level = m_controls->updateLevel->Text();
     }

@@ -176,6 +176,17 @@ TEST_F(ComputeAnswers, ChoosingThePointAfterAFailedAnswerShowsNothing)
     EXPECT_THAT(Texts(kInertiaEditors), Each(""));
 }
 
+TEST_F(ComputeAnswers, AnAnswerWithoutAMassCountsAsNoneWhereThePointIsChosen)
+{
+    Compute("|0|0|1000|0|0|2|3|4|0|0|0|0|0|");
+    Click("ReferenceButton");
+    EXPECT_THAT(Texts(kMassEditors), Each("0lb"));
+    EXPECT_EQ(Text("IxxEditor"), "2000000kg.mm2");
+    Forget("INERTIAMOMENT");
+    Click("CGButton");
+    EXPECT_EQ(Text("IxxEditor"), "2000000kg.mm2"); // no plain number: nothing was written
+}
+
 TEST_F(ComputeAnswers, ListsWithoutRowsKeepWhatTheyShow)
 {
     Compute(kAnswer);

@@ -84,7 +84,7 @@ TEST_F(ComputeOptions, TheReferencePointIsNotTheServersConcern)
     EXPECT_EQ(Asked(), "Active|0|1|");
 }
 
-TEST_F(ComputeOptions, RequestAndAnswerAreWrittenForDevelopers)
+TEST_F(ComputeOptions, RequestAndAnswerStandInTheDiagnostics)
 {
     Click("ComputeButton");
     EXPECT_THAT(output.Lines(),
