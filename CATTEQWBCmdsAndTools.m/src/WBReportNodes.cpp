@@ -1,28 +1,7 @@
 #include "WBReportNodes.h"
 
 #include "CATCkeGlobalFunctions.h"
-
-#include <array>
-
-namespace
-{
-
-struct HeaderRow
-{
-    const char* attribute;
-    const char* magnitude;
-};
-
-constexpr std::array kHeader{
-    HeaderRow{"LengthUnit", "LENGTH"},
-    HeaderRow{"MassUnit", "MASS"},
-    HeaderRow{"InertiaMomentUnit", "INERTIAMOMENT"},
-    HeaderRow{"DensityUnit", "DENSITY"},
-    HeaderRow{"SurfacicDensityUnit", "SURFACICMASS"},
-    HeaderRow{"VolumeUnit", "VOLUME"},
-};
-
-} // namespace
+#include "CATWBUnitHeader.h"
 
 bool IsElementNamed(const CATIDOMNode_var& node, const CATUnicodeString& name)
 {
@@ -48,7 +27,7 @@ void WriteUnitHeader(const CATIDOMDocument_var& document)
         return;
     }
     const CATICkeParmDictionary_var dictionary = CATCkeGlobalFunctions::GetParmDictionary();
-    for (const HeaderRow& row : kHeader) {
+    for (const CATWBUnitHeaderRow& row : kCATWBUnitHeader) {
         WriteUnitSymbol(*element, row.attribute, dictionary->FindMagnitude(row.magnitude));
     }
 }

@@ -2,6 +2,7 @@
 
 #include "CATCkeGlobalFunctions.h"
 #include "CATIDOMElement.h"
+#include "CATWBUnitHeader.h"
 
 #include <algorithm>
 #include <array>
@@ -10,22 +11,6 @@
 
 namespace
 {
-
-struct HeaderRow
-{
-    const char* attribute;
-    const char* magnitude;
-};
-
-// What a converted report says on its document element.
-constexpr std::array kHeader{
-    HeaderRow{"LengthUnit", "LENGTH"},
-    HeaderRow{"MassUnit", "MASS"},
-    HeaderRow{"InertiaMomentUnit", "INERTIAMOMENT"},
-    HeaderRow{"DensityUnit", "DENSITY"},
-    HeaderRow{"SurfacicDensityUnit", "SURFACICMASS"},
-    HeaderRow{"VolumeUnit", "VOLUME"},
-};
 
 // The first stands for the centres, which the reference point always moves.
 constexpr std::array kMovedMagnitudes{"LENGTH", "MASS", "INERTIAMOMENT"};
@@ -91,7 +76,7 @@ std::string UseUnit(const std::string& choice, CATListValCATUnicodeString& named
 std::string UnitsOfItsOwn()
 {
     std::string text;
-    for (const HeaderRow& row : kHeader) {
+    for (const CATWBUnitHeaderRow& row : kCATWBUnitHeader) {
         const CATICkeMagnitude_var magnitude = FindMagnitude(row.magnitude);
         if (magnitude.IsNull() ||
             SymbolOf(magnitude->CurrentUnit()) == SymbolOf(magnitude->StorageUnit())) {
@@ -105,7 +90,7 @@ std::string UnitsOfItsOwn()
 
 bool NamesNoUnits(const CATIDOMDocument_var& document)
 {
-    return std::ranges::none_of(kHeader, [&](const HeaderRow& row) {
+    return std::ranges::none_of(kCATWBUnitHeader, [&](const CATWBUnitHeaderRow& row) {
         CATUnicodeString said;
         return document->DocumentElement()->GetAttribute(row.attribute, said) == S_OK;
     });
@@ -165,7 +150,7 @@ std::vector<std::string> UnitWarnings(const CATIDOMDocument_var& document,
                            "takes its numbers as they stand: " +
                            unitsOfItsOwn);
     }
-    for (const HeaderRow& row : kHeader) {
+    for (const CATWBUnitHeaderRow& row : kCATWBUnitHeader) {
         CATUnicodeString said;
         const CATICkeMagnitude_var magnitude = FindMagnitude(row.magnitude);
         if (magnitude.IsNull() ||

@@ -3,8 +3,6 @@
 // A room that is free is out of bounds where the build looks for such mistakes.
 #include <sanitizer/asan_interface.h>
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
@@ -35,19 +33,6 @@ void* Allocate(std::size_t bytes)
     if (block == nullptr) {
         throw std::bad_alloc();
     }
-    return block;
-}
-
-// Memory in the system's large pages where it has them: a document of many megabytes is there with
-// a few requests instead of thousands. Where it has none, the memory is like any other.
-void* AllocateLargePages(std::size_t bytes)
-{
-    constexpr std::size_t kLargePage = std::size_t{1} << 21U;
-    void* block = std::aligned_alloc(kLargePage, bytes);
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    madvise(block, bytes, MADV_HUGEPAGE);
     return block;
 }
 
@@ -122,8 +107,7 @@ void DomArena::GiveBack(void* room, std::size_t bytes)
 void DomArena::AddChunk(std::size_t room)
 {
     const std::size_t size = std::max(m_nextChunk, sizeof(Chunk) + room);
-    auto* bytes =
-        static_cast<char*>(size == kLargestChunk ? AllocateLargePages(size) : Allocate(size));
+    auto* bytes = static_cast<char*>(Allocate(size));
     m_chunks = new (bytes) Chunk{m_chunks};
     m_at = bytes + sizeof(Chunk);
     m_end = bytes + size;

@@ -41,7 +41,7 @@ private:
     static constexpr std::size_t kMostInChunk = 16384;
     static constexpr std::size_t kClasses = 73;
     static constexpr std::size_t kFirstChunk = 4096;
-    static constexpr std::size_t kLargestChunk = std::size_t{1} << 22U;
+    static constexpr std::size_t kLargestChunk = std::size_t{1} << 20U;
 
     static std::size_t ClassOf(std::size_t room);
     void AddChunk(std::size_t room);
