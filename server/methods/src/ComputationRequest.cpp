@@ -22,19 +22,23 @@ std::int64_t Choice(Request& request, const char* field, std::int64_t most)
     return value;
 }
 
-/// What says where a part is used. The root stands nowhere, so clients send anything here.
-void ReadPastPlace(Request& request)
+/// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
+constexpr std::int64_t kDeepest = 10000;
+
+ComputationRequest::Place ReadPlace(Request& request)
 {
-    for (const char* field : {"has-instance", "instance", "part", "version"}) {
-        request.Any(field);
-    }
-    const std::int64_t count = request.Count("path count");
+    ComputationRequest::Place place;
+    place.hasInstance = request.Any("has-instance");
+    place.instance = request.Any("instance");
+    place.part = request.Any("part");
+    place.version = request.Any("version");
+    const std::int64_t count = Choice(request, "path count", kDeepest);
     for (std::int64_t i = 0; i < count; ++i) {
-        request.Any("path");
+        place.path.push_back(request.Any("path"));
     }
-    for (const char* field : {"density priority", "material"}) {
-        request.Any(field);
-    }
+    place.densityPriority = request.Any("density priority");
+    place.material = request.Any("material");
+    return place;
 }
 
 void ReadPrecision(Request& request, ComputeOptions& options)
@@ -61,12 +65,15 @@ ComputationRequest::Policy ReadPolicy(Request& request)
     return policy;
 }
 
-void ReadEntity(Request& request)
+ComputeOptions::Asked ReadEntity(Request& request)
 {
-    const std::int64_t entity = request.Count("entity");
-    if (entity != Common::Root) {
-        throw RequestError("The field entity of the request holds \"" + std::to_string(entity) +
-                           "\", expected 1, the root.");
+    switch (Choice(request, "entity", Common::PartAlone)) {
+    case Common::Root:
+        return ComputeOptions::Asked::Root;
+    case Common::PartAlone:
+        return ComputeOptions::Asked::Alone;
+    default:
+        return ComputeOptions::Asked::Node;
     }
 }
 
@@ -96,15 +103,25 @@ ComputationRequest ReadComputationRequest(std::string_view text)
 {
     Request request(text);
     ComputationRequest result;
-    result.options.asked = ComputeOptions::Asked::Root;
-    ReadPastPlace(request);
+    result.place = ReadPlace(request);
     ReadPrecision(request, result.options);
     result.policy = ReadPolicy(request);
-    ReadEntity(request);
+    result.options.asked = ReadEntity(request);
     result.root = request.Text("root");
     ReadFilterFields(request, result.options.filter);
     ReadDefinedPrecision(request, result.options);
     request.End();
     return result;
+}
+
+void CheckMassType(const ProductGraph& graph, const ComputeOptions& options)
+{
+    const bool isNamedType = options.precision == ComputeOptions::Precision::Specified &&
+                             options.massType != Common::Computed;
+    // A product that goes round in a circle has an error of its own, and no types.
+    if (graph.Error().empty() && isNamedType && graph.FindType(options.massType) < 0) {
+        throw RequestError("The field precision of the request names \"" + options.massType +
+                           "\", which is no mass type of the database.");
+    }
 }
 } // namespace wb

@@ -4,12 +4,26 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wb
 {
-/// What a client asks to be computed of a whole product.
+/// What a client asks to be computed of a whole product or of a part in it.
 struct ComputationRequest
 {
+    /// Where the asked part stands, as the client sent it. The root stands nowhere, so that clients
+    /// that ask for it send anything here.
+    struct Place
+    {
+        std::string_view hasInstance;
+        std::string_view instance;
+        std::string_view part;
+        std::string_view version;
+        std::vector<std::string_view> path; // leaf side first
+        std::string_view densityPriority;
+        std::string_view material;
+    };
+
     enum class Policy
     {
         Check = 0, // what is no longer up to date is computed
@@ -17,11 +31,16 @@ struct ComputationRequest
         Assume = 2 // what lies deeper than a level may be taken as stored
     };
 
+    Place place; // views of the request's text
     std::string root;
     Policy policy = Policy::Check;
     ComputeOptions options;
 };
 
-/// Throws RequestError with a sentence that names the wrong or missing field.
+/// Throws RequestError with a sentence that names the wrong or missing field. What the place says
+/// is not looked at; options.asked tells whether it matters.
 ComputationRequest ReadComputationRequest(std::string_view text);
+
+/// Throws RequestError where the precision names a mass type that is not there.
+void CheckMassType(const ProductGraph& graph, const ComputeOptions& options);
 } // namespace wb

@@ -47,6 +47,15 @@ std::string AnswerOf(const ComputeResult& result)
     return answer.Take();
 }
 
+void CheckIsRoot(ComputeOptions::Asked asked)
+{
+    if (asked != ComputeOptions::Asked::Root) {
+        const char* entity = asked == ComputeOptions::Asked::Node ? "0" : "2";
+        throw RequestError(std::string("The field entity of the request holds \"") + entity +
+                           "\", expected 1, the root.");
+    }
+}
+
 /// What a user reads behind an answer. Where nothing has a mass, the zeros are no result at all.
 std::string WarningsOf(const ComputeResult& result)
 {
@@ -74,8 +83,9 @@ const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy
 
 std::string Computations::ComputeValues(std::string_view text, const CallContext& context)
 {
-    m_warnings.erase(context.user);
+    ForgetWarnings(context.user);
     ComputationRequest request = ReadComputationRequest(text);
+    CheckIsRoot(request.options.asked);
     const auto root = m_store.FindRoot(request.root);
     if (!root) {
         throw RequestError("The field root of the request names \"" + request.root +
@@ -90,12 +100,7 @@ std::string Computations::ComputeValues(std::string_view text, const CallContext
     const ProductGraph& graph = GraphOf(root->id, request.policy);
     report(0.5, "summing up");
     ComputeOptions& options = request.options;
-    const bool isNamedType = options.precision == ComputeOptions::Precision::Specified &&
-                             options.massType != CATENOWBCSCommonDefinitions::Computed;
-    if (graph.Error().empty() && isNamedType && graph.FindType(options.massType) < 0) {
-        throw RequestError("The field precision of the request names \"" + options.massType +
-                           "\", which is no mass type of the database.");
-    }
+    CheckMassType(graph, options);
     options.cancelled = [&context] {
         return context.cancel != nullptr && *context.cancel;
     };
@@ -103,11 +108,17 @@ std::string Computations::ComputeValues(std::string_view text, const CallContext
     if (!result.error.empty()) {
         throw RequestError(result.error);
     }
+    KeepWarnings(context.user, result);
+    return AnswerOf(result);
+}
+
+void Computations::KeepWarnings(const std::string& user, const ComputeResult& result)
+{
+    ForgetWarnings(user);
     const std::string warnings = WarningsOf(result);
     if (!warnings.empty()) {
-        m_warnings[context.user] = warnings;
+        m_warnings[user] = warnings;
     }
-    return AnswerOf(result);
 }
 
 std::string Computations::TakeWarnings(const std::string& user)

@@ -26,6 +26,12 @@ public:
     std::string ComputeValues(std::string_view request, const CallContext& context);
     /// The warnings of the user's last computation, once.
     std::string TakeWarnings(const std::string& user);
+    /// What the user's computation had to say, in place of what the one before said.
+    void KeepWarnings(const std::string& user, const ComputeResult& result);
+    void ForgetWarnings(const std::string& user) { m_warnings.erase(user); }
+
+    /// The product below a root, in memory. Good until the next call.
+    const ProductGraph& GraphOf(RowId root, ComputationRequest::Policy policy);
 
 private:
     struct Resident
@@ -33,8 +39,6 @@ private:
         std::int64_t changeNumber = 0;
         std::unique_ptr<ProductGraph> graph;
     };
-
-    const ProductGraph& GraphOf(RowId root, ComputationRequest::Policy policy);
 
     const Store& m_store;
     std::unordered_map<RowId, Resident> m_residents;
