@@ -54,15 +54,12 @@ void ReadPrecision(Request& request, ComputeOptions& options)
     }
 }
 
-ComputationRequest::Policy ReadPolicy(Request& request)
+void ReadPolicy(Request& request, ComputationRequest& result)
 {
-    const auto policy =
-        static_cast<ComputationRequest::Policy>(Choice(request, "update policy", 2));
-    // Every figure is made from the values themselves, so nothing stale can enter below any level.
-    if (policy == ComputationRequest::Policy::Assume) {
-        request.Count("level");
+    result.policy = static_cast<ComputationRequest::Policy>(Choice(request, "update policy", 2));
+    if (result.policy == ComputationRequest::Policy::Assume) {
+        result.level = request.Count("level");
     }
-    return policy;
 }
 
 ComputeOptions::Asked ReadEntity(Request& request)
@@ -105,7 +102,7 @@ ComputationRequest ReadComputationRequest(std::string_view text)
     ComputationRequest result;
     result.place = ReadPlace(request);
     ReadPrecision(request, result.options);
-    result.policy = ReadPolicy(request);
+    ReadPolicy(request, result);
     result.options.asked = ReadEntity(request);
     result.root = request.Text("root");
     ReadFilterFields(request, result.options.filter);

@@ -2,6 +2,7 @@
 
 #include "WBCompute.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,8 @@ struct ComputationRequest
     Place place; // views of the request's text
     std::string root;
     Policy policy = Policy::Check;
+    /// Of Assume: how deep below the asked node, which is level 0, everything is computed.
+    std::int64_t level = 0;
     ComputeOptions options;
 };
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 namespace wb
 {
@@ -66,9 +67,35 @@ std::string WarningsOf(const ComputeResult& result)
     }
     return text;
 }
+
+void Report(const CallContext& context, double done, std::string_view what)
+{
+    if (context.progress) {
+        context.progress(done, what);
+    }
+}
+
+/// The product was read after the place was found, so the place may be gone.
+AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked)
+{
+    if (!graph.Error().empty()) {
+        return {};
+    }
+    std::vector<std::string> instances;
+    for (const UseLine& use : picked.uses) {
+        instances.push_back(use.instance);
+    }
+    auto path = graph.FindPath(0, instances);
+    if (!path) {
+        throw RequestError("The product has changed meanwhile: it no longer holds \"" +
+                           picked.uses.back().instance + "\" there.");
+    }
+    return std::move(*path);
+}
 } // namespace
 
-const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy policy)
+const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy policy,
+                                          const CallContext& context)
 {
     // Asked before the product is read: a change in between costs one more reading, later.
     const std::int64_t changeNumber = m_store.ChangeNumber(root);
@@ -77,37 +104,48 @@ const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy
         policy != ComputationRequest::Policy::Force) {
         return *found->second.graph;
     }
+    Report(context, 0.0, "reading the product");
     auto graph = std::make_unique<ProductGraph>(m_store.ReadProduct(root), m_store.MassTypes());
     return *(m_residents[root] = {changeNumber, std::move(graph)}).graph;
+}
+
+ComputeResult Computations::ComputeAt(const PickedPart& picked, const ComputationRequest& request,
+                                      const CallContext& context)
+{
+    const ProductGraph& graph = GraphOf(picked.root.id, request.policy, context);
+    Report(context, 0.5, "summing up");
+    CheckMassType(graph, request.options);
+    ComputeOptions options = request.options;
+    options.cancelled = [&context] {
+        return context.cancel != nullptr && *context.cancel;
+    };
+    ComputeResult result = Compute(graph, PathTo(graph, picked), options);
+    if (!result.error.empty()) {
+        throw RequestError(result.error);
+    }
+    return result;
+}
+
+KeptComputed Computations::ComputedBelow(const PickedPart& picked, const CallContext& context)
+{
+    ComputationRequest request;
+    request.options.derived = true;
+    request.options.validate = false;
+    ComputeResult result = ComputeAt(picked, request, context);
+    return {result.total, std::move(result.statistics), true};
 }
 
 std::string Computations::ComputeValues(std::string_view text, const CallContext& context)
 {
     ForgetWarnings(context.user);
-    ComputationRequest request = ReadComputationRequest(text);
+    const ComputationRequest request = ReadComputationRequest(text);
     CheckIsRoot(request.options.asked);
     const auto root = m_store.FindRoot(request.root);
     if (!root) {
         throw RequestError("The field root of the request names \"" + request.root +
                            "\", which is no product root of the database.");
     }
-    const auto report = [&](double done, std::string_view what) {
-        if (context.progress) {
-            context.progress(done, what);
-        }
-    };
-    report(0.0, "reading the product");
-    const ProductGraph& graph = GraphOf(root->id, request.policy);
-    report(0.5, "summing up");
-    ComputeOptions& options = request.options;
-    CheckMassType(graph, options);
-    options.cancelled = [&context] {
-        return context.cancel != nullptr && *context.cancel;
-    };
-    const ComputeResult result = Compute(graph, {0, {}}, options);
-    if (!result.error.empty()) {
-        throw RequestError(result.error);
-    }
+    const ComputeResult result = ComputeAt({*root, {}, {}}, request, context);
     KeepWarnings(context.user, result);
     return AnswerOf(result);
 }

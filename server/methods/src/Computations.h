@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ComputationRequest.h"
+#include "PickedPart.h"
 #include "WBProductGraph.h"
 #include "WBServer.h"
 #include "WBStore.h"
@@ -13,13 +14,22 @@
 
 namespace wb
 {
+/// What this program derived of an assembly: the sum of what stands below it by its active values,
+/// nothing left out, whatever the assembly says of itself.
+struct KeptComputed
+{
+    Total total; // in the axes of the part
+    Statistics statistics;
+    bool upToDate = true; // nothing that it was summed up from has changed since
+};
+
 /// Computes products and keeps them in memory: reading one takes far longer than summing it up. A
 /// product is read again when its change number has risen, or when that is forced.
 class Computations
 {
 public:
     /// Borrows the store.
-    explicit Computations(const Store& store) : m_store(store) {}
+    explicit Computations(Store& store) : m_store(store) {}
 
     /// The method of the same name. Wrong input throws RequestError, a failing database StoreError.
     /// Whatever comes of it, the warnings of the user's computation before are forgotten.
@@ -30,8 +40,19 @@ public:
     void KeepWarnings(const std::string& user, const ComputeResult& result);
     void ForgetWarnings(const std::string& user) { m_warnings.erase(user); }
 
-    /// The product below a root, in memory. Good until the next call.
-    const ProductGraph& GraphOf(RowId root, ComputationRequest::Policy policy);
+    // For all methods that compute. A call that the context cancels throws RequestError.
+
+    /// The product below a root, or below any other part, in memory; the part is number 0 there.
+    /// Good until the next call.
+    const ProductGraph& GraphOf(RowId root, ComputationRequest::Policy policy,
+                                const CallContext& context);
+    /// Computes a place of a product by the request's policy, level and options; the request's
+    /// place and root are not looked at. What cannot be computed throws RequestError, so the
+    /// result's error is empty.
+    ComputeResult ComputeAt(const PickedPart& picked, const ComputationRequest& request,
+                            const CallContext& context);
+    /// Of an assembly: what was made last; where nothing was made yet, it is made now.
+    KeptComputed ComputedBelow(const PickedPart& picked, const CallContext& context);
 
 private:
     struct Resident
@@ -40,7 +61,7 @@ private:
         std::unique_ptr<ProductGraph> graph;
     };
 
-    const Store& m_store;
+    Store& m_store;
     std::unordered_map<RowId, Resident> m_residents;
     std::unordered_map<std::string, std::string> m_warnings; // by user
 };

@@ -2,7 +2,7 @@
 
 namespace wb
 {
-WalkResult Walk(const Store& store, std::string_view root,
+WalkResult WalkTo(const Store& store, std::string_view root,
                 const std::vector<std::string_view>& instances)
 {
     WalkResult result;
@@ -11,6 +11,7 @@ WalkResult Walk(const Store& store, std::string_view root,
         result.missing = root;
         return result;
     }
+    result.hasRoot = true;
     PickedPart picked{*start, {}, {}};
     for (const std::string_view instance : instances) {
         auto use = store.FindUse(picked.Part().id, instance);
@@ -20,6 +21,7 @@ WalkResult Walk(const Store& store, std::string_view root,
         }
         picked.placement = picked.placement * use->placement;
         picked.uses.push_back(std::move(*use));
+        ++result.found;
     }
     result.picked = std::move(picked);
     return result;

@@ -25,11 +25,13 @@ struct PickedPart
 struct WalkResult
 {
     std::optional<PickedPart> picked;
-    std::string missing; // the name that was not found
+    std::string missing;   // the name that was not found
+    bool hasRoot = false;  // the root was found
+    std::size_t found = 0; // so many instance names were found
 };
 
 /// Walks from the root of that identifier along the instance names, root side first.
-WalkResult Walk(const Store& store, std::string_view root,
+WalkResult WalkTo(const Store& store, std::string_view root,
                 const std::vector<std::string_view>& instances);
 
 /// Instance names from the parent of the picked part up to just below the root.
