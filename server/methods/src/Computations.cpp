@@ -75,11 +75,12 @@ void Report(const CallContext& context, double done, std::string_view what)
     }
 }
 
-/// The product was read after the place was found, so the place may be gone.
+} // namespace
+
 AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked)
 {
     if (!graph.Error().empty()) {
-        return {};
+        throw RequestError(graph.Error());
     }
     std::vector<std::string> instances;
     for (const UseLine& use : picked.uses) {
@@ -92,7 +93,6 @@ AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked)
     }
     return std::move(*path);
 }
-} // namespace
 
 const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy policy,
                                           const CallContext& context)

@@ -23,6 +23,10 @@ struct KeptComputed
     bool upToDate = true; // nothing that it was summed up from has changed since
 };
 
+/// The way to a place in a product that is in memory. Throws RequestError where the product has
+/// changed since the place was found, or goes round in a circle.
+AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked);
+
 /// Computes products and keeps them in memory: reading one takes far longer than summing it up. A
 /// product is read again when its change number has risen, or when that is forced.
 class Computations

@@ -10,13 +10,6 @@ namespace
 {
 using Common = CATENOWBCSCommonDefinitions;
 
-/// Streams write dates with the delimiter that all clients read.
-std::string WireDate(std::string date)
-{
-    std::ranges::replace(date, '-', Common::dateYMDFieldDelimiter1[0]);
-    return date;
-}
-
 void AddDocuments(AnswerText& answer, const Part& part)
 {
     const auto find = [&](auto member) {
@@ -198,15 +191,15 @@ void AddProperties(AnswerText& answer, const Node& node)
 }
 } // namespace
 
-std::string GetInitialValues(const Store& store, std::string_view text, const CallContext&)
+std::string GetInitialValues(const MethodCall& call, std::string_view text)
 {
     Request request(text);
     const bool hasInstance = request.Flag("has-instance");
     // Clients end the flag with its own separator; the empty field tells their requests from
     // others.
     request.Empty("2");
-    const PickedPart picked = FindPicked(store, request);
-    const Node node = ReadNode(store, picked);
+    const PickedPart picked = FindPicked(call.store, request);
+    const Node node = ReadNode(call.store, picked);
 
     AnswerText answer;
     AddDocuments(answer, node.part);

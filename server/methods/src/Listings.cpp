@@ -29,9 +29,9 @@ void AppendElement(std::string& xml, const char* tag, std::string_view name)
 }
 } // namespace
 
-std::string ListRoots(const Store& store, std::string_view, const CallContext&)
+std::string ListRoots(const MethodCall& call, std::string_view)
 {
-    const auto roots = store.Roots();
+    const auto roots = call.store.Roots();
     AnswerText answer;
     answer.Add(roots.size());
     for (const PartLine& root : roots) {
@@ -40,19 +40,19 @@ std::string ListRoots(const Store& store, std::string_view, const CallContext&)
     return answer.Take();
 }
 
-std::string ListUses(const Store& store, std::string_view text, const CallContext&)
+std::string ListUses(const MethodCall& call, std::string_view text)
 {
     Request request(text);
     const std::string_view identifier = request.Text("part");
     const std::string_view version = request.Text("version");
     request.End();
-    const auto part = store.FindPart(identifier, version);
+    const auto part = call.store.FindPart(identifier, version);
     if (!part) {
         throw RequestError("The field part of the request names \"" + std::string(identifier) +
                            "\" in version \"" + std::string(version) +
                            "\", which the database does not hold.");
     }
-    const auto uses = store.UsesOf(part->id);
+    const auto uses = call.store.UsesOf(part->id);
     AnswerText answer;
     answer.Add(uses.size());
     for (const UseLine& use : uses) {
@@ -70,9 +70,9 @@ std::string ListUses(const Store& store, std::string_view text, const CallContex
     return answer.Take();
 }
 
-std::string ListMassTypes(const Store& store, std::string_view, const CallContext&)
+std::string ListMassTypes(const MethodCall& call, std::string_view)
 {
-    const auto types = store.MassTypes();
+    const auto types = call.store.MassTypes();
     AnswerText answer;
     answer.Add(types.size());
     for (const MassType& type : types) {
@@ -87,17 +87,17 @@ std::string ListMassTypes(const Store& store, std::string_view, const CallContex
     return answer.Take();
 }
 
-std::string GetMassTypesAndAttrNames(const Store& store, std::string_view, const CallContext&)
+std::string GetMassTypesAndAttrNames(const MethodCall& call, std::string_view)
 {
     std::string xml = "<massTypesAndAttrNames>";
     AppendElement(xml, "massType", CATENOWBCSCommonDefinitions::Computed);
     // A goal is a wish: nobody asks what a product weighs by it.
-    for (const MassType& type : store.MassTypes()) {
+    for (const MassType& type : call.store.MassTypes()) {
         if (type.kind == MassType::Kind::Claim) {
             AppendElement(xml, "massType", type.name);
         }
     }
-    for (const std::string& name : store.PropertyNames()) {
+    for (const std::string& name : call.store.PropertyNames()) {
         AppendElement(xml, "attrName", name);
     }
     return xml + "</massTypesAndAttrNames>";

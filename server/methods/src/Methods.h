@@ -10,16 +10,25 @@
 
 namespace wb
 {
+class Computations;
+
+/// What a method works with.
+struct MethodCall
+{
+    const Store& store;
+    Computations& computations;
+    const CallContext& context;
+};
+
 /// One method each; wrong input throws RequestError, a failing database StoreError.
-std::string GetInitialValues(const Store& store, std::string_view request,
-                             const CallContext& context);
-std::string GetValueDetails(const Store& store, std::string_view request,
-                            const CallContext& context);
-std::string ListRoots(const Store& store, std::string_view request, const CallContext& context);
-std::string ListUses(const Store& store, std::string_view request, const CallContext& context);
-std::string ListMassTypes(const Store& store, std::string_view request, const CallContext& context);
-std::string GetMassTypesAndAttrNames(const Store& store, std::string_view request,
-                                     const CallContext& context);
+std::string GetInitialValues(const MethodCall& call, std::string_view request);
+std::string GetValueDetails(const MethodCall& call, std::string_view request);
+std::string ComputePart(const MethodCall& call, std::string_view request);
+std::string ComputeValues(const MethodCall& call, std::string_view request);
+std::string ListRoots(const MethodCall& call, std::string_view request);
+std::string ListUses(const MethodCall& call, std::string_view request);
+std::string ListMassTypes(const MethodCall& call, std::string_view request);
+std::string GetMassTypesAndAttrNames(const MethodCall& call, std::string_view request);
 
 /// The records of an object-service call; nothing for an input that cannot be read.
 std::optional<std::string> ObjectIdentifiers(const Store& store,

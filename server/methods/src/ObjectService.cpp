@@ -68,7 +68,7 @@ std::optional<std::string> ObjectIdentifiers(const Store& store,
             continue;
         }
         path.erase(path.begin());
-        const WalkResult walk = Walk(store, expected->root, path);
+        const WalkResult walk = WalkTo(store, expected->root, path);
         if (!walk.picked || !Matches(*expected, *walk.picked)) {
             continue;
         }

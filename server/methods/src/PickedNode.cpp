@@ -37,35 +37,44 @@ ValueSet Node::CompleteSet(std::string_view massType) const
     return ofPart == nullptr ? ValueSet() : WithMass(*ofPart, densities);
 }
 
+PickedPart FindPicked(const Store& store, const PlaceFields& place)
+{
+    std::vector<std::string_view> instances(place.path.rbegin(), place.path.rend());
+    const bool isRoot = place.instance.empty() || place.instance == "__null__";
+    if (!isRoot || !instances.empty()) {
+        instances.push_back(place.instance);
+    }
+    WalkResult walk = WalkTo(store, place.root, instances);
+    if (!walk.picked) {
+        const char* field = !walk.hasRoot                       ? "root"
+                            : walk.found + 1 < instances.size() ? "path"
+                                                                : "instance";
+        throw RequestError(std::string("The field ") + field + " of the request names \"" +
+                           walk.missing + "\", which the database does not hold there.");
+    }
+    const PartLine& part = walk.picked->Part();
+    CheckName("part", place.part, part.identifier);
+    CheckName("version", place.version, part.version);
+    return std::move(*walk.picked);
+}
+
 PickedPart FindPicked(const Store& store, Request& request)
 {
-    const std::string_view root = request.Text("root");
-    const std::string_view instance = request.Text("instance");
-    const std::string_view identifier = request.Text("part");
-    const std::string_view version = request.Text("version");
+    PlaceFields place;
+    place.root = request.Text("root");
+    place.instance = request.Text("instance");
+    place.part = request.Text("part");
+    place.version = request.Text("version");
     const std::int64_t count = request.Count("path count");
     if (count > kDeepest) {
         throw RequestError("The field path count of the request holds " + std::to_string(count) +
                            ", expected at most " + std::to_string(kDeepest) + ".");
     }
-    std::vector<std::string_view> instances; // leaf side first, as requests carry them
     for (std::int64_t i = 0; i < count; ++i) {
-        instances.push_back(request.Text("path"));
+        place.path.push_back(request.Text("path"));
     }
     request.End();
-    std::ranges::reverse(instances);
-    instances.push_back(instance);
-
-    WalkResult walk = Walk(store, root, instances);
-    if (!walk.picked) {
-        throw RequestError(std::string("The field ") + (walk.missing == root ? "root" : "path") +
-                           " of the request names \"" + walk.missing +
-                           "\", which the database does not hold there.");
-    }
-    const PartLine& part = walk.picked->Part();
-    CheckName("part", identifier, part.identifier);
-    CheckName("version", version, part.version);
-    return std::move(*walk.picked);
+    return FindPicked(store, place);
 }
 
 Node ReadNode(const Store& store, const PickedPart& picked)
@@ -73,7 +82,7 @@ Node ReadNode(const Store& store, const PickedPart& picked)
     Node node{store,
               picked,
               store.ReadPart(picked.Part().id).part,
-              store.ReadUse(picked.uses.back().id).use,
+              picked.uses.empty() ? Use() : store.ReadUse(picked.uses.back().id).use,
               store.MassTypes(),
               {},
               {}};

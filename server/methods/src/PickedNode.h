@@ -30,10 +30,23 @@ struct Node
     ValueSet CompleteSet(std::string_view massType) const;
 };
 
+/// A place in a product as a client names it.
+struct PlaceFields
+{
+    std::string_view root;
+    std::string_view instance; // empty or "__null__", with an empty path: the root itself
+    std::string_view part;
+    std::string_view version;
+    std::vector<std::string_view> path; // instances above, leaf side first
+};
+
+/// Walks there. Throws RequestError when the fields lead nowhere or to another part than they name.
+PickedPart FindPicked(const Store& store, const PlaceFields& place);
+
 /// Reads the rest of a request (root, instance, part, version, count, that many instance names from
-/// the parent of the instance up to just below the root) and walks there. Throws RequestError when
-/// the fields lead nowhere or to another part than they name.
+/// the parent of the instance up to just below the root) and walks there.
 PickedPart FindPicked(const Store& store, Request& request);
 
+/// A root has no use, so that nothing is stated about one.
 Node ReadNode(const Store& store, const PickedPart& picked);
 } // namespace wb

@@ -3,7 +3,7 @@
 namespace wb
 {
 WalkResult WalkTo(const Store& store, std::string_view root,
-                const std::vector<std::string_view>& instances)
+                  const std::vector<std::string_view>& instances)
 {
     WalkResult result;
     const auto start = store.FindRoot(root);

@@ -32,7 +32,7 @@ struct WalkResult
 
 /// Walks from the root of that identifier along the instance names, root side first.
 WalkResult WalkTo(const Store& store, std::string_view root,
-                const std::vector<std::string_view>& instances);
+                  const std::vector<std::string_view>& instances);
 
 /// Instance names from the parent of the picked part up to just below the root.
 std::vector<std::string> LeafSidePath(const PickedPart& picked);

@@ -1,6 +1,11 @@
 #include "Request.h"
 
 #include "WBNumbers.h"
+#include "WBProduct.h"
+
+#include "CATENOWBCSCommonDefinitions.h"
+
+#include <algorithm>
 
 namespace wb
 {
@@ -75,6 +80,12 @@ void Request::End()
     }
 }
 
+std::string WireDate(std::string date)
+{
+    std::ranges::replace(date, '-', CATENOWBCSCommonDefinitions::dateYMDFieldDelimiter1[0]);
+    return date;
+}
+
 AnswerText& AnswerText::Add(std::string_view text)
 {
     m_text.append(text.empty() ? std::string_view("__null__") : text).append(1, '|');
@@ -86,6 +97,11 @@ AnswerText& AnswerText::Add(double number)
     AppendNumber(m_text, number);
     m_text += '|';
     return *this;
+}
+
+AnswerText& AnswerText::AddFigure(double number)
+{
+    return IsKnown(number) ? Add(number) : Add("");
 }
 
 AnswerText& AnswerText::Add(std::int64_t number)

@@ -44,6 +44,9 @@ private:
     bool m_atEnd;
 };
 
+/// A date as streams write it: with the delimiter that all clients read.
+std::string WireDate(std::string date);
+
 /// Builds an answer, each field followed by "|".
 class AnswerText
 {
@@ -52,6 +55,8 @@ public:
     AnswerText& Add(const std::string& text) { return Add(std::string_view(text)); }
     AnswerText& Add(const char* text) { return Add(std::string_view(text)); }
     AnswerText& Add(double number); // an unknown number travels as 0
+    /// A number that travels as "__null__" where it is unknown.
+    AnswerText& AddFigure(double number);
     AnswerText& Add(std::int64_t number);
     AnswerText& Add(std::size_t number) { return Add(static_cast<std::int64_t>(number)); }
     AnswerText& Add(int number) { return Add(std::int64_t{number}); }

@@ -16,11 +16,13 @@ namespace
 struct MethodRow
 {
     const char* name;
-    std::string (*answer)(const Store&, std::string_view, const CallContext&);
+    std::string (*answer)(const MethodCall&, std::string_view);
 };
 
 constexpr std::array kMethods{MethodRow{"WBCompPartGetInitialValues", GetInitialValues},
+                              MethodRow{"WBCompPartCompute", ComputePart},
                               MethodRow{"WBGetValueDetails", GetValueDetails},
+                              MethodRow{"WBComputeVPMValues", ComputeValues},
                               MethodRow{"WBListRoots", ListRoots},
                               MethodRow{"WBListUses", ListUses},
                               MethodRow{"WBListMassTypes", ListMassTypes},
@@ -41,22 +43,21 @@ std::string Server::Call(std::string_view method, std::string_view request,
                          const CallContext& context)
 {
     const std::lock_guard lock(m_mutex);
-    // Asked after every computation, also one that failed: an error here would hide the one there.
+    // Asked after every computation, also one that failed or was cancelled: an error here would
+    // hide the one there.
     if (method == "WBWarningMsg") {
         return m_computations->TakeWarnings(context.user);
     }
-    const bool isComputation = method == "WBComputeVPMValues";
     const auto row = std::ranges::find_if(
         kMethods, [&](const MethodRow& candidate) { return candidate.name == method; });
-    if (row == kMethods.end() && !isComputation) {
+    if (row == kMethods.end()) {
         return ErrorAnswer("The server has no method \"" + std::string(method) + "\".");
     }
     if (context.cancel != nullptr && *context.cancel) {
         return ErrorAnswer("The call was cancelled.");
     }
     try {
-        return isComputation ? m_computations->ComputeValues(request, context)
-                             : row->answer(m_store, request, context);
+        return row->answer({m_store, *m_computations, context}, request);
     } catch (const std::exception& error) {
         return ErrorAnswer(error.what());
     }

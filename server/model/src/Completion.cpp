@@ -35,6 +35,15 @@ void AskLenders(const Claim& claim, std::span<const Claim> claims, const Body* b
 }
 } // namespace
 
+std::string LenderName(std::int16_t lender, const std::vector<MassType>& types)
+{
+    if (lender == kNobody) {
+        return {};
+    }
+    return lender == kSumBelow ? CATENOWBCSCommonDefinitions::Computed
+                               : types[static_cast<std::size_t>(lender)].name;
+}
+
 int CalculatedOrder(const std::vector<MassType>& types)
 {
     constexpr std::string_view kCalculated = "Calculated";

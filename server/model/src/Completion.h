@@ -3,6 +3,7 @@
 #include "Walk.h"
 
 #include <span>
+#include <string>
 
 namespace wb
 {
@@ -20,6 +21,9 @@ struct Completed
 /// stay.
 Completed Complete(const Claim& claim, std::span<const Claim> claims, const Body* below,
                    const std::vector<MassType>& types);
+
+/// A mass type, "Computed" for the sum of what is below, or nothing.
+std::string LenderName(std::int16_t lender, const std::vector<MassType>& types);
 
 /// The order above which an assembly's own claim goes before the sum of what is below.
 int CalculatedOrder(const std::vector<MassType>& types);

@@ -1,5 +1,6 @@
 #include "WBCompute.h"
 
+#include "Completion.h"
 #include "Propagation.h"
 #include "Selection.h"
 #include "Tally.h"
@@ -85,15 +86,6 @@ std::int32_t CodeAbove(const ProductGraph& graph, const AskedPath& path)
         above = graph.UseAt(use).node;
     }
     return code;
-}
-
-std::string LenderName(const ProductGraph& graph, std::int16_t lender)
-{
-    if (lender == kNobody) {
-        return {};
-    }
-    return lender == kSumBelow ? std::string(Common::Computed)
-                               : graph.Types()[static_cast<std::size_t>(lender)].name;
 }
 
 /// The walk's total, with what nobody knows as unknown: nothing has a mass, or the asked node's own
@@ -232,8 +224,8 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
     result.total.body = KnownTotal(walk, asked, result.total.counts);
     if (top.outcome == Outcome::Taken) {
         result.takenType = job.graph.Types()[top.claim->type].name;
-        result.centreFrom = LenderName(job.graph, top.centreLender);
-        result.inertiaFrom = LenderName(job.graph, top.inertiaLender);
+        result.centreFrom = LenderName(top.centreLender, job.graph.Types());
+        result.inertiaFrom = LenderName(top.inertiaLender, job.graph.Types());
         if (top.below >= 0 && job.asked.kind != AskedRule::Kind::Alone) {
             result.imposed = ImposedOn(job, walk, result.total.body);
         }
