@@ -29,21 +29,6 @@ QString TooltipOf(QWidget* widget)
     return QToolTip::text();
 }
 
-/// How much brighter one colour is than the other, as reading guidelines count it.
-double Contrast(const QColor& a, const QColor& b)
-{
-    const auto luminance = [](const QColor& colour) {
-        const auto linear = [](double part) {
-            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-               0.0722 * linear(colour.blueF());
-    };
-    const double brighter = std::max(luminance(a), luminance(b));
-    const double darker = std::min(luminance(a), luminance(b));
-    return (brighter + 0.05) / (darker + 0.05);
-}
-
 TEST_F(CATDlgControlsTest, FrameHasATitledBorderOnlyByItsStyle)
 {
     struct Case
@@ -147,6 +132,38 @@ TEST_F(CATDlgControlsTest, RolesColourTheTextReadablyAndCarryASign)
     label->SetRole(Role::Plain);
     EXPECT_EQ(label->Widget()->palette().color(QPalette::WindowText), usual);
     EXPECT_EQ(label->Widget()->contentsMargins().left(), 0);
+}
+
+TEST_F(CATDlgControlsTest, MarkedLabelHasASignAndAColourOfItsOwnAndKeepsItsSize)
+{
+    auto* label = new CATDlgLabel(&m_window, "Label");
+    label->SetRole(CATDlgLabel::Role::Heading);
+    label->SetTitle("12.5 kg");
+    QWidget& widget = *label->Widget();
+    const QColor usual = widget.palette().color(QPalette::WindowText);
+    label->SetMark(true);
+    EXPECT_NE(widget.palette().color(QPalette::WindowText), usual);
+    EXPECT_GE(Contrast(widget.palette().color(QPalette::WindowText),
+                       QApplication::palette().color(QPalette::Window)),
+              4.5);
+    EXPECT_GT(widget.contentsMargins().left(), 0);
+    EXPECT_EQ(widget.accessibleDescription(), "changed");
+    EXPECT_GT(widget.font().pointSizeF(), QApplication::font().pointSizeF());
+    EXPECT_EQ(label->Title(), "12.5 kg"); // the sign is no text
+    label->SetMark(false);
+    EXPECT_EQ(widget.palette().color(QPalette::WindowText), usual);
+    EXPECT_EQ(widget.contentsMargins().left(), 0);
+    EXPECT_EQ(widget.accessibleDescription(), "");
+}
+
+TEST_F(CATDlgControlsTest, MarkStaysWhenTheRoleChangesAndLeavesItThen)
+{
+    auto* label = new CATDlgLabel(&m_window, "Label");
+    label->SetMark(true);
+    label->SetRole(CATDlgLabel::Role::Good);
+    EXPECT_EQ(label->Widget()->accessibleDescription(), "changed");
+    label->SetMark(false);
+    EXPECT_EQ(label->Widget()->accessibleDescription(), "good");
 }
 
 TEST_F(CATDlgControlsTest, HeadingIsLargerAndHeavier)

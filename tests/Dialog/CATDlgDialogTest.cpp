@@ -82,6 +82,46 @@ TEST_F(CATDlgDialogTest, EnterInAnEditorPressesNoButton)
     EXPECT_EQ(pressed.size(), 1U);
 }
 
+TEST_F(CATDlgDialogTest, EnterPressesTheDefaultButtonFromWhereverNoButtonIs)
+{
+    auto* editor = new CATDlgEditor(&m_window, "Editor");
+    auto* radio = new CATDlgRadioButton(&m_window, "Radio");
+    auto* button = new CATDlgPushButton(&m_window, "Button");
+    auto* other = new CATDlgPushButton(&m_window, "Other");
+    button->SetDefault();
+    const auto& pressed = Notes(*button, CATDlgPushButton::Activated);
+    const auto& otherPressed = Notes(*other, CATDlgPushButton::Activated);
+    Show();
+    for (const CATDialog* control :
+         {static_cast<CATDialog*>(editor), static_cast<CATDialog*>(radio)}) {
+        control->Widget()->setFocus();
+        QTest::keyClick(control->Widget(), Qt::Key_Return);
+    }
+    EXPECT_EQ(pressed.size(), 2U);
+    EXPECT_FALSE(radio->IsChecked());
+    button->Widget()->setFocus();
+    QTest::keyClick(button->Widget(), Qt::Key_Enter);
+    EXPECT_EQ(pressed.size(), 3U);
+    EXPECT_TRUE(otherPressed.empty());
+    other->Widget()->setFocus();
+    QTest::keyClick(other->Widget(), Qt::Key_Return);
+    EXPECT_EQ(otherPressed.size(), 1U);
+    EXPECT_EQ(pressed.size(), 3U);
+}
+
+TEST_F(CATDlgDialogTest, EnterDoesNotPressADefaultButtonThatIsGreyed)
+{
+    auto* editor = new CATDlgEditor(&m_window, "Editor");
+    auto* button = new CATDlgPushButton(&m_window, "Button");
+    button->SetDefault();
+    button->SetSensitivity(false);
+    const auto& pressed = Notes(*button, CATDlgPushButton::Activated);
+    Show();
+    editor->Widget()->setFocus();
+    QTest::keyClick(editor->Widget(), Qt::Key_Return);
+    EXPECT_TRUE(pressed.empty());
+}
+
 TEST_F(CATDlgDialogTest, CloseButtonStandsOnlyWhereTheStyleHasIt)
 {
     EXPECT_EQ(Child<QPushButton>(m_window, "StandardCloseButton"), nullptr);
@@ -173,6 +213,16 @@ TEST_F(CATDlgDialogTest, UserBeginsInAControlAndNotInATextToCopy)
     editor->SetPlacement(1, 0);
     Show();
     EXPECT_EQ(m_window.Widget()->focusWidget(), editor->Widget());
+}
+
+TEST_F(CATDlgDialogTest, UserBeginsAtTheDefaultButton)
+{
+    (new CATDlgEditor(&m_window, "Editor"))->SetPlacement(0, 0);
+    auto* button = new CATDlgPushButton(&m_window, "Button");
+    button->SetPlacement(1, 0);
+    button->SetDefault();
+    Show();
+    EXPECT_EQ(m_window.Widget()->focusWidget(), button->Widget());
 }
 
 TEST_F(CATDlgDialogTest, BringToFrontShows)

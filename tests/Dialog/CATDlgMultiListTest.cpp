@@ -247,6 +247,86 @@ TEST_F(CATDlgMultiListTest, EmphasisedRowIsBoldAlsoWhereSortingPutsIt)
     EXPECT_FALSE(isBold(1));
 }
 
+TEST_F(CATDlgMultiListTest, MarkedCellIsBoldAlsoWhereSortingPutsIt)
+{
+    Fill({{"b", "2kg"}, {"a", "1kg"}});
+    m_list.SetCellMark(1, 1, true);
+    m_list.SetCellMark(1, 9, true); // there are no such cells
+    m_list.SetCellMark(1, 0, true);
+    m_list.SetCellMark(2, 2, true);
+    m_list.SetCellMark(-1, 2, true);
+    const auto isBold = [this](int row, int column) {
+        return View().model()->index(row, column).data(Qt::FontRole).value<QFont>().bold();
+    };
+    EXPECT_TRUE(isBold(0, 1));
+    EXPECT_FALSE(isBold(0, 0));
+    EXPECT_FALSE(isBold(1, 1));
+    Show();
+    ClickTitle(1);
+    EXPECT_TRUE(isBold(1, 1));
+    m_list.SetCellMark(1, 1, false);
+    EXPECT_FALSE(isBold(1, 1));
+}
+
+TEST_F(CATDlgMultiListTest, MarkIsAColourAndACornerWhichStandsOutAloneToo)
+{
+    Fill({{"wheel", "2kg"}, {"spat", "1kg"}});
+    Show();
+    const auto picture = [this](int row) {
+        const QRect cell = View().visualRect(View().model()->index(row, 1));
+        return View().viewport()->grab(cell).toImage();
+    };
+    const auto corner = [&](int row) {
+        const QImage cell = picture(row);
+        return cell.pixelColor(cell.width() - 2, 1);
+    };
+    const QColor without = corner(1);
+    m_list.SetCellMark(1, 2, true);
+    Settle();
+    EXPECT_GE(Contrast(corner(1), QApplication::palette().color(QPalette::AlternateBase)), 4.5);
+    EXPECT_NE(corner(1), without);
+    ClickCell(1, 1); // white on the selection's colour
+    EXPECT_EQ(corner(1), QApplication::palette().color(QPalette::HighlightedText));
+}
+
+TEST_F(CATDlgMultiListTest, MarkIsNotCopied)
+{
+    Fill({{"wheel", "2kg"}});
+    m_list.SetCellMark(0, 1, true);
+    Show();
+    ClickCell(0, 0);
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().trimmed(), "wheel");
+}
+
+TEST_F(CATDlgMultiListTest, MarkedTextFitsItsColumn)
+{
+    const QString text = QString(30, QLatin1Char('8')); // beyond its title's width
+    Fill({{text.toUtf8().constData(), "2kg"}});
+    m_list.SetCellMark(0, 1, true);
+    Show();
+    QFont bold = View().font();
+    bold.setBold(true);
+    EXPECT_GE(View().columnWidth(0), QFontMetrics(bold).horizontalAdvance(text) + 12);
+}
+
+TEST_F(CATDlgMultiListTest, OtherRowsAreNotMarked)
+{
+    Fill({{"wheel", "2kg"}});
+    m_list.SetCellMark(0, 1, true);
+    m_list.SetRows({{"spat", "1kg"}});
+    Settle();
+    EXPECT_FALSE(View().model()->index(0, 0).data(Qt::FontRole).isValid());
+}
+
+TEST_F(CATDlgMultiListTest, CellsTooltipIsHeardToo)
+{
+    Fill({{"wheel", "2kg"}});
+    m_list.SetCellTooltip(1, 1, "before: 1 kg");
+    EXPECT_EQ(View().model()->index(0, 1).data(Qt::AccessibleDescriptionRole).toString(),
+              "before: 1 kg");
+}
+
 TEST_F(CATDlgMultiListTest, CellThatIsCutShowsWholeInItsTooltip)
 {
     const std::string name = "a" + std::string(78, 'n') + "z";

@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QColor>
+
+#include <cmath>
 #include <vector>
 
 /// A window whose texts come from the resource file that the test names.
@@ -81,3 +84,18 @@ protected:
     CATCommand m_root{nullptr, "TestRoot"};
     TestWindow& m_window;
 };
+
+/// How much brighter one colour is than the other, as reading guidelines count it.
+inline double Contrast(const QColor& a, const QColor& b)
+{
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
+    };
+    const double brighter = std::max(luminance(a), luminance(b));
+    const double darker = std::min(luminance(a), luminance(b));
+    return (brighter + 0.05) / (darker + 0.05);
+}

@@ -29,6 +29,15 @@ public:
     /// How the text looks: a heading is larger, a caption quieter; Good, Warning and Problem carry
     /// their colour and stay readable without it.
     void SetRole(Role role);
+    /// Marks a text that has changed: a sign before it and a colour, whatever its role, and a word
+    /// for those who hear it. What stood there before belongs into the tooltip.
+    void SetMark(bool marked);
+
+private:
+    void ShowLook();
+
+    Role m_role = Role::Plain;
+    bool m_isMarked = false;
 };
 
 /// A line of text to type into. Style 0x4000000 is read-only (still selectable and copyable),
@@ -68,6 +77,10 @@ class WB_EXPORT CATDlgPushButton : public CATDialog
 public:
     CATDlgPushButton(CATDialog* parent, const CATString& name, int style = 0);
     static const CATEvent Activated;
+    /// Makes it the button of its window that Enter presses wherever the keys go, unless they go to
+    /// another button, and that they go to when the window opens. Without one Enter presses the
+    /// button that has the keys and no other.
+    void SetDefault();
 };
 
 /// Buttons of one parent exclude each other.

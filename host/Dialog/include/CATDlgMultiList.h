@@ -38,6 +38,11 @@ public:
     /// A cell's own tooltip, where it says more than the cell.
     void SetCellTooltip(int column, int row, const CATUnicodeString& tooltip);
 
+    /// Marks a cell whose text has changed: bold, coloured, and with a corner for those who see no
+    /// colours. It is neither copied nor exported; what stood there before belongs into the
+    /// tooltip.
+    void SetCellMark(int column, int row, bool marked);
+
     /// The selected row as the owner wrote it, 0 for none.
     int SelectedRow() const;
     void SelectRow(int row);

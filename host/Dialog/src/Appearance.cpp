@@ -110,3 +110,8 @@ QColor ProblemColour()
 {
     return {0xa8, 0x20, 0x1a};
 }
+
+QColor ChangedColour()
+{
+    return {0x7a, 0x1f, 0x8f};
+}

@@ -16,3 +16,4 @@ QColor QuietColour();
 QColor GoodColour();
 QColor WarningColour();
 QColor ProblemColour();
+QColor ChangedColour();

@@ -28,6 +28,9 @@ constexpr std::array kRoles{
     RoleLook{1.0, QFont::DemiBold, &ProblemColour, "\u2715", "problem"},
 };
 
+// The corner that a marked cell of a list has.
+constexpr const char* kChangedSign = "\u25e5";
+
 } // namespace
 
 CATDlgLabel::CATDlgLabel(CATDialog* parent, const CATString& name, int style)
@@ -40,11 +43,28 @@ CATDlgLabel::CATDlgLabel(CATDialog* parent, const CATString& name, int style)
 
 void CATDlgLabel::SetRole(Role role)
 {
+    m_role = role;
+    ShowLook();
+}
+
+void CATDlgLabel::SetMark(bool marked)
+{
+    m_isMarked = marked;
+    ShowLook();
+}
+
+void CATDlgLabel::ShowLook()
+{
     auto* label = dynamic_cast<TextLabel*>(Widget());
     if (label == nullptr) {
         return;
     }
-    const RoleLook& look = kRoles[static_cast<std::size_t>(role)];
+    RoleLook look = kRoles[static_cast<std::size_t>(m_role)];
+    if (m_isMarked) {
+        look.colour = &ChangedColour;
+        look.sign = kChangedSign;
+        look.meaning = "changed";
+    }
     QFont font = QApplication::font();
     font.setPointSizeF(font.pointSizeF() * look.size);
     font.setWeight(look.weight);
@@ -57,7 +77,7 @@ void CATDlgLabel::SetRole(Role role)
         }
     }
     label->setPalette(palette);
-    if (role == Role::Caption) {
+    if (m_role == Role::Caption) {
         // It says what stands beside it: the Tab key goes to that.
         label->setFocusPolicy(Qt::ClickFocus);
     }

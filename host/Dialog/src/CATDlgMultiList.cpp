@@ -191,6 +191,14 @@ void CATDlgMultiList::SetCellTooltip(int column, int row, const CATUnicodeString
     }
 }
 
+void CATDlgMultiList::SetCellMark(int column, int row, bool marked)
+{
+    if (row >= 1 && row <= RowCount() && column >= 0 && column < ColumnCount()) {
+        m_model->rows->SetMark(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column),
+                               marked);
+    }
+}
+
 int CATDlgMultiList::SelectedRow() const
 {
     return m_model->Rows() == nullptr ? 0 : m_model->box->View().CurrentOwnerRow() + 1;

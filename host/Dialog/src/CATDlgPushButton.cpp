@@ -19,3 +19,10 @@ CATDlgPushButton::CATDlgPushButton(CATDialog* parent, const CATString& name, int
     QObject::connect(button, &QPushButton::clicked, button,
                      [this] { SendFromUser(*this, Activated); });
 }
+
+void CATDlgPushButton::SetDefault()
+{
+    if (auto* button = qobject_cast<QPushButton*>(Widget())) {
+        button->setDefault(true);
+    }
+}

@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -101,7 +102,7 @@ void DialogWindow::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
+        if (QAbstractButton* button = ButtonOfEnter()) {
             button->click();
         }
         return;
@@ -109,8 +110,30 @@ void DialogWindow::keyPressEvent(QKeyEvent* event)
     QDialog::keyPressEvent(event);
 }
 
+QPushButton* DialogWindow::DefaultButton() const
+{
+    for (auto* button : m_content->findChildren<QPushButton*>()) {
+        if (button->isDefault()) {
+            return button;
+        }
+    }
+    return nullptr;
+}
+
+QAbstractButton* DialogWindow::ButtonOfEnter() const
+{
+    // A radio or check button takes the blank; Enter there means that the choice is made.
+    QPushButton* usual = DefaultButton();
+    const bool isOnButton = qobject_cast<QPushButton*>(focusWidget()) != nullptr;
+    return usual == nullptr || isOnButton ? qobject_cast<QAbstractButton*>(focusWidget()) : usual;
+}
+
 void DialogWindow::FocusFirstField()
 {
+    if (QPushButton* button = DefaultButton()) {
+        button->setFocus(Qt::ActiveWindowFocusReason);
+        return;
+    }
     for (QWidget* widget = nextInFocusChain(); widget != this;
          widget = widget->nextInFocusChain()) {
         const bool takesKeys = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled() &&

@@ -5,7 +5,9 @@
 
 #include <functional>
 
+class QAbstractButton;
 class QDialogButtonBox;
+class QPushButton;
 
 /// The room of a window's controls: as large as they need, and scrolled where the screen is
 /// smaller.
@@ -18,7 +20,8 @@ public:
 };
 
 /// A modeless window. Closing it, by its frame or by Esc, hides it and calls `onClosed`. Enter
-/// presses the button that has the focus and no other.
+/// presses the default button from anywhere but another button; in a window without one it presses
+/// the button that has the focus and no other.
 class DialogWindow : public QDialog
 {
 public:
@@ -38,7 +41,11 @@ protected:
 
 private:
     QSize Bounded(QSize size) const;
-    /// The user begins in the first control that does something, not in a text that can be copied.
+    /// Null where no button was made the default.
+    QPushButton* DefaultButton() const;
+    QAbstractButton* ButtonOfEnter() const;
+    /// The user begins at the default button, else in the first control that does something, not in
+    /// a text that can be copied.
     void FocusFirstField();
 
     ContentArea* m_area;

@@ -67,6 +67,7 @@ void ListModel::SetRows(ListRows rows)
     m_rows = std::move(rows);
     m_emphasised.clear();
     m_cellTooltips.clear();
+    m_marked.clear();
     Expect(m_rowsChanged);
 }
 
@@ -83,6 +84,16 @@ void ListModel::SetEmphasis(std::size_t row, bool emphasised)
 void ListModel::SetCellTooltip(std::size_t row, std::size_t column, const QString& tooltip)
 {
     m_cellTooltips[{row, column}] = tooltip;
+}
+
+void ListModel::SetMark(std::size_t row, std::size_t column, bool marked)
+{
+    if (marked) {
+        m_marked.insert({row, column});
+    } else {
+        m_marked.erase({row, column});
+    }
+    Expect(m_cellsChanged);
 }
 
 void ListModel::SetFilter(const CATUnicodeString& filter)
@@ -173,7 +184,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return ToQt(CellText(m_rows, row, column));
-    case Qt::ToolTipRole: {
+    case kMarkRole:
+        return IsMarked(row, column);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: {
         const auto found = m_cellTooltips.find({row, column});
         return found == m_cellTooltips.end() ? QVariant() : QVariant(found->second);
     }
@@ -181,7 +195,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return static_cast<int>((IsNumberColumn(index.column()) ? Qt::AlignRight : Qt::AlignLeft) |
                                 Qt::AlignVCenter);
     case Qt::FontRole:
-        if (m_emphasised.contains(row)) {
+        if (m_emphasised.contains(row) || IsMarked(row, column)) {
             QFont font = QApplication::font();
             font.setBold(true);
             return font;

@@ -32,6 +32,13 @@ public:
     void SetEmphasis(std::size_t row, bool emphasised);
     bool IsEmphasised(std::size_t row) const { return m_emphasised.contains(row); }
     void SetCellTooltip(std::size_t row, std::size_t column, const QString& tooltip);
+    void SetMark(std::size_t row, std::size_t column, bool marked);
+    bool IsMarked(std::size_t row, std::size_t column) const
+    {
+        return m_marked.contains({row, column});
+    }
+    /// The role under which a cell says whether it is marked.
+    static constexpr int kMarkRole = Qt::UserRole;
 
     // The user's side.
     void SetFilter(const CATUnicodeString& filter);
@@ -63,6 +70,7 @@ private:
     std::map<int, QString> m_columnTooltips;
     std::set<std::size_t> m_emphasised;
     std::map<CellKey, QString> m_cellTooltips;
+    std::set<CellKey> m_marked;
 
     std::vector<int> m_shown;
     std::vector<std::string> m_filterWords;

@@ -38,6 +38,17 @@ constexpr int kCellMargin = 2 * kCellPadding;
 constexpr int kSortMarkRoom = 14;
 constexpr int kRowMargin = 6;
 constexpr std::size_t kRowsWithoutFilter = 8;
+constexpr int kMarkSize = 6;
+
+/// The upper right corner of a marked cell, in the padding, so that it hides nothing.
+void PaintCorner(QPainter& painter, const QRect& cell, const QColor& colour)
+{
+    const QPoint corner = cell.topRight() + QPoint(1, 0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(
+        QPolygon({corner - QPoint(kMarkSize, 0), corner, corner + QPoint(0, kMarkSize)}));
+}
 
 /// A cell with room at both sides, so that a number at the right of its column and a text at the
 /// left of the next one do not run into each other.
@@ -59,6 +70,12 @@ public:
         painter->setFont(cell.font);
         const bool isSelected = (cell.state & QStyle::State_Selected) != 0;
         const bool isEnabled = (cell.state & QStyle::State_Enabled) != 0;
+        if (index.data(ListModel::kMarkRole).toBool()) {
+            cell.palette.setColor(QPalette::Text, ChangedColour());
+            PaintCorner(
+                *painter, cell.rect,
+                cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        }
         style.drawItemText(painter, room, static_cast<int>(cell.displayAlignment), cell.palette,
                            isEnabled,
                            cell.fontMetrics.elidedText(text, Qt::ElideRight, room.width()),
@@ -284,8 +301,10 @@ int ListView::FittingWidth(int column) const
     int width = usual.horizontalAdvance(title) + kSortMarkRoom;
     const ListRows& rows = m_model.Rows();
     for (std::size_t row = 0; row < std::min(rows.size(), kSampledRows); ++row) {
-        const QFontMetrics& metrics = m_model.IsEmphasised(row) ? bold : usual;
-        const QString text = ToQt(CellText(rows, row, static_cast<std::size_t>(column)));
+        const auto index = static_cast<std::size_t>(column);
+        const bool isBold = m_model.IsEmphasised(row) || m_model.IsMarked(row, index);
+        const QFontMetrics& metrics = isBold ? bold : usual;
+        const QString text = ToQt(CellText(rows, row, index));
         // An advance is rounded, and may be a part of a pixel short of what is painted.
         width = std::max(width, metrics.horizontalAdvance(text) + 1);
     }
