@@ -1,13 +1,17 @@
 #pragma once
 
 #include "WBFilter.h"
+#include "WBKeptSum.h"
 #include "WBProductGraph.h"
 #include "WBStatistics.h"
 #include "WBUncertainty.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace wb
@@ -55,19 +59,16 @@ struct ComputeOptions
     /// Asked between the steps of the work; true: the answer is an error and nothing else.
     std::function<bool()> cancelled;
     std::size_t contributors = 0; // how many of the largest to list
-};
 
-/// A total and what it was made from. Unknown figures are unknown, never 0.
-struct Total
-{
-    Body body;
-    Counts counts;
-
-    bool HasMass() const { return IsKnown(body.mass); }
-    bool HasCentre() const { return IsKnown(body.centre[0]); }
-    bool HasInertia() const { return IsKnown(body.inertia[0]); }
-    /// Something has no mass, so the total leaves it out.
-    bool IsPartial() const { return counts.withoutMass > 0.0; }
+    /// Sums that were kept, by part. Assemblies deeper than the level (the asked node is level 0)
+    /// whose sum is here take it instead of being summed up; their own values count as ever. What
+    /// looks at single leaves has no use for sums: with uncertainty, contributors or orActive none
+    /// is taken. Null: none. Borrowed.
+    const std::unordered_map<std::uint32_t, KeptSum>* kept = nullptr;
+    std::int64_t level = 0;
+    /// Asked of the assemblies from the asked node down, the nearest first: true for those whose
+    /// sum below is to be handed out. Empty: none is.
+    std::function<bool(std::uint32_t part)> wantsSum;
 };
 
 /// Own values that stand for what is below them. The difference is own less below; unknown where
@@ -100,6 +101,17 @@ struct ComputeResult
     std::vector<Contributor> largestUncertainties;
     /// Leaves that took their active values since they have none of the specified type.
     std::vector<std::string> fellBack;
+
+    std::size_t staleTaken = 0; // assemblies whose sum was taken as kept although it is stale
+    /// The sums that were wanted and made, except those made from a stale one. In a product of very
+    /// many assemblies only those nearest the asked node are made, so that the answer does not wait
+    /// for them.
+    struct MadeSum
+    {
+        std::uint32_t part = 0;
+        KeptSum sum;
+    };
+    std::vector<MadeSum> sums;
 
     /// Lines without "- ", sums first, then the worst effect first.
     std::vector<std::string> warnings;

@@ -5,6 +5,7 @@
 #include "WBRules.h"
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -98,8 +99,10 @@ public:
 
     /// Builds it from what a table or a database says. Materials and mass types must hold all that
     /// the parts name; a set of a mass type that is not there does not count. A cycle makes the
-    /// graph empty and Error() a sentence that names it.
-    ProductGraph(const Product& product, std::vector<MassType> types);
+    /// graph empty and Error() a sentence that names it. cancelled is asked now and then: true
+    /// makes the graph one of no use, and Error() says so.
+    ProductGraph(const Product& product, std::vector<MassType> types,
+                 const std::function<bool()>& cancelled = {});
     ~ProductGraph();
     ProductGraph(const ProductGraph&) = delete;
     ProductGraph& operator=(const ProductGraph&) = delete;
@@ -165,13 +168,16 @@ private:
         bool ofUse = false;
     };
 
+    void Build(const Product& product, const std::function<bool()>& cancelled);
     void AddParts(const Product& product);
-    void AddUses(const Product& product, const std::vector<std::vector<std::uint32_t>>& below);
+    void AddUses(const Product& product, const std::vector<std::vector<std::uint32_t>>& below,
+                 const std::function<bool()>& cancelled);
     void AddNode(const Part& part, std::uint32_t number, const Use* use);
     Claim MakeClaim(const ValueSet& set, const DensityChoice& densities, std::uint32_t type,
                     bool ofUse) const;
     DensityPair DensitiesOf(std::int32_t material) const;
-    void OrderNodes(const std::vector<std::vector<std::uint32_t>>& below);
+    void OrderNodes(const std::vector<std::vector<std::uint32_t>>& below,
+                    const std::function<bool()>& cancelled);
 
     std::vector<MassType> m_types;
     std::vector<Material> m_materials;

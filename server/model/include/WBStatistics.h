@@ -1,5 +1,6 @@
 #pragma once
 
+#include "WBBody.h"
 #include "WBRules.h"
 
 #include <string>
@@ -15,6 +16,19 @@ struct Counts
     double withoutMass = 0.0;
     double massWithoutCentre = 0.0;  // kg
     double massWithoutInertia = 0.0; // kg
+};
+
+/// A total and what it was made from. Unknown figures are unknown, never 0.
+struct Total
+{
+    Body body;
+    Counts counts;
+
+    bool HasMass() const { return IsKnown(body.mass); }
+    bool HasCentre() const { return IsKnown(body.centre[0]); }
+    bool HasInertia() const { return IsKnown(body.inertia[0]); }
+    /// Something has no mass, so the total leaves it out.
+    bool IsPartial() const { return counts.withoutMass > 0.0; }
 };
 
 struct MaterialShare

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
 namespace wb
 {
@@ -114,7 +115,7 @@ private:
         }
         const ProductGraph& graph = *m_selection.graph;
         const ProductGraph::PartRow& part = graph.PartOf(node);
-        Selection::OwnNode own{node, true, {}, {}};
+        Selection::OwnNode own{node, true, true, {}, {}};
         bool whole = true;
         for (std::uint32_t use = part.firstUse; use < part.firstUse + part.useCount; ++use) {
             const std::uint32_t child = graph.UseAt(use).node;
@@ -213,10 +214,90 @@ Selection Select(const ProductGraph& graph, const AskedPath& path, const Filter&
         selection.asked = node;
     }
     if (ownAsked && selection.asked == node) {
-        selection.asked = selector.Keep({node, false, {}, {}});
+        selection.asked = selector.Keep({node, false, false, {}, {}});
     }
     OrderBelow(selection);
     return selection;
+}
+
+namespace
+{
+/// For each node whether it, or something below it, counts as it was kept.
+std::vector<bool> OnKept(const Selection& selection, const std::vector<bool>& keptParts)
+{
+    const ProductGraph& graph = *selection.graph;
+    std::vector<bool> onKept(selection.Count(), false);
+    for (const std::uint32_t number : selection.childrenFirst) {
+        bool here = !selection.IsOwn(number) && keptParts[graph.Nodes()[number].part];
+        if (!here) {
+            selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow&) {
+                here = here || onKept[child];
+            });
+        }
+        onKept[number] = here;
+    }
+    return onKept;
+}
+
+/// What stands below a node as a list, each child by the number that stands for it there.
+Selection::OwnNode Copy(const Selection& selection, std::uint32_t number,
+                        const std::unordered_map<std::uint32_t, std::uint32_t>& instead)
+{
+    const std::uint32_t node = selection.GraphNode(number);
+    Selection::OwnNode copy{node, false, true, {}, {}};
+    if (selection.IsOwn(number) && selection.Own(number).listed) {
+        copy = selection.Own(number);
+    } else {
+        const ProductGraph::PartRow& part = selection.graph->PartOf(node);
+        for (std::uint32_t use = part.firstUse; use < part.firstUse + part.useCount; ++use) {
+            copy.uses.push_back(use);
+            copy.children.push_back(selection.graph->UseAt(use).node);
+        }
+    }
+    for (std::uint32_t& child : copy.children) {
+        const auto found = instead.find(child);
+        child = found == instead.end() ? child : found->second;
+    }
+    return copy;
+}
+} // namespace
+
+void SetApart(Selection& selection, std::int64_t level, const std::vector<bool>& keptParts)
+{
+    const std::vector<bool> onKept = OnKept(selection, keptParts);
+    if (!selection.asked || !onKept[*selection.asked]) {
+        return;
+    }
+    // Level by level: what stands there and has something to do with a kept sum, each node once.
+    std::vector<std::vector<std::uint32_t>> levels{{*selection.asked}};
+    std::vector<std::size_t> lastMet(selection.Count(), 0);
+    while (!levels.back().empty() && static_cast<std::int64_t>(levels.size()) <= level) {
+        const std::size_t next = levels.size();
+        std::vector<std::uint32_t> below;
+        for (const std::uint32_t number : levels.back()) {
+            selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow&) {
+                if (onKept[child] && lastMet[child] != next) {
+                    lastMet[child] = next;
+                    below.push_back(child);
+                }
+            });
+        }
+        levels.push_back(std::move(below));
+    }
+    // The deepest first, so that numbers follow those of what stands below.
+    std::unordered_map<std::uint32_t, std::uint32_t> below;
+    for (std::size_t i = levels.size(); i-- > 0;) {
+        std::unordered_map<std::uint32_t, std::uint32_t> here;
+        for (const std::uint32_t number : levels[i]) {
+            Selection::OwnNode copy = Copy(selection, number, below);
+            here[number] = static_cast<std::uint32_t>(selection.Count());
+            selection.own.push_back(std::move(copy));
+        }
+        below = std::move(here);
+    }
+    selection.asked = below.at(*selection.asked);
+    selection.childrenFirst.clear();
+    OrderBelow(selection);
 }
 
 std::vector<std::string> LinesWithoutNode(const ProductGraph& graph, std::uint32_t root,

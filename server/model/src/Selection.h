@@ -13,15 +13,17 @@ namespace wb
 /// What of a product is summed up: the asked node and all that the filter leaves in below it.
 ///
 /// A node that the filter leaves in whole is the graph's own. One that it leaves in in part becomes
-/// a node of its own, and so does an asked node that is treated in another way than elsewhere;
-/// their numbers follow those of the graph's nodes.
+/// a node of its own, and so does an asked node that is treated in another way than elsewhere, and
+/// one that is summed up where the same part deeper down counts as it was kept; their numbers
+/// follow those of the graph's nodes.
 struct Selection
 {
     struct OwnNode
     {
         std::uint32_t node = 0;              // of the graph
         bool filtered = false;               // some of what stands below is left out
-        std::vector<std::uint32_t> uses;     // that are left in; only where filtered
+        bool listed = false;                 // what stands below is listed here
+        std::vector<std::uint32_t> uses;     // that are left in; only where listed
         std::vector<std::uint32_t> children; // parallel: the numbers of the nodes there
     };
 
@@ -42,7 +44,7 @@ struct Selection
     template <typename Take>
     void ForEachChild(std::uint32_t number, const Take& take) const
     {
-        if (IsOwn(number) && Own(number).filtered) {
+        if (IsOwn(number) && Own(number).listed) {
             const OwnNode& node = Own(number);
             for (std::size_t i = 0; i < node.uses.size(); ++i) {
                 take(node.children[i], graph->UseAt(node.uses[i]));
@@ -62,6 +64,12 @@ Selection SelectAll(const ProductGraph& graph);
 /// node is a node of its own when ownAsked says so.
 Selection Select(const ProductGraph& graph, const AskedPath& path, const Filter& filter,
                  bool ownAsked);
+
+/// Sets the asked node and what stands down to a level below it (the asked node is level 0) apart
+/// from the same parts deeper down, where one of them, or something below it, counts as it was
+/// kept. Afterwards the graph's own nodes stand deeper than the level there. Without such nodes
+/// nothing changes.
+void SetApart(Selection& selection, std::int64_t level, const std::vector<bool>& keptParts);
 
 /// The filter's lines that lead to no node of the product.
 std::vector<std::string> LinesWithoutNode(const ProductGraph& graph, std::uint32_t root,

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Selection.h"
+#include "WBCompute.h"
 #include "WBStatistics.h"
 #include "Walk.h"
 
+#include <functional>
 #include <vector>
 
 namespace wb
@@ -15,4 +17,10 @@ std::vector<double> PiecesOf(const Selection& selection, const Walk& walk);
 /// codeAbove: the code of the nearest node above the asked one; -1: none.
 Statistics Tally(const Selection& selection, const Walk& walk, const AskedRule& asked,
                  const std::vector<double>& pieces, std::int32_t codeAbove);
+
+/// The sums below the assemblies that are wanted, from the asked node down, the nearest first; see
+/// ComputeResult::sums.
+std::vector<ComputeResult::MadeSum> MakeSums(const Selection& selection, const Walk& walk,
+                                             const std::function<bool(std::uint32_t)>& wantsSum,
+                                             const std::function<bool()>& cancelled);
 } // namespace wb

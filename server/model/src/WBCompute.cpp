@@ -26,6 +26,9 @@ struct Job
     Filter filter;
     WalkRule rule;
     AskedRule asked;
+    const KeptSums* kept = nullptr;
+    std::vector<bool> keptParts; // parallel to the graph's parts; empty: none
+    std::int64_t level = 0;
 };
 
 std::string RuleOf(const ProductGraph& graph, const ComputeOptions& options, WalkRule& rule)
@@ -88,8 +91,9 @@ std::int32_t CodeAbove(const ProductGraph& graph, const AskedPath& path)
     return code;
 }
 
-/// The walk's total, with what nobody knows as unknown: nothing has a mass, or the asked node's own
-/// values lack a figure that nobody lends.
+/// The walk's total, with what nobody knows as unknown: nothing has a mass, the asked node's own
+/// values lack a figure that nobody lends, or all that was summed up are points that stand nobody
+/// knows where.
 Body KnownTotal(const Walk& walk, std::uint32_t asked, const Counts& counts)
 {
     Body body = walk.Total(asked);
@@ -97,7 +101,8 @@ Body KnownTotal(const Walk& walk, std::uint32_t asked, const Counts& counts)
     if (counts.leaves > 0.0 && counts.withoutMass == counts.leaves) {
         body.mass = kUnknown;
     }
-    if (result.outcome == Outcome::Taken && result.noInertia) {
+    const bool isPoint = !IsKnown(body.centre[0]) && body.inertia == Inertia();
+    if (isPoint || (result.outcome == Outcome::Taken && result.noInertia)) {
         body.inertia.fill(kUnknown);
     }
     return body;
@@ -114,20 +119,48 @@ Body Difference(const Body& own, const Body& below)
     return difference;
 }
 
+/// What is asked and what stands below it; sums that were kept count where they may.
+Selection SelectionOf(const Job& job, bool ownAsked)
+{
+    Selection selection = Select(job.graph, job.path, job.filter, ownAsked);
+    if (job.kept != nullptr) {
+        SetApart(selection, job.level, job.keptParts);
+    }
+    return selection;
+}
+
 /// What stands below an asked assembly whose own values were taken.
 Imposed ImposedOn(const Job& job, const Walk& walk, const Body& own)
 {
     AskedRule descend;
     descend.kind = AskedRule::Kind::Descend;
-    const Selection selection = Select(job.graph, job.path, job.filter, true);
-    const Walk* shared = job.rule == WalkRule() ? &job.graph.Active() : &walk;
-    const Walk below(selection, job.rule, descend, shared, nullptr);
+    const Selection selection = SelectionOf(job, true);
+    const bool isActive = job.rule == WalkRule() && job.kept == nullptr;
+    const Walk below(selection, job.rule, descend,
+                     {isActive ? &job.graph.Active() : &walk, job.kept});
     const std::vector<double> pieces = PiecesOf(selection, below);
     Imposed imposed;
     imposed.below.counts = Tally(selection, below, descend, pieces, -1).counts;
     imposed.below.body = KnownTotal(below, *selection.asked, imposed.below.counts);
     imposed.difference = Difference(own, imposed.below.body);
     return imposed;
+}
+
+/// Assemblies that count and whose sum, as it was kept, is stale.
+std::size_t StaleTaken(const Selection& selection, const Walk& walk,
+                       const std::vector<double>& pieces)
+{
+    std::vector<bool> met(selection.graph->Parts().size(), false);
+    std::size_t count = 0;
+    for (const std::uint32_t number : selection.childrenFirst) {
+        const NodeResult& result = walk.At(number);
+        const std::uint32_t part = selection.graph->Nodes()[selection.GraphNode(number)].part;
+        if (pieces[number] > 0.0 && result.isKept && result.isStale && !met[part]) {
+            met[part] = true;
+            ++count;
+        }
+    }
+    return count;
 }
 
 void DefinePrecision(const ComputeOptions::DefinedPrecision& precision, ComputeResult& result)
@@ -204,8 +237,8 @@ void StopIfCancelled(const ComputeOptions& options)
 ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
 {
     ComputeResult result;
-    const bool isActive = job.rule == WalkRule();
-    const Selection selection = Select(job.graph, job.path, job.filter, job.asked.IsSpecial());
+    const bool isActive = job.rule == WalkRule() && job.kept == nullptr;
+    const Selection selection = SelectionOf(job, job.asked.IsSpecial());
     if (!selection.asked) {
         result.warnings.emplace_back("the filter leaves out what is asked");
         AddLostLines(job, result.warnings);
@@ -213,8 +246,9 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
         result.total.body.inertia.fill(kUnknown);
         return result;
     }
-    const Walk walk(selection, job.rule, job.asked, isActive ? &job.graph.Active() : nullptr,
-                    nullptr);
+    const Walk walk(
+        selection, job.rule, job.asked,
+        {isActive ? &job.graph.Active() : nullptr, job.kept, nullptr, options.cancelled});
     StopIfCancelled(options);
     const std::uint32_t asked = *selection.asked;
     const NodeResult& top = walk.At(asked);
@@ -242,6 +276,9 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
         KeepLargest(result.largestUncertainties, options.contributors, &Contributor::sigmaMass);
     }
     result.fellBack = FallenBack(selection, walk, pieces);
+    if (job.kept != nullptr) {
+        result.staleTaken = StaleTaken(selection, walk, pieces);
+    }
     if (options.definedPrecision) {
         DefinePrecision(*options.definedPrecision, result);
     }
@@ -250,7 +287,26 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
         result.warnings = WarningsOf(selection, walk, pieces, result);
         AddLostLines(job, result.warnings);
     }
+    if (options.wantsSum && job.asked.kind != AskedRule::Kind::Alone) {
+        result.sums = MakeSums(selection, walk, options.wantsSum, options.cancelled);
+        StopIfCancelled(options);
+    }
     return result;
+}
+
+/// Which sums are taken as they were kept.
+void ChooseKept(const ComputeOptions& options, Job& job)
+{
+    const bool leavesNeeded = options.uncertainty || options.contributors > 0 || options.orActive;
+    if (options.kept == nullptr || options.kept->empty() || leavesNeeded) {
+        return;
+    }
+    job.kept = options.kept;
+    job.level = options.level;
+    job.keptParts.resize(job.graph.Parts().size(), false);
+    for (const auto& [part, sum] : *options.kept) {
+        job.keptParts[part] = !job.graph.Parts()[part].IsLeaf();
+    }
 }
 } // namespace
 
@@ -258,7 +314,7 @@ ComputeResult Compute(const ProductGraph& graph, const AskedPath& path,
                       const ComputeOptions& options)
 {
     ComputeResult failed;
-    Job job{graph, path, options.filter, {}, {}};
+    Job job{graph, path, options.filter, {}, {}, nullptr, {}, 0};
     if (options.asked == ComputeOptions::Asked::Root) {
         job.path.uses.clear();
     }
@@ -275,6 +331,7 @@ ComputeResult Compute(const ProductGraph& graph, const AskedPath& path,
     if (!failed.error.empty()) {
         return failed;
     }
+    ChooseKept(options, job);
     try {
         StopIfCancelled(options);
         return ResultOf(job, options);

@@ -65,6 +65,26 @@ std::vector<std::vector<std::uint32_t>> PartsBelow(const Product& product)
     return edges;
 }
 
+/// Thrown and caught in this file.
+struct Cancelled
+{};
+
+void StopIfCancelled(const std::function<bool()>& cancelled)
+{
+    if (cancelled && cancelled()) {
+        throw Cancelled();
+    }
+}
+
+/// The same at every so many steps of a loop.
+void StopNowAndThen(const std::function<bool()>& cancelled, std::size_t step)
+{
+    constexpr std::size_t kSteps = 4096;
+    if (step % kSteps == 0) {
+        StopIfCancelled(cancelled);
+    }
+}
+
 /// Whether somebody stated how precise the mass is; else the mass type's default stands.
 bool StatesPrecision(const ValueSet& set)
 {
@@ -103,25 +123,38 @@ Dimension ShownDimension(const ValueSet& set, const DensityChoice& densities)
 }
 } // namespace
 
-ProductGraph::ProductGraph(const Product& product, std::vector<MassType> types)
+ProductGraph::ProductGraph(const Product& product, std::vector<MassType> types,
+                           const std::function<bool()>& cancelled)
     : m_types(std::move(types)), m_materials(product.materials)
 {
+    try {
+        Build(product, cancelled);
+    } catch (const Cancelled&) {
+        m_error = "The computation was cancelled.";
+    }
+}
+
+void ProductGraph::Build(const Product& product, const std::function<bool()>& cancelled)
+{
     const auto below = PartsBelow(product);
+    StopIfCancelled(cancelled);
     const auto cycle = FindCycle(below);
     if (!cycle.empty()) {
         m_error = CycleSentence(product, cycle);
         return;
     }
+    StopIfCancelled(cancelled);
     for (const Material& material : m_materials) {
         m_materialNumbers.try_emplace(material.name,
                                       static_cast<std::int32_t>(&material - m_materials.data()));
     }
     AddParts(product);
-    AddUses(product, product.UsesByParent());
-    OrderNodes(below);
+    AddUses(product, product.UsesByParent(), cancelled);
+    OrderNodes(below, cancelled);
     m_activeBelow.resize(m_parts.size());
-    m_active =
-        std::make_unique<Walk>(SelectAll(*this), WalkRule(), AskedRule(), nullptr, &m_activeBelow);
+    m_active = std::make_unique<Walk>(SelectAll(*this), WalkRule(), AskedRule(),
+                                      Walk::Sources{nullptr, nullptr, &m_activeBelow, cancelled});
+    StopIfCancelled(cancelled);
 }
 
 ProductGraph::~ProductGraph() = default;
@@ -144,24 +177,28 @@ void ProductGraph::AddParts(const Product& product)
 }
 
 void ProductGraph::AddUses(const Product& product,
-                           const std::vector<std::vector<std::uint32_t>>& below)
+                           const std::vector<std::vector<std::uint32_t>>& below,
+                           const std::function<bool()>& cancelled)
 {
     for (std::uint32_t part = 0; part < m_parts.size(); ++part) {
         m_parts[part].firstUse = static_cast<std::uint32_t>(m_uses.size());
         m_parts[part].useCount = static_cast<std::uint32_t>(below[part].size());
         for (const std::uint32_t number : below[part]) {
+            StopNowAndThen(cancelled, m_uses.size());
             const Use& use = product.uses[number];
             m_uses.push_back({use.placement, use.part, use.Pieces(), IsTurned(use.placement)});
             m_instances.push_back(use.instance);
         }
     }
     for (std::uint32_t part = 0; part < m_parts.size(); ++part) {
+        StopNowAndThen(cancelled, part);
         AddNode(product.parts[part], part, nullptr);
     }
     for (std::uint32_t parent = 0; parent < m_parts.size(); ++parent) {
         for (std::uint32_t i = 0; i < m_parts[parent].useCount; ++i) {
             const Use& use = product.uses[below[parent][i]];
             if (StatesSomething(use)) {
+                StopNowAndThen(cancelled, m_nodes.size());
                 m_uses[m_parts[parent].firstUse + i].node =
                     static_cast<std::uint32_t>(m_nodes.size());
                 AddNode(product.parts[use.part], use.part, &use);
@@ -260,7 +297,8 @@ Claim ProductGraph::MakeClaim(const ValueSet& set, const DensityChoice& densitie
     return claim;
 }
 
-void ProductGraph::OrderNodes(const std::vector<std::vector<std::uint32_t>>& below)
+void ProductGraph::OrderNodes(const std::vector<std::vector<std::uint32_t>>& below,
+                              const std::function<bool()>& cancelled)
 {
     // Nodes of uses come right after their part: they stand above the same parts.
     std::vector<std::vector<std::uint32_t>> ofPart(m_parts.size());
@@ -270,6 +308,7 @@ void ProductGraph::OrderNodes(const std::vector<std::vector<std::uint32_t>>& bel
     std::vector<bool> seen(m_parts.size(), false);
     std::vector<std::pair<std::uint32_t, std::size_t>> path; // a part and its next part below
     for (std::uint32_t start = 0; start < m_parts.size(); ++start) {
+        StopNowAndThen(cancelled, start);
         if (!seen[start]) {
             seen[start] = true;
             path.emplace_back(start, 0);

@@ -57,26 +57,37 @@ Body Finished(const Body& firm, const ApartSum& apart)
 }
 
 Walk::Walk(const Selection& selection, const WalkRule& rule, const AskedRule& asked,
-           const Walk* shared, std::vector<Body>* activeBelow)
-    : m_shared(shared), m_graphNodes(static_cast<std::uint32_t>(selection.graph->Nodes().size()))
+           const Sources& sources)
+    : m_sources(sources), m_graphNodes(static_cast<std::uint32_t>(selection.graph->Nodes().size()))
 {
-    m_results.resize(shared == nullptr ? selection.Count() : selection.own.size());
+    constexpr std::size_t kNodesBetweenLooks = 4096;
+    m_results.resize(sources.shared == nullptr ? selection.Count() : selection.own.size());
+    std::size_t done = 0;
     for (const std::uint32_t number : selection.childrenFirst) {
         if (&Holder(number) == this) {
-            Evaluate(selection, rule, asked, number, activeBelow);
+            Evaluate(selection, rule, asked, number);
+        }
+        if (++done % kNodesBetweenLooks == 0 && sources.cancelled && sources.cancelled()) {
+            return;
         }
     }
 }
 
 const Walk& Walk::Holder(std::uint32_t number) const
 {
-    return m_shared != nullptr && number < m_graphNodes ? *m_shared : *this;
+    return m_sources.shared != nullptr && number < m_graphNodes ? *m_sources.shared : *this;
 }
 
 const NodeResult& Walk::At(std::uint32_t number) const
 {
     const Walk& holder = Holder(number);
-    return holder.m_results[holder.m_shared == nullptr ? number : number - m_graphNodes];
+    return holder.m_results[holder.m_sources.shared == nullptr ? number : number - m_graphNodes];
+}
+
+const KeptSum& Walk::KeptBelow(const Selection& selection, std::uint32_t number) const
+{
+    return Holder(number).m_sources.kept->at(
+        selection.graph->Nodes()[selection.GraphNode(number)].part);
 }
 
 const ApartSum& Walk::ApartOf(std::uint32_t number) const
@@ -95,7 +106,16 @@ Body Walk::Total(std::uint32_t number) const
     return Finished(At(number).body, ApartOf(number));
 }
 
-Walk::Below Walk::SumBelow(const Selection& selection, std::uint32_t number)
+Walk::Below Walk::BelowAt(const Selection& selection, std::uint32_t number, bool isKept) const
+{
+    if (!isKept) {
+        return SumBelow(selection, number);
+    }
+    const KeptSum& kept = KeptBelow(selection, number);
+    return {kept.firm, {kept.taken, kept.loose}, kept.hasApart, kept.massMissing, kept.isStale};
+}
+
+Walk::Below Walk::SumBelow(const Selection& selection, std::uint32_t number) const
 {
     Below below;
     m_firm.Clear();
@@ -103,6 +123,7 @@ Walk::Below Walk::SumBelow(const Selection& selection, std::uint32_t number)
     selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
         const NodeResult& result = At(child);
         below.massMissing |= result.massMissing;
+        below.isStale |= result.isStale;
         m_firm.Add(StandingAt(use, result.body));
         if (result.apart >= 0) {
             const ApartSum& apart = ApartOf(child);
@@ -145,12 +166,12 @@ void Walk::TakeClaim(NodeResult& result, const Completed& completed)
 }
 
 void Walk::Evaluate(const Selection& selection, const WalkRule& rule, const AskedRule& asked,
-                    std::uint32_t number, std::vector<Body>* activeBelow)
+                    std::uint32_t number)
 {
     const ProductGraph& graph = *selection.graph;
     const std::uint32_t node = selection.GraphNode(number);
     const bool isAsked = number == selection.asked && asked.IsSpecial();
-    NodeResult& result = m_results[m_shared == nullptr ? number : number - m_graphNodes];
+    NodeResult& result = m_results[m_sources.shared == nullptr ? number : number - m_graphNodes];
 
     NodeState state;
     state.claims =
@@ -158,11 +179,16 @@ void Walk::Evaluate(const Selection& selection, const WalkRule& rule, const Aske
     state.active = graph.Nodes()[node].active;
     state.isLeaf = graph.PartOf(node).IsLeaf();
     Below below;
+    Body sumBelow;
     if (!state.isLeaf) {
-        below = SumBelow(selection, number);
+        const std::uint32_t part = graph.Nodes()[node].part;
+        result.isKept =
+            m_sources.kept != nullptr && !selection.IsOwn(number) && m_sources.kept->contains(part);
+        below = BelowAt(selection, number, result.isKept);
         state.massMissingBelow = below.massMissing;
-        if (activeBelow != nullptr && number < activeBelow->size()) {
-            (*activeBelow)[number] = Finished(below.body, below.apart);
+        sumBelow = Finished(below.body, below.apart);
+        if (m_sources.activeBelow != nullptr && number < m_sources.activeBelow->size()) {
+            (*m_sources.activeBelow)[number] = sumBelow;
         }
     }
 
@@ -183,18 +209,26 @@ void Walk::Evaluate(const Selection& selection, const WalkRule& rule, const Aske
         result.massMissing = true;
     } else if (decision.outcome == NodeResult::Outcome::Descended) {
         result.massMissing = below.massMissing;
+        result.isStale = below.isStale;
         result.body = below.body;
         if (below.hasApart) {
             KeepApart(result, below.apart);
         }
     } else {
-        // Alone, a node has its own values and nothing below it lends any.
+        // Alone, a node has its own values and nothing below it lends any. The active sum below is
+        // this walk's own where it is an active one, also where that took what was kept.
         const bool sumLends = !state.isLeaf && !(isAsked && asked.kind == AskedRule::Kind::Alone);
-        const Body* lender = sumLends ? &graph.ActiveBelow(graph.Nodes()[node].part) : nullptr;
-        TakeClaim(result, Complete(*decision.claim, state.claims, lender, graph.Types()));
+        const bool ownSum = m_sources.kept != nullptr && rule == WalkRule() && !filtered;
+        const Body& active = ownSum ? sumBelow : graph.ActiveBelow(graph.Nodes()[node].part);
+        TakeClaim(result, Complete(*decision.claim, state.claims, sumLends ? &active : nullptr,
+                                   graph.Types()));
+        const bool lent = result.centreLender == kSumBelow || result.inertiaLender == kSumBelow;
+        // The most precise of two claims depends on whether something below has no mass.
+        result.isStale = below.isStale &&
+                         ((ownSum && lent) || rule.precision == WalkRule::Precision::MostPrecise);
         if (!state.isLeaf) {
             result.below = static_cast<std::int32_t>(m_belows.size());
-            m_belows.push_back(Finished(below.body, below.apart));
+            m_belows.push_back(sumBelow);
         }
     }
 }

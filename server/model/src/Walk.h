@@ -2,9 +2,12 @@
 
 #include "Selection.h"
 #include "WBBody.h"
+#include "WBKeptSum.h"
 #include "WBProductGraph.h"
 
 #include <cstdint>
+#include <functional>
+#include <unordered_map>
 #include <vector>
 
 namespace wb
@@ -81,7 +84,14 @@ struct NodeResult
     bool fellBack = false;          // took its active values since the specified ones are missing
     bool cut = false;               // own values do not count since the filter leaves something out
     bool activeWithoutMass = false; // an assembly whose active values have no mass
+    bool isKept = false;            // what is below was taken as it was kept
+    bool isStale = false;           // something stale is in these figures
+
+    /// True where what stands below was looked at and counts.
+    bool Descends() const { return outcome == Outcome::Descended && !isKept; }
 };
+
+using KeptSums = std::unordered_map<std::uint32_t, KeptSum>; // by part
 
 struct Completed;
 
@@ -89,42 +99,54 @@ struct Completed;
 class Walk
 {
 public:
-    /// shared: results of the graph's own nodes by the same rule, or null. activeBelow: where the
-    /// sum below each part is kept as it is made, or null.
+    /// What a walk may take over instead of making it, and what it leaves behind.
+    struct Sources
+    {
+        const Walk* shared = nullptr;   // results of the graph's own nodes by the same rule
+        const KeptSums* kept = nullptr; // taken below the graph's own nodes
+        std::vector<Body>* activeBelow = nullptr; // gets the sum below each part
+        std::function<bool()> cancelled = {}; // true: the walk ends where it is and is of no use
+    };
+
     Walk(const Selection& selection, const WalkRule& rule, const AskedRule& asked,
-         const Walk* shared, std::vector<Body>* activeBelow);
+         const Sources& sources);
 
     const NodeResult& At(std::uint32_t number) const;
     /// Empty where nothing stands apart.
     const ApartSum& ApartOf(std::uint32_t number) const;
     /// The sum below a node whose own values were taken.
     const Body& BelowOf(std::uint32_t number) const;
+    /// The sum that was taken below a node as it was kept.
+    const KeptSum& KeptBelow(const Selection& selection, std::uint32_t number) const;
     /// The node's sum; unknown figures are unknown.
     Body Total(std::uint32_t number) const;
 
-private:
     struct Below
     {
         Body body;
         ApartSum apart;
         bool hasApart = false;
         bool massMissing = false;
+        bool isStale = false;
     };
+    /// What stands below a node whose children have their results, summed up anew.
+    Below SumBelow(const Selection& selection, std::uint32_t number) const;
 
+private:
     const Walk& Holder(std::uint32_t number) const;
     void Evaluate(const Selection& selection, const WalkRule& rule, const AskedRule& asked,
-                  std::uint32_t number, std::vector<Body>* activeBelow);
-    Below SumBelow(const Selection& selection, std::uint32_t number);
+                  std::uint32_t number);
+    Below BelowAt(const Selection& selection, std::uint32_t number, bool isKept) const;
     void TakeClaim(NodeResult& result, const Completed& completed);
     void KeepApart(NodeResult& result, const ApartSum& apart);
 
-    const Walk* m_shared;
+    const Sources m_sources;
     std::uint32_t m_graphNodes;
     std::vector<NodeResult> m_results; // without shared results: of all; else of the own nodes
     std::vector<ApartSum> m_aparts;
     std::vector<Body> m_belows;
-    BodySum m_firm; // kept between nodes: making one costs more than most sums
-    BodySum m_taken;
+    mutable BodySum m_firm; // kept between nodes: making one costs more than most sums
+    mutable BodySum m_taken;
 };
 
 /// Everything together, where a mass without centre stands at the centre of the rest. Without any

@@ -78,6 +78,12 @@ void AddUnknown(const Total& total, std::vector<std::string>& warnings)
 void AddSums(const ComputeResult& result, std::vector<std::string>& warnings)
 {
     AddUnknown(result.total, warnings);
+    if (result.staleTaken > 0) {
+        const bool one = result.staleTaken == 1;
+        warnings.push_back(Count(static_cast<double>(result.staleTaken)) +
+                           (one ? " sub-assembly is not up to date and was taken as stored"
+                                : " sub-assemblies are not up to date and were taken as stored"));
+    }
     const Counts& counts = result.total.counts;
     if (counts.withoutMass > 0.0) {
         const bool one = counts.withoutMass == 1.0;
