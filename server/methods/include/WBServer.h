@@ -37,13 +37,42 @@ struct CallContext
 /// "WBCompPartGetInitialValues": has-instance (0 or 1), an empty field, root, instance, part,
 ///   version, count, that many instance names from the parent of the instance up to just below the
 ///   root. Answers what the main panel shows of that part in that place: document revisions, mass
-///   types with values, density and material, material statistics, the twelve coefficients of its
-///   place in the root's axes, properties.
+///   types with values, density and material, an up-to-date flag, material statistics, the twelve
+///   coefficients of its place in the root's axes, properties. "Computed" of an assembly is the sum
+///   of what is below it by active values, as it was made last (flag 0: something has changed
+///   since) and made now where it never was; the material statistics are those of that sum. Of a
+///   leaf "Computed" is empty, the flag 1, and the statistics tell of its active values.
 ///
-/// "WBGetValueDetails": root, instance, part, version, count, that many instance names as above. On
-///   the record's stream an unknown figure travels as 0; this tells which are known. Answers the
-///   part's name, a count, then for each mass type, "Computed" first, its name and three flags (0
-///   or 1): mass, centre of gravity, inertia.
+/// "WBCompPartCompute": a computation beside one part, in the grammar below. Answers "Computed" of
+///   what was asked: mass, lower and upper deviation, centre of gravity, Ixx, Iyy, Izz, Ixz, Ixy,
+///   Iyz about it (products + integral); K, the names of K materials, dimension (3 volume, 2
+///   surface) and mass of each, the density of each (0: none or several); L, name and mass of L
+///   mass types; the twelve coefficients of its place in the root's axes. An assembly is summed up
+///   whatever its own values say. A leaf is size times density by the density that the request
+///   asks for, without a size its active values; where the request names the most precise or one
+///   mass type's values, it is those. What is not known travels as 0, and the first warning names
+///   it.
+///
+/// "WBGetValueDetails": shown (0 or 1), then all fields of "WBCompPartCompute". On the record's
+///   stream an unknown figure travels as 0; this tells what is known and where it comes from. The
+///   part is always the one that the place names; "Computed" is with shown 0 what the initial
+///   values carry, and with shown 1 what that computation answers, made now. Unknown numbers and
+///   empty texts are "__null__". Answers in this order:
+///   the part's name;
+///   M, then for each of M sets, "Computed" first, the mass types by order behind it: name; where
+///     mass, centre and inertia come from, each 0 unknown, 1 stated, 2 size times density, 3 lent,
+///     4 summed up; who lends centre and inertia in sums (a mass type, or "Computed" for the sum
+///     of what is below); precision 0 none, 1 stated, 2 the mass type's default; ten standard
+///     uncertainties (mass, centre x, y, z, Ixx, Iyy, Izz, Ixy, Ixz, Iyz) as stated; source, its
+///     date, author, note; three principal moments, the largest first;
+///   of "Computed": leaves counted, leaves without mass, mass without centre, mass without inertia;
+///     C, code and mass of C codes; T, mass type and mass of T mass types; growth allowance;
+///   1 where own values of the asked node stand for what is below it, and then their mass type and
+///     three times twelve figures (mass, lower, upper, centre, Ixx, Iyy, Izz, Ixy, Ixz, Iyz): own,
+///     below, own less below; else 0;
+///   1 and then ten standard uncertainties of "Computed" in the order of above and the share of its
+///     mass (0 to 1) whose uncertainty nobody stated; else 0;
+///   W, then all W warnings of that computation in full, without "- ".
 ///
 /// "WBListRoots": request ignored. Answers a count, then for each part that nobody uses: part,
 ///   version, name, type (product, assembly, part, adjustment).
@@ -55,29 +84,31 @@ struct CallContext
 /// "WBListMassTypes": request ignored. Answers a count, then for each mass type by order: name,
 ///   order, kind (claim, goal), category, default lower and upper precision in %, meaning.
 ///
-/// "WBGetMassTypesAndAttrNames": request ignored. Answers XML: below the document element a
-/// massType
-///   element for each type that a computation can be asked for, "Computed" first, then the claims
-///   by order, and an attrName element for each property that users gave to parts and uses, by
-///   name. The attribute "name" holds the name.
+/// "WBGetMassTypesAndAttrNames": request ignored. Answers XML: below the document element an
+///   element "massType" for each type that a computation can be asked for, "Computed" first, then
+///   the claims by order, and an element "attrName" for each property that users gave to parts and
+///   uses, by name. The attribute "name" holds the name.
 ///
-/// "WBComputeVPMValues": six fields that are read past (has-instance, instance, part, version, then
-/// a
-///   count with that many path names, density priority, material), which matter where a part is
-///   asked and not its product; then precision ("Active", "MostPrecise", "Computed" or a mass
-///   type); update policy 0 (check), 1 (force: the product is read from the database anew) or 2
-///   (assume) and behind 2 a level, a whole number from 0; entity, which must be 1, the root; root;
-///   filter text ("0|No Filter", or a count, a name and that many lines); precision type 0, or 1
-///   with value type (0 %, 1 kg), lower and upper, which then take the place of the deviations.
-///   Answers what the whole product weighs: mass, lower and upper deviation, centre of gravity,
-///   Ixx, Iyy, Izz, Iyz, Ixz, Ixy about it (products + integral); N, the names of N materials, for
-///   each 3 and its density in kg/m3 or 2 and its density in kg/m2 (0: none), N masses; M, then
-///   name and mass of M mass types. Storage units; what is not known travels as 0, and the first
-///   warning says so.
+/// "WBComputeVPMValues": a computation of a whole product, in the grammar below with entity 1.
+///   Answers mass, lower and upper deviation, centre of gravity, Ixx, Iyy, Izz, Iyz, Ixz, Ixy about
+///   it (products + integral); N, the names of N materials, for each 3 and its density in kg/m3 or
+///   2 and its density in kg/m2 (0: none), N masses; M, then name and mass of M mass types. Storage
+///   units; what is not known travels as 0, and the first warning says so.
 ///
 /// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, a line
 ///   each, and forgets them; an empty text where there are none. Lines begin with "- "; a line
 ///   that begins with "ERROR" says that there is no result to speak of. Never the error marker.
+///
+/// A computation is asked for by: has-instance, instance, part, version, a count with that many
+/// instance names from the parent up, density priority (0 W&B density first, 1 material first),
+/// material ("__null__": its own); precision ("Active", "MostPrecise", "Computed" or a mass type);
+/// update policy 0 (check), 1 (force: the product is read from the database anew) or 2 (assume) and
+/// behind 2 a level, a whole number from 0; entity 0 (the instance and all below), 1 (the root) or
+/// 2 (the part's own values alone); root; filter text ("0|No Filter", or a count, a name and that
+/// many lines of I or X, instance, part, version, a count and that many path names); precision type
+/// 0, or 1 with value type (0 %, 1 kg), lower and upper, which then take the place of the
+/// deviations. With entity 1 the fields before the precision are read past. Where instance and
+/// path are empty, the place is the root's.
 class Server
 {
 public:

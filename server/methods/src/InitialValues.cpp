@@ -1,8 +1,13 @@
+#include "Computations.h"
+#include "MaterialStatistics.h"
 #include "Methods.h"
+#include "PartComputation.h"
 #include "PickedNode.h"
 #include "Request.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace wb
 {
@@ -41,11 +46,12 @@ void AddDocuments(AnswerText& answer, const Part& part)
 void AddValues(AnswerText& answer, const ValueSet& set, const MassType& type)
 {
     const Deviations deviations = DeviationsOf(set, type);
-    answer.Add(set[Fact::Mass]).Add(deviations.lower).Add(deviations.upper);
-    for (const Fact fact : {Fact::CgX, Fact::CgY, Fact::CgZ, Fact::Ixx, Fact::Iyy, Fact::Izz,
-                            Fact::Ixz, Fact::Ixy, Fact::Iyz}) {
-        answer.Add(set[fact]);
-    }
+    AddBody(answer, {set[Fact::Mass],
+                     deviations.lower,
+                     deviations.upper,
+                     {set[Fact::CgX], set[Fact::CgY], set[Fact::CgZ]},
+                     {set[Fact::Ixx], set[Fact::Iyy], set[Fact::Izz], set[Fact::Ixy],
+                      set[Fact::Ixz], set[Fact::Iyz]}});
 }
 
 void AddPrecision(AnswerText& answer, const ValueSet& set)
@@ -65,11 +71,25 @@ void AddPrecision(AnswerText& answer, const ValueSet& set)
     }
 }
 
-void AddMassTypes(AnswerText& answer, const Node& node)
+/// Nobody states a precision of what is derived, and it has no default.
+void AddComputed(AnswerText& answer, const Node& node, const KeptComputed* below)
+{
+    const bool hasMass = below != nullptr && below->total.HasMass();
+    answer.Add(Common::Computed).Add(hasMass ? Common::Assigned : Common::Empty);
+    if (hasMass) {
+        AddBody(answer, below->total.body);
+    }
+    answer.Add(Common::NoPrecision);
+    if (hasMass) {
+        answer.Add(node.part.standard == Answer::Yes);
+    }
+    answer.Add(0.0).Add(0.0);
+}
+
+void AddMassTypes(AnswerText& answer, const Node& node, const KeptComputed* below)
 {
     answer.Add(node.types.size() + 1);
-    // Computed comes first and is empty until somebody asks for the sum of what is below.
-    answer.Add(Common::Computed).Add(Common::Empty).Add(Common::NoPrecision).Add(0.0).Add(0.0);
+    AddComputed(answer, node, below);
     for (const MassType& type : node.types) {
         const ValueSet set = node.CompleteSet(type.name);
         const ValueStatus status = StatusOf(&set);
@@ -155,22 +175,22 @@ void AddDensity(AnswerText& answer, const Node& node, bool hasInstance)
     }
 }
 
-/// One entry for a leaf whose active values have a mass, so that the shares add up to it.
-void AddStatistics(AnswerText& answer, const Node& node)
+/// What an assembly's sum is made of; of a leaf one entry where its active values have a mass. The
+/// shares add up to that mass.
+std::vector<MaterialShare> StatisticsOf(const Node& node, const KeptComputed* below)
 {
-    const ValueSet set = node.CompleteSet(node.activeType);
-    if (!node.IsLeaf() || !set.Has(Fact::Mass)) {
-        answer.Add(0);
-        return;
+    if (below != nullptr) {
+        return below->statistics.materials;
     }
-    const bool hasMaterial = !node.MaterialName().empty();
+    const ValueSet set = node.CompleteSet(node.activeType);
+    if (!set.Has(Fact::Mass)) {
+        return {};
+    }
+    if (node.MaterialName().empty()) {
+        return {{"(no material)", Dimension::Volume, 0.0, set[Fact::Mass]}};
+    }
     const ShownDensity density = DensityOf(node, node.densities);
-    const Dimension dimension = hasMaterial ? density.dimension : Dimension::Volume;
-    answer.Add(1)
-        .Add(hasMaterial ? node.MaterialName() : std::string("(no material)"))
-        .Add(static_cast<int>(dimension))
-        .Add(set[Fact::Mass])
-        .Add(hasMaterial ? density.value : kUnknown);
+    return {{node.MaterialName(), density.dimension, density.value, set[Fact::Mass]}};
 }
 
 void AddProperties(AnswerText& answer, const Node& node)
@@ -200,16 +220,21 @@ std::string GetInitialValues(const MethodCall& call, std::string_view text)
     request.Empty("2");
     const PickedPart picked = FindPicked(call.store, request);
     const Node node = ReadNode(call.store, picked);
+    std::optional<KeptComputed> kept; // of a leaf nothing is derived before somebody asks for it
+    if (!node.IsLeaf()) {
+        kept = call.computations.ComputedBelow(picked, call.context);
+    }
+    const KeptComputed* below = kept ? &*kept : nullptr;
 
     AnswerText answer;
     AddDocuments(answer, node.part);
-    AddMassTypes(answer, node);
+    AddMassTypes(answer, node, below);
     constexpr int kUseRevisions = 1;
     answer.Add(kUseRevisions).Add(node.activeType).Add(LastImposed(node));
     AddDensity(answer, node, hasInstance);
-    constexpr int kNotUpToDate = 0;
-    answer.Add(kNotUpToDate).Add(static_cast<int>(node.densities.first));
-    AddStatistics(answer, node);
+    // Nothing stands below a leaf that could have changed.
+    answer.Add(below == nullptr || below->upToDate).Add(static_cast<int>(node.densities.first));
+    AddMaterialStatistics(answer, StatisticsOf(node, below));
     for (const double coefficient : Coefficients(picked.placement)) {
         answer.Add(coefficient);
     }

@@ -11,13 +11,13 @@ namespace wb
 {
 std::string_view Request::Next(const char* name)
 {
-    if (m_atEnd) {
+    // A text that ends with the separator has no further field.
+    if (m_rest.empty()) {
         throw RequestError(std::string("The field ") + name + " of the request is missing.");
     }
     const std::size_t end = m_rest.find('|');
     const std::string_view field = m_rest.substr(0, end);
-    m_atEnd = end == std::string_view::npos;
-    m_rest.remove_prefix(m_atEnd ? m_rest.size() : end + 1);
+    m_rest.remove_prefix(end == std::string_view::npos ? m_rest.size() : end + 1);
     return field;
 }
 
@@ -74,7 +74,7 @@ bool Request::Flag(const char* name)
 
 void Request::End()
 {
-    if (!m_rest.empty()) {
+    if (!m_rest.empty() && m_rest != "|") {
         throw RequestError("The request holds \"" + std::string(m_rest) +
                            "\" behind its last field, expected nothing.");
     }

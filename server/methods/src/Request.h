@@ -21,7 +21,7 @@ public:
 class Request
 {
 public:
-    explicit Request(std::string_view text) : m_rest(text), m_atEnd(text.empty()) {}
+    explicit Request(std::string_view text) : m_rest(text) {}
 
     /// A field that must hold something. "__null__" is something.
     std::string_view Text(const char* name);
@@ -41,7 +41,6 @@ private:
     std::string_view Next(const char* name);
 
     std::string_view m_rest;
-    bool m_atEnd;
 };
 
 /// A date as streams write it: with the delimiter that all clients read.
