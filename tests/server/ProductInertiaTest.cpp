@@ -188,3 +188,33 @@ TEST(ProductInertia, MassOfASizeTakesWhatTheDatabaseHoldsOfThePart)
     known.density = kUnknown;
     EXPECT_DOUBLE_EQ(moment(known, "6000,wb"), 0.06);
 }
+
+TEST(ProductInertia, ProductsMayStandInALaterRowThanTheMomentsAlone)
+{
+    const std::string header = "part,mass_type,ixx [kg.m2],iyy [kg.m2],izz [kg.m2],ixy "
+                               "[kg.m2],ixz [kg.m2],iyz [kg.m2],poi_sign\n";
+    const auto result =
+        wbtest::Read(header + "P,Weighed,1,2,3,,,,\nP,Weighed,1,2,3,0.1,0.2,0,negative\n");
+    ASSERT_THAT(result.errors, ElementsAre());
+    const ValueSet& set = result.product.parts[0].sets[0];
+    EXPECT_EQ(set[Fact::Ixy], -0.1);
+    EXPECT_EQ(set[Fact::Iyz], 0);
+    EXPECT_EQ(set.typed, "ixx=1 kg.m2|iyy=2 kg.m2|izz=3 kg.m2|poi_sign=negative|ixy=0.1 kg.m2|"
+                         "ixz=0.2 kg.m2|iyz=0 kg.m2");
+    EXPECT_EQ(result.summary.momentsAlone, 0U);
+    EXPECT_EQ(FirstError(header + "P,Weighed,1,2,3,0.1,0,0,-\nP,Weighed,1,2,3,0.2,0,0,-\n"),
+              "t.csv:3: column \"ixy [kg.m2]\": found \"0.2\", but line 2 states \"0.1 kg.m2\"; "
+              "expected the same fact once");
+}
+
+TEST(ProductInertia, InertiaBeyondAllNumbersIsRefused)
+{
+    EXPECT_EQ(FirstError("part,mass_type,mass [kg],kx [mm],ky [mm],kz [mm]\n"
+                         "P,Weighed,1,1e200,1,1\n"),
+              "t.csv:2: column \"kx [mm]\": the inertia about the centre is beyond all numbers, "
+              "expected smaller ones");
+    EXPECT_EQ(FirstError("part,mass_type,mass [kg],cgx [mm],cgy [mm],cgz [mm],ixx [kg.m2],iyy "
+                         "[kg.m2],izz [kg.m2],inertia_at\nP,Weighed,1,0,1e200,0,1,1,1,origin\n"),
+              "t.csv:2: column \"inertia_at\": the inertia about the centre is beyond all numbers, "
+              "expected smaller ones");
+}

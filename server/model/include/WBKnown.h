@@ -38,5 +38,12 @@ public:
     {
         return std::nullopt;
     }
+    /// Everything that is stated of the use of that name below parent; nothing where it is not
+    /// known, or known as a use of another part.
+    virtual std::optional<Use> FindUseFacts(const Part& /*parent*/, std::string_view /*instance*/,
+                                            const Part& /*part*/) const
+    {
+        return std::nullopt;
+    }
 };
 } // namespace wb

@@ -171,6 +171,8 @@ public:
     std::optional<Material> FindMaterial(std::string_view name) const override;
     std::optional<Part> FindFacts(std::string_view identifier,
                                   std::string_view version) const override;
+    std::optional<Use> FindUseFacts(const Part& parent, std::string_view instance,
+                                    const Part& part) const override;
 
     // Reads. They throw StoreError.
     /// The parts that nobody uses, by identifier and version.

@@ -178,6 +178,16 @@ std::optional<Part> Store::FindFacts(std::string_view identifier, std::string_vi
     return line ? std::optional(ReadPart(line->id).part) : std::nullopt;
 }
 
+std::optional<Use> Store::FindUseFacts(const Part& parent, std::string_view instance,
+                                       const Part& part) const
+{
+    const auto above = FindPart(parent.identifier, parent.version);
+    const auto line = above ? FindUse(above->id, instance) : std::nullopt;
+    const bool isSame = line && line->part.identifier == part.identifier &&
+                        line->part.version == part.version;
+    return isSame ? std::optional(ReadUse(line->id).use) : std::nullopt;
+}
+
 std::vector<PartLine> Store::Roots() const
 {
     std::vector<PartLine> roots;

@@ -101,6 +101,12 @@ enum class Column : std::uint8_t
 
 constexpr std::size_t kColumns = static_cast<std::size_t>(Column::Count);
 
+/// The column that stands so many steps behind that one.
+constexpr Column Next(Column column, std::size_t steps = 1)
+{
+    return static_cast<Column>(static_cast<std::size_t>(column) + steps);
+}
+
 /// A column "p:NAME" (of the part) or "i:NAME" (of the use).
 struct PropertyColumn
 {
