@@ -1,30 +1,11 @@
 #include "RecordPrinter.h"
 
+#include "JsonText.h"
+
 #include <algorithm>
-#include <string_view>
 
 namespace
 {
-
-void AppendQuoted(std::string& json, std::string_view text)
-{
-    constexpr std::string_view kHex = "0123456789abcdef";
-    json += '"';
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\') {
-            json += '\\';
-            json += character;
-        } else if (byte < 0x20) {
-            json += "\\u00";
-            json += kHex[byte >> 4U];
-            json += kHex[byte & 0xFU];
-        } else {
-            json += character;
-        }
-    }
-    json += '"';
-}
 
 void AppendCell(std::string& json, const CATWBRecordCell& cell)
 {
@@ -32,7 +13,7 @@ void AppendCell(std::string& json, const CATWBRecordCell& cell)
     if (cell.kind == Kind::Unknown) {
         json += "null";
     } else if (cell.kind == Kind::Text) {
-        AppendQuoted(json, cell.text.View());
+        AppendJsonText(json, cell.text.View());
     } else {
         json += cell.text.View();
     }
@@ -44,7 +25,7 @@ void AppendRow(std::string& json, const CATWBRecordTable& table,
     json += '{';
     for (std::size_t index = 0; index < row.size(); ++index) {
         json += index == 0 ? "" : ", ";
-        AppendQuoted(json, table.columns[static_cast<int>(index) + 1].View());
+        AppendJsonText(json, table.columns[static_cast<int>(index) + 1].View());
         json += ": ";
         AppendCell(json, row[index]);
     }
@@ -122,7 +103,7 @@ std::string RecordAsJson(const std::vector<CATWBRecordTable>& tables)
     std::string json = "{\n";
     for (const CATWBRecordTable& table : tables) {
         json += &table == &tables.front() ? "  " : ",\n  ";
-        AppendQuoted(json, table.name.View());
+        AppendJsonText(json, table.name.View());
         json += table.isList ? ": [" : ": ";
         for (const auto& row : table.rows) {
             if (table.isList) {

@@ -29,6 +29,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 
@@ -328,7 +329,8 @@ std::string StoryPlayer::Click(const Words& words)
         auto* container = dynamic_cast<CATDlgTabContainer*>(page->Parent());
         for (int position = 1; position <= container->ChildCount(); ++position) {
             if (container->Child(position) == page) {
-                container->SelectPage(position - 1);
+                // As the user does: who listens to the pages is told.
+                qobject_cast<QTabWidget*>(container->Widget())->setCurrentIndex(position - 1);
             }
         }
         return {};

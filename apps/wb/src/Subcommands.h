@@ -50,6 +50,35 @@ struct ExportOptions
 };
 int RunExport(const ExportOptions& options);
 
+/// What a user typed for `wb compute`; ReadComputeArguments says what it means.
+struct ComputeCommandOptions
+{
+    SessionOptions session;
+    std::string path;        ///< "ROOT/INSTANCE/INSTANCE"
+    std::string rootVersion; ///< empty: of several the one that was stored last
+    std::string precision = "active";
+    std::string orElse; ///< "active": leaves without the mass type take their active values
+    std::string update = "check";
+    std::string entity = "instance";
+    std::optional<std::string> filter; ///< as the filter panel keeps it
+    std::vector<std::string> included; ///< paths
+    std::vector<std::string> excluded;
+    std::string densityFirst;              ///< "wb" or "material"; empty: each part's own order
+    std::string material;                  ///< in place of that of the asked part; may be empty
+    std::optional<std::string> deviations; ///< "2,3%" or "2,3kg"
+    std::string at = "cg";
+    bool uncertainty = false;
+    bool rss = false;
+    bool apart = false;
+    std::optional<std::string> explain; ///< how many; empty: the usual number
+    std::optional<std::string> units;   ///< "MASS=lb,LENGTH=in"
+    bool json = false;
+    bool csv = false;
+};
+/// Returns 3 when something in the product has no mass, so that the figures are those of a part of
+/// it. They are printed all the same.
+int RunCompute(const ComputeCommandOptions& options);
+
 struct MassTypesOptions
 {
     std::string database;

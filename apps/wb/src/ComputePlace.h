@@ -1,0 +1,39 @@
+#pragma once
+
+#include "WBFilter.h"
+#include "WBProductGraph.h"
+#include "WBStore.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A product root that a path begins with, and what follows behind it.
+struct ComputeRoot
+{
+    wb::PartLine root;
+    std::string below; ///< "INSTANCE/INSTANCE"; empty: the root itself
+};
+
+/// The product that the path begins with; of several versions the one that was stored last, or the
+/// given one. Nothing, with a sentence that names what there is instead.
+std::optional<ComputeRoot> FindComputeRoot(const wb::Store& store, const std::string& path,
+                                           const std::string& version, std::string& problem);
+
+/// The node that instance names lead to from the product's root, its first part. Nothing, with a
+/// sentence that names the step that leads nowhere and those that there are. A name may hold "/".
+std::optional<wb::AskedPath> FindComputeNode(const wb::ProductGraph& graph, std::string_view below,
+                                             std::string& problem);
+
+/// A filter of whole paths, "ROOT/INSTANCE/...". The longest path that leads to a node or to
+/// something above it decides about it. What no path names is left out where a path that stands
+/// below no other lets something in, and counts otherwise. Nothing, with a sentence, when a path
+/// leads nowhere or stands on both sides.
+std::optional<wb::Filter> FilterOfPaths(const wb::ProductGraph& graph,
+                                        const std::vector<std::string>& included,
+                                        const std::vector<std::string>& excluded,
+                                        std::string& problem);
+
+/// "LA1/WNG-000.1/WNG-200R.1".
+std::string PathText(const wb::ProductGraph& graph, const wb::AskedPath& path);
