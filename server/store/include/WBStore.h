@@ -4,6 +4,7 @@
 #include "WBProduct.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -141,6 +142,40 @@ struct ImportOutcome
     std::vector<std::string> errors; // ready sentences; empty: done
 };
 
+/// A product as it was read, with what tells its rows apart and whether they have changed since.
+struct ReadProductRows
+{
+    Product product;
+    std::vector<RowId> parts;                // parallel to the product's parts
+    std::vector<RowId> uses;                 // parallel to its uses
+    std::vector<std::int64_t> changeNumbers; // parallel to its parts
+};
+
+/// Whoever watched a long reading ended it.
+class ReadingStopped : public StoreError
+{
+public:
+    using StoreError::StoreError;
+};
+
+/// A derived result of a part: it can be made again from what was stated, so it may be missing at
+/// any time, and files of products do not carry it. key says what of the part it is.
+struct KeptResult
+{
+    RowId part = 0;
+    std::string key;
+    /// The part's change number when it was made; it is up to date while that number holds.
+    std::int64_t changeNumber = 0;
+    std::string result; // any bytes
+};
+
+/// Which results are there, without them.
+struct KeptLine
+{
+    RowId part = 0;
+    bool upToDate = false;
+};
+
 /// Products in one SQLite file. Reads fetch one part at a time; nothing of a product stays in
 /// memory. One thread at a time may use a store.
 class Store : public KnownProducts
@@ -192,9 +227,22 @@ public:
     DensityCount CountDensities(RowId part) const;
     /// A part and everything below it, as of one moment; the part is the first of its parts.
     Product ReadProduct(RowId root) const;
+    /// The same with its rows. goOn is asked now and then, with the share done from 0 to 1; false
+    /// ends the reading with ReadingStopped.
+    ReadProductRows ReadRows(RowId root, const std::function<bool(double)>& goOn) const;
     std::vector<HistoryEntry> History() const; // oldest first
     /// Rises with every change of the part's own facts or of anything below it.
     std::int64_t ChangeNumber(RowId part) const;
+
+    // Derived results. Whatever goes wrong with them, nothing is there or nothing is kept: they
+    // never stand in the way of an answer.
+    std::optional<KeptResult> FindKept(RowId part, std::string_view key) const;
+    /// Of all parts that have a result of that key.
+    std::vector<KeptLine> KeptLines(std::string_view key) const;
+    /// Keeps all of them, in place of those of the same part and key, or none: where another
+    /// program is at work it does not wait. Of the results of one part the newest hundred stay.
+    /// Returns whether they are kept.
+    bool Keep(const std::vector<KeptResult>& results, const std::string& user);
 
     // Writes; each is one transaction and leaves nothing behind when it fails.
     ImportOutcome Import(const Product& product, const ImportOptions& options);

@@ -144,6 +144,14 @@ std::string Statement::Text()
                : std::string(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
 }
 
+std::string Statement::Bytes()
+{
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, m_column));
+    const int size = sqlite3_column_bytes(m_statement, m_column);
+    ++m_column;
+    return bytes == nullptr ? std::string() : std::string(bytes, static_cast<std::size_t>(size));
+}
+
 double Statement::Number()
 {
     const bool null = IsNull();
@@ -171,7 +179,8 @@ bool Statement::IsNull() const
     return sqlite3_column_type(m_statement, m_column) == SQLITE_NULL;
 }
 
-Database::Database(const std::string& path, Kind kind, int lockWait) : m_path(path)
+Database::Database(const std::string& path, Kind kind, int lockWait)
+    : m_path(path), m_lockWait(lockWait)
 {
     // SQLite's own count of its memory costs a lock at every allocation, and nobody reads it. The
     // call has an effect before the first connection alone.
@@ -241,6 +250,16 @@ void Database::TakeOver(Database& other)
 bool Database::InTransaction() const
 {
     return sqlite3_get_autocommit(m_database) == 0;
+}
+
+NoWaiting::NoWaiting(Database& database) : m_database(database)
+{
+    sqlite3_busy_timeout(m_database.m_database, 0);
+}
+
+NoWaiting::~NoWaiting()
+{
+    sqlite3_busy_timeout(m_database.m_database, m_database.m_lockWait);
 }
 
 Transaction::Transaction(Database& database)

@@ -38,6 +38,7 @@ public:
     std::string Text();
     double Number();
     std::int64_t Integer();
+    std::string Bytes(); // of a text or a blob
     /// Fills the bytes when the column holds as many; leaves them alone when it is NULL.
     void Blob(void* bytes, std::size_t size);
     bool IsNull() const; // of the next column
@@ -89,9 +90,24 @@ public:
     bool InTransaction() const;
 
 private:
+    friend class NoWaiting;
     std::string m_path;
+    int m_lockWait;
     sqlite3* m_database = nullptr;
     std::map<std::string, std::unique_ptr<Statement>, std::less<>> m_kept;
+};
+
+/// While it lives, what another program's work stands in the way of fails at once.
+class NoWaiting
+{
+public:
+    explicit NoWaiting(Database& database);
+    NoWaiting(const NoWaiting&) = delete;
+    NoWaiting& operator=(const NoWaiting&) = delete;
+    ~NoWaiting();
+
+private:
+    Database& m_database;
 };
 
 /// Everything until Commit happens, or nothing. Inside another transaction it is a part of that

@@ -97,6 +97,21 @@ CREATE TABLE history (
 );
 )sql";
 
+/// Results that were derived from all the rest, each with the change number of its part then.
+constexpr const char* kKeptTable = R"sql(
+CREATE TABLE kept_result (
+    id INTEGER PRIMARY KEY,
+    part INTEGER NOT NULL REFERENCES part (id),
+    key TEXT NOT NULL,
+    change_number INTEGER NOT NULL,
+    at TEXT NOT NULL DEFAULT CURRENT_TIMESTAMP,
+    who TEXT NOT NULL,
+    result BLOB NOT NULL,
+    UNIQUE (part, key)
+);
+CREATE INDEX kept_key ON kept_result (key, part, change_number);
+)sql";
+
 /// The value sets of parts and of uses are alike; so are their properties. The checks use no IN
 /// with a list: SQLite would build a table of the list for every inserted row.
 std::string OwnedTables(const std::string& owner)
@@ -144,6 +159,7 @@ void CreateSchema(Database& database)
 {
     Transaction transaction(database);
     database.Execute(kTables);
+    database.Execute(kKeptTable);
     database.Execute(kUseIndexes);
     database.Execute(OwnedTables("part") + OwnedTables("use"));
     const auto insert = database.Prepare(
@@ -182,6 +198,25 @@ void CheckSchema(Database& database)
                          "(its tables are version " +
                          std::to_string(version) + ", this program knows version " +
                          std::to_string(kSchemaVersion) + "); open it with that version");
+    }
+}
+
+void UpdateSchema(Database& database)
+{
+    if (database.Ask("PRAGMA user_version") >= kSchemaVersion) {
+        return;
+    }
+    const NoWaiting noWaiting(database);
+    try {
+        Transaction transaction(database);
+        // Another program may have been faster.
+        if (database.Ask("PRAGMA user_version") < kSchemaVersion) {
+            database.Execute(kKeptTable);
+            database.Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+        }
+        transaction.Commit();
+    } catch (const StoreError&) {
+        return; // nothing is kept then, and the next opening tries again
     }
 }
 } // namespace wb

@@ -8,8 +8,8 @@ namespace wb
 {
 /// Marks our files among all SQLite files ("WBDB").
 constexpr std::int64_t kApplicationId = 0x57424442;
-/// Of the tables; a file of a higher version is refused.
-constexpr std::int64_t kSchemaVersion = 1;
+/// Of the tables; a file of a higher version is refused. 1 had no kept results.
+constexpr std::int64_t kSchemaVersion = 2;
 
 /// Makes the indexes that find a use below its parent, where its name is unique, and the uses of a
 /// part.
@@ -21,6 +21,10 @@ void CreateSchema(Database& database);
 
 /// Throws StoreError when the file is no database of ours, or of a newer version.
 void CheckSchema(Database& database);
+
+/// Adds what a file of an older version lacks. Where it may not be written, or others are at work,
+/// it stays as it is: what is new in it holds nothing that anybody stated.
+void UpdateSchema(Database& database);
 
 /// ", mass, lower, ...", each behind a prefix such as "v.", or ", ?, ?, ..." for the numbers of a
 /// set.

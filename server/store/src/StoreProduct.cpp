@@ -32,6 +32,35 @@ private:
     const bool m_inner;
 };
 
+/// Tells somebody how far a reading is, and ends it when they want that.
+class Watch
+{
+public:
+    Watch(Database& database, const std::function<bool(double)>& goOn)
+        : m_path(database.Path()), m_goOn(goOn)
+    {
+        if (m_goOn) {
+            m_all = static_cast<double>(database.Ask("SELECT count(*) FROM part") +
+                                        database.Ask("SELECT count(*) FROM use"));
+        }
+    }
+
+    /// Throws ReadingStopped.
+    void Look(std::size_t rowsRead) const
+    {
+        constexpr std::size_t kRowsBetweenLooks = 256;
+        if (rowsRead % kRowsBetweenLooks == 0 && m_goOn &&
+            !m_goOn(static_cast<double>(rowsRead) / m_all)) {
+            throw ReadingStopped(m_path + ": the reading of a product was stopped");
+        }
+    }
+
+private:
+    const std::string& m_path;
+    const std::function<bool(double)>& m_goOn;
+    double m_all = 1.0;
+};
+
 /// The uses below a part, in the order they were stored.
 std::vector<RowId> UseIdsOf(Database& database, RowId part)
 {
@@ -47,21 +76,34 @@ std::vector<RowId> UseIdsOf(Database& database, RowId part)
 
 Product Store::ReadProduct(RowId root) const
 {
+    return ReadRows(root, {}).product;
+}
+
+ReadProductRows Store::ReadRows(RowId root, const std::function<bool(double)>& goOn) const
+{
     const OneMoment moment(*m_database);
-    Product product;
-    std::vector<RowId> ids{root};
+    // The database may hold other products as well, so the share is a low guess.
+    const Watch watch(*m_database, goOn);
+    ReadProductRows rows;
+    Product& product = rows.product;
+    std::vector<RowId>& ids = rows.parts;
+    ids.push_back(root);
     std::unordered_map<RowId, std::uint32_t> positions{{root, 0}};
     std::set<std::string> materials;
     for (std::uint32_t parent = 0; parent < ids.size(); ++parent) {
+        watch.Look(product.parts.size() + product.uses.size());
         const Part& part = product.parts.emplace_back(ReadPart(ids[parent]).part);
+        rows.changeNumbers.push_back(ChangeNumber(ids[parent]));
         materials.insert(part.material);
         for (const RowId id : UseIdsOf(*m_database, ids[parent])) {
+            watch.Look(product.parts.size() + product.uses.size());
             StoredUse stored = ReadUse(id);
             const auto [child, isNew] =
                 positions.emplace(stored.part, static_cast<std::uint32_t>(ids.size()));
             if (isNew) {
                 ids.push_back(stored.part);
             }
+            rows.uses.push_back(id);
             Use& use = product.uses.emplace_back(std::move(stored.use));
             use.parent = parent;
             use.part = child->second;
@@ -73,6 +115,6 @@ Product Store::ReadProduct(RowId root) const
             product.materials.push_back(std::move(*material));
         }
     }
-    return product;
+    return rows;
 }
 } // namespace wb

@@ -183,8 +183,8 @@ std::optional<Use> Store::FindUseFacts(const Part& parent, std::string_view inst
 {
     const auto above = FindPart(parent.identifier, parent.version);
     const auto line = above ? FindUse(above->id, instance) : std::nullopt;
-    const bool isSame = line && line->part.identifier == part.identifier &&
-                        line->part.version == part.version;
+    const bool isSame =
+        line && line->part.identifier == part.identifier && line->part.version == part.version;
     return isSame ? std::optional(ReadUse(line->id).use) : std::nullopt;
 }
 

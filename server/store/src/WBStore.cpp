@@ -15,6 +15,20 @@ namespace
 /// copy; a write-ahead log would leave a second file beside it. Where temporary data goes is left
 /// to SQLite: it sorts the rows of a new index in one block of memory then, otherwise row by row.
 constexpr const char* kSettings = "PRAGMA foreign_keys = ON; PRAGMA cache_size = -65536";
+
+/// A sentence about a path at which no database can be; empty where one may be.
+std::string WhyNotThere(const std::string& path)
+{
+    std::error_code code;
+    if (!std::filesystem::exists(path, code)) {
+        return path + ": the database does not exist; make one with \"wb import FILE.csv --into " +
+               path + "\"";
+    }
+    if (std::filesystem::is_directory(path, code)) {
+        return path + ": is a directory; name the database file in it";
+    }
+    return {};
+}
 } // namespace
 
 Store::Store(std::unique_ptr<Database> database) : m_database(std::move(database))
@@ -29,19 +43,14 @@ const std::string& Store::Path() const
 
 Store::Opened Store::Open(const std::string& path, int lockWait)
 {
-    std::error_code code;
-    if (!std::filesystem::exists(path, code)) {
-        return {nullptr, path +
-                             ": the database does not exist; make one with \"wb import FILE.csv "
-                             "--into " +
-                             path + "\""};
-    }
-    if (std::filesystem::is_directory(path, code)) {
-        return {nullptr, path + ": is a directory; name the database file in it"};
+    const std::string reason = WhyNotThere(path);
+    if (!reason.empty()) {
+        return {nullptr, reason};
     }
     try {
         auto database = std::make_unique<Database>(path, Database::Kind::Existing, lockWait);
         CheckSchema(*database);
+        UpdateSchema(*database);
         database->Execute(kSettings);
         return {std::unique_ptr<Store>(new Store(std::move(database))), {}};
     } catch (const StoreError& error) {
@@ -77,11 +86,15 @@ Store::Opened Store::OpenCopy(const std::string& path, int lockWait)
     try {
         auto copy = std::make_unique<Database>(path, Database::Kind::Passing, lockWait);
         if (std::filesystem::exists(path, code)) {
-            const Opened original = Open(path, lockWait);
-            if (!original.store) {
-                return {nullptr, original.error};
+            const std::string reason = WhyNotThere(path);
+            if (!reason.empty()) {
+                return {nullptr, reason};
             }
-            copy->TakeOver(*original.store->m_database);
+            // The file stays as it is, of whatever version.
+            Database original(path, Database::Kind::Existing, lockWait);
+            CheckSchema(original);
+            copy->TakeOver(original);
+            UpdateSchema(*copy);
         } else {
             CreateSchema(*copy);
         }
