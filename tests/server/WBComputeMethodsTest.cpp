@@ -88,21 +88,20 @@ TEST(WBComputeMethods, MassTypesAndPropertyNamesComeAsXml)
         "<massTypesAndAttrNames><massType name=\"Computed\"/><massType name=\"Estimated\"/>"
         "<massType name=\"Calculated\"/><massType name=\"Supplier\"/><massType name=\"Weighed\"/>";
     EXPECT_EQ(served.Call("WBGetMassTypesAndAttrNames", ""), shipped + "</massTypesAndAttrNames>");
-    served.ImportTable("parent,instance,part,p:Vendor,i:Location,i:A & <B>\n,,R,,,\nR,p,P,x,y,z\n"
-                       "R,q,P,,y,\n");
+    served.ImportTable("parent,instance,part,p:Vendor,i:Location\n,,R,,\nR,p,P,x,y\nR,q,P,,y\n");
     EXPECT_EQ(served.Call("WBGetMassTypesAndAttrNames", ""),
-              shipped + "<attrName name=\"A &amp; &lt;B>\"/><attrName name=\"Location\"/>"
-                        "<attrName name=\"Vendor\"/></massTypesAndAttrNames>");
+              shipped + "<attrName name=\"Location\"/><attrName name=\"Vendor\"/>"
+                        "</massTypesAndAttrNames>");
 }
 
-TEST(WBComputeMethods, QuotesInNamesStayWhole)
+TEST(WBComputeMethods, NamesStayWholeInXml)
 {
     wbtest::ServedProduct served;
     const std::string path = served.Folder().Write(
-        "m.csv", "mass_type,order,kind,category\n\"Say \"\"so\"\"\",15,claim,calculated\n");
+        "m.csv", "mass_type,order,kind,category\n\"A & \"\"B\"\" < C\",15,claim,calculated\n");
     EXPECT_THAT(ImportMassTypes(served.Store(), path, "kim"), testing::ElementsAre());
     EXPECT_THAT(served.Call("WBGetMassTypesAndAttrNames", ""),
-                HasSubstr("<massType name=\"Say &quot;so&quot;\"/>"));
+                HasSubstr("<massType name=\"A &amp; &quot;B&quot; &lt; C\"/>"));
 }
 
 TEST(WBComputeMethods, OneBodyComesBackFieldByField)
@@ -289,7 +288,8 @@ TEST(WBComputeMethods, WrongFieldsAreNamed)
                                "from 0."},
         {"1|i|p|v|9|a", field + "path of the request is missing."},
         {"1|i|p|v|0|1", field + "material of the request is missing."},
-        {place, field + "precision of the request is empty, expected a text."},
+        {place, field + "precision of the request is missing."},
+        {place + "|0|1|R|0|F|0|", field + "precision of the request is empty, expected a text."},
         {place + "Active|3|1|R|0|F|0|", field + "update policy of the request holds \"3\", "
                                                 "expected a whole number from 0 to 2."},
         {place + "Active|2|-1|1|R|0|F|0|",

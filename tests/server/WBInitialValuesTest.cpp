@@ -18,6 +18,16 @@ const std::string kSupplier = "Supplier|0|0|2|3|";
 const std::string kWeighed = "Weighed|0|0|0.5|0.5|";
 const std::string kUnitPlace = "1|0|0|0|1|0|0|0|1|";
 
+/// An assembly with a weight of its own above 2 kg at x = 0 and three pieces of 2 kg at x = 4 mm.
+constexpr const char* kImposed =
+    "parent,instance,part,quantity,x [mm],y [mm],z [mm],mass_type,mass [kg],lower [kg],upper [kg],"
+    "cgx [mm],cgy [mm],cgz [mm],ixx [kg.m2],iyy [kg.m2],izz [kg.m2],ixy [kg.m2],ixz [kg.m2],iyz "
+    "[kg.m2],poi_sign,active\n"
+    ",,A,,,,,,,,,,,,,,,,,,,\n"
+    "A,S.1,S,,,,,Weighed,9,,,,,,,,,,,,,yes\n"
+    "S,1,P,,,,,Weighed,2,0.5,0.2,0,0,0,,,,,,,,\n"
+    "S,2,Q,3,4,0,0,Weighed,2,0.2,0.4,0,0,0,1,1,1,0.2,0.3,0.4,positive,\n";
+
 /// The answer for the part P of one row below a root A, picked in the navigator or not.
 std::string OnePart(const std::string& columns, const std::string& cells, bool hasInstance = true)
 {
@@ -34,7 +44,7 @@ TEST(WBInitialValues, NothingStatedIsAnEmptyRecord)
 {
     EXPECT_EQ(OnePart("name", "x"), kSwitches + kNoDocuments + kComputed + kTarget + kEstimated +
                                         kCalculated + kSupplier + kWeighed +
-                                        "1|Computed|__null__|0|0|0|0|0|" + kUnitPlace + "0|0|0|0|");
+                                        "1|Computed|__null__|0|0|1|0|0|" + kUnitPlace + "0|0|0|0|");
 }
 
 TEST(WBInitialValues, SizedSparCapOfTheAeroplaneWithItsRevisions)
@@ -55,7 +65,7 @@ TEST(WBInitialValues, SizedSparCapOfTheAeroplaneWithItsRevisions)
                                    "Calculated|1|3.4194|0.034194|0.068388|1620|0|4|"
                                    "0.000833479|4.00737|4.00769|0|0|0|1|0|1|2|0|3|5|" +
                                    kSupplier + kWeighed +
-                                   "1|Calculated|__null__|1|2780|Al 2024-T3|0|0|"
+                                   "1|Calculated|__null__|1|2780|Al 2024-T3|1|0|"
                                    "1|Al 2024-T3|3|3.4194|2780|"));
     EXPECT_THAT(answer, HasSubstr("|1|Location|1|0|Instance|upper|__null__|"));
 }
@@ -71,7 +81,7 @@ TEST(WBInitialValues, BracketOfTheSatelliteInAMaterialOfItsOwn)
                                    "Calculated|1|0.52274|0.0156822|0.026137|0|12|40|0.000705699|"
                                    "0.00087994619217081"));
     EXPECT_THAT(answer, testing::EndsWith("|1|Calculated|__null__|1|4430|Ti-6Al-4V|PartInst|1|2810|"
-                                          "Al 7075-T6|0|0|1|Ti-6Al-4V|3|0.52274|4430|"
+                                          "Al 7075-T6|1|0|1|Ti-6Al-4V|3|0.52274|4430|"
                                           "-1|0|0|0|-1|0|0|0|1|-150|240|800|0|"));
 }
 
@@ -85,18 +95,6 @@ TEST(WBInitialValues, LastImposedIsWhatSomebodyMadeActive)
                 HasSubstr("|1|Weighed|Weighed|"));
 }
 
-TEST(WBInitialValues, DetailsTellWhichFiguresAreKnown)
-{
-    ServedProduct served;
-    served.ImportTable("parent,instance,part,name,mass_type,mass [kg],cgx [mm],cgy [mm],cgz [mm],"
-                       "ixx [kg.m2],iyy [kg.m2],izz [kg.m2]\n,,A,,,,,,,,,\n"
-                       "A,P.1,P,Bolt,Weighed,1,0,0,0,,,\nA,P.1,P,,Estimated,2,,,,1,2,3\n");
-    EXPECT_EQ(served.Call("WBGetValueDetails", "A|P.1|P|A|0|"),
-              "Bolt|6|Computed|0|0|0|Target|0|0|0|Estimated|1|0|1|Calculated|0|0|0|"
-              "Supplier|0|0|0|Weighed|1|1|0|");
-    EXPECT_THAT(served.Call("WBGetValueDetails", "A|P.1|P|A|"), StartsWith("#WB_ERROR#"));
-}
-
 TEST(WBInitialValues, FairingWithAWeightOfItsOwn)
 {
     ServedProduct served;
@@ -107,10 +105,10 @@ TEST(WBInitialValues, FairingWithAWeightOfItsOwn)
                   "0|0|3|5|" +
                   kSupplier +
                   "Weighed|1|1.02|0.005|0.005|6|0|2|0|0|0|0|0|0|1|1|0.005|0.005|0|0.5|0.5|"
-                  "1|Weighed|Weighed|1|1850|GFRP|PartRef|1|1850|GFRP|0|0|1|GFRP|3|1.02|1850|" +
+                  "1|Weighed|Weighed|1|1850|GFRP|PartRef|1|1850|GFRP|1|0|1|GFRP|3|1.02|1850|" +
                   kUnitPlace + "1230|960|-1030|1|Location|1|0|Instance|right|__null__|");
     EXPECT_THAT(served.Initial("1||LA1|LDG-400.2|LDG-400|A|1|LDG-000.1"),
-                HasSubstr("|1|Calculated|__null__|1|1850|GFRP|0|0|1|GFRP|3|0.925|1850|"));
+                HasSubstr("|1|Calculated|__null__|1|1850|GFRP|1|0|1|GFRP|3|0.925|1850|"));
 }
 
 TEST(WBInitialValues, ImposedEngineAndItsProperties)
@@ -164,21 +162,21 @@ TEST(WBInitialValues, AreaMakesASurfaceDensityAndAStatisticOfDimensionTwo)
 {
     EXPECT_THAT(OnePart("mass_type,area [m2],material,material_surface_density [kg/m2]",
                         "Weighed,2,Foil,1.5"),
-                HasSubstr("|1|Weighed|__null__|1|1.5|Foil|0|0|1|Foil|2|3|1.5|"));
+                HasSubstr("|1|Weighed|__null__|1|1.5|Foil|1|0|1|Foil|2|3|1.5|"));
 }
 
 TEST(WBInitialValues, MaterialWithoutDensityIsPartiallyAssigned)
 {
     EXPECT_THAT(OnePart("mass_type,mass [kg],material", "Weighed,2,Cast"),
-                HasSubstr("|1|Weighed|__null__|2|0|0|0|1|Cast|3|2|0|"));
+                HasSubstr("|1|Weighed|__null__|2|0|1|0|1|Cast|3|2|0|"));
     EXPECT_THAT(OnePart("mass_type,mass [kg],material", "Weighed,2,Cast", false),
-                HasSubstr("|1|Weighed|__null__|2|0|2|0|0|0|1|Cast|3|2|0|"));
+                HasSubstr("|1|Weighed|__null__|2|0|2|0|1|0|1|Cast|3|2|0|"));
 }
 
 TEST(WBInitialValues, DensityWithoutMaterialHasNoMaterialName)
 {
     EXPECT_THAT(OnePart("mass_type,volume [m3],density [kg/m3]", "Weighed,0.5,4", false),
-                HasSubstr("|1|4|__null__|PartRef|1|4|__null__|0|0|1|(no material)|3|2|0|"));
+                HasSubstr("|1|4|__null__|PartRef|1|4|__null__|1|0|1|(no material)|3|2|0|"));
 }
 
 TEST(WBInitialValues, DensityOrderOfThePartIsSent)
@@ -186,24 +184,66 @@ TEST(WBInitialValues, DensityOrderOfThePartIsSent)
     EXPECT_THAT(OnePart("mass_type,volume [m3],density [kg/m3],material,material_density "
                         "[kg/m3],density_first",
                         "Weighed,0.5,4,Al,6,material"),
-                HasSubstr("|1|6|Al|0|1|1|Al|3|3|6|"));
+                HasSubstr("|1|6|Al|1|1|1|Al|3|3|6|"));
     EXPECT_THAT(OnePart("mass_type,volume [m3],density [kg/m3],material,material_density "
                         "[kg/m3],density_first",
                         "Weighed,0.5,4,Al,6,wb"),
-                HasSubstr("|1|4|Al|0|0|1|Al|3|2|4|"));
+                HasSubstr("|1|4|Al|1|0|1|Al|3|2|4|"));
 }
 
-TEST(WBInitialValues, AssemblyHasNoStatisticsAndTheDensityStatusOfItsLeaves)
+TEST(WBInitialValues, DensityStatusOfAnAssemblyIsThatOfItsLeaves)
 {
     ServedProduct served;
-    served.ImportTable("parent,instance,part,mass_type,mass [kg],active,density [kg/m3]\n,,A,,,,\n"
-                       "A,S.1,S,Weighed,5,yes,\nS,1,P,,,,10\nS,2,Q,,,,\nA,T.1,T,,,,\nT,1,P,,,,\n"
-                       "A,U.1,U,,,,\nU,1,Q,,,,\n");
-    EXPECT_THAT(served.Initial("1||A|S.1|S|A|0|"),
-                HasSubstr("|1|Weighed|Weighed|2|0|0|0|0|" + kUnitPlace));
+    served.ImportTable("parent,instance,part,density [kg/m3]\n,,A,\nA,S.1,S,\nS,1,P,10\nS,2,Q,\n"
+                       "A,T.1,T,\nT,1,P,\nA,U.1,U,\nU,1,Q,\n");
+    EXPECT_THAT(served.Initial("1||A|S.1|S|A|0|"), HasSubstr("|Computed|__null__|2|0|1|0|0|"));
     EXPECT_THAT(served.Initial("1||A|T.1|T|A|0|"),
-                HasSubstr("|1|Computed|__null__|1|0|__null__|0|0|0|" + kUnitPlace));
-    EXPECT_THAT(served.Initial("1||A|U.1|U|A|0|"), HasSubstr("|1|Computed|__null__|0|0|0|0|0|"));
+                HasSubstr("|Computed|__null__|1|0|__null__|1|0|0|"));
+    EXPECT_THAT(served.Initial("1||A|U.1|U|A|0|"), HasSubstr("|Computed|__null__|0|0|1|0|0|"));
+}
+
+TEST(WBInitialValues, ComputedOfAnAssemblyIsTheSumBelowItWhateverItSaysItself)
+{
+    ServedProduct served;
+    served.ImportTable(kImposed);
+    // 2 kg at x = 0 and 3 x 2 kg at x = 4: 8 kg at 3 mm. Inertia about that: 2 x 0.003^2 + 6 x
+    // 0.001^2 = 0.000024 kg.m2, and the stated inertia of each of the three pieces of Q. The
+    // products travel as xz, xy, yz.
+    const std::string answer = served.Initial("1||A|S.1|S|A|0|");
+    EXPECT_THAT(answer, HasSubstr("|6|Computed|1|8|1.1|1.4|3|0|0|3|3.000024|3.000024|0.9|0.6|1.2|"
+                                  "0|0|0|0|Target|"));
+    EXPECT_THAT(answer, HasSubstr("|Weighed|1|9|0.045|0.045|0|0|0|0|0|0|0|0|0|0|0|0.5|0.5|"
+                                  "1|Weighed|Weighed|0|0|1|0|"));
+}
+
+TEST(WBInitialValues, StatisticsOfAnAssemblyHaveOneEntryForEachMaterialAndDimension)
+{
+    ServedProduct served;
+    // Foil: 2 kg of 0.5 kg/m2 and 4 kg of 1 kg/m2. Steel: 5 kg of 10 kg/m3.
+    served.ImportTable(
+        "parent,instance,part,mass_type,area [m2],volume [m3],surface_density [kg/m2],"
+        "density_first,material,material_surface_density [kg/m2],material_density [kg/m3]\n"
+        ",,A,,,,,,,,\nA,S.1,S,,,,,,,,\n"
+        "S,1,P,Weighed,4,,,,Foil,0.5,\nS,2,Q,Weighed,4,,1,wb,Foil,,\n"
+        "S,3,R,Weighed,,0.5,,,Steel,,10\nS,4,T,,,,,,,,\n");
+    EXPECT_THAT(served.Initial("1||A|S.1|S|A|0|"),
+                HasSubstr("|1|0|2|Foil|Steel|2|6|3|5|0|10|" + kUnitPlace));
+}
+
+TEST(WBInitialValues, AssemblyWithoutAnyMassBelowHasAnEmptyComputed)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,standard\n,,A,\nA,S.1,S,yes\nS,1,P,\n");
+    EXPECT_THAT(served.Initial("1||A|S.1|S|A|0|"), HasSubstr("|" + kComputed + kTarget));
+}
+
+TEST(WBInitialValues, ComputedOfAStandardAssemblyTellsThatItIsOne)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,standard,mass_type,mass [kg]\n,,A,,,\nA,S.1,S,yes,,\n"
+                       "S,1,P,,Weighed,2\n");
+    EXPECT_THAT(served.Initial("1||A|S.1|S|A|0|"),
+                HasSubstr("|Computed|1|2|0.01|0.01|0|0|0|0|0|0|0|0|0|0|1|0|0|Target|"));
 }
 
 TEST(WBInitialValues, PropertiesOfEveryType)
@@ -230,7 +270,7 @@ TEST(WBInitialValues, WrongFieldsAreNamed)
     EXPECT_THAT(error("1||B|P.1|P|A|1|S.1"),
                 HasSubstr("The field root of the request names \"B\""));
     EXPECT_THAT(error("1||A|P.2|P|A|1|S.1"),
-                HasSubstr("The field path of the request names \"P.2\""));
+                HasSubstr("The field instance of the request names \"P.2\""));
     EXPECT_THAT(error("1||A|P.1|P|A|1|S.2"),
                 HasSubstr("names \"S.2\", which the database does not"));
     EXPECT_THAT(error("1||A|P.1|Q|A|1|S.1"),
