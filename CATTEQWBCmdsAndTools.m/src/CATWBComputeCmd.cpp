@@ -191,9 +191,7 @@ CATUnicodeString CATWBComputeCmd::SelectedIdentifier() const
 void CATWBComputeCmd::ShowSelection()
 {
     const CATUnicodeString identifier = SelectedIdentifier();
-    if (!m_rootValues.IsEmpty()) {
-        m_controls->selection->SetText(identifier);
-    }
+    m_controls->selection->SetText(identifier);
     m_controls->filter->SetText(CATWBVPMNavFilterPanel::GetDisplayFilter(identifier));
 }
 
@@ -258,7 +256,14 @@ void CATWBComputeCmd::OnComputeButtonPushBActivateNotification()
             kErrorStyle);
         return;
     }
-    RefreshPanelWithInfo(answer);
+    const bool isWhole = RefreshPanelWithInfo(answer);
+    if (!isWhole) {
+        CATWBServices::DisplayMsg(
+            this, WBComputeMessage("UnreadableAnswer.Title", "@Unreadable Answer"),
+            WBComputeMessage("UnreadableAnswer.Text",
+                             "@The server's answer could not be read in full."),
+            kErrorStyle);
+    }
     ShowPendingWarning();
 }
 
@@ -317,7 +322,7 @@ void CATWBComputeCmd::OnReferenceButtonRadBModifyNotification()
 void CATWBComputeCmd::OnModifyUnit()
 {}
 
-void CATWBComputeCmd::RefreshPanelWithInfo(const CATUnicodeString& answer)
+bool CATWBComputeCmd::RefreshPanelWithInfo(const CATUnicodeString& answer)
 {
     const WBComputeAnswer read = WBReadComputeAnswer(answer);
     *m_values = read.values;
@@ -344,6 +349,7 @@ void CATWBComputeCmd::RefreshPanelWithInfo(const CATUnicodeString& answer)
               WBStatisticsTable(read.statistics.rows, totalMass));
     ShowTable(*m_controls->massTypeStatistics, read.massTypes.count,
               WBMassTypeTable(read.massTypes.rows, totalMass));
+    return read.isWhole;
 }
 
 void CATWBComputeCmd::RefreshMassUnits()

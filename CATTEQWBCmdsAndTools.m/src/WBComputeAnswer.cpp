@@ -5,8 +5,12 @@
 
 #include "CATWBToken.h"
 
+#include "CATDiagnostics.h"
+#include "CATNumberLocale.h"
+
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace
 {
@@ -25,25 +29,87 @@ constexpr std::array kValueFields{&WBComputeValues::mass,
                                   &WBComputeValues::ixz,
                                   &WBComputeValues::ixy};
 
-int NextInteger(CATWBToken& fields)
+/// The fields of an answer, front to back. What should be a number and is none reads as 0. The
+/// first field that is not what it should be is told to the diagnostic output: what follows it has
+/// most often merely lost its place.
+class AnswerFields
 {
-    int value = 0;
-    fields.NextString().ReadInt(value);
-    return value;
-}
+public:
+    explicit AnswerFields(const CATUnicodeString& answer) : m_fields(answer) {}
 
-double NextReal(CATWBToken& fields)
-{
-    double value = 0.0;
-    ReadAnyReal(fields.NextView(), value);
-    return value;
-}
+    CATUnicodeString Text() { return Next(); }
+    /// A real as it was received.
+    CATUnicodeString RealText()
+    {
+        const std::string_view text = Next();
+        double value = 0.0;
+        NoteNumber(ReadAnyReal(text, value), text);
+        return text;
+    }
+    int Integer()
+    {
+        const std::string_view text = Next();
+        int value = 0;
+        NoteNumber(CATReadInt(text, value), text);
+        return value;
+    }
+    double Real()
+    {
+        const std::string_view text = Next();
+        double value = 0.0;
+        NoteNumber(ReadAnyReal(text, value), text);
+        return value;
+    }
+    /// How many of the announced rows there are at most. A field takes at least its "|": an answer
+    /// that announces more rows than it has bytes left does not hold them.
+    std::size_t BelievedRows(int announced)
+    {
+        const std::size_t rows = announced > 0 ? static_cast<std::size_t>(announced) : 0;
+        const std::size_t believed = std::min(rows, m_fields.UnreadBytes());
+        if (announced < 0 || believed < rows) {
+            Note(" announces rows that are not there: ", announced);
+        }
+        return believed;
+    }
+    void ExpectEnd()
+    {
+        if (!m_fields.IsAtEnd()) {
+            Note(" should be the last; bytes behind it: ", m_fields.UnreadBytes());
+        }
+    }
+    bool IsWhole() const { return m_isWhole; }
 
-WBComputeValues ReadValues(CATWBToken& fields)
+private:
+    std::string_view Next()
+    {
+        ++m_number;
+        return m_fields.NextView();
+    }
+    void NoteNumber(int converted, std::string_view text)
+    {
+        if (converted != 1) {
+            Note(" holds no number: ", text);
+        }
+    }
+    template <class Detail>
+    void Note(const char* problem, const Detail& detail)
+    {
+        if (m_isWhole) {
+            CATDiagnosticOutput().Line("Field ", m_number, " of the answer", problem, detail);
+        }
+        m_isWhole = false;
+    }
+
+    CATWBToken m_fields;
+    int m_number = 0; // of the field that was read last, from 1
+    bool m_isWhole = true;
+};
+
+WBComputeValues ReadValues(AnswerFields& fields)
 {
     WBComputeValues values;
     for (const auto field : kValueFields) {
-        values.*field = fields.NextString();
+        values.*field = fields.RealText();
         if (field != &WBComputeValues::lowerDeviation) {
             SynchronizeSeparator(values.*field);
         }
@@ -51,41 +117,39 @@ WBComputeValues ReadValues(CATWBToken& fields)
     return values;
 }
 
-/// Reads the count of a list and makes room for its rows. A field takes at least its "|": an answer
-/// that announces more rows than it has bytes left does not hold them.
+/// Reads the count of a list and makes room for its rows.
 template <class Row>
-WBAnsweredList<Row> ReadCount(CATWBToken& fields)
+WBAnsweredList<Row> ReadCount(AnswerFields& fields)
 {
     WBAnsweredList<Row> list;
-    list.count = NextInteger(fields);
-    const std::size_t announced = list.count > 0 ? static_cast<std::size_t>(list.count) : 0;
-    list.rows.resize(std::min(announced, fields.UnreadBytes()));
+    list.count = fields.Integer();
+    list.rows.resize(fields.BelievedRows(list.count));
     return list;
 }
 
 /// All names first, then kind and density of each row, then all masses.
-WBAnsweredList<WBStatisticsRow> ReadStatistics(CATWBToken& fields)
+WBAnsweredList<WBStatisticsRow> ReadStatistics(AnswerFields& fields)
 {
     auto list = ReadCount<WBStatisticsRow>(fields);
     for (WBStatisticsRow& row : list.rows) {
-        row.name = fields.NextString();
+        row.name = fields.Text();
     }
     for (WBStatisticsRow& row : list.rows) {
-        row.kind = NextInteger(fields);
-        row.density = NextReal(fields);
+        row.kind = fields.Integer();
+        row.density = fields.Real();
     }
     for (WBStatisticsRow& row : list.rows) {
-        row.mass = NextReal(fields);
+        row.mass = fields.Real();
     }
     return list;
 }
 
-WBAnsweredList<WBMassTypeRow> ReadMassTypes(CATWBToken& fields)
+WBAnsweredList<WBMassTypeRow> ReadMassTypes(AnswerFields& fields)
 {
     auto list = ReadCount<WBMassTypeRow>(fields);
     for (WBMassTypeRow& row : list.rows) {
-        row.name = fields.NextString();
-        row.mass = NextReal(fields);
+        row.name = fields.Text();
+        row.mass = fields.Real();
     }
     return list;
 }
@@ -94,11 +158,13 @@ WBAnsweredList<WBMassTypeRow> ReadMassTypes(CATWBToken& fields)
 
 WBComputeAnswer WBReadComputeAnswer(const CATUnicodeString& answer)
 {
-    CATWBToken fields(answer);
+    AnswerFields fields(answer);
     WBComputeAnswer read;
     read.values = ReadValues(fields);
     read.statistics = ReadStatistics(fields);
     read.massTypes = ReadMassTypes(fields);
+    fields.ExpectEnd();
+    read.isWhole = fields.IsWhole();
     return read;
 }
 

@@ -83,16 +83,23 @@ void AddResults(CATDlgTabPage* page, const char* frameName, int row, int column,
 
 struct Column
 {
-    const char* key; // of its title, behind that of the list
     const char* defaultTitle;
+    const char* defaultTooltip;
     bool isNumber;
 };
+constexpr const char* kShareTooltip = "@Of the mass of the whole product";
 constexpr std::array kStatisticsColumns{
-    Column{"ColumnTitle1", "@Material", false}, Column{"ColumnTitle2", "@Density", true},
-    Column{"ColumnTitle3", "@Mass", true}, Column{"ColumnTitle4", "@Share of mass", true}};
-constexpr std::array kMassTypeColumns{Column{"ColumnTitle1", "@Mass type", false},
-                                      Column{"ColumnTitle2", "@Mass", true},
-                                      Column{"ColumnTitle3", "@Share of mass", true}};
+    Column{"@Material",
+           "@(imposed): the own mass of an assembly, which stands for what is below it. "
+           "(no material): parts without one.",
+           false},
+    Column{"@Density", "@The density that was used; --- where there was none", true},
+    Column{"@Mass", "@The mass of this material in the product", true},
+    Column{"@Share of mass", kShareTooltip, true}};
+constexpr std::array kMassTypeColumns{
+    Column{"@Mass type", "@The mass type whose values were taken", false},
+    Column{"@Mass", "@The mass that has its value from this mass type", true},
+    Column{"@Share of mass", kShareTooltip, true}};
 
 /// A page that is one list.
 CATDlgMultiList* AddListPage(CATDlgTabContainer* tabs, const char* pageName, const char* listName,
@@ -101,14 +108,18 @@ CATDlgMultiList* AddListPage(CATDlgTabContainer* tabs, const char* pageName, con
     auto* page = new CATDlgTabPage(tabs, pageName); // the container owns and places it
     auto* list = Add<CATDlgMultiList>(page, listName, Cell{0, 0});
     const std::string path = tabs->Name().ToStdString() + "." + pageName + "." + listName + ".";
+    const auto text = [&path](const char* key, int index, const char* defaultText) {
+        return WBComputeMessage((path + key + std::to_string(index + 1)).c_str(), defaultText);
+    };
     CATListValCATUnicodeString titles;
     for (const Column& column : columns) {
-        titles.Append(WBComputeMessage((path + column.key).c_str(), column.defaultTitle));
+        titles.Append(text("ColumnTitle", titles.Size(), column.defaultTitle));
     }
     list->SetColumnTitles(titles);
     int index = 0;
     for (const Column& column : columns) {
         list->SetColumnIsNumber(index, column.isNumber);
+        list->SetColumnTooltip(index, text("ColumnTooltip", index, column.defaultTooltip));
         ++index;
     }
     list->SetEmptyText(WBComputeMessage((path + "EmptyText").c_str(), "@Nothing to show"));
@@ -190,6 +201,7 @@ void AddButtons(CATDlgDialog& window, WBComputeControls& controls)
     auto* frame = new CATDlgFrame(&window, "Frame047", kPlainFrame); // the window owns it
     frame->SetPlacement(3, 0, 1, 1, kKeepSize);
     controls.compute = Add<CATDlgPushButton>(frame, "ComputeButton", Cell{0, 0});
+    controls.compute->SetDefault();
     Add<CATDlgLabel>(frame, "Label049", Cell{0, 1}); // keeps the buttons apart
     controls.close = Add<CATDlgPushButton>(frame, "CloseButton", Cell{0, 2});
 }

@@ -15,15 +15,11 @@ constexpr const char* kNoPrecision = "0|";
 
 std::string PrecisionField(const WBComputeOptions& options)
 {
-    switch (options.precision) {
-    case WBComputePrecision::MostPrecise:
+    if (options.precision == WBComputePrecision::MostPrecise) {
         return "MostPrecise";
-    case WBComputePrecision::Specified:
-        return options.massType.ToStdString();
-    case WBComputePrecision::Active:
-        break;
     }
-    return "Active";
+    return options.precision == WBComputePrecision::Specified ? options.massType.ToStdString()
+                                                              : "Active";
 }
 
 /// The policy's digit; with Assume a second field says down to which level.

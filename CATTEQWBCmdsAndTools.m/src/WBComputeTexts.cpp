@@ -29,7 +29,8 @@ public:
     bool HasUnits() const { return m_display.has_value(); }
     CATUnicodeString Text(double value)
     {
-        return m_display ? m_display->Show(value).whole : CATUnicodeString::FromReal(value, "%g");
+        return m_display ? CATUnicodeString(m_display->Show(value).View())
+                         : CATUnicodeString::FromReal(value, "%g");
     }
 
 private:
@@ -53,7 +54,6 @@ std::optional<std::vector<CATUnicodeString>> WBShownInUnits(const CATUnicodeStri
         return std::nullopt;
     }
     std::vector<CATUnicodeString> texts;
-    texts.reserve(values.size());
     for (const double value : values) {
         texts.push_back(shower.Text(value));
     }
@@ -73,7 +73,6 @@ std::vector<CATListValCATUnicodeString> WBStatisticsTable(const std::vector<WBSt
     Shower surfacic("SURFACICMASS");
     Shower mass("MASS");
     std::vector<CATListValCATUnicodeString> table;
-    table.reserve(rows.size());
     for (const WBStatisticsRow& row : rows) {
         Shower& density = row.kind == kVolumic ? volumic : surfacic;
         table.push_back(
@@ -88,7 +87,6 @@ std::vector<CATListValCATUnicodeString> WBMassTypeTable(const std::vector<WBMass
 {
     Shower mass("MASS");
     std::vector<CATListValCATUnicodeString> table;
-    table.reserve(rows.size());
     for (const WBMassTypeRow& row : rows) {
         table.push_back({row.name, mass.Text(row.mass), ShareText(row.mass, totalMass)});
     }

@@ -66,7 +66,8 @@ private:
     /// Fills the combo of mass types from the server.
     void GetSpecifiedMassTypes();
     CATUnicodeString ComputeRequest() const;
-    void RefreshPanelWithInfo(const CATUnicodeString& answer);
+    /// Shows what the answer holds. False when it could not be read in full.
+    bool RefreshPanelWithInfo(const CATUnicodeString& answer);
     void ShowPendingWarning();
 
     // Each leaves its editors as they are when the magnitude or one of its units cannot be had.

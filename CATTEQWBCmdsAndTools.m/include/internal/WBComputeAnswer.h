@@ -56,10 +56,14 @@ struct WBComputeAnswer
     WBComputeValues values;
     WBAnsweredList<WBStatisticsRow> statistics;
     WBAnsweredList<WBMassTypeRow> massTypes;
+    /// False when something that should be a number is none, when rows are missing, or when there
+    /// is more than the last row.
+    bool isWhole = true;
 };
 
 /// Reads an answer of method "WBComputeVPMValues". What the answer lacks is an empty text and the
-/// number 0, and so is what should be a number and is none.
+/// number 0, and so is what should be a number and is none; the first such field is told to the
+/// diagnostic output.
 WBComputeAnswer WBReadComputeAnswer(const CATUnicodeString& answer);
 
 /// The number in one of the values; 0 when it holds none.

@@ -4,6 +4,10 @@
 
 #include "CATWBVPMNavFilterPanel.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
+
 #include <array>
 
 namespace
@@ -209,10 +213,73 @@ TEST_F(ComputeCommand, ChangedUnitsShowAtTheNextAnswerAndNotBefore)
     Start();
     Click("ComputeButton");
     Use("MASS", "kg");
-    FakeUnitsPanel::s_panel->Send(CATWBVPMNavUnitsConversion::GetChangedEvent(2), 2);
-    EXPECT_EQ(Text("MassEditor"), "100lb");
+    Use("LENGTH", "mm");
+    Use("INERTIAMOMENT", "kg.m2");
+    Use("DENSITY", "kg/m3");
+    Use("SURFACICMASS", "kg/m2");
+    for (const int type : {1, 2, 3, 4}) {
+        FakeUnitsPanel::s_panel->Send(CATWBVPMNavUnitsConversion::GetChangedEvent(type), type);
+    }
+    EXPECT_EQ(Text("UpperDeviationEditor"), "20lb");
+    EXPECT_EQ(Text("CGyEditor"), "-20in");
+    EXPECT_EQ(Text("IyzEditor"), "500000kg.mm2");
+    EXPECT_THAT(Row("StatisticsMultiList", 2), ElementsAre("Paint", "1g/cm2", "25lb", "25%"));
+    EXPECT_EQ(Row("MassTypeStatMultiList", 1)[1], "33.333lb");
     Click("ComputeButton");
-    EXPECT_EQ(Text("MassEditor"), "45.359kg");
+    EXPECT_EQ(Text("UpperDeviationEditor"), "9.072kg");
+    EXPECT_EQ(Text("CGyEditor"), "-508mm");
+    EXPECT_EQ(Text("IyzEditor"), "0.5kg.m2");
+    EXPECT_THAT(Row("StatisticsMultiList", 2), ElementsAre("Paint", "10kg/m2", "11.34kg", "25%"));
+    EXPECT_EQ(Row("StatisticsMultiList", 1)[1], "2780kg/m3");
+    EXPECT_EQ(Row("MassTypeStatMultiList", 1)[1], "15.12kg");
+}
+
+TEST_F(ComputeCommand, ChangedUnitOfInertiaShowsWhenThePointIsChosenToo)
+{
+    Start();
+    Click("ComputeButton");
+    Use("INERTIAMOMENT", "kg.m2");
+    Use("MASS", "kg");
+    FakeUnitsPanel::s_panel->Send(CATWBVPMNavUnitsConversion::GetChangedEvent(4), 4);
+    Click("ReferenceButton");
+    Click("CGButton");
+    EXPECT_EQ(Text("IyzEditor"), "0.5kg.m2");
+    EXPECT_EQ(Text("MassEditor"), "100lb");
+}
+
+TEST_F(ComputeCommand, UserBeginsAtComputeAndEnterComputesFromAnyField)
+{
+    Start();
+    EXPECT_EQ(command->Widget()->focusWidget(), Find<CATDialog>("ComputeButton").Widget());
+    for (const char* field : {"MassEditor", "MostPreciseButton", "ComputeButton"}) {
+        server->calls.clear();
+        QWidget* widget = Find<CATDialog>(field).Widget();
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_Return);
+        EXPECT_THAT(Request(), Not(IsEmpty())) << field;
+    }
+    server->calls.clear();
+    QWidget* close = Find<CATDialog>("CloseButton").Widget();
+    close->setFocus();
+    QTest::keyClick(close, Qt::Key_Return);
+    EXPECT_THAT(server->calls, IsEmpty());
+    EXPECT_FALSE(command->IsVisible());
+}
+
+TEST_F(ComputeCommand, ResultsCanBeCopied)
+{
+    Start();
+    Click("ComputeButton");
+    for (const auto& editors : {kMassEditors, kCentreEditors, kInertiaEditors}) {
+        for (const char* name : editors) {
+            QWidget* editor = Find<CATDialog>(name).Widget();
+            QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(editor, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(QApplication::clipboard()->text().toStdString(), Text(name)) << name;
+            QTest::keyClick(editor, Qt::Key_Delete);
+            EXPECT_NE(Text(name), "") << name;
+        }
+    }
 }
 
 TEST_F(ComputeCommand, WorksWithoutAPanelsLibrary)

@@ -2,6 +2,9 @@
 
 #include "TemporaryDirectory.h"
 
+#include <QApplication>
+#include <QTimer>
+
 namespace
 {
 
@@ -20,7 +23,7 @@ class ComputeDefaultTexts : public ComputeSession
 protected:
     ComputeDefaultTexts()
     {
-        m_resources.Write("catalogs/CATWBComputeCmd.toml", "Other = \"another text\"\n");
+        WriteCatalog("Other = \"another text\"\n");
         m_resources.Write("catalogs/CATWBVPMNavFilterPanel.toml", "Other = \"another text\"\n");
         CATSetEnvironmentSource([this](const char* name) -> std::optional<std::string> {
             if (std::string_view(name) == "WB_RESOURCE_PATH") {
@@ -31,6 +34,10 @@ protected:
         CATMsgCatalog::SetLanguage("en");
     }
     ~ComputeDefaultTexts() override { CATSetEnvironmentSource({}); }
+    void WriteCatalog(const std::string& text)
+    {
+        m_resources.Write("catalogs/CATWBComputeCmd.toml", text);
+    }
 
 private:
     const TemporaryDirectory m_resources;
@@ -129,6 +136,56 @@ TEST_F(ComputeMessages, ALongWarningIsShortened)
                                               kErrorStyle}));
 }
 
+TEST_F(ComputeMessages, AnAnswerThatCannotBeReadInFullIsSaidAndTheNextOneIsNot)
+{
+    Start();
+    server->answers[kWarningMethod] = "- Stale.";
+    Compute("381.35925|11.5");
+    const ComputeBox unreadable{
+        "The answer could not be read in full",
+        "The answer of the weight-and-balance server is incomplete or damaged: what could not be "
+        "read is shown as 0. Do not use these values. Compute again, and tell whoever looks after "
+        "the server if it does not help.",
+        kErrorStyle};
+    const ComputeBox stale{"Warnings of the computation", "- Stale.", kErrorStyle};
+    EXPECT_THAT(boxes, ElementsAre(unreadable, stale));
+    EXPECT_THAT(output.Lines(), testing::Contains("Field 3 of the answer holds no number: "));
+    Compute(kAnswer);
+    EXPECT_THAT(boxes, ElementsAre(unreadable, stale, stale));
+    EXPECT_EQ(Text("MassEditor"), "100lb");
+}
+
+TEST_F(ComputeMessages, ALongComputationShowsItsProgressAndCanBeCancelled)
+{
+    Start();
+    server->worksOn = kComputeMethod;
+    bool wasShown = false;
+    // As the box has not come yet when the computation begins, it is looked for until it is there.
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&wasShown] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QLatin1String("ProgressBox") && window->isVisible()) {
+                wasShown = true;
+                window->findChild<QAbstractButton*>("CancelButton")->click();
+            }
+        }
+    });
+    look.start(20);
+    Compute(kAnswer);
+    look.stop();
+    EXPECT_TRUE(wasShown);
+    EXPECT_THAT(boxes, ElementsAre(ComputeBox{"The server reports an error",
+                                              "The call was cancelled.", kErrorStyle}));
+    EXPECT_TRUE(command->IsVisible());
+    EXPECT_EQ(Text("MassEditor"), "");
+    EXPECT_THAT(server->calls, SizeIs(2)); // nobody asks for warnings
+
+    server->worksOn.clear();
+    Compute(kAnswer);
+    EXPECT_EQ(Text("MassEditor"), "100lb");
+    EXPECT_THAT(boxes, SizeIs(1));
+}
+
 TEST_F(ComputeMessages, ARefusedQuestionForAFilterComputesNothing)
 {
     table.getFilter = nullptr; // then there is none
@@ -158,6 +215,7 @@ TEST_F(ComputeMessages, SpeakGerman)
     Start();
     Compute("#WB_ERROR#Nein.");
     Compute("");
+    Compute("1");
     server->answers[kWarningMethod] = "- Alt.";
     Compute(kAnswer);
     server->answers[kWarningMethod] = "ERROR Zyklus.";
@@ -170,6 +228,12 @@ TEST_F(ComputeMessages, SpeakGerman)
                        "Der Server hat nicht geantwortet, daher wurde nichts berechnet. Prüfen "
                        "Sie, ob der Server läuft, und berechnen Sie erneut.",
                        kErrorStyle},
+            ComputeBox{"Die Antwort war nicht ganz zu lesen",
+                       "Die Antwort des Servers ist unvollständig oder beschädigt: Was nicht zu "
+                       "lesen war, steht hier als 0. Verwenden Sie diese Werte nicht. Berechnen "
+                       "Sie erneut, und wenn das nicht hilft, wenden Sie sich an den Betreuer des "
+                       "Servers.",
+                       kErrorStyle},
             ComputeBox{"Warnungen der Berechnung", "- Alt.", kErrorStyle},
             ComputeBox{"Fehler in der Berechnung", "ERROR Zyklus.", kErrorStyle}));
 }
@@ -179,6 +243,7 @@ TEST_F(ComputeDefaultTexts, BoxesAreWordedByTheProgram)
     Start();
     Compute("#WB_ERROR#No.");
     Compute("");
+    Compute("1");
     server->answers[kWarningMethod] = "- Stale.";
     Compute(kAnswer);
     server->answers[kWarningMethod] = "ERROR A cycle.";
@@ -186,6 +251,9 @@ TEST_F(ComputeDefaultTexts, BoxesAreWordedByTheProgram)
     EXPECT_THAT(boxes, ElementsAre(ComputeBox{"Server Error", "No.", kErrorStyle},
                                    ComputeBox{"Communication Error",
                                               "The server could not be reached.", kErrorStyle},
+                                   ComputeBox{"Unreadable Answer",
+                                              "The server's answer could not be read in full.",
+                                              kErrorStyle},
                                    ComputeBox{"Warnings", "- Stale.", kErrorStyle},
                                    ComputeBox{"Errors", "ERROR A cycle.", kErrorStyle}));
 }
@@ -204,4 +272,18 @@ TEST_F(ComputeDefaultTexts, NoFilterIsWordedByTheProgram)
     SetTable({});
     Start();
     EXPECT_EQ(Text("ConfigHandlerEditor"), "No filter");
+}
+
+TEST_F(ComputeDefaultTexts, AnotherServersWordForErrorsStandsInTheCatalog)
+{
+    WriteCatalog("[WBWarnings001]\nMessage = \"FATAL\"\n");
+    CATMsgCatalog::SetLanguage("en"); // reads it anew
+    Start();
+    server->answers[kWarningMethod] = "- ERROR is another word here.";
+    Compute(kAnswer);
+    server->answers[kWarningMethod] = "FATAL A cycle.";
+    Compute(kAnswer);
+    EXPECT_THAT(boxes,
+                ElementsAre(ComputeBox{"Warnings", "- ERROR is another word here.", kErrorStyle},
+                            ComputeBox{"Errors", "FATAL A cycle.", kErrorStyle}));
 }

@@ -128,6 +128,29 @@ TEST_F(ComputeOptions, LevelCanBeTypedExactlyWhileStoredResultsAreTaken)
     EXPECT_FALSE(IsOn("UpdateLevelInfoLabel"));
 }
 
+TEST_F(ComputeOptions, ButtonsExcludeEachOtherWithinTheirFrameAndNowhereElse)
+{
+    const std::vector<std::vector<const char*>> frames{
+        {"CGButton", "ReferenceButton"},
+        {"ActiveButton", "MostPreciseButton", "SpecifiedButton"},
+        {"CheckUpToDateButton", "ForceUpdateButton", "AssumeUpToDateButton"}};
+    // The last of each, so that nothing is as it was at the beginning.
+    for (const auto& buttons : frames) {
+        Click(buttons.back());
+    }
+    for (const auto& clicked : frames) {
+        for (const char* button : clicked) {
+            Click(button);
+            for (const char* other : clicked) {
+                EXPECT_EQ(IsChecked(other), std::string(other) == button) << button << other;
+            }
+        }
+        for (const auto& buttons : frames) {
+            EXPECT_TRUE(IsChecked(buttons.back())) << clicked.front() << buttons.back();
+        }
+    }
+}
+
 TEST_F(ComputeOptions, PointOfTheInertiaCanBeChosenOnTheFirstPageAlone)
 {
     GoToPage(1);

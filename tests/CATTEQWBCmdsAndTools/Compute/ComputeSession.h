@@ -22,10 +22,12 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -34,9 +36,12 @@ class ComputeServer : public CATServerCaller
 {
 public:
     std::string CallMethod(std::string_view method, std::string_view request,
-                           CATServerCallState&) override
+                           CATServerCallState& state) override
     {
         calls.push_back(std::string(method) + ": " + std::string(request));
+        while (method == worksOn && !state.cancelled) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
         return answers[std::string(method)];
     }
     std::optional<std::string> CallObjectService(std::string_view, std::vector<std::string>&,
@@ -48,6 +53,7 @@ public:
 
     std::map<std::string, std::string> answers;
     std::vector<std::string> calls;
+    std::string worksOn; ///< the method that takes until it is cancelled
 };
 
 constexpr const char* kMassTypesMethod = "WBGetMassTypesAndAttrNames";

@@ -303,8 +303,8 @@ const std::vector<Label> kLabels{
     {"ResultTabPage", "Result", "Ergebnis"},
     {"MassFrame", "Mass", "Masse"},
     {"MassLabel", "Mass", "Masse"},
-    {"LowerDeviationLabel", "Lower deviation", "Abweichung nach unten"},
-    {"UpperDeviationLabel", "Upper deviation", "Abweichung nach oben"},
+    {"LowerDeviationLabel", "Lower deviation", "Untere Abweichung"},
+    {"UpperDeviationLabel", "Upper deviation", "Obere Abweichung"},
     {"CenterOfGravityFrame", "Centre of gravity", "Schwerpunkt"},
     {"CGxLabel", "x", "x"},
     {"CGyLabel", "y", "y"},
@@ -329,7 +329,7 @@ const std::vector<Label> kLabels{
     {"SpecifiedMassTypeFrame", "", ""},
     {"SpecifiedMassTypeLabel", "Mass type", "Massenart"},
     {"UpdateOptionFrame", "Stored results", "Gespeicherte Ergebnisse"},
-    {"CheckUpToDateButton", "Check", "Prüfen"},
+    {"CheckUpToDateButton", "Update what changed", "Geändertes aktualisieren"},
     {"ForceUpdateButton", "Compute all anew", "Alles neu berechnen"},
     {"AssumeUpToDateButton", "Take as stored", "Wie gespeichert"},
     {"UpdateLevelInfoLabel", "below level", "unter Ebene"},
@@ -363,14 +363,99 @@ TEST_F(ComputeSession, WindowSpeaksGerman)
               CATListValCATUnicodeString({"Massenart", "Masse", "Massenanteil"}));
 }
 
-TEST_F(ComputeWindow, ExplainsItsOptionsInTooltips)
+namespace
 {
-    for (const char* name : {"LowerDeviationLabel", "UpperDeviationLabel", "CGxLabel", "IxxLabel",
-                             "IxyLabel", "ReferenceButton", "ActiveButton", "MostPreciseButton",
-                             "SpecifiedButton", "CheckUpToDateButton", "AssumeUpToDateButton",
-                             "UpdateLevelInfoLabel", "ConfigHandlerEditor"}) {
-        EXPECT_FALSE(Find<CATDialog>(name).Tooltip().IsEmpty()) << name;
+
+const std::vector<Label> kTooltips{
+    {"LowerDeviationLabel", "By how much less the mass may be",
+     "Um wie viel die Masse kleiner sein kann"},
+    {"UpperDeviationLabel", "By how much more the mass may be",
+     "Um wie viel die Masse größer sein kann"},
+    {"CGxLabel", "In the product's axes", "In den Achsen des Produkts"},
+    {"CGyLabel", "In the product's axes", "In den Achsen des Produkts"},
+    {"CGzLabel", "In the product's axes", "In den Achsen des Produkts"},
+    {"IxxLabel", "About the axis through the chosen point along x",
+     "Um die Achse durch den gewählten Punkt entlang x"},
+    {"IyyLabel", "About the axis through the chosen point along y",
+     "Um die Achse durch den gewählten Punkt entlang y"},
+    {"IzzLabel", "About the axis through the chosen point along z",
+     "Um die Achse durch den gewählten Punkt entlang z"},
+    {"IxyLabel", "The positive sum of mass times x times y from the chosen point",
+     "Die positive Summe aus Masse mal x mal y vom gewählten Punkt aus"},
+    {"IxzLabel", "The positive sum of mass times x times z from the chosen point",
+     "Die positive Summe aus Masse mal x mal z vom gewählten Punkt aus"},
+    {"IyzLabel", "The positive sum of mass times y times z from the chosen point",
+     "Die positive Summe aus Masse mal y mal z vom gewählten Punkt aus"},
+    {"ReferenceButton", "About the origin of the product's axes",
+     "Um den Ursprung der Achsen des Produkts"},
+    {"ActiveButton", "Of each part the mass type that is active",
+     "Von jedem Teil die aktive Massenart"},
+    {"MostPreciseButton", "Of each part the most mature mass type that it has",
+     "Von jedem Teil die reifste Massenart, die es hat"},
+    {"SpecifiedButton", "The same mass type for every part", "Dieselbe Massenart für jedes Teil"},
+    {"CheckUpToDateButton",
+     "Computes what has changed since it was stored and takes the rest as it is stored",
+     "Berechnet, was sich seit dem Speichern geändert hat, und nimmt das Übrige, wie es "
+     "gespeichert ist"},
+    {"ForceUpdateButton", "Computes everything, whatever is stored",
+     "Berechnet alles, gleich was gespeichert ist"},
+    {"AssumeUpToDateButton", "Takes what lies deeper than the level as it is stored",
+     "Nimmt, was tiefer als die Ebene liegt, wie es gespeichert ist"},
+    {"UpdateLevelInfoLabel", "The product itself is level 0", "Das Produkt selbst ist Ebene 0"},
+    {"ConfigHandlerEditor", "Which part of the product is computed",
+     "Welcher Teil des Produkts berechnet wird"},
+    {"ComputeButton", "Computes the whole product with these options",
+     "Berechnet das ganze Produkt mit diesen Einstellungen"},
+};
+
+/// What the tooltips of the columns say beside the titles.
+std::vector<std::string> ColumnTooltips(const CATDialog& list)
+{
+    const auto* view = qobject_cast<const QTableView*>(list.Widget());
+    std::vector<std::string> tooltips;
+    for (int column = 0; column < view->model()->columnCount(); ++column) {
+        const QVariant whole = view->model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole);
+        tooltips.push_back(whole.toString().section(QLatin1Char('\n'), 1).toStdString());
     }
+    return tooltips;
+}
+
+} // namespace
+
+TEST_F(ComputeWindow, ExplainsItselfInTooltips)
+{
+    for (const Label& tooltip : kTooltips) {
+        EXPECT_EQ(Find<CATDialog>(tooltip.name).Tooltip(), tooltip.english) << tooltip.name;
+    }
+    EXPECT_THAT(ColumnTooltips(Find<CATDialog>("StatisticsMultiList")),
+                ElementsAre("(imposed): the own mass of an assembly, which stands for what is "
+                            "below it. (no material): parts without one.",
+                            "The density that was used; --- where there was none",
+                            "The mass of this material in the product",
+                            "Of the mass of the whole product"));
+    EXPECT_THAT(ColumnTooltips(Find<CATDialog>("MassTypeStatMultiList")),
+                ElementsAre("The mass type whose values were taken",
+                            "The mass that has its value from this mass type",
+                            "Of the mass of the whole product"));
+}
+
+TEST_F(ComputeSession, WindowExplainsItselfInGerman)
+{
+    CATMsgCatalog::SetLanguage("de");
+    Start();
+    for (const Label& tooltip : kTooltips) {
+        EXPECT_EQ(Find<CATDialog>(tooltip.name).Tooltip(), tooltip.german) << tooltip.name;
+    }
+    EXPECT_THAT(ColumnTooltips(Find<CATDialog>("StatisticsMultiList")),
+                ElementsAre("(imposed): die eigene Masse einer Baugruppe, die für alles unter ihr "
+                            "steht. (no material): Teile ohne Material.",
+                            "Die verwendete Dichte; --- wo es keine gab",
+                            "Die Masse dieses Materials im Produkt",
+                            "Von der Masse des ganzen Produkts"));
+    EXPECT_THAT(ColumnTooltips(Find<CATDialog>("MassTypeStatMultiList")),
+                ElementsAre("Die Massenart, deren Werte genommen wurden",
+                            "Die Masse, deren Wert von dieser Massenart kommt",
+                            "Von der Masse des ganzen Produkts"));
 }
 
 TEST_F(ComputeWindow, ALargerWindowGivesItsRoomToTheResults)

@@ -123,6 +123,58 @@ TEST(WBComputeAnswer, MoreRowsThanTheAnswerCanHoldAreNotMade)
     EXPECT_EQ(answer.statistics.rows[1].name, "3");
 }
 
+namespace
+{
+
+struct Malformed
+{
+    const char* answer;
+    const char* line; // of the diagnostics; none for an answer that is as it should be
+};
+
+} // namespace
+
+TEST(WBComputeAnswer, TheFirstFieldThatIsNotAsItShouldBeIsTold)
+{
+    for (const Malformed& expected : {
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|0|0|", ""},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|0|0", ""},
+             Malformed{"1,5|2.5|3|4|5|6|7|8|9|10|11|12|1||3|0|1|1||2|", ""},
+             Malformed{"", "Field 1 of the answer holds no number: "},
+             Malformed{"1|two|3|4|5|6|7|8|9|10|11|12|0|0|",
+                       "Field 2 of the answer holds no number: two"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|xy|many|0|",
+                       "Field 12 of the answer holds no number: xy"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|many|0|",
+                       "Field 13 of the answer holds no number: many"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|-3|0|",
+                       "Field 13 of the answer announces rows that are not there: -3"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|0|7|Al|3|",
+                       "Field 14 of the answer announces rows that are not there: 7"},
+             // Five bytes could hold as many rows, but the second field of them is no number.
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|0|5|Al|3|",
+                       "Field 18 of the answer holds no number: "},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|1|Al|3.0|kind|7|0|",
+                       "Field 16 of the answer holds no number: kind"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|1|Al|three|2780|7|0|",
+                       "Field 15 of the answer holds no number: three"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|1|Al|3|2780|much|0|",
+                       "Field 17 of the answer holds no number: much"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|0|1|Weighed|much|",
+                       "Field 16 of the answer holds no number: much"},
+             Malformed{"1|2|3|4|5|6|7|8|9|10|11|12|0|1|Weighed|2|Estimated|3|",
+                       "Field 16 of the answer should be the last; bytes behind it: 12"},
+         }) {
+        DiagnosticCapture output{CATDiagnosticOutput()};
+        const WBComputeAnswer answer = WBReadComputeAnswer(expected.answer);
+        const bool isWhole = *expected.line == '\0';
+        EXPECT_EQ(answer.isWhole, isWhole) << expected.answer;
+        EXPECT_THAT(output.Lines(), isWhole ? testing::Matcher<std::vector<std::string>>(IsEmpty())
+                                            : ElementsAre(expected.line))
+            << expected.answer;
+    }
+}
+
 TEST(WBComputeAnswer, ValueOfATextThatIsNoNumberIsZero)
 {
     EXPECT_EQ(WBValueOf("12.5"), 12.5);
