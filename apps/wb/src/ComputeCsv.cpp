@@ -204,7 +204,9 @@ void AddHead(Table& table, const ComputeReport& report)
     table.AddSaying("entity", EntityWord(options.asked));
     table.AddSaying("or", options.orActive ? "active" : "");
     table.AddSaying("update", UpdateWord(report.arguments));
-    table.AddSaying("filter", report.filter);
+    for (const std::string& line : report.filter) {
+        table.AddSaying("filter", line);
+    }
     table.AddSaying("density_first", DensityFirstWord(options));
     table.AddSaying("material_of_part", options.material);
     table.AddSaying("product_sign", "+ integral");

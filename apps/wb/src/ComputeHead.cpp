@@ -60,7 +60,7 @@ std::string InertiaText(const ComputeReport& report, int decimals)
     } else if (report.arguments.point == Point::Typed) {
         point = "about " + Joined(report.arguments.at, decimals) + ' ' + report.units.length.symbol;
     }
-    return point + "; products are + integral (ixy: of x y dm)";
+    return point + "; products are + integral (ixy: x y dm)";
 }
 
 void AddOnePart(const wb::ComputeOptions& options, TextGrid& grid)
@@ -114,7 +114,11 @@ std::string ComputeHeadText(const ComputeReport& report)
     }
     grid.Add({"precision", PrecisionText(options)});
     grid.Add({"update", UpdateText(report.arguments)});
-    grid.Add({"filter", report.filter});
+    const std::size_t lines = report.filter.size();
+    grid.Add({"filter", lines == 0 ? "none" : report.filter.front()});
+    for (std::size_t i = 1; i < lines; ++i) {
+        grid.Add({"", report.filter[i]});
+    }
     AddOnePart(options, grid);
     grid.Add({"axes", "those of " + report.node.identifier + ' ' + report.node.version});
     grid.Add({"inertia", InertiaText(report, ComputeDecimals(report).length)});

@@ -146,7 +146,7 @@ void AddAsked(Json& json, const ComputeReport& report)
     json.Key("precision").Text(PrecisionWord(options));
     json.Key("or_active").Flag(options.orActive);
     json.Key("update").Text(UpdateWord(report.arguments));
-    json.Key("filter").TextOrNull(report.filter == "none" ? "" : report.filter);
+    json.Key("filter").Texts(report.filter);
     json.Key("density_first").TextOrNull(DensityFirstWord(options));
     json.Key("material").TextOrNull(options.material);
     json.Close('}');

@@ -28,6 +28,11 @@ ComputeReport::Figures FiguresOf(const wb::Body& body, const ComputeUnits& units
 {
     ComputeReport::Figures figures;
     figures.body = InUnits(body, units);
+    if (!wb::IsKnown(body.mass)) {
+        // Nobody knows either how far off an unknown mass is.
+        figures.body.lower = wb::kUnknown;
+        figures.body.upper = wb::kUnknown;
+    }
     const bool hasInertia = wb::IsKnown(body.inertia[0]);
     figures.principalMoments.fill(wb::kUnknown);
     if (hasInertia) {
@@ -96,23 +101,20 @@ void Convert(wb::ComputeResult& result, const ComputeUnits& units)
     }
 }
 
-/// The filter as the user named it: by the name that came with it, else by its lines.
-std::string FilterInWords(const wb::ComputeOptions& options, const std::string& root)
+std::vector<std::string> FilterInWords(const wb::ComputeOptions& options, const std::string& root)
 {
-    const wb::Filter& filter = options.filter;
-    if (filter.IsEmpty() || options.asked == wb::ComputeOptions::Asked::Alone) {
-        return "none";
+    std::vector<std::string> words;
+    // A part alone has nothing that a filter could leave out.
+    if (options.filter.IsEmpty() || options.asked == wb::ComputeOptions::Asked::Alone) {
+        return words;
     }
-    if (!filter.name.empty()) {
-        return filter.name;
+    if (!options.filter.name.empty()) {
+        words.push_back(options.filter.name + ":");
     }
-    std::string words;
-    for (const wb::Filter::Line& line : filter.lines) {
-        words += words.empty() ? "" : ", ";
-        words += line.in ? "with " : "without ";
-        words += root;
+    for (const wb::Filter::Line& line : options.filter.lines) {
+        std::string& text = words.emplace_back((line.in ? "with " : "without ") + root);
         for (const std::string& instance : line.FromRoot()) {
-            words += '/' + instance;
+            text += '/' + instance;
         }
     }
     return words;

@@ -34,7 +34,7 @@ struct ComputeReport
     PartNames product;
     PartNames node; ///< in whose axes everything stands
     std::string path;
-    std::string filter; ///< in words
+    std::vector<std::string> filter; ///< in words: its name where it has one, then its lines
     Figures total;
     /// Everything else, in the units of the output too. The inertias of own values and of what is
     /// below them stand each about its own centre.

@@ -12,6 +12,8 @@ using Cells = std::vector<std::string>;
 
 constexpr std::size_t kNameWidth = 24;
 constexpr int kShareDecimals = 2;
+constexpr const char* kTotal = "total";
+constexpr double kWhole = 100.0; // per cent
 
 std::string Unit(const std::string& symbol)
 {
@@ -177,7 +179,7 @@ void AddUncertainty(Writer& writer)
         writer.text += "  Those of the inertia are about the centre of gravity.\n";
     }
     for (const std::string& name : uncertainty.understated) {
-        writer.text += "  First order understates at " + name + ".\n";
+        writer.text += Wrapped("  First order understates at " + name + ".", "    ");
     }
 }
 
@@ -203,6 +205,7 @@ void AddMaterials(Writer& writer)
         grid.Add({Shortened(share.material, kNameWidth), DensityText(share, writer.report.units),
                   writer.Mass(share.mass), Share(writer.report.ShareOf(share.mass))});
     }
+    grid.Add({kTotal, "", writer.Mass(writer.report.total.body.mass), Share(kWhole)});
     writer.Add("By material", grid);
 }
 
@@ -215,6 +218,7 @@ void AddShares(Writer& writer, const std::string& title, const char* column,
         grid.Add({Shortened(share.name, kNameWidth), writer.Mass(share.mass),
                   Share(writer.report.ShareOf(share.mass))});
     }
+    grid.Add({kTotal, writer.Mass(writer.report.total.body.mass), Share(kWhole)});
     writer.Add(title, grid);
 }
 
@@ -270,7 +274,7 @@ void AddLines(Writer& writer, const char* title, const std::vector<std::string>&
     }
     writer.text += std::string("\n") + title + '\n';
     for (const std::string& line : lines) {
-        writer.text += "- " + line + '\n';
+        writer.text += Wrapped("- " + line, "  ");
     }
 }
 } // namespace

@@ -9,6 +9,7 @@
 #include "ReportUnits.h"
 #include "WBStore.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace
@@ -79,6 +80,23 @@ std::optional<wb::AskedPath> Prepare(const wb::ProductGraph& graph, const std::s
     return path;
 }
 
+/// A product brings the materials that it is made of; another one may be tried on a part. False
+/// where the database does not hold it.
+bool AddAskedMaterial(const wb::Store& store, const std::string& name, wb::Product& product)
+{
+    const auto isThere = [&](const wb::Material& material) {
+        return material.name == name;
+    };
+    if (name.empty() || std::ranges::any_of(product.materials, isThere)) {
+        return true;
+    }
+    const auto material = store.FindMaterial(name);
+    if (material) {
+        product.materials.push_back(*material);
+    }
+    return material.has_value();
+}
+
 bool Print(const ComputeReport& report, const ComputeCommandOptions& options)
 {
     const std::string text = options.json  ? ComputeAsJson(report)
@@ -110,8 +128,12 @@ int RunCompute(const ComputeCommandOptions& options)
     if (!root) {
         return Refuse(kFailed, problem);
     }
-    const wb::ProductGraph graph(opened.store->ReadProduct(root->root.id),
-                                 opened.store->MassTypes());
+    wb::Product product = opened.store->ReadProduct(root->root.id);
+    if (!AddAskedMaterial(*opened.store, arguments->compute.material, product)) {
+        return Refuse(kFailed, "--material: \"" + arguments->compute.material +
+                                   "\" is no material of the database");
+    }
+    const wb::ProductGraph graph(product, opened.store->MassTypes());
     const auto path = Prepare(graph, root->below, options, *arguments, problem);
     if (!path) {
         return Refuse(kFailed, problem);

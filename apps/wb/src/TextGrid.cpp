@@ -45,6 +45,30 @@ std::string Shortened(const std::string& text, std::size_t most)
     return characters.Part(0, static_cast<int>(most) - 1).ToStdString() + "…";
 }
 
+std::string Wrapped(const std::string& text, const std::string& indent)
+{
+    constexpr std::size_t kLineWidth = 80;
+    std::string wrapped;
+    std::string line;
+    std::size_t begin = 0;
+    bool isLineBegin = true;
+    while (begin < text.size()) {
+        // Blanks in front belong to the word: they are those of the first line.
+        const std::size_t word = std::min(text.find_first_not_of(' ', begin), text.size());
+        const std::size_t end = std::min(text.find(' ', word), text.size());
+        std::string next = text.substr(begin, end - begin);
+        if (!isLineBegin && Width(line) + Width(next) > kLineWidth) {
+            wrapped += line + '\n';
+            line = indent;
+            next = text.substr(word, end - word);
+        }
+        line += next;
+        isLineBegin = false;
+        begin = end;
+    }
+    return wrapped + line + '\n';
+}
+
 int DecimalsFor(std::span<const double> values)
 {
     constexpr int kDigits = 8;

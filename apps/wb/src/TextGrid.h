@@ -29,6 +29,10 @@ private:
 /// As many characters of a text as there is room for; the last one is "…" where it was cut.
 std::string Shortened(const std::string& text, std::size_t most);
 
+/// The text in lines of at most 80 characters, broken at blanks, a line end behind each. Lines
+/// after the first begin with `indent`. A word that is longer stays whole.
+std::string Wrapped(const std::string& text, const std::string& indent);
+
 /// How many decimals show eight digits of the largest of these figures, so that a column of them
 /// lines up; unknown ones do not count.
 int DecimalsFor(std::span<const double> values);

@@ -74,38 +74,44 @@ void AddConvertReport(CLI::App& app, ConvertReportOptions& options)
 }
 
 constexpr const char* kComputeNotes =
-    R"(A table is shown in your current units, which the workbench keeps; --json and --csv stand
-in kg, mm and kg.m2 wherever they run. Either may ask for other units in this run. Numbers
-have "." for the decimal mark. What is unknown is "-", null or an empty cell, never 0.
+    R"(A table is shown in your current units, which the workbench keeps; --json and
+--csv stand in kg, mm, kg.m2, kg/m3 and kg/m2. Either may ask for other units.
+Numbers have "." for the decimal mark. What is unknown is "-", null or an empty
+cell, never 0. Everything stands in the axes of the asked node; products of
+inertia are + integral.
 
-Everything stands in the axes of the asked node. Products of inertia are + integral.
+--uncertainty, --explain and --or look at every leaf, so everything is computed
+then, whatever --update says.
 
-Deviations add up (worst case) unless --deviations defines others. Whatever --update says,
---uncertainty and --explain are computed from the leaves.
-
-The status is 0, and 3 when something has no mass, so that the total leaves it out: all
-is printed then too. It is 1 when nothing could be computed, and 2 for wrong use.)";
+The status is 0; 3 when something has no mass, so that the total leaves it out
+(all is printed then too); 1 when nothing could be computed; 2 for wrong use.)";
 
 void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
 {
     app.add_option("--precision", options.precision,
-                   "Whose values count: active (default), most-precise, Computed (active values\n"
-                   "of the leaves, nothing imposed above them), or one mass type alone")
-        ->type_name("active|most-precise|TYPE");
+                   "Whose values count: active (default),\n"
+                   "most-precise, Computed (active values of the\n"
+                   "leaves, nothing imposed above them), or one\n"
+                   "mass type alone")
+        ->type_name("WORD");
     app.add_option("--or", options.orElse,
-                   "Beside a mass type: leaves without it take their active values")
+                   "active: beside a mass type, leaves without it\n"
+                   "take their active values")
         ->type_name("active");
     app.add_option("--update", options.update,
-                   "check (default): what is not up to date is computed; force: everything is;\n"
-                   "assume:LEVEL: what lies deeper than that level is taken as it was kept")
-        ->type_name("check|force|assume:LEVEL");
+                   "check (default): what is not up to date is\n"
+                   "computed; force: everything is; assume:LEVEL:\n"
+                   "what lies deeper is taken as it was kept")
+        ->type_name("POLICY");
     app.add_option("--entity", options.entity,
-                   "The node with all below it (default), the whole product, or the part alone\n"
+                   "instance (default): the node with all below it;\n"
+                   "root: the whole product; part: the part alone,\n"
                    "with its own values")
-        ->type_name("instance|root|part");
+        ->type_name("WORD");
     app.add_option("--include", options.included,
-                   "Count this node with all below it; may be repeated. The longest path that\n"
-                   "names a node or something above it decides about it")
+                   "Count this node with all below it; may be\n"
+                   "repeated. The longest path that names a node or\n"
+                   "something above it decides about it")
         ->type_name("PATH")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -113,36 +119,42 @@ void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
         ->type_name("PATH")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    app.add_option(
-           "--filter", options.filter,
-           "A filter in the form of the requests, such as \"1|Name|X|WNG-000.1|WNG-000|A|0\"")
+    app.add_option("--filter", options.filter,
+                   "A filter as requests carry it, such as\n"
+                   "\"1|Name|X|WNG-000.1|WNG-000|A|0\"")
         ->type_name("TEXT");
     app.add_option("--density-first", options.densityFirst,
-                   "Of the asked part: which density goes first")
-        ->type_name("wb|material");
+                   "Of the asked part: which density goes first,\n"
+                   "wb (its own) or material")
+        ->type_name("WORD");
     app.add_option("--material", options.material, "Of the asked part: as if it were made of this")
         ->type_name("NAME");
     app.add_option("--deviations", options.deviations,
-                   "Lower and upper deviation of the total in place of the computed ones: per\n"
-                   "cent of its mass or kg")
-        ->type_name("L,U%|L,Ukg");
+                   "Lower and upper deviation of the total in place\n"
+                   "of the computed ones: 2,3% of its mass or 2,3kg")
+        ->type_name("L,U");
 }
 
 void AddComputeOutput(CLI::App& app, ComputeCommandOptions& options)
 {
     app.add_option("--at", options.at,
-                   "The point of the inertia: the centre of gravity (default), the origin of the\n"
-                   "node's axes, or a point in them, in the unit of length of the output")
-        ->type_name("cg|origin|X,Y,Z");
+                   "The point of the inertia: cg, the centre of\n"
+                   "gravity (default); origin, that of the node's\n"
+                   "axes; or a point in them, in the unit of length\n"
+                   "of the output")
+        ->type_name("X,Y,Z");
     app.add_flag("--rss", options.rss,
-                 "Add the deviations as the root of the sum of squares, together and apart");
+                 "Add the deviations as the root of the sum of\n"
+                 "squares, together and apart");
     app.add_flag("--uncertainty", options.uncertainty,
-                 "Add the standard uncertainties of mass, centre of gravity and inertia");
+                 "Add the standard uncertainties of mass, centre\n"
+                 "of gravity and inertia");
     app.add_flag("--apart", options.apart,
-                 "Uncertainties with errors of its own for every piece (else all uses of a part\n"
-                 "share them)");
+                 "Uncertainties where every piece has errors of its\n"
+                 "own (else all uses of a part share them)");
     app.add_option("--explain", options.explain,
-                   "List the N largest contributors to the mass and to its uncertainty (10)")
+                   "List the N (10) largest contributors to the mass\n"
+                   "and to its uncertainty")
         ->type_name("[N]")
         ->expected(0, 1);
     app.add_option("--units", options.units, "Units of this run, such as MASS=lb,LENGTH=in")
@@ -156,7 +168,8 @@ void AddCompute(CLI::App& app, ComputeCommandOptions& options)
     app.add_option("path", options.path, "ROOT/INSTANCE/INSTANCE")->type_name("PATH");
     app.add_option("--db", options.session.database, "Database: one SQLite file")->required();
     app.add_option("--root-version", options.rootVersion,
-                   "Version of the root (default: the one that was stored last)");
+                   "Version of the root (default: the one that was\n"
+                   "stored last)");
     AddComputeChoices(app, options);
     AddComputeOutput(app, options);
     AddLog(app, options.session);
