@@ -11,8 +11,6 @@ namespace wb
 {
 namespace
 {
-constexpr std::size_t kMostErrors = 20;
-
 /// Numbers that read back alike are alike: the same mass in kg and in lb is one fact.
 bool Alike(double left, double right)
 {
@@ -81,14 +79,10 @@ bool PartMerge::GivesWay(const Difference& difference, Weight weight)
         Added(weight);
         return true;
     }
-    if (m_errors.size() <= kMostErrors) {
-        m_errors.push_back(m_errors.size() == kMostErrors
-                               ? "and more"
-                               : m_file + ":" + std::to_string(difference.line) + ": " + m_subject +
-                                     ", " + difference.what + ": found \"" + difference.stated +
-                                     "\", the database holds \"" + difference.stored +
-                                     "\"; expected the same fact or a blank cell");
-    }
+    m_errors.Line(difference.line, m_subject + ", " + difference.what + ": found \"" +
+                                       difference.stated + "\", the database holds \"" +
+                                       difference.stored +
+                                       "\"; expected the same fact or a blank cell");
     return false;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ImportErrors.h"
 #include "WBProduct.h"
 #include "WBStore.h"
 
@@ -14,9 +15,7 @@ namespace wb
 class PartMerge
 {
 public:
-    PartMerge(const std::string& file, KnownFacts known, std::vector<std::string>& errors)
-        : m_file(file), m_known(known), m_errors(errors)
-    {}
+    PartMerge(KnownFacts known, ImportErrors& errors) : m_known(known), m_errors(errors) {}
 
     void Merge(Part& stored, const Part& stated);
     /// name: how messages call the use.
@@ -71,9 +70,8 @@ private:
     /// True when what is stored gives way; false, with a sentence, when it does not.
     bool GivesWay(const Difference& difference, Weight weight);
 
-    const std::string& m_file;
     KnownFacts m_known;
-    std::vector<std::string>& m_errors;
+    ImportErrors& m_errors;
     std::vector<ChangedFact> m_changedFacts;
     std::string m_subject;
     bool m_changed = false;
