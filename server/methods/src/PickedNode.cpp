@@ -98,4 +98,22 @@ Node ReadNode(const Store& store, const PickedPart& picked)
                                  node.IsLeaf(), node.types);
     return node;
 }
+
+std::unique_ptr<ProductGraph> GraphOfLeaf(const Node& leaf)
+{
+    Product product;
+    Use use = leaf.use;
+    if (!leaf.picked.uses.empty()) {
+        product.parts.emplace_back(); // stands for all that is above
+        use.part = 1;
+        product.uses.push_back(std::move(use));
+    }
+    product.parts.push_back(leaf.part);
+    for (const std::string& name : {leaf.use.material, leaf.part.material}) {
+        if (auto material = leaf.store.FindMaterial(name)) {
+            product.materials.push_back(std::move(*material));
+        }
+    }
+    return std::make_unique<ProductGraph>(product, leaf.types);
+}
 } // namespace wb

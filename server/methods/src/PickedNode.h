@@ -2,8 +2,10 @@
 
 #include "PickedPart.h"
 #include "Request.h"
+#include "WBProductGraph.h"
 #include "WBRules.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -49,4 +51,8 @@ PickedPart FindPicked(const Store& store, Request& request);
 
 /// A root has no use, so that nothing is stated about one.
 Node ReadNode(const Store& store, const PickedPart& picked);
+
+/// A leaf and its use in the form in which products are summed up; the leaf's node is the last one.
+/// It tells what a leaf's sets weigh without the product around it being read.
+std::unique_ptr<ProductGraph> GraphOfLeaf(const Node& leaf);
 } // namespace wb

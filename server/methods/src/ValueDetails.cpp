@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace wb
 {
@@ -202,11 +204,12 @@ void AddUncertainty(AnswerText& answer, const ComputeResult& result)
     }
     const Uncertainty& uncertainty = *result.uncertainty;
     answer.AddFigure(uncertainty.mass);
+    // Nothing is said about the uncertainty of what is not known.
     for (const double coordinate : uncertainty.centre) {
-        answer.AddFigure(coordinate);
+        answer.AddFigure(result.total.HasCentre() ? coordinate : kUnknown);
     }
     for (const double term : uncertainty.inertia) {
-        answer.AddFigure(term);
+        answer.AddFigure(result.total.HasInertia() ? term : kUnknown);
     }
     answer.AddFigure(uncertainty.shareUnstated);
 }
@@ -266,6 +269,23 @@ Findings FindStored(Computations& computations, const PickedPart& place, const C
     findings.own = OwnOf(computations, place, request, context);
     return findings;
 }
+
+/// All that is stated. An assembly's product is in memory, since its sum was asked for.
+std::vector<SetDetails> SetsOf(const MethodCall& call, const Node& node)
+{
+    const std::unique_ptr<ProductGraph> leaf = node.IsLeaf() ? GraphOfLeaf(node) : nullptr;
+    const ProductGraph& graph =
+        leaf ? *leaf
+             : call.computations.GraphOf(node.picked.root.id, ComputationRequest::Policy::Check,
+                                         call.context);
+    const std::uint32_t graphNode = leaf ? static_cast<std::uint32_t>(graph.Nodes().size() - 1)
+                                         : graph.NodeAt(PathTo(graph, node.picked));
+    std::vector<SetDetails> sets;
+    for (const MassType& type : node.types) {
+        sets.push_back(DetailsOf(node, graph, graphNode, type.name));
+    }
+    return sets;
+}
 } // namespace
 
 std::string GetValueDetails(const MethodCall& call, std::string_view text)
@@ -279,15 +299,8 @@ std::string GetValueDetails(const MethodCall& call, std::string_view text)
     const Findings findings = isShown ? ComputeShown(call.computations, computation.asked,
                                                      computation.request, call.context)
                                       : FindStored(call.computations, place, call.context);
-    const ProductGraph& graph =
-        call.computations.GraphOf(place.root.id, ComputationRequest::Policy::Check, call.context);
-    const std::uint32_t graphNode = graph.NodeAt(PathTo(graph, place));
-
     const Node node = ReadNode(call.store, place);
-    std::vector<SetDetails> sets;
-    for (const MassType& type : node.types) {
-        sets.push_back(DetailsOf(node, graph, graphNode, type.name));
-    }
+    const std::vector<SetDetails> sets = SetsOf(call, node);
     const auto taken = std::ranges::find_if(
         sets, [&](const SetDetails& set) { return set.name == findings.computed.takenType; });
     AnswerText answer;

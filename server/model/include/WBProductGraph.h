@@ -148,6 +148,9 @@ public:
     std::int32_t FindMaterial(std::string_view name) const; // -1: not there
     std::int32_t FindType(std::string_view name) const;     // -1: not there
 
+    /// Makes a material known that nothing of the product is made of, so that it can be tried.
+    void AddMaterial(const Material& material);
+
     /// The claims of a node if another density went first or it were made of another material
     /// (-1: its own).
     std::vector<Claim> ClaimsWith(std::uint32_t node, std::optional<DensityPriority> first,

@@ -375,6 +375,14 @@ std::int32_t ProductGraph::FindMaterial(std::string_view name) const
     return found == m_materialNumbers.end() ? -1 : found->second;
 }
 
+void ProductGraph::AddMaterial(const Material& material)
+{
+    const auto number = static_cast<std::int32_t>(m_materials.size());
+    if (m_materialNumbers.try_emplace(material.name, number).second) {
+        m_materials.push_back(material);
+    }
+}
+
 std::int32_t ProductGraph::FindType(std::string_view name) const
 {
     const auto found = std::ranges::find(m_types, name, &MassType::name);
