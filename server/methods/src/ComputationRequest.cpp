@@ -111,12 +111,11 @@ ComputationRequest ReadComputationRequest(std::string_view text)
     return result;
 }
 
-void CheckMassType(const ProductGraph& graph, const ComputeOptions& options)
+void CheckMassType(const std::vector<MassType>& types, const ComputeOptions& options)
 {
     const bool isNamedType = options.precision == ComputeOptions::Precision::Specified &&
                              options.massType != Common::Computed;
-    // A product that goes round in a circle has an error of its own, and no types.
-    if (graph.Error().empty() && isNamedType && graph.FindType(options.massType) < 0) {
+    if (isNamedType && FindMassType(types, options.massType) == nullptr) {
         throw RequestError("The field precision of the request names \"" + options.massType +
                            "\", which is no mass type of the database.");
     }

@@ -45,5 +45,5 @@ struct ComputationRequest
 ComputationRequest ReadComputationRequest(std::string_view text);
 
 /// Throws RequestError where the precision names a mass type that is not there.
-void CheckMassType(const ProductGraph& graph, const ComputeOptions& options);
+void CheckMassType(const std::vector<MassType>& types, const ComputeOptions& options);
 } // namespace wb

@@ -1,10 +1,12 @@
 #include "Computations.h"
 
+#include "KeptSums.h"
 #include "Request.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
 
 #include <array>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -68,13 +70,43 @@ std::string WarningsOf(const ComputeResult& result)
     return text;
 }
 
-void Report(const CallContext& context, double done, std::string_view what)
+/// A precision that a request defines is typed for that one time, so its answer is not kept; what
+/// falls back to other values is no sum by the precision that the key names.
+bool IsKept(const ComputeOptions& options)
 {
-    if (context.progress) {
-        context.progress(done, what);
-    }
+    return !options.definedPrecision && !options.orActive;
 }
 
+std::string CodeOf(const Store& store, RowId part)
+{
+    return store.ReadPart(part).part.code;
+}
+
+/// The code of a part, or of the nearest one above it that has one.
+std::string CodeAt(const Store& store, const PickedPart& picked)
+{
+    for (std::size_t i = picked.uses.size(); i-- > 0;) {
+        std::string code = CodeOf(store, picked.uses[i].part.id);
+        if (!code.empty()) {
+            return code;
+        }
+    }
+    return CodeOf(store, picked.root.id);
+}
+
+/// Rows as numbers of nodes where no graph is at hand: each row gets the next number.
+class NextNumbers
+{
+public:
+    std::uint32_t operator()(RowId row)
+    {
+        return m_numbers.try_emplace(row, static_cast<std::uint32_t>(m_numbers.size()))
+            .first->second;
+    }
+
+private:
+    std::unordered_map<RowId, std::uint32_t> m_numbers;
+};
 } // namespace
 
 AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked)
@@ -97,33 +129,113 @@ AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked)
 const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy policy,
                                           const CallContext& context)
 {
-    // Asked before the product is read: a change in between costs one more reading, later.
-    const std::int64_t changeNumber = m_store.ChangeNumber(root);
-    const auto found = m_residents.find(root);
-    if (found != m_residents.end() && found->second.changeNumber == changeNumber &&
-        policy != ComputationRequest::Policy::Force) {
-        return *found->second.graph;
+    return *m_products.Of(root, policy == ComputationRequest::Policy::Force, context).graph;
+}
+
+std::unordered_map<std::uint32_t, KeptSum> Computations::StaleSums(const ResidentProduct& product,
+                                                                   const std::string& key) const
+{
+    // What is up to date equals what is made now, so only the stale ones make a difference.
+    std::vector<KeptLine> lines = m_store.KeptLines(key);
+    std::erase_if(lines, [](const KeptLine& line) { return line.upToDate; });
+    if (lines.empty()) {
+        return {};
     }
-    Report(context, 0.0, "reading the product");
-    auto graph = std::make_unique<ProductGraph>(m_store.ReadProduct(root), m_store.MassTypes());
-    return *(m_residents[root] = {changeNumber, std::move(graph)}).graph;
+    const ProductGraph& graph = *product.graph;
+    std::unordered_map<RowId, std::uint32_t> nodes;
+    for (const RowId row : product.rows) {
+        nodes.emplace(row, static_cast<std::uint32_t>(nodes.size()));
+    }
+    const auto nodeOf = [&](RowId row) {
+        // What is no longer there gets the numbers behind.
+        return nodes.try_emplace(row, static_cast<std::uint32_t>(nodes.size())).first->second;
+    };
+    std::unordered_map<std::uint32_t, KeptSum> sums;
+    for (const KeptLine& line : lines) {
+        const auto node = nodes.find(line.part);
+        // A standard part is never stale.
+        if (node == nodes.end() || node->second >= graph.Parts().size() ||
+            graph.Parts()[node->second].standard) {
+            continue;
+        }
+        const auto kept = m_store.FindKept(line.part, key);
+        auto sum = kept ? ReadSum(kept->result, nodeOf) : std::nullopt;
+        if (sum) {
+            sum->isStale = true;
+            sums.emplace(node->second, std::move(*sum));
+        }
+    }
+    return sums;
+}
+
+Computations::Computation Computations::Make(const PickedPart& picked,
+                                             const ComputationRequest& request,
+                                             const CallContext& context)
+{
+    using Policy = ComputationRequest::Policy;
+    CheckMassType(m_store.MassTypes(), request.options);
+    ResidentProduct& product =
+        m_products.Of(picked.root.id, request.policy == Policy::Force, context);
+    Report(context, 0.5, "summing up");
+    ComputeOptions options = request.options;
+    options.cancelled = [&] {
+        return IsCancelled(context);
+    };
+    const std::string key = SumKey(options);
+    std::unordered_map<std::uint32_t, KeptSum> stale;
+    if (request.policy == Policy::Assume) {
+        stale = StaleSums(product, key);
+        options.kept = &stale;
+        options.level = request.level;
+    }
+    std::unordered_set<RowId> upToDate;
+    const bool keeps = IsKept(options) && !product.keptKeys.contains(key);
+    if (keeps) {
+        for (const KeptLine& line : m_store.KeptLines(key)) {
+            if (line.upToDate && request.policy != Policy::Force) {
+                upToDate.insert(line.part);
+            }
+        }
+        options.wantsSum = [&](std::uint32_t part) {
+            return !upToDate.contains(product.rows[part]);
+        };
+    }
+
+    Computation computation;
+    computation.changeNumber = product.changeNumbers.front();
+    computation.result = Compute(*product.graph, PathTo(*product.graph, picked), options);
+    ComputeResult& result = computation.result;
+    if (!result.error.empty()) {
+        throw RequestError(result.error);
+    }
+    for (const ComputeResult::MadeSum& made : result.sums) {
+        computation.kept.push_back(
+            {product.rows[made.part], key, product.changeNumbers[made.part],
+             WriteSum(made.sum, [&](std::uint32_t node) { return product.rows[node]; })});
+    }
+    result.sums.clear();
+    const bool isWhole = picked.uses.empty() && options.filter.IsEmpty() &&
+                         options.asked != ComputeOptions::Asked::Alone;
+    if (keeps && isWhole && result.staleTaken == 0) {
+        computation.completed = {&product.keptKeys, key};
+    }
+    return computation;
+}
+
+void Computations::Keep(const Computation& computation, const CallContext& context)
+{
+    const auto& [keys, key] = computation.completed;
+    if (m_store.Keep(computation.kept, context.user) && keys != nullptr) {
+        keys->insert(key);
+    }
 }
 
 ComputeResult Computations::ComputeAt(const PickedPart& picked, const ComputationRequest& request,
                                       const CallContext& context)
 {
-    const ProductGraph& graph = GraphOf(picked.root.id, request.policy, context);
-    Report(context, 0.5, "summing up");
-    CheckMassType(graph, request.options);
-    ComputeOptions options = request.options;
-    options.cancelled = [&context] {
-        return context.cancel != nullptr && *context.cancel;
-    };
-    ComputeResult result = Compute(graph, PathTo(graph, picked), options);
-    if (!result.error.empty()) {
-        throw RequestError(result.error);
-    }
-    return result;
+    Computation computation = Make(picked, request, context);
+    Keep(computation, context);
+    return std::move(computation.result);
 }
 
 KeptComputed Computations::ComputedBelow(const PickedPart& picked, const CallContext& context)
@@ -131,8 +243,38 @@ KeptComputed Computations::ComputedBelow(const PickedPart& picked, const CallCon
     ComputationRequest request;
     request.options.derived = true;
     request.options.validate = false;
+    const RowId part = picked.Part().id;
+    const auto kept = m_store.FindKept(part, SumKey(request.options));
+    const auto sum = kept ? ReadSum(kept->result, NextNumbers()) : std::nullopt;
+    if (sum) {
+        const bool upToDate = kept->changeNumber == m_store.ChangeNumber(part);
+        // A standard part is never stale.
+        if (upToDate || m_store.ReadPart(part).part.standard != Answer::Yes) {
+            const std::string code = sum->withoutCode == 0.0 ? "" : CodeAt(m_store, picked);
+            return {TotalOf(*sum), StatisticsOf(*sum, code), upToDate};
+        }
+    }
     ComputeResult result = ComputeAt(picked, request, context);
     return {result.total, std::move(result.statistics), true};
+}
+
+std::optional<std::string> Computations::KeptAnswer(RowId root, const ComputationRequest& request,
+                                                    const CallContext& context)
+{
+    if (request.policy == ComputationRequest::Policy::Force || !IsKept(request.options)) {
+        return std::nullopt;
+    }
+    const auto kept = m_store.FindKept(root, AnswerKey(request.options));
+    if (!kept || kept->changeNumber != m_store.ChangeNumber(root)) {
+        return std::nullopt;
+    }
+    // No field of an answer holds the end of a line; the warnings follow it.
+    const std::size_t end = kept->result.find('\n');
+    if (end == std::string::npos) {
+        return std::nullopt;
+    }
+    KeepWarnings(context.user, kept->result.substr(end + 1));
+    return kept->result.substr(0, end);
 }
 
 std::string Computations::ComputeValues(std::string_view text, const CallContext& context)
@@ -145,15 +287,30 @@ std::string Computations::ComputeValues(std::string_view text, const CallContext
         throw RequestError("The field root of the request names \"" + request.root +
                            "\", which is no product root of the database.");
     }
-    const ComputeResult result = ComputeAt({*root, {}, {}}, request, context);
-    KeepWarnings(context.user, result);
-    return AnswerOf(result);
+    if (auto kept = KeptAnswer(root->id, request, context)) {
+        return std::move(*kept);
+    }
+    Computation computation = Make({*root, {}, {}}, request, context);
+    const ComputeResult& result = computation.result;
+    std::string answer = AnswerOf(result);
+    const std::string warnings = WarningsOf(result);
+    if (IsKept(request.options) && result.staleTaken == 0) {
+        computation.kept.push_back({root->id, AnswerKey(request.options), computation.changeNumber,
+                                    answer + "\n" + warnings});
+    }
+    Keep(computation, context);
+    KeepWarnings(context.user, warnings);
+    return answer;
 }
 
 void Computations::KeepWarnings(const std::string& user, const ComputeResult& result)
 {
+    KeepWarnings(user, WarningsOf(result));
+}
+
+void Computations::KeepWarnings(const std::string& user, const std::string& warnings)
+{
     ForgetWarnings(user);
-    const std::string warnings = WarningsOf(result);
     if (!warnings.empty()) {
         m_warnings[user] = warnings;
     }

@@ -2,15 +2,19 @@
 
 #include "ComputationRequest.h"
 #include "PickedPart.h"
+#include "ResidentProducts.h"
 #include "WBProductGraph.h"
 #include "WBServer.h"
 #include "WBStore.h"
 
 #include <cstdint>
-#include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace wb
 {
@@ -27,13 +31,14 @@ struct KeptComputed
 /// changed since the place was found, or goes round in a circle.
 AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked);
 
-/// Computes products and keeps them in memory: reading one takes far longer than summing it up. A
-/// product is read again when its change number has risen, or when that is forced.
+/// Computes products and keeps what came of it: the answer of a whole product, and the sums below
+/// its assemblies, for whoever later assumes that they hold. What is kept is derived: where it
+/// cannot be written or read, it is just made again.
 class Computations
 {
 public:
     /// Borrows the store.
-    explicit Computations(Store& store) : m_store(store) {}
+    explicit Computations(Store& store) : m_store(store), m_products(store) {}
 
     /// The method of the same name. Wrong input throws RequestError, a failing database StoreError.
     /// Whatever comes of it, the warnings of the user's computation before are forgotten.
@@ -59,14 +64,26 @@ public:
     KeptComputed ComputedBelow(const PickedPart& picked, const CallContext& context);
 
 private:
-    struct Resident
+    /// A result, and what of it is to be kept once all is well.
+    struct Computation
     {
-        std::int64_t changeNumber = 0;
-        std::unique_ptr<ProductGraph> graph;
+        ComputeResult result;
+        std::vector<KeptResult> kept;
+        std::int64_t changeNumber = 0; // of the root when the product was read
+        /// Where to note which key has all its sums, once they are kept.
+        std::pair<std::set<std::string>*, std::string> completed{nullptr, {}};
     };
+    Computation Make(const PickedPart& picked, const ComputationRequest& request,
+                     const CallContext& context);
+    void Keep(const Computation& computation, const CallContext& context);
+    std::unordered_map<std::uint32_t, KeptSum> StaleSums(const ResidentProduct& product,
+                                                         const std::string& key) const;
+    void KeepWarnings(const std::string& user, const std::string& warnings);
+    std::optional<std::string> KeptAnswer(RowId root, const ComputationRequest& request,
+                                          const CallContext& context);
 
     Store& m_store;
-    std::unordered_map<RowId, Resident> m_residents;
+    ResidentProducts m_products;
     std::unordered_map<std::string, std::string> m_warnings; // by user
 };
 } // namespace wb

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "WBProductGraph.h"
+#include "WBServer.h"
+#include "WBStore.h"
+
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace wb
+{
+/// A product in memory, with what leads back to the database.
+struct ResidentProduct
+{
+    std::unique_ptr<ProductGraph> graph;
+    /// Parallel to the graph's parts: their change numbers as of the moment at which it was read.
+    std::vector<std::int64_t> changeNumbers;
+    /// Parallel to the graph's nodes: a part by its row, a use that states something of its own by
+    /// its row with the other sign.
+    std::vector<RowId> rows;
+    /// Keys of which the sums below its assemblies were all looked at, so that nobody need look
+    /// again for one that is missing.
+    std::set<std::string> keptKeys;
+    std::uint64_t lastUsed = 0;
+};
+
+/// Products that stay in memory: reading one takes far longer than summing it up.
+class ResidentProducts
+{
+public:
+    /// Borrows the store.
+    explicit ResidentProducts(const Store& store) : m_store(store) {}
+
+    /// What stands below a part. It is read where it is not there, where something in it has
+    /// changed, and anew in any case when that is wanted. Good until the next call. Throws
+    /// RequestError when the context cancels it.
+    ResidentProduct& Of(RowId root, bool anew, const CallContext& context);
+
+private:
+    void MakeRoom();
+    ResidentProduct Read(RowId root, const CallContext& context) const;
+
+    const Store& m_store;
+    std::unordered_map<RowId, ResidentProduct> m_products;
+    std::uint64_t m_calls = 0;
+};
+
+bool IsCancelled(const CallContext& context);
+void Report(const CallContext& context, double done, std::string_view what);
+} // namespace wb
