@@ -176,6 +176,8 @@ void AddUpdateOptions(CATDlgFrame* options, WBComputeControls& controls)
     controls.updateLevelInfo = Add<CATDlgLabel>(frame, "UpdateLevelInfoLabel", Cell{3, 0});
     controls.updateLevel = Add<CATDlgEditor>(frame, "UpdateLevelEditor", kEditable, Cell{3, 1});
     controls.updateLevel->SetVisibleTextWidth(kLevelWidth);
+    // The editor asks for one digit, but levels of two digits shall be seen too.
+    frame->SetColumnStretch(1, 1);
     frame->SetColumnStretch(2, 1);
 }
 

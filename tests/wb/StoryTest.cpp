@@ -161,6 +161,27 @@ TEST(Story, SelectsAsTheUserDoes)
     fails("select ApplyButton x\n", "the control is hidden or greyed");
 }
 
+TEST(Story, ClickOnATabIsHeardByWhoListensToThePages)
+{
+    const TemporaryDirectory folder;
+    // The point of the inertia can be chosen on the first page alone.
+    const std::string page = "start CATWBComputeCmd\nclick StatisticsPage\n";
+    EXPECT_THAT(Play(folder, page + "click ReferenceButton\n").err,
+                HasSubstr("the control is hidden or greyed"));
+    const Played back = Play(folder, page + "click ResultTabPage\nclick ReferenceButton\n"
+                                            "expect ReferenceButton on\n");
+    EXPECT_EQ(back.status, 0) << back.err;
+}
+
+TEST(Story, KeysGoToTheWindowThatWasClickedLast)
+{
+    const TemporaryDirectory folder;
+    const Played played = Play(folder, "start CATWBComputeCmd\nanswer Yes\nclick ComputeButton\n"
+                                       "expect-box Warnings\ncheck ForceUpdateButton on\n"
+                                       "answer Yes\nkey Return\nexpect-box Warnings\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+}
+
 TEST(Story, UnitsPanelThatCannotBeLoadedIsNamed)
 {
     // The same program with one library less. Libraries are looked for beside the file that the

@@ -335,6 +335,8 @@ std::string StoryPlayer::Click(const Words& words)
         }
         return {};
     }
+    // On any desktop the window that is clicked gets the keys.
+    control->Widget()->window()->activateWindow();
     QTest::mouseClick(control->Widget(), Qt::LeftButton, {},
                       QPoint(10, control->Widget()->height() / 2));
     return {};

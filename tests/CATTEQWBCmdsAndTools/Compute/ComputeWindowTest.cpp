@@ -200,7 +200,8 @@ TEST_F(ComputeWindow, OptionsBesideEachOtherReachOverBothRows)
     EXPECT_THAT(CellOf(Find<CATDialog>("UpdateOptionFrame").Widget()), ElementsAre(0, 2, 2, 1));
     for (const char* button :
          {"CheckUpToDateButton", "ForceUpdateButton", "AssumeUpToDateButton"}) {
-        EXPECT_EQ(CellOf(Find<CATDialog>(button).Widget())[3], 3) << button;
+        EXPECT_THAT(CellOf(Find<CATDialog>(button).Widget()), ElementsAre(testing::_, 0, 1, 3))
+            << button;
     }
 }
 
@@ -485,14 +486,23 @@ TEST_F(ComputeWindow, FramesBesideEachOtherAreEquallyWideWhereThereIsRoom)
     EXPECT_NEAR(widthOf("InertiaModeFrame"), widthOf("UpdateOptionFrame"), 1);
 }
 
-TEST_F(ComputeWindow, WiderWindowGivesItsRoomToTheFieldsButTheLevel)
+TEST_F(ComputeWindow, LevelHasRoomForMoreDigitsThanItAsksForAndNoMoreThanItsHalf)
+{
+    CATDlgApplication::ProcessEvents();
+    const QWidget* editor = Find<CATDialog>("UpdateLevelEditor").Widget();
+    EXPECT_GE(editor->width(), editor->sizeHint().width() +
+                                   2 * editor->fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    EXPECT_LT(editor->width(), Find<CATDialog>("UpdateOptionFrame").Widget()->width() / 2);
+}
+
+TEST_F(ComputeWindow, WiderWindowGivesItsRoomToTheFields)
 {
     CATDlgApplication::ProcessEvents();
     const auto widthOf = [this](const char* name) {
         return Find<CATDialog>(name).Widget()->width();
     };
     const std::vector<const char*> fixed{"SelectionLabel", "MassLabel", "SpecifiedMassTypeLabel",
-                                         "UpdateLevelEditor", "Frame047"};
+                                         "UpdateLevelInfoLabel", "Frame047"};
     const std::vector<const char*> wider{"SelectionEditor", "MassEditor", "CGxEditor",
                                          "SpecifiedMassTypeCombo", "ConfigHandlerEditor"};
     std::map<std::string, int> before;
