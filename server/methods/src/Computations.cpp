@@ -176,6 +176,10 @@ Computations::Computation Computations::Make(const PickedPart& picked,
     CheckMassType(m_store.MassTypes(), request.options);
     ResidentProduct& product =
         m_products.Of(picked.root.id, request.policy == Policy::Force, context);
+    // A material that nothing of the product is made of can be tried all the same.
+    if (const auto material = m_store.FindMaterial(request.options.material)) {
+        product.graph->AddMaterial(*material);
+    }
     Report(context, 0.5, "summing up");
     ComputeOptions options = request.options;
     options.cancelled = [&] {
