@@ -142,3 +142,27 @@ TEST(WBChecksum, IsTheOneThatSha256sumPrints)
     EXPECT_EQ(Checksum(std::string(1000, 'a')),
               "41edece42d63e8d9bf515a9ba6932e1c20cbc9f5a5d134645adb5db1b9737ea3");
 }
+
+TEST(CsvTable, EveryLineEndIsOneLine)
+{
+    // Mixed ends, blank lines of each kind, and a file without an end behind a quoted field.
+    const auto table = Parse("a,b\r1,2\r\n\r\n\n\r3,4\n5,\"6\"");
+    ASSERT_EQ(table.RowCount(), 3U);
+    EXPECT_EQ(table.LineOf(0), 2U);
+    EXPECT_EQ(table.LineOf(1), 6U);
+    EXPECT_EQ(table.LineOf(2), 7U);
+    EXPECT_THAT(Texts(table, 2), ElementsAre("0=5", "1=6"));
+    EXPECT_EQ(OnlyError("a\r1\r\n2\r\n\n\xFF"), "t.csv:5: a character is not UTF-8, expected a "
+                                                "file saved as UTF-8");
+}
+
+TEST(CsvTable, AHeaderAloneHasNoRows)
+{
+    EXPECT_EQ(Parse("\xEF\xBB\xBFpart,name").RowCount(), 0U);
+    EXPECT_THAT(Parse("\xEF\xBB\xBFpart,name").Header(), ElementsAre("part", "name"));
+}
+
+TEST(CsvTable, BlanksAroundABareFieldAreNoneOfIt)
+{
+    EXPECT_THAT(Texts(Parse("a,b,c\n x , \" y \" ,\"\"\n"), 0), ElementsAre("0=x", "1= y "));
+}

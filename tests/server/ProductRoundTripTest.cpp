@@ -546,3 +546,36 @@ TEST(WBImport, WhatGaveWayIsTold)
                                      "parts that nobody uses: R A, Q A", "removed: use R/q: Q A",
                                      "changed: part P A, mass type Weighed, mass: 2 lb, was 1 kg"));
 }
+
+TEST(WBImport, LongListsAreCounted)
+{
+    wbtest::ServedProduct served;
+    std::string table = "part\n";
+    for (int i = 1; i <= 250; ++i) {
+        table += "P" + std::to_string(i) + "\n";
+    }
+    const auto result = ImportBytes(served.Store(), table, "t.csv");
+    EXPECT_EQ(result.counts.unusedParts.size(), 250U);
+    EXPECT_THAT(result.Sentences().at(3), testing::EndsWith(", P99 A, P100 A and 150 more"));
+}
+
+TEST(WBImport, BytesHaveTheNameThatTheyAreGiven)
+{
+    wbtest::ServedProduct served;
+    EXPECT_THAT(ImportBytes(served.Store(), "part,mass\nP,1\n", "standard input").errors.at(0),
+                testing::StartsWith("standard input:1: column \"mass\""));
+    EXPECT_THAT(ImportBytes(served.Store(), "part\nP\n", "standard input").errors, IsEmpty());
+    EXPECT_EQ(served.Store().History().at(0).subject, "standard input");
+}
+
+TEST(WBImport, DatabaseThatFailsIsToldAsASentence)
+{
+    wbtest::ServedProduct served;
+    {
+        StoreBatch batch(served.Store());
+        const auto other = Store::Open(served.Store().Path(), 0);
+        EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors,
+                    testing::ElementsAre(testing::HasSubstr("another program is writing")));
+    }
+    EXPECT_THAT(ExportProduct(served.Store(), "P").error, testing::HasSubstr("is no product root"));
+}

@@ -393,3 +393,20 @@ TEST(WBProductTable, FileIsReadWithoutAnyDatabase)
     EXPECT_TRUE(result.Ok());
     EXPECT_EQ(result.product.parts.size(), 110U);
 }
+
+TEST(WBProductTable, OneFactInTwoUnitsIsStatedAlike)
+{
+    // 0.7 in are 17.78 mm, 0.1 lb 0.045359237 kg and 30 degrees 0.5235987755982988 rad, but for the
+    // rounding of the last digit.
+    const Product product =
+        Good("parent,instance,part,x [in],y [in],z [in],x [mm],y [mm],z [mm],rz [deg],rz [rad],"
+             "mass_type,mass [lb],mass [kg]\n,,A,,,,,,,,,,,\n"
+             "A,i,P,0.7,1,2,,,,30,,Weighed,0.1,\n"
+             "A,i,P,,,,17.78,25.4,50.8,,0.5235987755982988,Weighed,,0.045359237\n");
+    EXPECT_EQ(product.uses.at(0).typed, "rz=30 deg|x=0.7 in|y=1 in|z=2 in");
+    EXPECT_EQ(PartNamed(product, "P").sets.at(0).typed, "mass=0.1 lb");
+    EXPECT_EQ(wbtest::FirstError("part,mass_type,mass [kg]\nP,Weighed,1\nP,Weighed,"
+                                 "1.00000000000001\n"),
+              "t.csv:3: column \"mass [kg]\": found \"1.00000000000001\", but line 2 states \"1 "
+              "kg\"; expected the same fact once");
+}

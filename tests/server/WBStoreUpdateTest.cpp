@@ -91,6 +91,18 @@ TEST_F(WBStoreUpdate, AlikeNumbersChangeNothing)
     EXPECT_EQ(m_store->History().size(), 1U);
 }
 
+TEST_F(WBStoreUpdate, AlikePlacesInOtherUnitsChangeNothing)
+{
+    Good("parent,instance,part,x [mm],y [mm],z [mm],rz [deg]\n,,R,,,,\nR,p,P,17.78,0,1e-9,30\n");
+    const auto counts = Good("parent,instance,part,x [in],y [in],z [in],rz [rad]\n"
+                             "R,p,P,0.7,0,3.937007874015748e-11,0.5235987755982988\n");
+    EXPECT_FALSE(counts.Changes());
+    EXPECT_EQ(UseOf("R", "p").typed, "rz=30 deg|x=17.78 mm|y=0 mm|z=1e-9 mm");
+    // A small shift is no rounding.
+    EXPECT_EQ(Good("parent,instance,part,x [mm],y [mm],z [mm]\nR,p,P,17.78,0,2e-9\n").changedUses,
+              1U);
+}
+
 TEST_F(WBStoreUpdate, ChangeNumbersRiseForWhatSumsDependOnAlone)
 {
     Good("parent,instance,part,name,mass_type,mass [kg],p:V,doc,doc_version,doc_use,doc_mass [kg]\n"
@@ -192,6 +204,15 @@ TEST_F(WBStoreUpdate, PropertyMayBecomeOneOfAnotherKind)
     EXPECT_EQ(part.properties[0].name, "N");
     EXPECT_EQ(part.properties[0].magnitude, "MASS");
     EXPECT_EQ(m_store->History().at(1).before, "part P A, property N: N:int");
+}
+
+TEST_F(WBStoreUpdate, TextMayBecomeADate)
+{
+    Good("part,p:N\nP,2026-01-02\n");
+    Good("part,p:N:date\nP,2026-01-02\n");
+    EXPECT_TRUE(PartOf("P").properties.at(0).isDate);
+    EXPECT_EQ(m_store->History().at(1).before, "part P A, property N: N");
+    EXPECT_EQ(m_store->History().at(1).after, "part P A, property N: N:date");
 }
 
 TEST_F(WBStoreUpdate, AttachedMarkMovesToTheStatedRevision)
@@ -302,6 +323,36 @@ TEST_F(WBStoreUpdate, ReplaceNeedsARootOfTheTable)
     EXPECT_THAT(Import("parent,instance,part\n,,S\nS,p,P\n", "S").errors,
                 ElementsAre("t.csv: --replace \"S\": it is used in R, expected a product root"));
     EXPECT_THAT(InstancesOf("S"), ElementsAre("p P", "q Q"));
+}
+
+TEST_F(WBStoreUpdate, ReplaceByATableOfFactsAloneIsRefused)
+{
+    Good(kTree);
+    EXPECT_THAT(Import("part,name\nR,Top\n", "R").errors,
+                ElementsAre("t.csv: --replace \"R\": the table places nothing in it, expected the "
+                            "uses that stay"));
+    EXPECT_THAT(InstancesOf("R"), ElementsAre("s S", "t T"));
+    // Where there is nothing to lose, nothing is refused.
+    Good("part\nO\n");
+    EXPECT_EQ(Good("part,name\nO,Single\n", "O").changedParts, 1U);
+    EXPECT_EQ(Good("part\nNew\n", "New").newParts, 1U);
+}
+
+TEST_F(WBStoreUpdate, ManyRefusalsAreCounted)
+{
+    std::string first = "parent,instance,part\n,,R\n";
+    std::string second = "parent,instance,part\n";
+    for (int i = 0; i < 1000; ++i) {
+        const std::string number = std::to_string(i);
+        first += "R,i" + number + ",P\n";
+        second += "R,i" + number + ",Q\n";
+    }
+    Good(first);
+    const auto errors = Import(second).errors;
+    ASSERT_EQ(errors.size(), 21U);
+    EXPECT_THAT(errors[0], HasSubstr("t.csv:2: use R/i0: found part \"Q A\""));
+    EXPECT_THAT(errors[19], HasSubstr("t.csv:21: use R/i19:"));
+    EXPECT_EQ(errors[20], "and 980 more");
 }
 
 TEST_F(WBStoreUpdate, RefusedReplaceRemovesNothing)

@@ -12,9 +12,9 @@ namespace
 {
 constexpr const char* kStandardStream = "-";
 
-int Refuse(const std::string& problem)
+int Refuse(const std::string& problem, const char* outcome = "nothing was exported")
 {
-    std::fprintf(stderr, "%s\nwb: nothing was exported\n", problem.c_str());
+    std::fprintf(stderr, "%s\nwb: %s\n", problem.c_str(), outcome);
     return 1;
 }
 
@@ -44,15 +44,17 @@ int RunExport(const ExportOptions& options)
         return Refuse(product.error);
     }
     // The mass types first: without them the product could not be read anywhere else.
-    std::string problem;
     if (!options.massTypes.empty()) {
-        problem = WriteOut(options.massTypes, wb::WriteMassTypeTable(opened.store->MassTypes()));
+        const std::string problem =
+            WriteOut(options.massTypes, wb::WriteMassTypeTable(product.massTypes));
+        if (!problem.empty()) {
+            return Refuse(problem);
+        }
     }
-    if (problem.empty()) {
-        problem = WriteOut(options.output, product.table);
-    }
+    const std::string problem = WriteOut(options.output, product.table);
     if (!problem.empty()) {
-        return Refuse(problem);
+        return options.massTypes.empty() ? Refuse(problem)
+                                         : Refuse(problem, "only the mass types were exported");
     }
     if (options.output != kStandardStream) {
         std::printf("%s: %zu parts, %zu uses\n", options.output.c_str(), product.parts,

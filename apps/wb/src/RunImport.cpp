@@ -22,6 +22,27 @@ int Refuse(const std::vector<std::string>& errors)
     return 1;
 }
 
+/// Read once, however often it is asked for: an import that is overtaken begins anew.
+const wb::FileBytes& StandardInput()
+{
+    static const wb::FileBytes input = wb::ReadFileBytes("/dev/stdin");
+    return input;
+}
+
+wb::ImportFileResult ImportOne(wb::Store& store, const std::string& file,
+                               const wb::ImportFileOptions& how)
+{
+    if (file != "-") {
+        return wb::ImportFile(store, file, how);
+    }
+    if (!StandardInput().error.empty()) {
+        wb::ImportFileResult result;
+        result.errors = {"the standard input cannot be read"};
+        return result;
+    }
+    return wb::ImportBytes(store, StandardInput().bytes, "standard input", how);
+}
+
 wb::ImportFileOptions OptionsOf(const ImportOptions& options)
 {
     wb::ImportFileOptions how;
@@ -59,7 +80,7 @@ Imported ImportAll(wb::Store& store, const ImportOptions& options)
         if (!imported.errors.empty()) {
             return imported;
         }
-        wb::ImportFileResult result = wb::ImportFile(store, file, how);
+        wb::ImportFileResult result = ImportOne(store, file, how);
         const std::vector<std::string> sentences = result.Sentences();
         if (options.files.size() > 1) {
             imported.sentences.push_back(file + ":");

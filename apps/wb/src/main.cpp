@@ -210,7 +210,9 @@ int main(int argc, char** argv)
     ImportOptions import;
     CLI::App* importApp =
         app.add_subcommand("import", "Read products from CSV files into a database");
-    importApp->add_option("file", import.files, "CSV files in the table form")->required();
+    importApp
+        ->add_option("file", import.files, "CSV files in the table form; - is the standard input")
+        ->required();
     importApp->add_option("--into", import.database, "Database: one SQLite file, made when missing")
         ->required();
     importApp->add_flag("--check", import.check, "Say what would change, and change nothing");
@@ -274,6 +276,10 @@ int main(int argc, char** argv)
         if (!import.replace.empty() && import.files.size() > 1) {
             throw CLI::ValidationError("--replace", "expected one file, since a use that one file "
                                                     "lacks may stand in another");
+        }
+        if (exports.output == "-" && exports.massTypes == "-") {
+            throw CLI::ValidationError("--mass-types", "expected a file, since the product goes to "
+                                                       "the standard output");
         }
     } catch (const CLI::ParseError& error) {
         const int code = app.exit(error);

@@ -5,6 +5,7 @@
 #include "WBStore.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wb
@@ -34,6 +35,9 @@ struct ImportFileResult
 /// Reads a product table into a store: all of it, or nothing when anything is wrong.
 ImportFileResult ImportFile(Store& store, const std::string& path,
                             const ImportFileOptions& options = {});
+/// The same of bytes that were read already. name stands for the file in messages and history.
+ImportFileResult ImportBytes(Store& store, std::string_view content, const std::string& name,
+                             const ImportFileOptions& options = {});
 
 /// Adds or changes the mass types of a table. Returns the sentences of what is wrong.
 std::vector<std::string> ImportMassTypes(Store& store, const std::string& path,

@@ -3,6 +3,7 @@
 #include "WBStore.h"
 
 #include <string>
+#include <vector>
 
 namespace wb
 {
@@ -10,6 +11,7 @@ namespace wb
 struct ProductExport
 {
     std::string table;
+    std::vector<MassType> massTypes; // of the database: a table names some of them
     std::size_t parts = 0;
     std::size_t uses = 0;
     std::string error;

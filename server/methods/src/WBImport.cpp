@@ -6,11 +6,13 @@ namespace
 {
 std::string Listed(const std::vector<std::string>& names)
 {
+    constexpr std::size_t kMost = 100;
     std::string list;
-    for (const std::string& name : names) {
-        list += (list.empty() ? "" : ", ") + name;
+    for (std::size_t i = 0; i < names.size() && i < kMost; ++i) {
+        list += (i == 0 ? "" : ", ") + names[i];
     }
-    return list;
+    return names.size() > kMost ? list + " and " + std::to_string(names.size() - kMost) + " more"
+                                : list;
 }
 
 /// What was stored and is no longer: the history keeps all of it, the screen the beginning.
@@ -58,15 +60,27 @@ std::vector<std::string> ImportFileResult::Sentences() const
 
 ImportFileResult ImportFile(Store& store, const std::string& path, const ImportFileOptions& options)
 {
+    const FileBytes file = ReadFileBytes(path);
+    if (!file.error.empty()) {
+        ImportFileResult result;
+        result.errors = {file.error};
+        return result;
+    }
+    return ImportBytes(store, file.bytes, path, options);
+}
+
+ImportFileResult ImportBytes(Store& store, std::string_view content, const std::string& name,
+                             const ImportFileOptions& options)
+{
     ImportFileResult result;
     result.isReplacement = !options.replace.empty();
     try {
-        TableResult read = ReadProductFile(path, options.table, store);
+        TableResult read = ReadProductTable(content, name, options.table, store);
         result.table = std::move(read.summary);
         result.errors = std::move(read.errors);
         if (result.Ok()) {
             ImportOutcome outcome =
-                store.Import(read.product, {options.user, path, result.table.checksum,
+                store.Import(read.product, {options.user, name, result.table.checksum,
                                             options.known, options.replace});
             result.counts = std::move(outcome.counts);
             result.errors = std::move(outcome.errors);

@@ -38,6 +38,7 @@ ProductExport ExportProduct(const Store& store, const std::string& root, const s
         result.parts = product.parts.size();
         result.uses = product.uses.size();
         result.table = WriteProductTable(product, 0);
+        result.massTypes = store.MassTypes();
     } catch (const StoreError& error) {
         result.error = error.what();
     }

@@ -29,6 +29,11 @@ double OffOrthogonal(const Placement::Matrix& rotation);
 /// Below 0 for an opposite hand.
 double Determinant(const Placement::Matrix& rotation);
 
+/// True when two shifts, or two rotations, are the same but for the rounding of what was typed: in
+/// millimetres and in inches, in degrees, in radians and as a matrix.
+bool AreSamePlace(const std::array<double, 3>& left, const std::array<double, 3>& right);
+bool AreSameTurn(const Placement::Matrix& left, const Placement::Matrix& right);
+
 /// The images of the x, y and z axis, then the shift in mm, as the streams carry them.
 std::array<double, 12> Coefficients(const Placement& placement);
 } // namespace wb

@@ -67,6 +67,11 @@ std::string WriteShortest(double value)
     return {digits.data(), end};
 }
 
+bool AreAlike(double left, double right)
+{
+    return left == right || WriteNumber(left) == WriteNumber(right);
+}
+
 void AppendNumber(std::string& text, double value)
 {
     constexpr int kDigits = 15;

@@ -1,5 +1,7 @@
 #include "WBPlacement.h"
 
+#include "WBNumbers.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -97,6 +99,22 @@ double Determinant(const Placement::Matrix& rotation)
     const auto& [a, b, c] = rotation;
     return a[0] * (b[1] * c[2] - b[2] * c[1]) - a[1] * (b[0] * c[2] - b[2] * c[0]) +
            a[2] * (b[0] * c[1] - b[1] * c[0]);
+}
+
+bool AreSamePlace(const std::array<double, 3>& left, const std::array<double, 3>& right)
+{
+    return std::ranges::equal(left, right, AreAlike);
+}
+
+bool AreSameTurn(const Placement::Matrix& left, const Placement::Matrix& right)
+{
+    // Next to the ones of a rotation a rounding that would be a digit of a small number is none.
+    constexpr double kRounding = 1e-14;
+    return std::ranges::equal(left, right, [](const auto& leftRow, const auto& rightRow) {
+        return std::ranges::equal(leftRow, rightRow, [](double leftTerm, double rightTerm) {
+            return std::abs(leftTerm - rightTerm) <= kRounding;
+        });
+    });
 }
 
 std::array<double, 12> Coefficients(const Placement& placement)

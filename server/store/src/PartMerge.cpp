@@ -11,12 +11,6 @@ namespace wb
 {
 namespace
 {
-/// Numbers that read back alike are alike: the same mass in kg and in lb is one fact.
-bool Alike(double left, double right)
-{
-    return left == right || WriteNumber(left) == WriteNumber(right);
-}
-
 /// The header of a column that would give the property this kind.
 std::string KindOf(const Property& property)
 {
@@ -108,7 +102,7 @@ bool PartMerge::MergeNumber(double& stored, double stated, Fact fact, const Fact
         Added(Weight::InSums);
         return true;
     }
-    if (Alike(stored, stated)) {
+    if (AreAlike(stored, stated)) {
         return false;
     }
     const bool taken =
@@ -237,7 +231,7 @@ void PartMerge::Position(Use& stored, const Use& stated)
         return true;
     };
     if (isTaken(stated.positionStated, stored.positionStated,
-                stored.placement.shift == stated.placement.shift,
+                AreSamePlace(stored.placement.shift, stated.placement.shift),
                 {stated.lines.LineOf(Fact::Position), "position in mm",
                  listed(stated.placement.shift), listed(stored.placement.shift)})) {
         stored.positionStated = true;
@@ -245,7 +239,7 @@ void PartMerge::Position(Use& stored, const Use& stated)
         takeTyped({"x", "y", "z"});
     }
     if (isTaken(stated.rotationStated, stored.rotationStated,
-                stored.placement.rotation == stated.placement.rotation,
+                AreSameTurn(stored.placement.rotation, stated.placement.rotation),
                 {stated.lines.LineOf(Fact::Rotation), "rotation", rows(stated.placement.rotation),
                  rows(stored.placement.rotation)})) {
         stored.rotationStated = true;
@@ -372,8 +366,8 @@ void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Prop
             Added(Weight::Beside);
             continue;
         }
-        const bool isOtherKind =
-            found->type != property.type || found->magnitude != property.magnitude;
+        const bool isOtherKind = found->type != property.type || found->isDate != property.isDate ||
+                                 found->magnitude != property.magnitude;
         if (!isOtherKind && found->value == property.value) {
             continue;
         }

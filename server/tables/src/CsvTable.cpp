@@ -56,7 +56,14 @@ bool IsPlain(std::string_view content, char separator)
 
 std::uint32_t LineAt(std::string_view content, std::size_t position)
 {
-    return 1 + static_cast<std::uint32_t>(std::ranges::count(content.substr(0, position), '\n'));
+    std::uint32_t line = 1;
+    char last = 0;
+    for (const char character : content.substr(0, position)) {
+        const bool isEnd = character == '\r' || (character == '\n' && last != '\r');
+        line += isEnd ? 1U : 0U;
+        last = character;
+    }
+    return line;
 }
 } // namespace
 
@@ -71,6 +78,7 @@ struct CsvTable::Collector
     std::uint32_t line = 1;    // of what comes next
     std::uint32_t rowLine = 1; // where the current row began
     std::uint32_t column = 0;  // of the next field
+    int lastEnd = 0;           // the byte that ended the row before
 
     void Field(std::string_view text)
     {
@@ -115,8 +123,11 @@ struct CsvTable::Collector
         } else if (column > 0) {
             CloseRow();
         }
+        // "\r\n" is one line end, and each of the two alone is one.
+        const bool isSecondHalf = terminator == '\n' && column == 0 && lastEnd == '\r';
+        line += isSecondHalf ? 0U : 1U;
+        lastEnd = terminator;
         column = 0;
-        line += terminator == '\n' ? 1U : 0U;
     }
 
     void CloseRow()

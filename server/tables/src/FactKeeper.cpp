@@ -1,5 +1,6 @@
 #include "FactKeeper.h"
 
+#include "WBNumbers.h"
 #include "WBProduct.h"
 
 namespace wb
@@ -11,7 +12,7 @@ void FactKeeper::Number(double& stored, double value, std::string& typed, FactLi
         stored = value;
         KeepTyped(typed, FactName(statement.fact), statement.text, statement.unit);
         lines.State(statement.fact, statement.line);
-    } else if (stored != value) {
+    } else if (!AreAlike(stored, value)) {
         Refuse(statement, lines.LineOf(statement.fact), TypedText(typed, FactName(statement.fact)));
     }
 }

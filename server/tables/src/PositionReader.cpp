@@ -4,6 +4,7 @@
 #include "WBNumbers.h"
 
 #include <climits>
+#include <cmath>
 
 namespace wb
 {
@@ -53,7 +54,7 @@ void PositionReader::ReadShift(Use& use)
     if (!complete) {
         return;
     }
-    if (use.positionStated && use.placement.shift != shift) {
+    if (use.positionStated && !AreSamePlace(use.placement.shift, shift)) {
         m_row.Complain(Column::Instance, Quoted(use.instance) + " has another position in line " +
                                              std::to_string(use.lines.LineOf(Fact::Position)) +
                                              "; expected an instance name once in its parent");
@@ -84,7 +85,7 @@ void PositionReader::ReadRotation(Use& use)
     if (!rotation) {
         return;
     }
-    if (use.rotationStated && use.placement.rotation != *rotation) {
+    if (use.rotationStated && !AreSameTurn(use.placement.rotation, *rotation)) {
         m_row.Complain(Column::Instance, Quoted(use.instance) + " is turned another way in line " +
                                              std::to_string(use.lines.LineOf(Fact::Rotation)) +
                                              "; expected an instance name once in its parent");
@@ -106,6 +107,8 @@ void PositionReader::ReadRotation(Use& use)
 
 std::optional<Placement::Matrix> PositionReader::ReadAngles()
 {
+    // Beyond this a turn of whole degrees is lost in the rounding, and then in infinity.
+    constexpr double kMostDegrees = 1e9;
     constexpr std::array kAngles{Column::Rx, Column::Ry, Column::Rz};
     std::array<double, 3> degrees{};
     for (std::size_t i = 0; i < kAngles.size(); ++i) {
@@ -114,6 +117,10 @@ std::optional<Placement::Matrix> PositionReader::ReadAngles()
             return std::nullopt;
         }
         degrees[i] = InDegrees(typed.value_or(0.0), m_row.UnitOf(kAngles[i]));
+        if (!(std::abs(degrees[i]) <= kMostDegrees)) {
+            m_row.Wrong(kAngles[i], "a smaller angle");
+            return std::nullopt;
+        }
     }
     return RotationFromAngles(degrees[0], degrees[1], degrees[2]);
 }

@@ -35,7 +35,7 @@ void PropertyReader::State(std::vector<Property>& properties, const PropertyColu
     if (known == properties.end()) {
         properties.push_back(std::move(*property));
     } else if (known->value != property->value || known->type != property->type ||
-               known->magnitude != property->magnitude) {
+               known->isDate != property->isDate || known->magnitude != property->magnitude) {
         m_keeper.Refuse({Fact::Name, m_row.Line(), column.header, text}, known->line, known->value);
     }
 }
