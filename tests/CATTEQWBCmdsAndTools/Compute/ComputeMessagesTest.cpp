@@ -1,7 +1,5 @@
 #include "ComputeSession.h"
 
-#include "TemporaryDirectory.h"
-
 #include <QApplication>
 #include <QTimer>
 
@@ -16,32 +14,6 @@ constexpr int kErrorStyle = 0x10000000;
 
 /// What the user is told.
 using ComputeMessages = ComputeSession;
-
-/// The same where an installation has replaced the command's catalog by one that lacks its keys.
-class ComputeDefaultTexts : public ComputeSession
-{
-protected:
-    ComputeDefaultTexts()
-    {
-        WriteCatalog("Other = \"another text\"\n");
-        m_resources.Write("catalogs/CATWBVPMNavFilterPanel.toml", "Other = \"another text\"\n");
-        CATSetEnvironmentSource([this](const char* name) -> std::optional<std::string> {
-            if (std::string_view(name) == "WB_RESOURCE_PATH") {
-                return m_resources.Path();
-            }
-            return std::nullopt;
-        });
-        CATMsgCatalog::SetLanguage("en");
-    }
-    ~ComputeDefaultTexts() override { CATSetEnvironmentSource({}); }
-    void WriteCatalog(const std::string& text)
-    {
-        m_resources.Write("catalogs/CATWBComputeCmd.toml", text);
-    }
-
-private:
-    const TemporaryDirectory m_resources;
-};
 
 } // namespace
 
@@ -256,15 +228,6 @@ TEST_F(ComputeDefaultTexts, BoxesAreWordedByTheProgram)
                                               kErrorStyle},
                                    ComputeBox{"Warnings", "- Stale.", kErrorStyle},
                                    ComputeBox{"Errors", "ERROR A cycle.", kErrorStyle}));
-}
-
-TEST_F(ComputeDefaultTexts, ColumnsAreTitledByTheProgram)
-{
-    Start();
-    EXPECT_EQ(Find<CATDlgMultiList>("StatisticsMultiList").ColumnTitles(),
-              CATListValCATUnicodeString({"Material", "Density", "Mass", "Share of mass"}));
-    EXPECT_EQ(Find<CATDlgMultiList>("MassTypeStatMultiList").ColumnTitles(),
-              CATListValCATUnicodeString({"Mass type", "Mass", "Share of mass"}));
 }
 
 TEST_F(ComputeDefaultTexts, NoFilterIsWordedByTheProgram)

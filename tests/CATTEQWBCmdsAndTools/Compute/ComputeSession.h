@@ -3,6 +3,7 @@
 #include "CATWBComputeCmd.h"
 
 #include "../ReportUnitsSession.h"
+#include "TemporaryDirectory.h"
 
 #include "CATWBVPMNavGUITable.h"
 
@@ -254,6 +255,32 @@ private:
             Collect(*child, name, found);
         }
     }
+};
+
+/// The session where an installation has replaced the command's catalog by one that lacks its keys.
+class ComputeDefaultTexts : public ComputeSession
+{
+protected:
+    ComputeDefaultTexts()
+    {
+        WriteCatalog("Other = \"another text\"\n");
+        m_resources.Write("catalogs/CATWBVPMNavFilterPanel.toml", "Other = \"another text\"\n");
+        CATSetEnvironmentSource([this](const char* name) -> std::optional<std::string> {
+            if (std::string_view(name) == "WB_RESOURCE_PATH") {
+                return m_resources.Path();
+            }
+            return std::nullopt;
+        });
+        CATMsgCatalog::SetLanguage("en");
+    }
+    ~ComputeDefaultTexts() override { CATSetEnvironmentSource({}); }
+    void WriteCatalog(const std::string& text)
+    {
+        m_resources.Write("catalogs/CATWBComputeCmd.toml", text);
+    }
+
+private:
+    const TemporaryDirectory m_resources;
 };
 
 inline const std::vector<const char*> kMassEditors{"MassEditor", "LowerDeviationEditor",

@@ -459,6 +459,27 @@ TEST_F(ComputeSession, WindowExplainsItselfInGerman)
                             "Von der Masse des ganzen Produkts"));
 }
 
+TEST_F(ComputeDefaultTexts, ColumnsAreTitledByTheProgram)
+{
+    Start();
+    EXPECT_EQ(Find<CATDlgMultiList>("StatisticsMultiList").ColumnTitles(),
+              CATListValCATUnicodeString({"Material", "Density", "Mass", "Share of mass"}));
+    EXPECT_EQ(Find<CATDlgMultiList>("MassTypeStatMultiList").ColumnTitles(),
+              CATListValCATUnicodeString({"Mass type", "Mass", "Share of mass"}));
+    // Numbers and names are explained too.
+    EXPECT_THAT(
+        ColumnTooltips(Find<CATDialog>("StatisticsMultiList")),
+        ElementsAre("(imposed): the own mass of an assembly, which stands for what is below it. "
+                    "(no material): parts without one.",
+                    "The density that was used; --- where there was none",
+                    "The mass of this material in the product",
+                    "Of the mass of the whole product"));
+    EXPECT_THAT(ColumnTooltips(Find<CATDialog>("MassTypeStatMultiList")),
+                ElementsAre("The mass type whose values were taken",
+                            "The mass that has its value from this mass type",
+                            "Of the mass of the whole product"));
+}
+
 TEST_F(ComputeWindow, ALargerWindowGivesItsRoomToTheResults)
 {
     const auto heightOf = [this](const char* name) {
@@ -538,26 +559,44 @@ TEST_F(ComputeWindow, NumbersInListsStandAtTheRight)
     }
 }
 
+namespace
+{
+
+struct EmptyList
+{
+    int page;
+    const char* name;
+    const char* text;
+};
+
+/// The list, which has no rows, looks as with that text and not as without one.
+void ExpectEmptyText(CATDlgMultiList& list, const char* text)
+{
+    const auto look = [&list] {
+        CATDlgApplication::ProcessEvents();
+        return list.Widget()->grab().toImage();
+    };
+    const QImage before = look();
+    list.SetEmptyText("");
+    EXPECT_NE(look(), before) << text;
+    list.SetEmptyText(text);
+    EXPECT_EQ(look(), before) << text;
+}
+
+} // namespace
+
 TEST_F(ComputeWindow, ListsWithoutRowsSaySo)
 {
-    struct Page
-    {
-        int index;
-        const char* list;
-        const char* text;
-    };
-    for (const Page& page : {Page{1, "StatisticsMultiList", "No materials to show"},
-                             Page{2, "MassTypeStatMultiList", "No mass types to show"}}) {
-        GoToPage(page.index);
-        auto& list = Find<CATDlgMultiList>(page.list);
-        const auto look = [&list] {
-            CATDlgApplication::ProcessEvents();
-            return list.Widget()->grab().toImage();
-        };
-        const QImage before = look();
-        list.SetEmptyText("");
-        EXPECT_NE(look(), before) << page.list;
-        list.SetEmptyText(page.text);
-        EXPECT_EQ(look(), before) << page.list;
+    for (const EmptyList& list : {EmptyList{1, "StatisticsMultiList", "No materials to show"},
+                                  EmptyList{2, "MassTypeStatMultiList", "No mass types to show"}}) {
+        GoToPage(list.page);
+        ExpectEmptyText(Find<CATDlgMultiList>(list.name), list.text);
     }
+}
+
+TEST_F(ComputeDefaultTexts, ListsWithoutRowsSaySo)
+{
+    Start();
+    GoToPage(1);
+    ExpectEmptyText(Find<CATDlgMultiList>("StatisticsMultiList"), "Nothing to show");
 }
