@@ -255,6 +255,25 @@ TEST(ValueDetails, ImposedValuesStandBesideWhatIsBelow)
     }
 }
 
+TEST(ValueDetails, SumThatWasMadeBeforeAChangeSaysSo)
+{
+    ServedProduct served;
+    served.ImportTable(kTwoPoints);
+    EXPECT_THAT(served.Initial("1||A|S.1|S|A|0|"), HasSubstr("|Computed|1|8|"));
+    served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,4\n");
+    const std::string stale = wbtest::DetailsOfRecord(served, kAssembly);
+    EXPECT_EQ(OriginsOf(stale, "Computed"), (Texts{"4", "4", "4", kNull, kNull, "0"}));
+    // Of the 8 kg that the record still carries. What is made now would be 10 kg, so that its
+    // uncertainty would not be theirs.
+    BehindSets(stale).Expect({"2", "0", "0", "8", "2", "TOP", "6", "WING", "2", "2", "Estimated",
+                              "6", "Weighed", "2", "0.5", "0", "0", "1",
+                              "the values were computed before something below was changed"});
+    BehindSets(wbtest::DetailsOfComputation(served, kAssembly))
+        .Expect({"2", "0", "0", "10", "2", "TOP", "6", "WING", "4", "2", "Estimated", "6",
+                 "Weighed", "4", "0.7", "0", "1"});
+    EXPECT_THAT(wbtest::DetailsOfRecord(served, kAssembly), HasSubstr("|2|0|0|10|"));
+}
+
 TEST(ValueDetails, FiguresBelowThatNobodyKnowsAreUnknownInTheDifference)
 {
     ServedProduct served;

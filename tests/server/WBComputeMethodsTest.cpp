@@ -327,6 +327,22 @@ TEST(WBComputeMethods, WrongFieldsAreNamed)
     EXPECT_THAT(ComputeIn(served, RequestOf("Active", "R")), StartsWith("8|"));
 }
 
+TEST(WBComputeMethods, RequestCutAnywhereIsAnErrorAndTheNextOneWorks)
+{
+    wbtest::ServedProduct served;
+    served.ImportTable(kTwoPoints);
+    const std::string text =
+        std::string(kPlace) + "Active|2|3|1|R|1|No P|X|p|P|A|0|1|0|10|20"; // no field is empty
+    const std::string whole = ComputeIn(served, text);
+    EXPECT_THAT(whole, StartsWith("6|0.6|1.2|"));
+    const std::size_t lastField = text.rfind('|') + 1;
+    for (std::size_t length = 0; length <= lastField; ++length) {
+        EXPECT_THAT(ComputeIn(served, text.substr(0, length)), StartsWith("#WB_ERROR#The field "))
+            << length;
+    }
+    EXPECT_EQ(ComputeIn(served, text), whole);
+}
+
 TEST(WBComputeMethods, CycleIsNamed)
 {
     wbtest::ServedProduct served;

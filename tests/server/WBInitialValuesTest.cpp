@@ -1,5 +1,7 @@
 #include "MethodsTesting.h"
 
+#include <sqlite3.h>
+
 using testing::HasSubstr;
 using testing::StartsWith;
 using wbtest::ServedProduct;
@@ -216,6 +218,41 @@ TEST(WBInitialValues, ComputedOfAnAssemblyIsTheSumBelowItWhateverItSaysItself)
                                   "1|Weighed|Weighed|0|0|1|0|"));
 }
 
+TEST(WBInitialValues, ComputedStaysAsItWasMadeUntilItIsMadeAgain)
+{
+    ServedProduct served;
+    served.ImportTable(kImposed);
+    const std::string before = served.Initial("1||A|S.1|S|A|0|");
+    EXPECT_THAT(before, HasSubstr("|Computed|1|8|"));
+    EXPECT_THAT(before, HasSubstr("|1|Weighed|Weighed|0|0|1|0|1|(no material)|3|8|0|"));
+    served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,3\n");
+    const std::string stale = served.Initial("1||A|S.1|S|A|0|");
+    EXPECT_THAT(stale, HasSubstr("|Computed|1|8|"));
+    EXPECT_THAT(stale, HasSubstr("|1|Weighed|Weighed|0|0|0|0|1|(no material)|3|8|0|"));
+    EXPECT_THAT(
+        served.Call("WBCompPartCompute", "1|S.1|S|A|0|0|__null__|Active|0|0|A|0|No Filter|0|"),
+        StartsWith("9|"));
+    const std::string after = served.Initial("1||A|S.1|S|A|0|");
+    EXPECT_THAT(after, HasSubstr("|Computed|1|9|"));
+    EXPECT_THAT(after, HasSubstr("|1|Weighed|Weighed|0|0|1|0|1|(no material)|3|9|0|"));
+}
+
+TEST(WBInitialValues, ProductThatHoldsItselfIsNamed)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg]\n,,A,,\nA,P.1,P,Weighed,2\n"
+                       "A,S.1,S,,\nS,t,T,,\nT,u,U,,\n");
+    sqlite3* other = nullptr;
+    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
+    sqlite3_exec(other,
+                 "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
+                 "WHERE instance = 'u'",
+                 nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    EXPECT_EQ(served.Initial("1||A|S.1|S|A|0|"), "#WB_ERROR#The product holds itself: S > T > S.");
+    EXPECT_THAT(served.Initial("1||A|P.1|P|A|0|"), HasSubstr("|Weighed|1|2|"));
+}
+
 TEST(WBInitialValues, StatisticsOfAnAssemblyHaveOneEntryForEachMaterialAndDimension)
 {
     ServedProduct served;
@@ -262,6 +299,8 @@ TEST(WBInitialValues, WrongFieldsAreNamed)
     const auto error = [&](const std::string& request) {
         return served.Initial(request);
     };
+    EXPECT_THAT(error("1||A|S.1|S|A|0||"), StartsWith("1|0|1|")); // an empty path may follow 0
+    EXPECT_THAT(error("1||A|S.1|S|A|0|||"), HasSubstr("behind its last field"));
     EXPECT_EQ(error(""), "#WB_ERROR#The field has-instance of the request is missing.");
     EXPECT_EQ(error("2||A|P.1|P|A|1|S.1"),
               "#WB_ERROR#The field has-instance of the request holds \"2\", expected 0 or 1.");

@@ -62,6 +62,17 @@ TEST(WBServer, CancelledCallSaysSo)
     EXPECT_EQ(served.Server().Call("WBListRoots", "", context), "0|");
 }
 
+TEST(WBServer, WarningsAreNeverAnsweredByAnError)
+{
+    wbtest::ServedProduct served;
+    std::atomic<bool> cancel = true;
+    CallContext context;
+    context.cancel = &cancel;
+    for (const char* request : {"", "nonsense", "|||", "1|2|3"}) {
+        EXPECT_EQ(served.Server().Call("WBWarningMsg", request, context), "") << request;
+    }
+}
+
 TEST(WBServer, WrongFieldsOfAListAreNamed)
 {
     wbtest::ServedProduct served;
