@@ -1,7 +1,8 @@
 #include "BenchTable.h"
 
+#include "OtherProcess.h"
+#include "ProductFixture.h"
 #include "ReportFixture.h"
-#include "ReportProcess.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,10 +23,10 @@ namespace
 constexpr const char* kHelp =
     "Prints one table: ours, peer, ratio, and the ratio that must not be passed.\n"
     "\n"
-    "  --large                    the report lines alone, with 1,000,000 part instances in place "
-    "of\n"
-    "                             100,000 and one turn in place of five; takes about ten minutes\n"
-    "                             and 10 GiB of memory\n"
+    "  --large                    the lines of products and reports alone, with ten times the\n"
+    "                             instances and one turn in place of five; takes about KKK "
+    "minutes\n"
+    "                             and 12 GiB of memory\n"
     "  --benchmark_filter=REGEX   a part of the lines, by the names of their benchmarks\n"
     "  --benchmark_list_tests     these names\n"
     "  --help                     this text\n"
@@ -36,6 +37,8 @@ constexpr const char* kHelp =
 constexpr int kUsageError = 2;
 constexpr double kNanosecondsPerSecond = 1e9;
 constexpr double kNanosecondsPerMillisecond = 1e6;
+constexpr double kNanosecondsPerMicrosecond = 1e3;
+constexpr double kShortTime = 1e4; // in nanoseconds: shown in microseconds
 constexpr double kBytesPerMebiByte = 1024.0 * 1024.0;
 
 /// Keeps what each repetition of a benchmark measured: times in nanoseconds, counters as they are.
@@ -87,38 +90,61 @@ private:
     bool m_failed = false;
 };
 
-std::string Shown(double figure, BenchUnit unit)
+std::string Formatted(const char* format, double number)
 {
     char text[32];
-    if (unit == BenchUnit::MebiBytes) {
-        std::snprintf(text, sizeof text, "%.1f MiB", figure / kBytesPerMebiByte);
-    } else {
-        std::snprintf(text, sizeof text, "%.3f ms", figure / kNanosecondsPerMillisecond);
-    }
+    std::snprintf(text, sizeof text, format, number);
     return text;
 }
 
-/// Prints the table; false when a goal was missed or a line has no figures.
+std::string Shown(double figure, BenchUnit unit)
+{
+    switch (unit) {
+    case BenchUnit::MebiBytes:
+        return Formatted("%.1f MiB", figure / kBytesPerMebiByte);
+    case BenchUnit::Share:
+        return Formatted("%.2g", figure);
+    case BenchUnit::Milliseconds:
+        break;
+    }
+    return figure < kShortTime ? Formatted("%.3f us", figure / kNanosecondsPerMicrosecond)
+                               : Formatted("%.3f ms", figure / kNanosecondsPerMillisecond);
+}
+
+/// Two decimals, or two digits of a number that they would not show.
+std::string ShownRatio(double ratio)
+{
+    constexpr double kSmall = 0.1;
+    return Formatted(ratio < kSmall ? "%.2g" : "%.2f", ratio);
+}
+
+/// Prints a line; true when its goal was not missed.
+bool PrintLine(const BenchLine& line, double ours, std::optional<double> peer)
+{
+    const double ratio = peer ? ours / *peer : ours;
+    const bool missed = line.goal > 0.0 && !(ratio <= line.goal);
+    std::printf("%-72s %13s %13s %8s %8s%s\n", line.what.c_str(), Shown(ours, line.unit).c_str(),
+                peer ? Shown(*peer, line.unit).c_str() : "-", ShownRatio(ratio).c_str(),
+                line.goal > 0.0 ? ShownRatio(line.goal).c_str() : "-", missed ? "  MISSED" : "");
+    return !missed;
+}
+
+/// Prints the table; false when a goal was missed or a benchmark failed.
 bool PrintTable(const FigureReporter& reporter)
 {
     std::printf("%-72s %13s %13s %8s %8s\n", "what", "ours", "peer", "ratio", "at most");
     bool good = !reporter.Failed();
     for (const BenchLine& line : BenchLines()) {
-        const std::optional<double> ours = reporter.Median(line.ours);
-        const std::optional<double> peer = reporter.Median(line.peer);
-        if (!ours || !peer) {
+        std::optional<double> ours = reporter.Median(line.ours);
+        std::optional<double> peer = reporter.Median(line.peer);
+        if (!ours || (!peer && !line.peer.empty())) {
             continue; // left out by a filter
         }
-        const double ratio = *ours / *peer;
-        const bool missed = line.goal > 0.0 && ratio > line.goal;
-        std::printf("%-72s %13s %13s %8.2f ", line.what.c_str(), Shown(*ours, line.unit).c_str(),
-                    Shown(*peer, line.unit).c_str(), ratio);
-        if (line.goal > 0.0) {
-            std::printf("%8.2f%s\n", line.goal, missed ? "  MISSED" : "");
-        } else {
-            std::printf("%8s\n", "-");
+        *ours /= line.ourCount;
+        if (peer) {
+            *peer /= line.peerCount;
         }
-        good = good && !missed;
+        good = PrintLine(line, *ours, peer) && good;
     }
     return good;
 }
@@ -152,8 +178,8 @@ bool InitializeBenchmarks(std::vector<std::string>& arguments)
 int main(int argc, char** argv)
 {
     std::vector<std::string> arguments(argv, argv + argc);
-    if (arguments.size() == 4 && arguments[1] == kMeasureReportOption) {
-        return MeasureReport(arguments[2], arguments[3]);
+    if (arguments.size() == 4 && arguments[1] == kMeasureOption) {
+        return Measure(arguments[2], arguments[3]);
     }
     if (TakeArgument(arguments, "--help") || TakeArgument(arguments, "-h")) {
         std::fputs(kHelp, stdout);
@@ -165,10 +191,12 @@ int main(int argc, char** argv)
                                       large ? "--benchmark_repetitions=1"
                                             : "--benchmark_repetitions=5"};
     if (large) {
-        defaults.emplace_back("--benchmark_filter=^Report");
+        defaults.emplace_back("--benchmark_filter=^(Product|Report)");
+        UseLargeProducts();
         UseLargeReports();
-        std::printf("Reports of 1,000,000 part instances, one turn each\n");
     }
+    std::printf("Products of %d instances, reports of %d%s\n", ProductInstances(),
+                ReportInstances(), large ? ", one turn each" : "");
     arguments.insert(arguments.begin() + 1, defaults.begin(), defaults.end());
     if (!InitializeBenchmarks(arguments)) {
         return kUsageError;

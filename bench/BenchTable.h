@@ -6,7 +6,8 @@
 enum class BenchUnit
 {
     Milliseconds,
-    MebiBytes
+    MebiBytes,
+    Share // a plain number
 };
 
 /// A line of the table: a figure of ours against one in the same run that does the least that the
@@ -16,9 +17,12 @@ struct BenchLine
 {
     std::string what;
     std::string ours;
-    std::string peer;
+    std::string peer;  ///< empty: the figure of ours is the ratio
     double goal = 0.0; ///< ratio that must not be passed; 0: printed for information
-    BenchUnit unit = BenchUnit::Milliseconds; ///< of counters: they hold bytes
+    BenchUnit unit = BenchUnit::Milliseconds; ///< of counters: bytes or numbers
+    /// How many things each side's figure is about; then it is printed for one of them.
+    double ourCount = 1.0;
+    double peerCount = 1.0;
 };
 
 /// The table's lines, in the order of registration.

@@ -87,7 +87,7 @@ CATUnicodeString LargeStream()
 
 void DecodeStream(benchmark::State& state, const CATUnicodeString& stream)
 {
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         CATWBAllDataBuffer record;
         if (record.SetAllData(stream, true) != S_OK) {
             state.SkipWithError("the stream was refused");
@@ -121,7 +121,7 @@ BENCHMARK(DecodeWithDiagnostics)->Unit(benchmark::kMillisecond);
 void BarePass(benchmark::State& state)
 {
     const std::string stream = LargeStream().ToStdString();
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         double sum = 0.0;
         const char* at = stream.data();
         const char* const end = at + stream.size();
@@ -145,7 +145,7 @@ void Encode(benchmark::State& state)
     const Listening silence({});
     CATWBAllDataBuffer record;
     record.SetAllData(LargeStream(), true);
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         CATUnicodeString text;
         if (record.GetAllData(text) != S_OK) {
             state.SkipWithError("the record was not encoded");
@@ -206,7 +206,7 @@ void BareWrite(benchmark::State& state)
     const std::string stream = text.ToStdString();
     const std::vector<Field> fields = SplitRequest(stream);
     std::string out(stream.size() + 64, ' ');
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         char* to = out.data();
         for (const Field& field : fields) {
             if (field.kind == Field::Kind::Integer) {

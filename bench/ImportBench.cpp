@@ -1,31 +1,36 @@
 #include "BenchFolder.h"
 #include "BenchTable.h"
-#include "ProductFile.h"
+#include "OtherProcess.h"
+#include "ProductFixture.h"
 
 #include "WBImport.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 namespace
 {
 
-constexpr int kRows = 100'000;
-constexpr int kParts = 10'000;
-
-/// The product's file, written at the first call.
-const std::string& Product()
+/// The most real memory that this program has held, without what its starter held before it.
+double PeakBytes()
 {
-    static const std::string path = [] {
-        const std::string product = BenchFile("product.csv");
-        WriteProductFile(product, kRows, kParts);
-        return product;
-    }();
-    return path;
+    constexpr double kBytesPerKibiByte = 1024.0;
+    std::ifstream file("/proc/self/status");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("VmHWM:")) {
+            return kBytesPerKibiByte * std::strtod(line.c_str() + line.find(':') + 1, nullptr);
+        }
+    }
+    return 0.0;
 }
+
+constexpr int kFewRows = 100'000;
+constexpr int kManyRows = 1'000'000;
 
 /// A database that is not there yet.
 std::string NewDatabase()
@@ -37,10 +42,10 @@ std::string NewDatabase()
     return path;
 }
 
-void Import100000(benchmark::State& state)
+void Import(benchmark::State& state, int rows)
 {
-    const std::string& product = Product();
-    for (auto turn : state) {
+    const std::string& product = ProductTable(rows);
+    for ([[maybe_unused]] auto turn : state) {
         state.PauseTiming();
         const std::string database = NewDatabase();
         state.ResumeTiming();
@@ -51,7 +56,18 @@ void Import100000(benchmark::State& state)
         }
     }
 }
-BENCHMARK(Import100000)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+void ProductImport(benchmark::State& state)
+{
+    Import(state, ProductInstances());
+}
+BENCHMARK(ProductImport)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+void ImportFewRows(benchmark::State& state)
+{
+    Import(state, kFewRows);
+}
+BENCHMARK(ImportFewRows)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
 /// Splits a line of a file that quotes nothing.
 void Split(const std::string& line, std::vector<std::string_view>& fields)
@@ -101,10 +117,10 @@ bool InsertRows(const std::string& product, const std::string& database)
     return committed;
 }
 
-void BareInsert100000(benchmark::State& state)
+void BareInsert(benchmark::State& state, int rows)
 {
-    const std::string& product = Product();
-    for (auto turn : state) {
+    const std::string& product = ProductTable(rows);
+    for ([[maybe_unused]] auto turn : state) {
         state.PauseTiming();
         const std::string database = NewDatabase();
         state.ResumeTiming();
@@ -113,9 +129,52 @@ void BareInsert100000(benchmark::State& state)
         }
     }
 }
-BENCHMARK(BareInsert100000)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
-const RegisterBenchLine kImport({"import 100,000 rows / read, split and insert with SQLite",
-                                 "Import100000", "BareInsert100000", 3.0});
+void ProductBareInsert(benchmark::State& state)
+{
+    BareInsert(state, ProductInstances());
+}
+BENCHMARK(ProductBareInsert)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+void BareInsertFewRows(benchmark::State& state)
+{
+    BareInsert(state, kFewRows);
+}
+BENCHMARK(BareInsertFewRows)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+// Its time is that of both imports and stands in no line; its counters do.
+void ProductImportMemory(benchmark::State& state)
+{
+    for ([[maybe_unused]] auto turn : state) {
+        const std::vector<double> few = MeasureElsewhere("import", ProductTable(kFewRows));
+        const std::vector<double> many = MeasureElsewhere("import", ProductTable(kManyRows));
+        if (few.size() != 1 || many.size() != 1) {
+            state.SkipWithError("the memory of the import was not measured");
+            return;
+        }
+        state.counters["few"] = few.front();
+        state.counters["many"] = many.front();
+    }
+}
+BENCHMARK(ProductImportMemory)->Iterations(1)->Repetitions(1)->UseRealTime();
+
+const RegisterBenchLine kImport({"import a product / read, split and insert with SQLite",
+                                 "ProductImport", "ProductBareInsert", 2.0});
+const RegisterBenchLine kImportFew({"import 100,000 rows / read, split and insert with SQLite",
+                                    "ImportFewRows", "BareInsertFewRows", 3.0});
+const RegisterBenchLine kImportMemory({"peak memory of importing 1,000,000 rows / 100,000 rows",
+                                       "ProductImportMemory:many", "ProductImportMemory:few", 1.5,
+                                       BenchUnit::MebiBytes});
 
 } // namespace
+
+std::vector<double> MeasureImport(const std::string& path)
+{
+    const wb::Store::Opened opened = wb::Store::OpenOrCreate(NewDatabase());
+    const wb::ImportFileResult result = wb::ImportFile(*opened.store, path);
+    if (!result.Ok()) {
+        std::fprintf(stderr, "%s\n", result.errors.front().c_str());
+        return {};
+    }
+    return {PeakBytes()};
+}

@@ -53,12 +53,13 @@ void WriteProductFile(const std::string& path, int rows, int parts)
         std::snprintf(section, sizeof section, "S%03d", index);
         WriteAssembly(file.get(), "BIG", section, 100.0 * index);
     }
-    for (int index = 0; index < kAssemblies; ++index) {
+    const int assemblies = std::clamp(rows - kSections, 0, kAssemblies);
+    for (int index = 0; index < assemblies; ++index) {
         std::snprintf(section, sizeof section, "S%03d", index % kSections);
         std::snprintf(assembly, sizeof assembly, "A%04d", index);
         WriteAssembly(file.get(), section, assembly, 10.0 * index);
     }
-    const int leaves = rows - kSections - kAssemblies;
+    const int leaves = rows - kSections - assemblies;
     for (int use = 0; use < leaves; ++use) {
         std::snprintf(assembly, sizeof assembly, "A%04d", use % kAssemblies);
         WriteLeaf(file.get(), assembly, use, use % parts, use < parts);

@@ -29,7 +29,7 @@ Pugi ParseByPugi(const std::string& text)
 void ReportWalk(benchmark::State& state)
 {
     const CATIDOMDocument_var document = ParseReport(BenchReport());
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         const CATIDOMNodeList_var nodes = document->ElementsByTagName("PartInstance");
         const int length = nodes->Length();
         int count = 0;
@@ -55,7 +55,7 @@ int CountInstances(const pugi::xml_node& node)
 void ReportPugiWalk(benchmark::State& state)
 {
     const Pugi document = ParseByPugi(BenchReport());
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         if (CountInstances(*document) != ReportInstances()) {
             state.SkipWithError("the tree has not every instance");
         }
@@ -146,7 +146,7 @@ void WriteReportFile(benchmark::State& state, const char* flush)
     const CATIDOMDocument_var document = ParseReport(BenchReport());
     const std::string path = BenchFile("report.xml");
     const CATIXMLDOMDocumentBuilder_var builder = CreateCATIXMLDOMDocumentBuilder();
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         CATXMLProblem problem;
         if (builder->WriteToFile(document, path, {"Flush"}, {flush}, problem) != S_OK) {
             state.SkipWithError("the report was not written");
@@ -171,7 +171,7 @@ void ReportPugiWrite(benchmark::State& state)
 {
     const Pugi document = ParseByPugi(BenchReport());
     const std::string path = BenchFile("report.xml");
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         if (!document->save_file(path.c_str(), "", pugi::format_raw, pugi::encoding_utf8)) {
             state.SkipWithError("the peer did not write the report");
         }

@@ -39,7 +39,7 @@ void BeginWithFreshMemory();
 template <class Prepare, class Work>
 void MeasureEach(benchmark::State& state, Prepare prepare, Work work)
 {
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         state.PauseTiming();
         auto object = prepare();
         BeginWithFreshMemory();

@@ -1,7 +1,7 @@
 #include "BenchTable.h"
 #include "Listening.h"
+#include "OtherProcess.h"
 #include "ReportFixture.h"
-#include "ReportProcess.h"
 
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "CATWBServices.h"
@@ -59,8 +59,8 @@ void Display(CATIDOMDocument_var& document, int pass)
 // Its time is that of all passes together and stands in no line; its counters do.
 void ReportMemory(benchmark::State& state)
 {
-    for (auto turn : state) {
-        const std::vector<double> bytes = MeasureReportElsewhere("memory", BenchReportFile());
+    for ([[maybe_unused]] auto turn : state) {
+        const std::vector<double> bytes = MeasureElsewhere("memory", BenchReportFile());
         if (bytes.size() != 3) {
             state.SkipWithError("the memory was not measured");
             return;

@@ -1,6 +1,6 @@
 #include "BenchTable.h"
+#include "OtherProcess.h"
 #include "ReportFixture.h"
-#include "ReportProcess.h"
 
 #include "CATIXMLDOMDocumentBuilder.h"
 
@@ -52,8 +52,8 @@ std::vector<double> SecondsOf(const std::string& path, Parse parse)
 
 void ParseElsewhere(benchmark::State& state, const char* what, const std::string& path)
 {
-    for (auto turn : state) {
-        const std::vector<double> seconds = MeasureReportElsewhere(what, path);
+    for ([[maybe_unused]] auto turn : state) {
+        const std::vector<double> seconds = MeasureElsewhere(what, path);
         if (seconds.size() == 1) {
             state.SetIterationTime(seconds.front());
         } else {

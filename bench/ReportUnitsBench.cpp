@@ -74,7 +74,7 @@ void Display(benchmark::State& state, const DisplayChoice& choice)
     CATIDOMDocument_var document = ParseReport(BenchReport());
     const DisplayChoice other = choice.Other();
     CATWBServices::ManageUnitsConversion(document, other.withSymbol, other.decimals);
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         CATWBServices::ManageUnitsDisplay(document, MagnitudeAttributes(), choice.withSymbol,
                                           choice.decimals);
     }
@@ -186,7 +186,7 @@ void SetValues(benchmark::State& state, int decimals)
     const CATICkeUnit_var target = length->CurrentUnit();
     const CATICkeUnit_var source = length->StorageUnit();
     const CATUnicodeString attribute(kAttribute);
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         state.PauseTiming();
         values.Restore();
         state.ResumeTiming();
@@ -215,7 +215,7 @@ void ReportScanAndPrint(benchmark::State& state)
         texts.push_back(text.ToStdString());
     }
     constexpr int kInchDecimals = 4;
-    for (auto turn : state) {
+    for ([[maybe_unused]] auto turn : state) {
         for (const std::string& text : texts) {
             double value = 0.0;
             std::sscanf(text.c_str(), "%le", &value);

@@ -1,89 +1,25 @@
 #include "BenchTable.h"
+#include "ProductFixture.h"
 
-#include "WBCompute.h"
-#include "WBKnown.h"
 #include "WBRollUpTree.h"
 
 #include <benchmark/benchmark.h>
 
-#include <memory>
-#include <random>
+#include <algorithm>
+#include <cmath>
 
 namespace
 {
 
 using wb::Body;
-using wb::Fact;
-using wb::Placement;
 
-/// Figures of any size that no sum makes round; the same ones in every run.
-class Figures
-{
-public:
-    double Between(double low, double high)
-    {
-        return std::uniform_real_distribution<double>(low, high)(m_random);
-    }
-    std::size_t Below(std::size_t count)
-    {
-        return std::uniform_int_distribution<std::size_t>(0, count - 1)(m_random);
-    }
-    Placement Place()
-    {
-        Placement placement;
-        placement.rotation =
-            wb::RotationFromAngles(Between(0, 360), Between(0, 360), Between(0, 360));
-        placement.shift = {Between(-900, 900), Between(-900, 900), Between(-900, 900)};
-        return placement;
-    }
-
-private:
-    std::mt19937 m_random{11};
-};
-
-/// A million leaves, 32 children a node, each record with figures and a place of its own.
-struct Tree
-{
-    std::vector<Body> records;
-    std::vector<std::uint32_t> sizes;
-    std::vector<std::uint32_t> parents;
-    std::vector<Placement> placements;
-    Figures figures;
-
-    Tree() { Grow(0, 4); }
-
-    void Grow(std::uint32_t parent, int levels)
-    {
-        constexpr int kChildren = 32;
-        const auto here = static_cast<std::uint32_t>(records.size());
-        const double mass = figures.Between(0.1, 3);
-        records.push_back({mass,
-                           mass / 10,
-                           mass / 5,
-                           {figures.Between(-900, 900), figures.Between(-900, 900), 5},
-                           {mass, mass, mass, 0.01, 0.02, 0.03}});
-        placements.push_back(figures.Place());
-        parents.push_back(parent);
-        sizes.push_back(1);
-        for (int child = 0; levels > 0 && child < kChildren; ++child) {
-            Grow(here, levels - 1);
-        }
-        sizes[here] = static_cast<std::uint32_t>(records.size()) - here;
-    }
-};
-
-Tree& MillionLeaves()
-{
-    static Tree tree;
-    return tree;
-}
-
-void RecordSweep(benchmark::State& state)
+/// The least that a roll-up can do: to read every record and to write it.
+void ProductSweep(benchmark::State& state)
 {
     constexpr double kNearlyOne = 1.0000000001;
-    Tree& tree = MillionLeaves();
-    for (auto turn : state) {
-        for (Body& body : tree.records) {
+    FlatProduct& product = ManyInstances();
+    for ([[maybe_unused]] auto turn : state) {
+        for (Body& body : product.records) {
             body.mass *= kNearlyOne;
             body.lower *= kNearlyOne;
             body.upper *= kNearlyOne;
@@ -97,204 +33,138 @@ void RecordSweep(benchmark::State& state)
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(RecordSweep)->Unit(benchmark::kMillisecond);
+BENCHMARK(ProductSweep)->Unit(benchmark::kMillisecond);
 
-void RollUpCommonAxes(benchmark::State& state)
+void ProductRollUp(benchmark::State& state)
 {
-    Tree& tree = MillionLeaves();
-    for (auto turn : state) {
-        wb::RollUpTree(tree.records, tree.sizes);
+    FlatProduct& product = ManyInstances();
+    for ([[maybe_unused]] auto turn : state) {
+        wb::RollUpTree(product.records, product.sizes);
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(RollUpCommonAxes)->Unit(benchmark::kMillisecond);
+BENCHMARK(ProductRollUp)->Unit(benchmark::kMillisecond);
 
-void RollUpPlaced(benchmark::State& state)
+void ProductRollUpPlaced(benchmark::State& state)
 {
-    Tree& tree = MillionLeaves();
-    for (auto turn : state) {
-        wb::RollUpTree(tree.records, tree.sizes, tree.placements);
+    FlatProduct& product = ManyInstances();
+    for ([[maybe_unused]] auto turn : state) {
+        wb::RollUpTree(product.records, product.sizes, product.placements);
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(RollUpPlaced)->Unit(benchmark::kMillisecond);
+BENCHMARK(ProductRollUpPlaced)->Unit(benchmark::kMillisecond);
 
-void RollUpOneLeafEdited(benchmark::State& state)
+/// Another leaf gets another mass each time, far from the last one, and all above it is put right.
+void ProductLeafEdited(benchmark::State& state)
 {
-    Tree& tree = MillionLeaves();
+    constexpr std::uint32_t kFarAway = 7'919'003;
+    constexpr double kHeavier = 1.001;
+    FlatProduct& product = ManyInstances();
+    wb::RollUpTree(product.records, product.sizes);
+    const auto count = static_cast<std::uint32_t>(product.records.size());
     std::uint32_t leaf = 0;
-    for (auto turn : state) {
-        constexpr std::uint32_t kFarAway = 7919;
-        leaf = (leaf + kFarAway) % static_cast<std::uint32_t>(tree.records.size());
-        wb::RollUpAbove(tree.records, tree.sizes, tree.parents, leaf);
+    for ([[maybe_unused]] auto turn : state) {
+        do {
+            leaf = (leaf + kFarAway) % count;
+        } while (product.sizes[leaf] > 1);
+        product.records[leaf].mass *= kHeavier;
+        wb::RollUpAbove(product.records, product.sizes, product.parents, leaf);
         benchmark::ClobberMemory();
     }
-}
-BENCHMARK(RollUpOneLeafEdited)->Unit(benchmark::kMillisecond);
-
-wb::Part LeafPart(const std::string& identifier, Figures& figures)
-{
-    wb::Part part;
-    part.identifier = identifier;
-    part.version = "A";
-    part.material = "Material " + std::to_string(figures.Below(10));
-    wb::ValueSet set;
-    set.massType = "Calculated";
-    set[Fact::Mass] = figures.Between(0.1, 3);
-    for (const Fact fact : {Fact::CgX, Fact::CgY, Fact::CgZ}) {
-        set[fact] = figures.Between(-9, 9);
+    const Body edited = product.records[0];
+    wb::RollUpTree(product.records, product.sizes);
+    if (!(product.records[0] == edited)) {
+        state.SkipWithError("an edited product weighs something else than one that is summed up");
     }
-    for (const Fact fact : {Fact::Ixx, Fact::Iyy, Fact::Izz}) {
-        set[fact] = set[Fact::Mass];
-    }
-    for (const Fact fact : {Fact::Ixy, Fact::Ixz, Fact::Iyz}) {
-        set[fact] = 0.01;
-    }
-    part.sets.push_back(set);
-    return part;
 }
+BENCHMARK(ProductLeafEdited)->Unit(benchmark::kMillisecond);
 
-wb::Part AssemblyPart(const std::string& identifier)
+/// The inertia of leaves about their common centre, straight from them, in long double.
+std::array<long double, 6> InertiaOfLeaves(const FlatProduct& product, std::size_t first,
+                                           std::size_t end)
 {
-    wb::Part part;
-    part.identifier = identifier;
-    part.version = "A";
-    return part;
-}
-
-void AddUse(wb::Product& product, std::uint32_t parent, std::uint32_t part, Figures& figures)
-{
-    wb::Use use;
-    use.parent = parent;
-    use.part = part;
-    use.instance = "i" + std::to_string(product.uses.size());
-    use.placement = figures.Place();
-    product.uses.push_back(use);
-}
-
-wb::Product WithMaterials()
-{
-    wb::Product product;
-    for (int number = 0; number < 10; ++number) {
-        product.materials.push_back(
-            {"Material " + std::to_string(number), 1000.0 + number, wb::kUnknown, {}, {}});
-    }
-    return product;
-}
-
-/// A thousand parts in four levels, 100 uses below each assembly: a million leaves.
-const wb::ProductGraph& ThousandParts()
-{
-    static const wb::ProductGraph graph = [] {
-        constexpr int kUses = 100;
-        Figures figures;
-        wb::Product product = WithMaterials();
-        std::vector<std::uint32_t> above;
-        for (const std::size_t count : {1U, 9U, 90U, 900U}) {
-            std::vector<std::uint32_t> level;
-            for (std::size_t i = 0; i < count; ++i) {
-                const std::string name = "P" + std::to_string(product.parts.size());
-                level.push_back(static_cast<std::uint32_t>(product.parts.size()));
-                product.parts.push_back(count == 900U ? LeafPart(name, figures)
-                                                      : AssemblyPart(name));
+    const auto forEachLeaf = [&](const auto& take) {
+        for (std::size_t i = first; i < end; ++i) {
+            if (product.sizes[i] == 1) {
+                take(product.records[i]);
             }
-            for (const std::uint32_t parent : above) {
-                for (int use = 0; use < kUses; ++use) {
-                    AddUse(product, parent, level[figures.Below(level.size())], figures);
-                }
-            }
-            above = level;
         }
-        return wb::ProductGraph(product, wb::ShippedMassTypes());
-    }();
-    return graph;
+    };
+    long double mass = 0.0L;
+    std::array<long double, 3> moment{};
+    forEachLeaf([&](const Body& body) {
+        mass += body.mass;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            moment[axis] += static_cast<long double>(body.mass) * body.centre[axis];
+        }
+    });
+    std::array<long double, 6> inertia{};
+    forEachLeaf([&](const Body& body) {
+        constexpr long double kMetres = 1e-3L; // in a mm
+        const auto offset = [&](std::size_t axis) {
+            return (body.centre[axis] - moment[axis] / mass) * kMetres;
+        };
+        const long double kilograms = body.mass;
+        const long double x = offset(0);
+        const long double y = offset(1);
+        const long double z = offset(2);
+        const std::array<long double, 6> gain{y * y + z * z, x * x + z * z, x * x + y * y,
+                                              x * y,         x * z,         y * z};
+        for (std::size_t term = 0; term < 6; ++term) {
+            inertia[term] += body.inertia[term] + kilograms * gain[term];
+        }
+    });
+    return inertia;
 }
 
-void RollUpThousandParts(benchmark::State& state)
+/// The largest error of any term of any assembly's inertia, as a share of its largest moment, in a
+/// product whose leaves stand 1,000 m off the origin in each axis.
+double WorstInertiaError()
 {
-    const wb::ProductGraph& graph = ThousandParts();
-    wb::ComputeOptions options;
-    options.precision = wb::ComputeOptions::Precision::MostPrecise; // nothing is there beforehand
-    const auto& first = graph.Parts()[graph.Nodes()[graph.UseAt(0).node].part];
-    options.filter.lines.push_back(
-        {false, graph.InstanceOf(0), first.identifier, first.version, {}});
-    for (auto turn : state) {
-        benchmark::DoNotOptimize(wb::Compute(graph, {0, {}}, options).total.body.mass);
-    }
-}
-BENCHMARK(RollUpThousandParts)->Unit(benchmark::kMillisecond);
-
-/// So many different parts, 20 below each assembly.
-std::unique_ptr<wb::ProductGraph> DifferentParts(std::uint32_t count)
-{
-    constexpr std::uint32_t kChildren = 20;
-    Figures figures;
-    wb::Product product = WithMaterials();
-    for (std::uint32_t number = 0; number < count; ++number) {
-        const std::string name = "P" + std::to_string(number);
-        const bool isLeaf = number > (count - 2) / kChildren;
-        product.parts.push_back(isLeaf ? LeafPart(name, figures) : AssemblyPart(name));
-        if (number > 0) {
-            AddUse(product, (number - 1) / kChildren, number, figures);
+    constexpr double kFar = 1e6; // mm
+    constexpr int kThreeLevels = 3;
+    FlatProduct product = GrownProduct(kThreeLevels, 1);
+    for (Body& body : product.records) {
+        for (double& coordinate : body.centre) {
+            coordinate += kFar;
         }
     }
-    return std::make_unique<wb::ProductGraph>(product, wb::ShippedMassTypes());
-}
-
-void ComputeParts(benchmark::State& state, std::uint32_t count, bool everything)
-{
-    static std::map<std::uint32_t, std::unique_ptr<wb::ProductGraph>> graphs;
-    auto& graph = graphs[count];
-    if (!graph) {
-        graph = DifferentParts(count);
+    wb::RollUpTree(product.records, product.sizes);
+    double worst = 0.0;
+    for (std::size_t i = 0; i < product.records.size(); ++i) {
+        if (product.sizes[i] == 1) {
+            continue;
+        }
+        const auto expected = InertiaOfLeaves(product, i + 1, i + product.sizes[i]);
+        const long double largest = *std::max_element(expected.begin(), expected.begin() + 3);
+        for (std::size_t term = 0; term < 6; ++term) {
+            const long double error = product.records[i].inertia[term] - expected[term];
+            worst = std::max(worst, static_cast<double>(std::abs(error) / largest));
+        }
     }
-    wb::ComputeOptions options;
-    options.precision = wb::ComputeOptions::Precision::MostPrecise;
-    options.validate = everything;
-    options.uncertainty = everything;
-    for (auto turn : state) {
-        benchmark::DoNotOptimize(wb::Compute(*graph, {0, {}}, options).total.body.mass);
+    return worst;
+}
+
+// Its time stands in no line; its counter does.
+void ProductFarOff(benchmark::State& state)
+{
+    for ([[maybe_unused]] auto turn : state) {
+        state.counters["error"] = WorstInertiaError();
     }
 }
+BENCHMARK(ProductFarOff)->Iterations(1)->Repetitions(1);
 
-void Parts2000(benchmark::State& state)
-{
-    ComputeParts(state, 2000, false);
-}
-BENCHMARK(Parts2000)->Unit(benchmark::kMillisecond);
-
-void Parts2000Uncertain(benchmark::State& state)
-{
-    ComputeParts(state, 2000, true);
-}
-BENCHMARK(Parts2000Uncertain)->Unit(benchmark::kMillisecond);
-
-void Parts200000(benchmark::State& state)
-{
-    ComputeParts(state, 200000, false);
-}
-BENCHMARK(Parts200000)->Unit(benchmark::kMillisecond);
-
-void Parts200000Uncertain(benchmark::State& state)
-{
-    ComputeParts(state, 200000, true);
-}
-BENCHMARK(Parts200000Uncertain)->Unit(benchmark::kMillisecond);
-
-const RegisterBenchLine kCommon({"roll-up in common axes, 1,000,000 leaves / sweep of the records",
-                                 "RollUpCommonAxes", "RecordSweep", 2.5});
-const RegisterBenchLine kPlaced({"roll-up with a place a record, 1,000,000 leaves / sweep",
-                                 "RollUpPlaced", "RecordSweep", 8.0});
+const RegisterBenchLine kCommon({"roll-up in common axes / sweep of the records", "ProductRollUp",
+                                 "ProductSweep", 2.5});
+const RegisterBenchLine kPlaced({"roll-up, each record turned and shifted / sweep of the records",
+                                 "ProductRollUpPlaced", "ProductSweep", 8.0});
 const RegisterBenchLine kEdited({"one leaf edited, 32 children a node / whole roll-up",
-                                 "RollUpOneLeafEdited", "RollUpCommonAxes", 0.001});
-const RegisterBenchLine kThousand({"1,000,000 leaves of 1,000 parts, shares, filter / flattened",
-                                   "RollUpThousandParts", "RollUpPlaced", 0.05});
-const RegisterBenchLine kSmall({"2,000 parts with uncertainties and checks / without",
-                                "Parts2000Uncertain", "Parts2000", 10.0});
-const RegisterBenchLine kLarge({"200,000 parts with uncertainties and checks / without",
-                                "Parts200000Uncertain", "Parts200000", 10.0});
-// A hundred times the parts; beyond the caches each costs more, but no more with every further one.
-const RegisterBenchLine kLinear({"the same, 200,000 parts / 2,000 parts", "Parts200000Uncertain",
-                                 "Parts2000Uncertain", 300.0});
+                                 "ProductLeafEdited", "ProductRollUp", 0.001});
+const RegisterBenchLine kFarOff({"worst error of the inertias, 1,000 m off / in long double",
+                                 "ProductFarOff:error",
+                                 {},
+                                 1e-12,
+                                 BenchUnit::Share});
 
 } // namespace

@@ -10,6 +10,7 @@
 namespace
 {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -40,12 +41,44 @@ TEST(BenchProgram, PrintsALineWhenBothItsSidesRan)
     EXPECT_EQ(oneSide.status, 0);
 }
 
-TEST(BenchProgram, RunsTheReportsAloneWhenTheyAreLarge)
+TEST(BenchProgram, RunsProductsAndReportsAloneWhenTheyAreLarge)
 {
+    EXPECT_THAT(Bench("--benchmark_list_tests=true").output,
+                HasSubstr("Products of 1000000 instances, reports of 100000\n"));
     const Outcome outcome = Bench("--large --benchmark_list_tests=true");
-    EXPECT_THAT(outcome.output, HasSubstr("Reports of 1,000,000 part instances"));
+    EXPECT_THAT(outcome.output,
+                HasSubstr("Products of 10000000 instances, reports of 1000000, one turn each\n"));
     EXPECT_THAT(outcome.output, HasSubstr("ReportParse"));
+    EXPECT_THAT(outcome.output, HasSubstr("ProductRollUp"));
     EXPECT_THAT(outcome.output, Not(HasSubstr("Decode")));
+}
+
+TEST(BenchProgram, PrintsAPlainNumberAgainstItsLimit)
+{
+    const Outcome outcome = Bench("--benchmark_filter=^ProductFarOff");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("1,000 m off / in long double"));
+    EXPECT_THAT(outcome.output, HasSubstr("    1e-12\n"));
+}
+
+TEST(BenchProgram, PrintsTheTimeOfEachPart)
+{
+    // 2,000 parts take a millisecond or so, so that each takes about one in 2,000 of it.
+    const Outcome outcome =
+        Bench("--benchmark_filter='^Product(Few|Many)Parts$' --benchmark_repetitions=1 "
+              "--benchmark_min_time=0.001");
+    EXPECT_THAT(outcome.output, ContainsRegex("the same without uncertainties and checks +"
+                                              "[0-9]+\\.[0-9]{3} us +[0-9]+\\.[0-9]{3} us +"));
+}
+
+TEST(BenchProgram, MeasuresTheMemoryOfAnImport)
+{
+    const TemporaryDirectory directory;
+    const std::string file = directory.Write("t.csv", "part,parent,instance\nR,,\nP,R,p\n");
+    const Outcome outcome = Bench("--measure import " + file);
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_GT(std::stod(outcome.output), 1e6);
+    EXPECT_LT(std::stod(outcome.output), 1e9);
 }
 
 TEST(BenchProgram, RefusesAnOptionThatItDoesNotKnow)
@@ -62,7 +95,7 @@ TEST(BenchProgram, MeasuresTheMemoryOfAReport)
     options.instances = 3000;
     const std::string text = ReportText(options);
     const std::string file = directory.Write("report.xml", text);
-    const Outcome outcome = Bench("--measure-report memory " + file);
+    const Outcome outcome = Bench("--measure memory " + file);
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     std::istringstream figures(outcome.output);
     for (int figure = 0; figure < 3; ++figure) {
@@ -79,23 +112,23 @@ TEST(BenchProgram, MeasuresTheReadingOfAReport)
     const TemporaryDirectory directory;
     const std::string file = directory.Write("report.xml", ReportText({}));
     for (const char* what : {"parse", "pugixml", "libxml2"}) {
-        const Outcome outcome = Bench(std::string("--measure-report ") + what + ' ' + file);
+        const Outcome outcome = Bench(std::string("--measure ") + what + ' ' + file);
         EXPECT_EQ(outcome.status, 0) << what;
         EXPECT_GT(std::stod(outcome.output), 0.0) << what;
         EXPECT_LT(std::stod(outcome.output), 60.0) << what;
     }
 }
 
-TEST(BenchProgram, SaysWhichReportItCannotMeasure)
+TEST(BenchProgram, SaysWhichFileItCannotMeasure)
 {
     const TemporaryDirectory directory;
     const std::string file = directory.Write("broken.xml", "<WBReport>");
-    for (const char* what : {"memory", "parse", "pugixml", "libxml2"}) {
-        const Outcome outcome = Bench(std::string("--measure-report ") + what + ' ' + file);
+    for (const char* what : {"memory", "parse", "pugixml", "libxml2", "import"}) {
+        const Outcome outcome = Bench(std::string("--measure ") + what + ' ' + file);
         EXPECT_EQ(outcome.status, 1) << what;
-        EXPECT_THAT(outcome.output, HasSubstr("broken.xml: ")) << what;
+        EXPECT_THAT(outcome.output, HasSubstr("broken.xml:")) << what;
     }
-    EXPECT_EQ(Bench("--measure-report colour " + file).status, 2);
+    EXPECT_EQ(Bench("--measure colour " + file).status, 2);
 }
 
 } // namespace

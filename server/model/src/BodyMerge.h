@@ -2,6 +2,8 @@
 
 #include "WBBody.h"
 
+#include <utility>
+
 namespace wb
 {
 constexpr double kSquareMetres = 1e-6; // in a mm2
@@ -24,7 +26,8 @@ inline void AddOffset(Inertia& inertia, double mass, double x, double y, double 
 /// and centre, once for the inertia about that centre. Distances are measured from the first body,
 /// so the place of the whole costs no digits.
 template <typename Next>
-Body SumAboutCommonCentre(const Body* bodies, std::size_t first, std::size_t end, const Next& next)
+[[gnu::always_inline]] inline Body SumAboutCommonCentre(const Body* bodies, std::size_t first,
+                                                        std::size_t end, const Next& next)
 {
     const double fromX = bodies[first].centre[0];
     const double fromY = bodies[first].centre[1];
@@ -86,8 +89,8 @@ inline std::array<double, 3> PlacedPoint(const std::array<double, 3>& point,
 /// R I Rt, term by term: written out, the compiler keeps all of it in registers. Number is a double
 /// or several of them at once.
 template <typename Number>
-std::array<Number, 6> TurnedInertia(const std::array<Number, 6>& inertia,
-                                    const std::array<std::array<Number, 3>, 3>& r)
+[[gnu::always_inline]] inline std::array<Number, 6>
+TurnedInertia(const std::array<Number, 6>& inertia, const std::array<std::array<Number, 3>, 3>& r)
 {
     const auto& [xx, yy, zz, xy, xz, yz] = inertia; // products with the sign of the integral
     const auto& [a, b, c] = r;
@@ -118,40 +121,50 @@ struct Pair
     friend Pair operator*(Pair left, Pair right) { return {left.lanes * right.lanes}; }
 };
 
-/// Two bodies in the axes of their parent: half the work of one after the other.
-inline void PlaceTwo(const Body& first, const Placement& firstPlace, const Body& second,
-                     const Placement& secondPlace, Body* placed)
+/// Written out for each place: a loop would first fill the pairs with zeros.
+template <std::size_t... Places>
+[[gnu::always_inline]] inline std::array<Pair, sizeof...(Places)>
+PairsAt(const double* first, const double* second, std::index_sequence<Places...>)
 {
-    std::array<Pair, 6> inertia;
-    for (std::size_t term = 0; term < 6; ++term) {
-        inertia[term].lanes = Pair::Lanes{first.inertia[term], second.inertia[term]};
-    }
-    std::array<std::array<Pair, 3>, 3> turn;
-    std::array<Pair, 3> centre;
-    for (std::size_t row = 0; row < 3; ++row) {
-        for (std::size_t column = 0; column < 3; ++column) {
-            turn[row][column].lanes =
-                Pair::Lanes{firstPlace.rotation[row][column], secondPlace.rotation[row][column]};
-        }
-        centre[row].lanes = Pair::Lanes{first.centre[row], second.centre[row]};
-    }
-    const std::array<Pair, 6> turned = TurnedInertia(inertia, turn);
-    const std::array bodies{&first, &second};
-    for (std::size_t lane = 0; lane < 2; ++lane) {
-        placed[lane].mass = bodies[lane]->mass;
-        placed[lane].lower = bodies[lane]->lower;
-        placed[lane].upper = bodies[lane]->upper;
-        for (std::size_t term = 0; term < 6; ++term) {
-            placed[lane].inertia[term] = turned[term].lanes[lane];
-        }
-    }
-    for (std::size_t row = 0; row < 3; ++row) {
-        const Pair shift{Pair::Lanes{firstPlace.shift[row], secondPlace.shift[row]}};
-        const Pair point =
-            turn[row][0] * centre[0] + turn[row][1] * centre[1] + turn[row][2] * centre[2] + shift;
-        placed[0].centre[row] = point.lanes[0];
-        placed[1].centre[row] = point.lanes[1];
-    }
+    return {Pair{Pair::Lanes{first[Places], second[Places]}}...};
+}
+
+template <std::size_t Count>
+[[gnu::always_inline]] inline std::array<Pair, Count> Pairs(const std::array<double, Count>& first,
+                                                            const std::array<double, Count>& second)
+{
+    return PairsAt(first.data(), second.data(), std::make_index_sequence<Count>());
+}
+
+/// Two bodies in the axes of their parent: half the work of one after the other.
+[[gnu::always_inline]] inline void PlaceTwo(const Body& first, const Placement& firstPlace,
+                                            const Body& second, const Placement& secondPlace,
+                                            Body* placed)
+{
+    const std::array turn{Pairs(firstPlace.rotation[0], secondPlace.rotation[0]),
+                          Pairs(firstPlace.rotation[1], secondPlace.rotation[1]),
+                          Pairs(firstPlace.rotation[2], secondPlace.rotation[2])};
+    const auto turned = TurnedInertia(Pairs(first.inertia, second.inertia), turn);
+    const auto centre = Pairs(first.centre, second.centre);
+    const auto shift = Pairs(firstPlace.shift, secondPlace.shift);
+    const auto point = [&](std::size_t row) {
+        return turn[row][0] * centre[0] + turn[row][1] * centre[1] + turn[row][2] * centre[2] +
+               shift[row];
+    };
+    const std::array points{point(0), point(1), point(2)};
+    const auto put = [&](const Body& body, std::size_t lane) {
+        const auto at = [lane](const Pair& pair) {
+            return pair.lanes[lane];
+        };
+        placed[lane] = {body.mass,
+                        body.lower,
+                        body.upper,
+                        {at(points[0]), at(points[1]), at(points[2])},
+                        {at(turned[0]), at(turned[1]), at(turned[2]), at(turned[3]), at(turned[4]),
+                         at(turned[5])}};
+    };
+    put(first, 0);
+    put(second, 1);
 }
 
 inline Body PlacedBody(const Body& body, const Placement& placement)
@@ -160,8 +173,9 @@ inline Body PlacedBody(const Body& body, const Placement& placement)
             TurnedInertia(body.inertia, placement.rotation)};
 }
 
-inline std::size_t NextIndex(std::size_t index)
+/// Of bodies that stand one behind the other. A type of its own, so that the loops need no call.
+struct NextIndex
 {
-    return index + 1;
-}
+    std::size_t operator()(std::size_t index) const { return index + 1; }
+};
 } // namespace wb

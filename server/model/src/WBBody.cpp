@@ -53,7 +53,7 @@ Body Pieces(const Body& body, double pieces)
 Body Merged(const Body& first, const Body& second)
 {
     const std::array both{first, second};
-    return SumAboutCommonCentre(both.data(), 0, both.size(), NextIndex);
+    return SumAboutCommonCentre(both.data(), 0, both.size(), NextIndex());
 }
 
 void BodySum::Add(const Body& body)
@@ -70,7 +70,7 @@ Body BodySum::Total()
         return {};
     }
     if (m_count > 1) {
-        m_block[0] = SumAboutCommonCentre(m_block.data(), 0, m_count, NextIndex);
+        m_block[0] = SumAboutCommonCentre(m_block.data(), 0, m_count, NextIndex());
         m_count = 1;
     }
     return m_block[0];

@@ -59,7 +59,7 @@ void RollUpTree(std::span<Body> records, std::span<const std::uint32_t> sizes,
         const std::size_t end = i + sizes[i];
         for (std::size_t child = i + 1; child < end;) {
             if (count + 2 > kAtOnce) {
-                children[0] = SumAboutCommonCentre(children.data(), 0, count, NextIndex);
+                children[0] = SumAboutCommonCentre(children.data(), 0, count, NextIndex());
                 count = 1;
             }
             const std::size_t next = child + sizes[child];
@@ -73,7 +73,7 @@ void RollUpTree(std::span<Body> records, std::span<const std::uint32_t> sizes,
                 child = next;
             }
         }
-        records[i] = SumAboutCommonCentre(children.data(), 0, count, NextIndex);
+        records[i] = SumAboutCommonCentre(children.data(), 0, count, NextIndex());
     }
 }
 

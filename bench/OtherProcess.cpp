@@ -1,4 +1,4 @@
-#include "ReportProcess.h"
+#include "OtherProcess.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -9,21 +9,27 @@ namespace
 
 constexpr int kUsageError = 2;
 
-struct Measure
+struct MeasureRow
 {
     const char* what;
     std::vector<double> (*take)(const std::string& path);
 };
-constexpr Measure kMeasures[] = {{"memory", &MeasureMemory},
-                                 {"parse", &MeasureParse},
-                                 {"pugixml", &MeasurePugiParse},
-                                 {"libxml2", &MeasureLibxmlParse}};
+constexpr MeasureRow kMeasures[] = {{"memory", &MeasureMemory},
+                                    {"parse", &MeasureParse},
+                                    {"pugixml", &MeasurePugiParse},
+                                    {"libxml2", &MeasureLibxmlParse},
+                                    {"import", &MeasureImport}};
+
+std::filesystem::path ThisProgram()
+{
+    return std::filesystem::read_symlink("/proc/self/exe");
+}
 
 } // namespace
 
-int MeasureReport(const std::string& what, const std::string& path)
+int Measure(const std::string& what, const std::string& path)
 {
-    for (const Measure& measure : kMeasures) {
+    for (const MeasureRow& measure : kMeasures) {
         if (what == measure.what) {
             const std::vector<double> figures = measure.take(path);
             for (const double figure : figures) {
@@ -36,11 +42,10 @@ int MeasureReport(const std::string& what, const std::string& path)
     return kUsageError;
 }
 
-std::vector<double> MeasureReportElsewhere(const std::string& what, const std::string& path)
+std::vector<double> MeasureElsewhere(const std::string& what, const std::string& path)
 {
-    const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
     const std::string command =
-        "'" + program + "' " + kMeasureReportOption + ' ' + what + " '" + path + "'";
+        "'" + ThisProgram().string() + "' " + kMeasureOption + ' ' + what + " '" + path + "'";
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"),
                                                                  &pclose);
     std::vector<double> figures;
@@ -48,4 +53,9 @@ std::vector<double> MeasureReportElsewhere(const std::string& what, const std::s
         figures.push_back(figure);
     }
     return figures;
+}
+
+std::string ProgramFolder()
+{
+    return ThisProgram().parent_path().string();
 }
