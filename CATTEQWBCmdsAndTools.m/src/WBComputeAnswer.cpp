@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 namespace
@@ -42,22 +43,17 @@ public:
     CATUnicodeString RealText()
     {
         const std::string_view text = Next();
-        double value = 0.0;
-        NoteNumber(ReadAnyReal(text, value), text);
+        NoteReal(text);
         return text;
     }
+    double Real() { return NoteReal(Next()); }
     int Integer()
     {
         const std::string_view text = Next();
         int value = 0;
-        NoteNumber(CATReadInt(text, value), text);
-        return value;
-    }
-    double Real()
-    {
-        const std::string_view text = Next();
-        double value = 0.0;
-        NoteNumber(ReadAnyReal(text, value), text);
+        if (CATReadInt(text, value) != 1) {
+            Note(kNoNumber, text);
+        }
         return value;
     }
     /// How many of the announced rows there are at most. A field takes at least its "|": an answer
@@ -85,11 +81,13 @@ private:
         ++m_number;
         return m_fields.NextView();
     }
-    void NoteNumber(int converted, std::string_view text)
+    double NoteReal(std::string_view text)
     {
-        if (converted != 1) {
-            Note(" holds no number: ", text);
+        double value = 0.0;
+        if (ReadAnyReal(text, value) != 1 || !std::isfinite(value)) {
+            Note(kNoNumber, text);
         }
+        return value;
     }
     template <class Detail>
     void Note(const char* problem, const Detail& detail)
@@ -99,6 +97,8 @@ private:
         }
         m_isWhole = false;
     }
+
+    static constexpr const char* kNoNumber = " holds no number: ";
 
     CATWBToken m_fields;
     int m_number = 0; // of the field that was read last, from 1

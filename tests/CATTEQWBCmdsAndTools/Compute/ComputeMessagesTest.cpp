@@ -15,6 +15,29 @@ constexpr int kErrorStyle = 0x10000000;
 /// What the user is told.
 using ComputeMessages = ComputeSession;
 
+/// Presses Cancel in the progress box as soon as it comes.
+class ProgressCanceller
+{
+public:
+    ProgressCanceller()
+    {
+        QObject::connect(&m_look, &QTimer::timeout, [this] {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() == QLatin1String("ProgressBox") && window->isVisible()) {
+                    m_hasCancelled = true;
+                    window->findChild<QAbstractButton*>("CancelButton")->click();
+                }
+            }
+        });
+        m_look.start(20);
+    }
+    bool HasCancelled() const { return m_hasCancelled; }
+
+private:
+    QTimer m_look;
+    bool m_hasCancelled = false;
+};
+
 } // namespace
 
 TEST_F(ComputeMessages, AGoodAnswerIsNotCommented)
@@ -127,25 +150,49 @@ TEST_F(ComputeMessages, AnAnswerThatCannotBeReadInFullIsSaidAndTheNextOneIsNot)
     EXPECT_EQ(Text("MassEditor"), "100lb");
 }
 
+TEST_F(ComputeMessages, OfEveryBadAnswerTheUserIsToldOnceAndTheNextComputationWorks)
+{
+    Start();
+    const std::string values = "1|2|3|4|5|6|7|8|9|10|11|12|";
+    for (const std::string& answer :
+         {std::string(), std::string("#WB_ERROR#"), std::string("|"), std::string("heavy"),
+          std::string(100000, '|'), "9" + std::string(400, '9'), values, values + "2|Al|",
+          values + "2|Al|Paint|3|2780|2|10|1|0|", values + "-1|-1|", values + "x|y|",
+          values + "2147483647|Al|3|2780|1|0|", values + "99999999999999999999|Al|3|2780|1|0|",
+          values + "0|2147483647|Weighed|1|", values + "0|-2147483648|",
+          values + "1|Al|3|2780|nan|0|", std::string("381,35925;11,5")}) {
+        boxes.clear();
+        Compute(answer);
+        EXPECT_THAT(boxes, SizeIs(1)) << answer.substr(0, 60);
+        boxes.clear();
+        Compute(kAnswer);
+        EXPECT_THAT(boxes, IsEmpty()) << answer.substr(0, 60);
+        EXPECT_EQ(Text("MassEditor"), "100lb") << answer.substr(0, 60);
+        EXPECT_EQ(Row("StatisticsMultiList", 1)[2], "50lb") << answer.substr(0, 60);
+        EXPECT_EQ(Find<CATDlgMultiList>("MassTypeStatMultiList").RowCount(), 2);
+    }
+}
+
+TEST_F(ComputeMessages, ACancelledQuestionForMassTypesLeavesAWindowThatWorks)
+{
+    server->worksOn = kMassTypesMethod;
+    const ProgressCanceller canceller;
+    Start();
+    EXPECT_TRUE(canceller.HasCancelled());
+    EXPECT_TRUE(command->IsVisible());
+    EXPECT_EQ(Find<CATDlgCombo>("SpecifiedMassTypeCombo").LineCount(), 0);
+    Compute(kAnswer);
+    EXPECT_EQ(Text("MassEditor"), "100lb");
+    EXPECT_THAT(boxes, IsEmpty());
+}
+
 TEST_F(ComputeMessages, ALongComputationShowsItsProgressAndCanBeCancelled)
 {
     Start();
     server->worksOn = kComputeMethod;
-    bool wasShown = false;
-    // As the box has not come yet when the computation begins, it is looked for until it is there.
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&wasShown] {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == QLatin1String("ProgressBox") && window->isVisible()) {
-                wasShown = true;
-                window->findChild<QAbstractButton*>("CancelButton")->click();
-            }
-        }
-    });
-    look.start(20);
+    const ProgressCanceller canceller;
     Compute(kAnswer);
-    look.stop();
-    EXPECT_TRUE(wasShown);
+    EXPECT_TRUE(canceller.HasCancelled());
     EXPECT_THAT(boxes, ElementsAre(ComputeBox{"The server reports an error",
                                               "The call was cancelled.", kErrorStyle}));
     EXPECT_TRUE(command->IsVisible());
