@@ -1,0 +1,354 @@
+#include "MethodsTesting.h"
+
+#include <sqlite3.h>
+
+#include <atomic>
+#include <chrono>
+
+using namespace wb;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace
+{
+constexpr const char* kCancelled = "#WB_ERROR#The computation was cancelled.";
+
+std::string RequestOf(const std::string& precision, const std::string& policy = "0",
+                      const std::string& filter = "0|No Filter", const std::string& defined = "0")
+{
+    return "1|i|p|v|0|1|m|" + precision + "|" + policy + "|1|R|" + filter + "|" + defined + "|";
+}
+
+/// 2 kg at x = 0 and 6 kg at x = 4 mm.
+constexpr const char* kTwoPoints =
+    "parent,instance,part,mass_type,mass [kg],cgx [mm],cgy [mm],cgz [mm]\n"
+    ",,R,,,,,\n"
+    "R,p,P,Weighed,2,0,0,0\n"
+    "R,q,Q,Estimated,6,4,0,0\n";
+
+/// Twelve leaves of 1 kg: one below the root, two in A, three in A's D, one in B, two in B's E,
+/// three in E's F.
+constexpr const char* kTwelve =
+    "parent,instance,part,mass_type,mass [kg],standard\n,,R,,,\n"
+    "R,a,A,,,\nR,b,B,,,\nA,d,D,,,\nB,e,E,,,\nE,f,F,,,\n"
+    "R,l1,L1,Weighed,1,\n"
+    "A,l2,L2,Weighed,1,\nA,l3,L3,Weighed,1,\n"
+    "D,l4,L4,Weighed,1,\nD,l5,L5,Weighed,1,\nD,l6,L6,Weighed,1,\n"
+    "B,l7,L7,Weighed,1,\n"
+    "E,l8,L8,Weighed,1,\nE,l9,L9,Weighed,1,\n"
+    "F,l10,L10,Weighed,1,\nF,l11,L11,Weighed,1,\nF,l12,L12,Weighed,1,\n";
+
+class KeptAnswers : public testing::Test
+{
+protected:
+    /// Asks a server that was started just now, so that nothing is in its memory.
+    std::string Ask(const std::string& request, const CallContext& context = {})
+    {
+        m_server = std::make_unique<Server>(m_served.Store());
+        return m_server->Call("WBComputeVPMValues", request, context);
+    }
+    std::string Mass(const std::string& request)
+    {
+        const std::string answer = Ask(request);
+        return answer.substr(0, answer.find('|'));
+    }
+    std::string Warnings() { return m_server->Call("WBWarningMsg", "", {}); }
+
+    /// All twelve leaves weigh so much from now on.
+    void EditLeaves(const std::string& mass)
+    {
+        std::string table = "part,mass_type,mass [kg]\n";
+        for (int i = 1; i <= 12; ++i) {
+            table += "L" + std::to_string(i) + ",Weighed," + mass + "\n";
+        }
+        m_served.ImportTable(table);
+    }
+
+    /// Writes to the database behind the store's back, so that no change number rises.
+    void RunSql(const std::string& sql)
+    {
+        sqlite3* other = nullptr;
+        sqlite3_open(m_served.Folder().File("x.db").c_str(), &other);
+        EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+        sqlite3_close(other);
+    }
+    /// All masses become 100 kg; only who reads the product sees it.
+    void EditInSecret() { RunSql("UPDATE part_value SET mass = 100"); }
+    void ExpectNothingKept()
+    {
+        RunSql("CREATE TABLE seen AS SELECT 1 FROM sqlite_master WHERE (SELECT count(*) FROM "
+               "kept_result) = 0; CREATE TABLE none (seen INTEGER NOT NULL); INSERT INTO none "
+               "VALUES ((SELECT 1 FROM seen))");
+    }
+
+    wbtest::ServedProduct m_served;
+    std::unique_ptr<Server> m_server;
+};
+} // namespace
+
+TEST_F(KeptAnswers, CheckAnswersWhatIsKeptWithoutReadingTheProduct)
+{
+    m_served.ImportTable(kTwoPoints);
+    const std::string answer = Ask(RequestOf("Active"));
+    const std::string warnings = Warnings();
+    EXPECT_THAT(answer, StartsWith("8|"));
+    EXPECT_EQ(warnings, "- 8 kg without inertia count as points\n- Q A has no inertia\n"
+                        "- P A has no inertia");
+    EditInSecret();
+    EXPECT_EQ(Ask(RequestOf("Active")), answer);
+    EXPECT_EQ(Warnings(), warnings);
+    EXPECT_EQ(Warnings(), "");
+}
+
+TEST_F(KeptAnswers, ForceReadsAndKeepsAnew)
+{
+    m_served.ImportTable(kTwoPoints);
+    EXPECT_EQ(Mass(RequestOf("Active")), "8");
+    EditInSecret();
+    EXPECT_EQ(Mass(RequestOf("Active", "1")), "200");
+    EXPECT_EQ(Mass(RequestOf("Active")), "200");
+}
+
+TEST_F(KeptAnswers, ForceReadsAnewWhatIsInMemory)
+{
+    m_served.ImportTable(kTwoPoints);
+    EXPECT_THAT(m_served.Call("WBComputeVPMValues", RequestOf("Active", "1")), StartsWith("8|"));
+    EditInSecret();
+    EXPECT_THAT(m_served.Call("WBComputeVPMValues", RequestOf("Active", "1")), StartsWith("200|"));
+}
+
+TEST_F(KeptAnswers, ChangedProductIsComputedAgain)
+{
+    m_served.ImportTable(kTwoPoints);
+    EXPECT_EQ(Mass(RequestOf("Active")), "8");
+    m_served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,3\n");
+    EXPECT_EQ(Mass(RequestOf("Active")), "9");
+    EXPECT_EQ(Mass(RequestOf("Active")), "9");
+}
+
+TEST_F(KeptAnswers, EachPrecisionHasAnAnswerOfItsOwn)
+{
+    m_served.ImportTable(kTwoPoints);
+    Ask(RequestOf("Active"));
+    Ask(RequestOf("Weighed"));
+    EditInSecret();
+    EXPECT_EQ(Mass(RequestOf("Active")), "8");
+    EXPECT_EQ(Mass(RequestOf("Weighed")), "2");
+    EXPECT_EQ(Mass(RequestOf("MostPrecise")), "200");
+    EXPECT_EQ(Mass(RequestOf("Estimated")), "100");
+    EXPECT_EQ(Mass(RequestOf("Computed")), "200");
+}
+
+TEST_F(KeptAnswers, LinesOfAFilterMakeAnotherAnswerAndItsNameDoesNot)
+{
+    m_served.ImportTable(kTwoPoints);
+    Ask(RequestOf("Active", "0", "1|Without P|X|p|P|A|0"));
+    EditInSecret();
+    EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Another name|X|p|P|A|0")), "6");
+    EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Without P|X|q|Q|A|0")), "100");
+    EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Without P|I|p|P|A|0")), "100");
+    EXPECT_EQ(Mass(RequestOf("Active")), "200");
+}
+
+TEST_F(KeptAnswers, DefinedPrecisionIsNeitherKeptNorAnsweredFromWhatIs)
+{
+    m_served.ImportTable(kTwoPoints);
+    EXPECT_THAT(Ask(RequestOf("Active", "0", "0|No Filter", "1|1|3|4")), StartsWith("8|3|4|"));
+    EditInSecret();
+    EXPECT_THAT(Ask(RequestOf("Active", "0", "0|No Filter", "1|1|3|4")), StartsWith("200|3|4|"));
+    ExpectNothingKept();
+}
+
+TEST_F(KeptAnswers, AssumeTakesWhatIsDeeperThanTheLevelAsStored)
+{
+    // Level 0: of the leaves the root's own is new, eleven are old; 1: four are new; 2: three in F
+    // are old; 3: none.
+    m_served.ImportTable(kTwelve);
+    EXPECT_EQ(Mass(RequestOf("Active")), "12");
+    EditLeaves("2");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "13");
+    EXPECT_THAT(Warnings(), HasSubstr("- 2 sub-assemblies are not up to date and were taken as "
+                                      "stored\n"));
+    EXPECT_EQ(Mass(RequestOf("Active", "2|1")), "16");
+    EXPECT_THAT(Warnings(), HasSubstr("- 2 sub-assemblies are not up to date"));
+}
+
+TEST_F(KeptAnswers, WhatAssumeMadeAnewIsKeptUnlessItIsMadeFromStaleSums)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    EditLeaves("2");
+    // A and D are new throughout; B and E hold the three old leaves of F.
+    EXPECT_EQ(Mass(RequestOf("Active", "2|2")), "21");
+    EXPECT_THAT(Warnings(),
+                HasSubstr("- 1 sub-assembly is not up to date and was taken as stored\n"));
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "18"); // B's six are old
+    EXPECT_EQ(Mass(RequestOf("Active", "2|3")), "24");
+    EXPECT_THAT(Warnings(), Not(HasSubstr("up to date")));
+    EditInSecret();
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "24"); // kept, as nothing stale was used
+    EXPECT_EQ(Mass(RequestOf("Active")), "24");
+}
+
+TEST_F(KeptAnswers, AnswerFromStaleSumsIsNotKept)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    EditLeaves("2");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "13");
+    EXPECT_EQ(Mass(RequestOf("Active")), "24");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "24");
+}
+
+TEST_F(KeptAnswers, AssumeComputesWhatWasNeverKept)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Weighed"));
+    EditLeaves("2");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "24");
+    EXPECT_EQ(Mass(RequestOf("MostPrecise", "2|0")), "24");
+    EXPECT_EQ(Mass(RequestOf("Weighed", "2|0")), "13");
+}
+
+TEST_F(KeptAnswers, StatisticsComeFromStoredSumsToo)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    m_served.ImportTable(
+        "part,mass_type,mass [kg],active\nL1,Supplier,5,yes\nL12,Supplier,7,yes\n");
+    // L1 is new below the root; L12 in F counts as it was.
+    EXPECT_THAT(Ask(RequestOf("Active", "2|0")),
+                HasSubstr("|1|(no material)|3|0|16|2|Supplier|5|Weighed|11|"));
+    EXPECT_THAT(Ask(RequestOf("Active", "0")),
+                HasSubstr("|1|(no material)|3|0|22|2|Supplier|12|Weighed|10|"));
+}
+
+TEST_F(KeptAnswers, FilteredAssembliesAreMadeAnew)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    EditLeaves("2");
+    // Without F, B is cut: three new leaves; the root's is new, the five of A are old.
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0", "1|No F|X|f|F|A|2|e|b")), "13");
+}
+
+TEST_F(KeptAnswers, StandardPartIsNeverStale)
+{
+    m_served.ImportTable(kTwelve);
+    m_served.ImportTable("part,standard\nB,yes\n");
+    Ask(RequestOf("Active"));
+    EditLeaves("2");
+    // B is made anew, and what is deeper in it is as stored: its leaf, then five old ones of E.
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "14");
+}
+
+TEST_F(KeptAnswers, UsesWithValuesOfTheirOwnAreInStoredSums)
+{
+    // A holds P and a use of P with 4 kg of its own; its sum is taken as stored after P's change.
+    m_served.ImportTable(
+        "parent,instance,part,values_on,mass_type,mass [kg]\n,,R,,,\n"
+        "R,a,A,,,\nA,p,P,,Weighed,1\nA,own,P,instance,Weighed,4\nR,q,Q,,Weighed,1\n");
+    EXPECT_EQ(Mass(RequestOf("Active")), "6");
+    m_served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,3\nQ,Weighed,5\n");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "10");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|1")), "12");
+}
+
+TEST_F(KeptAnswers, LockedDatabaseDoesNotKeepAComputationWaiting)
+{
+    m_served.ImportTable(kTwoPoints);
+    sqlite3* other = nullptr;
+    sqlite3_open(m_served.Folder().File("x.db").c_str(), &other);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_EQ(Mass(RequestOf("Active")), "8");
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(1));
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    ExpectNothingKept();
+}
+
+TEST_F(KeptAnswers, CancelledComputationLeavesNothingKept)
+{
+    m_served.ImportTable(kTwoPoints);
+    std::atomic<bool> cancel = false;
+    CallContext context;
+    context.cancel = &cancel;
+    context.progress = [&](double, std::string_view what) {
+        cancel = what == "summing up";
+    };
+    EXPECT_EQ(Ask(RequestOf("Active"), context), kCancelled);
+    EXPECT_EQ(Warnings(), "");
+    ExpectNothingKept();
+    EXPECT_EQ(Mass(RequestOf("Active")), "8");
+}
+
+TEST_F(KeptAnswers, ReadingAndPreparingCanBeCancelled)
+{
+    std::string table = "parent,instance,part\n,,R\n";
+    for (int i = 0; i < 3000; ++i) {
+        table += "R,u" + std::to_string(i) + ",P\n";
+    }
+    m_served.ImportTable(table);
+    std::atomic<bool> cancel = false;
+    std::vector<std::string> told;
+    CallContext context;
+    context.cancel = &cancel;
+    context.progress = [&](double done, std::string_view what) {
+        told.emplace_back(what);
+        cancel = done > 0.1;
+    };
+    EXPECT_EQ(Ask(RequestOf("Active"), context), kCancelled);
+    EXPECT_THAT(told, testing::Each("reading the product"));
+    EXPECT_LT(told.size(), 6U); // looked at every 256 rows: 600 of 3000 rows are enough
+    cancel = false;
+    context.progress = [&](double, std::string_view what) {
+        cancel = what == "preparing the sum";
+    };
+    EXPECT_EQ(Ask(RequestOf("Active"), context), kCancelled);
+    cancel = false;
+    EXPECT_THAT(Ask(RequestOf("Active"), {}), StartsWith("0|0|0|"));
+}
+
+TEST_F(KeptAnswers, WhatCannotBeReadIsMadeAgain)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    EditLeaves("2");
+    for (const char* bytes : {"x''", "x'00'", "x'0100000000000000ff'", "zeroblob(5000)"}) {
+        RunSql(std::string("UPDATE kept_result SET result = ") + bytes);
+        EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "24") << bytes;
+        RunSql(std::string("UPDATE kept_result SET result = ") + bytes);
+        EXPECT_EQ(Mass(RequestOf("Active")), "24") << bytes;
+        RunSql("UPDATE kept_result SET change_number = 0");
+    }
+    RunSql("DROP TABLE kept_result");
+    EXPECT_EQ(Mass(RequestOf("Active")), "24");
+}
+
+TEST_F(KeptAnswers, RecordShowsTheSumAsStoredAndAComputationRenewsIt)
+{
+    m_served.ImportTable(kTwelve);
+    const std::string place = "0||R|b|B|A|0|";
+    const auto initial = [&] {
+        m_server = std::make_unique<Server>(m_served.Store());
+        return m_server->Call("WBCompPartGetInitialValues", place, {});
+    };
+    EXPECT_THAT(initial(), HasSubstr("Computed|1|6|"));
+    EditLeaves("2");
+    EXPECT_THAT(initial(), HasSubstr("Computed|1|6|"));
+    Ask(RequestOf("Active"));
+    EXPECT_THAT(initial(), HasSubstr("Computed|1|12|"));
+}
+
+TEST_F(KeptAnswers, RecordOfAStandardAssemblyIsMadeAnewWhereItHasChanged)
+{
+    m_served.ImportTable(kTwelve);
+    m_served.ImportTable("part,standard\nB,yes\n");
+    const std::string place = "0||R|b|B|A|0|";
+    EXPECT_THAT(m_served.Initial(place), HasSubstr("Computed|1|6|"));
+    EditLeaves("2");
+    EXPECT_THAT(m_served.Initial(place), HasSubstr("Computed|1|12|"));
+}
