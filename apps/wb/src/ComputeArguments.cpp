@@ -1,5 +1,6 @@
 #include "ComputeArguments.h"
 
+#include "OptionTexts.h"
 #include "WBNumbers.h"
 #include "WBTexts.h"
 
@@ -68,18 +69,6 @@ bool ReadWord(const Words& words, const std::string& typed, Value& value)
     return found.has_value();
 }
 
-std::vector<std::string_view> SplitAtCommas(std::string_view text)
-{
-    std::vector<std::string_view> items;
-    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
-         comma = text.find(',')) {
-        items.push_back(text.substr(0, comma));
-        text.remove_prefix(comma + 1);
-    }
-    items.push_back(text);
-    return items;
-}
-
 std::string ReadPrecision(const std::string& typed, wb::ComputeOptions& compute)
 {
     const std::string word = LowerCase(typed);
@@ -120,7 +109,7 @@ std::string ReadUpdate(const std::string& typed, ComputeArguments& arguments)
         const auto level = wb::ReadInteger(std::string_view(typed).substr(kAssume.size()));
         if (level && *level >= 0) {
             arguments.update = ComputeArguments::Update::Assume;
-            arguments.level = static_cast<std::size_t>(*level);
+            arguments.level = *level;
             return {};
         }
     }

@@ -2,9 +2,10 @@
 
 #include "Subcommands.h"
 #include "WBCompute.h"
+#include "WBProductComputation.h"
 
 #include <array>
-#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -17,17 +18,12 @@ struct ComputeArguments
         Origin,
         Typed
     };
-    enum class Update
-    {
-        Check,
-        Force,
-        Assume
-    };
+    using Update = wb::ProductComputation::Policy;
 
     std::string path;
     wb::ComputeOptions compute; ///< what paths add to its filter is not in it yet
     Update update = Update::Check;
-    std::size_t level = 0; ///< for Assume
+    std::int64_t level = 0; ///< for Assume
     Point point = Point::Centre;
     std::array<double, 3> at{}; ///< in the unit of length of the output
     bool rss = false;

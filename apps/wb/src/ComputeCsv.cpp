@@ -223,6 +223,9 @@ void AddTotals(Table& table, const ComputeReport& report)
               [&](Row& row) { row.Set(At("ixx"), report.total.principalMoments); });
     table.Add("radii_of_gyration", "",
               [&](Row& row) { row.Set(At("cgx"), report.total.radiiOfGyration); });
+    if (result.staleTaken > 0) {
+        table.AddSaying("stale_sums", std::to_string(result.staleTaken));
+    }
     table.AddSaying("taken_mass_type", result.takenType);
     table.AddSaying("centre_from", result.centreFrom);
     table.AddSaying("inertia_from", result.inertiaFrom);

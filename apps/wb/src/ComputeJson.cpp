@@ -177,6 +177,7 @@ void AddTotal(Json& json, const ComputeReport& report)
     json.Key("principal_moments").Numbers(report.total.principalMoments);
     json.Key("radii_of_gyration").Numbers(report.total.radiiOfGyration).Close('}');
     Section(json, "deviations").Text(result.precisionDefined ? "defined" : "worst case");
+    Section(json, "stale_sums").Number(static_cast<double>(result.staleTaken));
     Section(json, "taken_mass_type").TextOrNull(result.takenType);
     Section(json, "centre_from").TextOrNull(result.centreFrom);
     Section(json, "inertia_from").TextOrNull(result.inertiaFrom);

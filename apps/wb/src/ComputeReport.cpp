@@ -208,9 +208,8 @@ const char* EntityWord(wb::ComputeOptions::Asked asked)
     }
 }
 
-ComputeReport MakeComputeReport(const ComputeArguments& arguments, const ComputeUnits& units,
-                                const wb::ProductGraph& graph, const wb::AskedPath& path,
-                                wb::ComputeResult result)
+ComputeReport BeginComputeReport(const ComputeArguments& arguments, const ComputeUnits& units,
+                                 const wb::ProductGraph& graph, const wb::AskedPath& path)
 {
     ComputeReport report;
     report.arguments = arguments;
@@ -219,9 +218,14 @@ ComputeReport MakeComputeReport(const ComputeArguments& arguments, const Compute
     report.node = NamesOf(graph.PartOf(graph.NodeAt(path)));
     report.path = PathText(graph, path);
     report.filter = FilterInWords(arguments.compute, report.product.identifier);
-    report.total = FiguresOf(AboutPoint(result.total.body, arguments, units), units);
+    return report;
+}
+
+void AddComputeResult(ComputeReport& report, wb::ComputeResult result)
+{
+    const ComputeUnits& units = report.units;
+    report.total = FiguresOf(AboutPoint(result.total.body, report.arguments, units), units);
     Convert(result, units);
     SayUnknownAsShown(result.warnings);
     report.result = std::move(result);
-    return report;
 }

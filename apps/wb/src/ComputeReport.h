@@ -61,6 +61,8 @@ const char* DensityFirstWord(const wb::ComputeOptions& options);
 /// "instance", "root" or "part".
 const char* EntityWord(wb::ComputeOptions::Asked asked);
 
-ComputeReport MakeComputeReport(const ComputeArguments& arguments, const ComputeUnits& units,
-                                const wb::ProductGraph& graph, const wb::AskedPath& path,
-                                wb::ComputeResult result);
+/// What was asked, before it is computed: the graph is read here and not kept.
+ComputeReport BeginComputeReport(const ComputeArguments& arguments, const ComputeUnits& units,
+                                 const wb::ProductGraph& graph, const wb::AskedPath& path);
+/// Brings in what came of it, which stands in storage units.
+void AddComputeResult(ComputeReport& report, wb::ComputeResult result);

@@ -13,7 +13,6 @@ using Cells = std::vector<std::string>;
 constexpr std::size_t kNameWidth = 24;
 constexpr int kShareDecimals = 2;
 constexpr const char* kTotal = "total";
-constexpr double kWhole = 100.0; // per cent
 
 std::string Unit(const std::string& symbol)
 {
@@ -123,8 +122,7 @@ void AddImposed(Writer& writer)
         add(kTerms[term] + Unit(report.units.inertia.symbol), writer.decimals.inertia,
             [&](const wb::Body& body) { return body.inertia[term]; });
     }
-    writer.Add("Own values stand for what is below (inertias each about its own centre of gravity)",
-               grid);
+    writer.Add("Own values in place of what is below (each inertia about its own centre)", grid);
 }
 
 void AddCoverage(Writer& writer)
@@ -205,7 +203,8 @@ void AddMaterials(Writer& writer)
         grid.Add({Shortened(share.material, kNameWidth), DensityText(share, writer.report.units),
                   writer.Mass(share.mass), Share(writer.report.ShareOf(share.mass))});
     }
-    grid.Add({kTotal, "", writer.Mass(writer.report.total.body.mass), Share(kWhole)});
+    grid.Add({kTotal, "", writer.Mass(writer.report.total.body.mass),
+              Share(writer.report.ShareOf(writer.report.total.body.mass))});
     writer.Add("By material", grid);
 }
 
@@ -218,7 +217,8 @@ void AddShares(Writer& writer, const std::string& title, const char* column,
         grid.Add({Shortened(share.name, kNameWidth), writer.Mass(share.mass),
                   Share(writer.report.ShareOf(share.mass))});
     }
-    grid.Add({kTotal, writer.Mass(writer.report.total.body.mass), Share(kWhole)});
+    grid.Add({kTotal, writer.Mass(writer.report.total.body.mass),
+              Share(writer.report.ShareOf(writer.report.total.body.mass))});
     writer.Add(title, grid);
 }
 

@@ -1,5 +1,7 @@
 #include "ReportArguments.h"
 
+#include "OptionTexts.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -21,15 +23,6 @@ constexpr double kRotationTolerance = 1e-5;
 /// A determinant this small beside the lengths of the rows is a 0 that rounding has missed.
 constexpr double kSingularTolerance = 1e-12;
 
-std::string_view WithoutBlanks(std::string_view text)
-{
-    const std::size_t begin = text.find_first_not_of(' ');
-    if (begin == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
-}
-
 /// Exactly one finite number, or false.
 template <class Number>
 bool ReadWhole(std::string_view text, Number& number)
@@ -41,18 +34,6 @@ bool ReadWhole(std::string_view text, Number& number)
     const std::from_chars_result result = std::from_chars(text.data(), end, number);
     return result.ec == std::errc() && result.ptr == end &&
            std::isfinite(static_cast<double>(number));
-}
-
-std::vector<std::string_view> SplitAtCommas(std::string_view text)
-{
-    std::vector<std::string_view> items;
-    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
-         comma = text.find(',')) {
-        items.push_back(WithoutBlanks(text.substr(0, comma)));
-        text.remove_prefix(comma + 1);
-    }
-    items.push_back(WithoutBlanks(text));
-    return items;
 }
 
 std::string Quoted(std::string_view text)

@@ -6,11 +6,17 @@
 #include "ComputeJson.h"
 #include "ComputePlace.h"
 #include "ComputeTable.h"
+#include "ProgressBar.h"
 #include "ReportUnits.h"
+#include "WBProductComputation.h"
 #include "WBStore.h"
 
-#include <algorithm>
+#include <unistd.h>
+
+#include <cstdint>
 #include <cstdio>
+#include <string_view>
+#include <utility>
 
 namespace
 {
@@ -80,23 +86,6 @@ std::optional<wb::AskedPath> Prepare(const wb::ProductGraph& graph, const std::s
     return path;
 }
 
-/// A product brings the materials that it is made of; another one may be tried on a part. False
-/// where the database does not hold it.
-bool AddAskedMaterial(const wb::Store& store, const std::string& name, wb::Product& product)
-{
-    const auto isThere = [&](const wb::Material& material) {
-        return material.name == name;
-    };
-    if (name.empty() || std::ranges::any_of(product.materials, isThere)) {
-        return true;
-    }
-    const auto material = store.FindMaterial(name);
-    if (material) {
-        product.materials.push_back(*material);
-    }
-    return material.has_value();
-}
-
 bool Print(const ComputeReport& report, const ComputeCommandOptions& options)
 {
     const std::string text = options.json  ? ComputeAsJson(report)
@@ -128,23 +117,34 @@ int RunCompute(const ComputeCommandOptions& options)
     if (!root) {
         return Refuse(kFailed, problem);
     }
-    wb::Product product = opened.store->ReadProduct(root->root.id);
-    if (!AddAskedMaterial(*opened.store, arguments->compute.material, product)) {
-        return Refuse(kFailed, "--material: \"" + arguments->compute.material +
-                                   "\" is no material of the database");
+    const std::string& material = arguments->compute.material;
+    if (!material.empty() && !opened.store->FindMaterial(material)) {
+        return Refuse(kFailed, "--material: \"" + material + "\" is no material of the database");
     }
-    const wb::ProductGraph graph(product, opened.store->MassTypes());
+    // Diagnostic lines and a bar would write over each other.
+    const bool showsBar = isatty(STDERR_FILENO) != 0 && !options.session.verbose;
+    ProgressBar bar(showsBar ? stderr : nullptr);
+    wb::ProductComputation computation(*opened.store, root->root, LoginName(),
+                                       [&bar](double done, std::string_view what) {
+                                           constexpr double kSteps = 1000.0;
+                                           bar.Show(what, static_cast<std::uint64_t>(done * kSteps),
+                                                    static_cast<std::uint64_t>(kSteps));
+                                       });
+    const wb::ProductGraph& graph = computation.Graph();
     const auto path = Prepare(graph, root->below, options, *arguments, problem);
     if (!path) {
+        bar.Clear();
         return Refuse(kFailed, problem);
     }
-    wb::ComputeResult result = wb::Compute(graph, *path, arguments->compute);
+    ComputeReport report = BeginComputeReport(*arguments, ComputeUnits::Current(), graph, *path);
+    wb::ComputeResult result =
+        computation.Compute(*path, arguments->compute, arguments->update, arguments->level);
+    bar.Clear();
     if (!result.error.empty()) {
         return Refuse(kFailed, result.error);
     }
     const bool isPartial = result.total.IsPartial();
-    const ComputeReport report =
-        MakeComputeReport(*arguments, ComputeUnits::Current(), graph, *path, std::move(result));
+    AddComputeResult(report, std::move(result));
     if (!Print(report, options)) {
         return Refuse(kFailed, "the standard output cannot be written");
     }

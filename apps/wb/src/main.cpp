@@ -113,12 +113,10 @@ void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
                    "repeated. The longest path that names a node or\n"
                    "something above it decides about it")
         ->type_name("PATH")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        ->allow_extra_args(false);
     app.add_option("--exclude", options.excluded, "Leave it out; may be repeated")
         ->type_name("PATH")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        ->allow_extra_args(false);
     app.add_option("--filter", options.filter,
                    "A filter as requests carry it, such as\n"
                    "\"1|Name|X|WNG-000.1|WNG-000|A|0\"")
