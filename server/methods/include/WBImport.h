@@ -24,6 +24,7 @@ struct ImportFileResult
     TableSummary table;
     ImportCounts counts;
     bool isReplacement = false;      // uses may have been removed
+    std::vector<std::string> totals; // figures of assemblies beside their sums, ready sentences
     std::vector<std::string> errors; // ready sentences; empty: done
 
     bool Ok() const { return errors.empty(); }

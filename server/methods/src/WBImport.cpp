@@ -1,5 +1,7 @@
 #include "WBImport.h"
 
+#include "StatedTotals.h"
+
 namespace wb
 {
 namespace
@@ -55,6 +57,7 @@ std::vector<std::string> ImportFileResult::Sentences() const
     AppendChanges(sentences, counts.changedFacts);
     const auto remarks = table.Remarks();
     sentences.insert(sentences.end(), remarks.begin(), remarks.end());
+    sentences.insert(sentences.end(), totals.begin(), totals.end());
     return sentences;
 }
 
@@ -84,6 +87,9 @@ ImportFileResult ImportBytes(Store& store, std::string_view content, const std::
                                             options.known, options.replace});
             result.counts = std::move(outcome.counts);
             result.errors = std::move(outcome.errors);
+        }
+        if (result.Ok()) {
+            result.totals = CompareTotals(store, result.table.totals);
         }
     } catch (const StoreError& error) {
         result.errors = {error.what()};

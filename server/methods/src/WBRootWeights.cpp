@@ -1,45 +1,11 @@
 #include "WBRootWeights.h"
 
+#include "ShownWeight.h"
 #include "WBCompute.h"
 #include "WBProductGraph.h"
 
-#include <array>
-#include <charconv>
-
 namespace wb
 {
-namespace
-{
-std::string Digits(double value, std::chars_format format, int precision)
-{
-    std::array<char, 400> text{};
-    const auto [end, error] =
-        std::to_chars(text.data(), text.data() + text.size(), value, format, precision);
-    return {text.data(), end};
-}
-
-std::string Shown(const Total& total)
-{
-    constexpr int kMassDigits = 9;
-    constexpr int kDecimals = 3;
-    std::string text =
-        total.HasMass() ? Digits(total.body.mass, std::chars_format::general, kMassDigits) + " kg"
-                        : "mass unknown";
-    if (total.HasCentre()) {
-        std::string centre;
-        for (const double term : total.body.centre) {
-            centre += (centre.empty() ? " at " : ", ") +
-                      Digits(term, std::chars_format::fixed, kDecimals);
-        }
-        text += centre + " mm";
-    } else {
-        text += ", centre unknown";
-    }
-    // What has no mass is not in the figure, and the reader should know.
-    return text + (total.IsPartial() ? " (some items have no mass)" : "");
-}
-} // namespace
-
 std::map<std::string, std::string> WeighRoots(const Store& store)
 {
     std::map<std::string, std::string> weights;
@@ -49,7 +15,7 @@ std::map<std::string, std::string> WeighRoots(const Store& store)
         options.validate = false;
         const ComputeResult result = Compute(graph, AskedPath{}, options);
         weights[root.identifier + " " + root.version] =
-            result.error.empty() ? Shown(result.total) : result.error;
+            result.error.empty() ? ShownWeight(result.total) : result.error;
     }
     return weights;
 }

@@ -38,6 +38,8 @@ public:
     {
         return std::nullopt;
     }
+    /// True when something is used in that part version.
+    virtual bool HasUses(std::string_view, std::string_view) const { return false; }
     /// Everything that is stated of the use of that name below parent; nothing where it is not
     /// known, or known as a use of another part.
     virtual std::optional<Use> FindUseFacts(const Part& /*parent*/, std::string_view /*instance*/,

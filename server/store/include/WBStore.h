@@ -206,6 +206,7 @@ public:
     std::optional<Material> FindMaterial(std::string_view name) const override;
     std::optional<Part> FindFacts(std::string_view identifier,
                                   std::string_view version) const override;
+    bool HasUses(std::string_view identifier, std::string_view version) const override;
     std::optional<Use> FindUseFacts(const Part& parent, std::string_view instance,
                                     const Part& part) const override;
 

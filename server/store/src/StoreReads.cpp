@@ -178,6 +178,12 @@ std::optional<Part> Store::FindFacts(std::string_view identifier, std::string_vi
     return line ? std::optional(ReadPart(line->id).part) : std::nullopt;
 }
 
+bool Store::HasUses(std::string_view identifier, std::string_view version) const
+{
+    const auto line = FindPart(identifier, version);
+    return line && line->hasUses;
+}
+
 std::optional<Use> Store::FindUseFacts(const Part& parent, std::string_view instance,
                                        const Part& part) const
 {

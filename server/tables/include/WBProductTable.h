@@ -3,6 +3,7 @@
 #include "WBKnown.h"
 #include "WBProduct.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,6 +27,16 @@ struct TableOptions
     std::optional<ProductSign> productSign;
 };
 
+/// What a table says that an assembly adds up to; nothing that is stored.
+struct StatedTotal
+{
+    std::string identifier;
+    std::string version;
+    std::uint32_t line = 0;
+    double mass = kUnknown;         // kg
+    std::array<double, 3> centre{}; // mm, in the assembly's axes; unknown where not stated
+};
+
 /// What a reader of the table should be told besides the product.
 struct TableSummary
 {
@@ -35,6 +46,8 @@ struct TableSummary
     std::size_t momentsAlone = 0;
     /// "PARENT/INSTANCE (line N)" of each use with the opposite hand.
     std::vector<std::string> oppositeHands;
+    /// Figures of assemblies that name no mass type, to be compared with the sums.
+    std::vector<StatedTotal> totals;
     std::string checksum; // SHA-256 of the file
 
     /// The sentences about what was understood but deserves a look.

@@ -68,6 +68,13 @@ void TableRow::Complain(Column column, std::string_view text)
     m_errors.Column(m_line, HeaderOf(column), text);
 }
 
+void TableRow::ComplainOfMassType(std::uint32_t line)
+{
+    m_errors.Column(line, m_columns.HeaderOf(Column::MassType),
+                    "the cell is blank beside values, expected their mass type (or the option "
+                    "--mass-type NAME for the whole table)");
+}
+
 std::optional<double> TableRow::TypedText(std::string_view text, const std::string& header)
 {
     const auto* const mark = std::ranges::find_if(

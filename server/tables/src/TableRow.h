@@ -68,6 +68,8 @@ public:
     /// The cell's text is not what was expected.
     void Wrong(Column column, std::string_view expected);
     void Complain(Column column, std::string_view text);
+    /// Values without a mass type, in the row of that line.
+    void ComplainOfMassType(std::uint32_t line);
     TableErrors& Errors() { return m_errors; }
 
 private:

@@ -20,7 +20,8 @@ ValueReader::ValueReader(TableRow& row, FactKeeper& keeper, const TableColumns& 
       m_massTypes(massTypes),
       m_product(product),
       m_summary(summary),
-      m_inertias(row, keeper, columns, options, known, materials, product, summary)
+      m_inertias(row, keeper, columns, options, known, materials, product, summary),
+      m_totals(row, keeper, options, known, product)
 {}
 
 bool ValueReader::HasValues() const
@@ -40,10 +41,7 @@ std::string ValueReader::RowMassType(bool isNeeded)
 {
     if (!m_row.Filled(Column::MassType)) {
         if (isNeeded && m_options.massType.empty()) {
-            m_row.Complain(
-                Column::MassType,
-                "the cell is blank beside values, expected their mass type (or the option "
-                "--mass-type NAME for the whole table)");
+            m_row.ComplainOfMassType(m_row.Line());
         }
         return isNeeded ? m_options.massType : std::string();
     }
@@ -85,6 +83,11 @@ void ValueReader::Read(const RowSubject& subject)
     m_row.Choice(Column::PoiSign, {"positive", "+", "negative", "-"});
     m_row.Choice(Column::InertiaAt, {"cg", "origin"});
     const bool isActive = m_row.YesNo(Column::Active).value_or(false);
+    if (m_totals.IsTotal()) {
+        m_totals.Read(subject.part);
+        ReadNote(subject, false);
+        return;
+    }
     const std::string massType = RowMassType(HasValues() || HasOrigin() || isActive);
     if (ofUse && !subject.HasUse()) {
         m_row.Complain(Column::ValuesOn, kNeedsUse);
@@ -212,6 +215,7 @@ void ValueReader::ReadCentre(ValueSet& set)
 void ValueReader::Finish()
 {
     m_inertias.Finish();
+    m_summary.totals = m_totals.Finish();
     for (const Part& part : m_product.parts) {
         for (const ValueSet& set : part.sets) {
             RefuseNegativeMass(set, part);

@@ -5,6 +5,7 @@
 #include "RowSubject.h"
 #include "SetColumns.h"
 #include "TableRow.h"
+#include "TotalReader.h"
 #include "WBKnown.h"
 #include "WBProduct.h"
 #include "WBProductTable.h"
@@ -53,5 +54,6 @@ private:
     Product& m_product;
     TableSummary& m_summary;
     InertiaReader m_inertias;
+    TotalReader m_totals;
 };
 } // namespace wb
