@@ -2,8 +2,8 @@
 #include "WBMainPanel.h"
 #include "WBRecordTables.h"
 #include "WBReportConversion.h"
+#include "WBRootFilter.h"
 #include "WBUnitsPanel.h"
-#include "WBValueDetails.h"
 
 /// The library's entry: the host calls it once after loading.
 extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
@@ -14,9 +14,12 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
         return new WBMainPanel(parent, record); // the parent owns it
     };
     table.describeRecord = [](const CATWBAllDataBuffer& record) {
-        return WBDescribeRecord(WBReadPanelRecord(record, WBValueDetails::Ask(record)));
+        return WBDescribeRecord(WBReadPanelRecord(
+            record, WBAskValueDetails(WBDetailsOf::StoredValues, WBStoredValuesRequest(record))));
     };
     table.unitsPanel = &WBUnitsPanel::OfSession;
     table.convertReport = WBConvertReport;
+    table.getFilter = WBFilterOfRoot;
+    table.getDisplayFilter = WBShownFilterOfRoot;
     CATWBVPMNavGUISetTable(table);
 }

@@ -104,6 +104,7 @@ CATUnicodeString ShiftWords(const CATMathVector& shift)
 WBPanelTable WBMaterialTable(const WBPanelRecord& record)
 {
     WBPanelTable table;
+    table.keyColumns = {0, 3}; // a material may count by volume and by area
     table.columns = {
         {WBPanelText("Materials.Name.Title", "@Material"), {}, false},
         {WBTitleWithUnit(WBPanelText("Materials.Mass.Title", "@Mass"), kMass), {}, true},

@@ -6,15 +6,21 @@
 
 #include "CATHandle.h"
 
-#include "WBPanelTexts.h"
+#include "WBComputeBar.h"
+#include "WBSetTexts.h"
+#include "WBShowing.h"
+#include "WBSumTexts.h"
 #include "WBUnitWatch.h"
+
+#include <memory>
 
 class CATDlgFrame;
 class CATDlgMultiList;
 
-/// The main panel as users see it: who the part is, its active mass and centre of gravity, and
-/// behind tabs everything else that the record knows. It only reads: every text can be selected and
-/// copied, none changed. Values stand in the current units, also when these change.
+/// The main panel as users see it: who the part is, its active mass and centre of gravity, behind
+/// tabs everything else that is known, and a bar to have Computed computed. Every text can be
+/// selected and copied. Values stand in the current units, also when these change; what a
+/// computation changed is marked until the next record.
 class WBMainPanel : public CATWBVPMMainPanel
 {
 public:
@@ -30,65 +36,77 @@ public:
 private:
     void BuildHeading();
     void BuildSummary(CATDlgFrame* frame);
+    void BuildPages();
     void BuildMassTypes(CATDlgTabContainer* tabs);
+    void BuildValues(CATDlgTabContainer* tabs);
+    void BuildInertia(CATDlgTabContainer* tabs);
+    void BuildSum(CATDlgTabContainer* tabs);
+    void BuildShares(CATDlgTabPage* page);
+    void BuildImposed(CATDlgTabContainer* tabs);
     void BuildMaterial(CATDlgTabContainer* tabs);
     void BuildDocuments(CATDlgTabContainer* tabs);
     void BuildProperties(CATDlgTabContainer* tabs);
     void BuildPosition(CATDlgTabContainer* tabs);
-    void BuildCloseButton();
+    void BuildComputeBar();
+    void BuildLastLine();
 
-    /// How a table comes into its list: as another one, or as the same rows in other units.
-    using TableWriter = void (*)(CATDlgMultiList& list, const WBPanelTable& table);
-    /// Reads the record and shows it, the active mass type selected.
+    /// Shows the record as it came, the active mass type selected and nothing marked.
     void Fill();
+    /// Reads the record and what the server says beside it.
+    void Read();
     /// Shows what was read, in the current units.
-    void ShowRecord(TableWriter write);
-    void FillHeadingAndSummary();
-    void FillInertia(TableWriter write);
-    void FillMaterial(TableWriter write);
-    void FillDocuments(TableWriter write);
+    void ShowRecord(WBTableWriter write);
+    void ShowSelectedMassType(WBShowing& showing);
+    void ShowMaterial(WBShowing& showing);
+    void ShowDocuments(WBShowing& showing);
     /// The active mass type's row of the table, 0 where it has none.
     int ActiveRow() const;
-    /// The inertia of the mass type in that row of the table; 0: of none.
-    void ShowInertiaOf(int row);
+    /// Shows the mass type in that row of the table on the pages of one mass type; 0: none.
+    void SelectMassType(int row);
+    /// The same mass type in a record that lists it; else null.
+    const WBPanelMassType* SelectedIn(const WBPanelRecord& record) const;
+
+    void Compute();
+    /// The server's answer; nothing, after a box, when it is none.
+    std::optional<CATUnicodeString> AskForComputation(const CATUnicodeString& request);
+    void Take(const CATUnicodeString& answer, const WBComputationChoice& choice);
+    void ShowWarning(const CATUnicodeString& warning);
 
     CATHandle<CATWBAllDataBuffer> m_record;
-    WBPanelRecord m_shown; // what the record said when it was set
-    int m_inertiaRow = 0;  // of the mass type whose inertia is shown
+    WBPanelRecord m_shown;                 // what the record said when it was read
+    std::optional<WBPanelRecord> m_before; // and before the last computation
+    std::optional<WBComputationChoice> m_computed;
+    CATUnicodeString m_request; // of the values that are shown
+    int m_selectedRow = 0;      // of the mass type that the pages of one mass type show
 
     // Controls belong to the controls that they stand in.
-    CATDlgLabel* m_name = nullptr;
-    CATDlgLabel* m_part = nullptr;
-    CATDlgLabel* m_instance = nullptr;
-    CATDlgLabel* m_path = nullptr;
+    std::vector<WBFactLabel<WBPanelSummary>> m_summary;
     CATDlgLabel* m_upToDate = nullptr;
-    CATDlgLabel* m_kind = nullptr;
-    CATDlgLabel* m_active = nullptr;
-    CATDlgLabel* m_imposed = nullptr;
-    CATDlgLabel* m_mass = nullptr;
-    CATDlgLabel* m_bounds = nullptr;
-    CATDlgLabel* m_centre = nullptr;
+    CATDlgLabel* m_unusualSum = nullptr;
     CATDlgMultiList* m_massTypes = nullptr;
-    CATDlgLabel* m_inertiaHeading = nullptr;
+    std::vector<WBFactLabel<WBSetFacts>> m_set;
+    CATDlgMultiList* m_setFigures = nullptr;
+    std::vector<WBFactLabel<WBInertiaFacts>> m_inertiaFacts;
     CATDlgMultiList* m_inertia = nullptr;
-    CATDlgLabel* m_density = nullptr;
-    CATDlgLabel* m_material = nullptr;
-    CATDlgLabel* m_appliedOn = nullptr;
-    CATDlgLabel* m_partDensity = nullptr;
-    CATDlgLabel* m_partMaterial = nullptr;
-    CATDlgLabel* m_priority = nullptr;
+    CATDlgMultiList* m_principal = nullptr;
+    CATDlgLabel* m_what = nullptr;
+    std::vector<WBFactLabel<WBSumFacts>> m_sum;
+    CATDlgMultiList* m_massTypeShares = nullptr;
+    CATDlgMultiList* m_codes = nullptr;
+    CATDlgMultiList* m_warnings = nullptr;
+    CATDlgTabPage* m_imposedPage = nullptr;
+    CATDlgLabel* m_imposedWords = nullptr;
+    CATDlgMultiList* m_imposed = nullptr;
+    std::vector<WBFactLabel<WBMaterialFacts>> m_material;
     CATDlgMultiList* m_materials = nullptr;
-    CATDlgLabel* m_activeDocument = nullptr;
-    CATDlgLabel* m_attachedRevision = nullptr;
-    CATDlgLabel* m_computedOn = nullptr;
-    CATDlgLabel* m_oldRevisions = nullptr;
-    CATDlgLabel* m_specificRevision = nullptr;
-    CATDlgLabel* m_saving = nullptr;
+    std::vector<WBFactLabel<WBDocumentFacts>> m_documents;
     CATDlgMultiList* m_revisions = nullptr;
     CATDlgMultiList* m_properties = nullptr;
     CATDlgLabel* m_placementWords = nullptr;
     CATDlgMultiList* m_placement = nullptr;
+    CATDlgLabel* m_marks = nullptr;
     CATDlgPushButton* m_close = nullptr;
+    std::unique_ptr<WBComputeBar> m_computeBar;
 
     WBUnitWatch m_unitWatch; // last: it goes before what it writes to
 };

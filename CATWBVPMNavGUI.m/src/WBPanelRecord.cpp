@@ -1,7 +1,5 @@
 #include "WBPanelRecord.h"
 
-#include "WBValueDetails.h"
-
 #include "CATWBAllDataBuffer.h"
 #include "CATWBToken.h"
 
@@ -39,6 +37,14 @@ bool IsZero(const CATMath3x3Matrix& matrix)
     return true;
 }
 
+// What another mass type lends counts in sums and is no figure of this set; Computed, which is made
+// by sums, carries it.
+bool IsCarried(WBOrigin origin, const CATUnicodeString& massType)
+{
+    return origin == WBOrigin::Lent ? massType == Definitions::Computed
+                                    : origin != WBOrigin::Unknown;
+}
+
 // The stream carries unknown figures as 0; the server says beside it which ones are known. Where it
 // did not say so, all six terms of an inertia being 0 means that nobody knows them, since a body
 // has moments of inertia, and a centre exactly at the origin counts as known only together with an
@@ -53,13 +59,13 @@ void ReadCentreAndInertia(const CATWBAllDataBuffer& record, const WBValueDetails
     CATMath3x3Matrix* inertia = nullptr;
     record.GetInertia(massType.name, inertia);
     const std::unique_ptr<CATMath3x3Matrix> ownedInertia(inertia);
-    const bool isSaid = details.Says(massType.name);
-    const WBValueDetails::Known known = details.Of(massType.name);
-    if (inertia != nullptr && (isSaid ? known.inertia : !IsZero(*inertia))) {
+    const WBSetDetails* said = details.Of(massType.name);
+    if (inertia != nullptr &&
+        (said != nullptr ? IsCarried(said->inertia, massType.name) : !IsZero(*inertia))) {
         massType.inertia = *inertia;
     }
-    if (centre != nullptr &&
-        (isSaid ? known.centre : !IsZero(*centre) || massType.inertia.has_value())) {
+    if (centre != nullptr && (said != nullptr ? IsCarried(said->centre, massType.name)
+                                              : !IsZero(*centre) || massType.inertia.has_value())) {
         massType.centre = *centre;
     }
 }
@@ -87,7 +93,9 @@ WBPanelMassType ReadMassType(const CATWBAllDataBuffer& record, const WBValueDeta
     record.GetMassTypeStatus(name, massType.status);
     ReadPrecision(record, massType);
     // Only an assigned type's values came over the stream.
-    if (massType.status != Definitions::Assigned || !details.Of(name).mass) {
+    const WBSetDetails* said = details.Of(name);
+    const bool isMassKnown = said == nullptr || said->mass != WBOrigin::Unknown;
+    if (massType.status != Definitions::Assigned || !isMassKnown) {
         return massType;
     }
     double value = 0.0;
@@ -262,7 +270,8 @@ const WBPanelMassType* WBPanelRecord::Active() const
 WBPanelRecord WBReadPanelRecord(const CATWBAllDataBuffer& record, const WBValueDetails& details)
 {
     WBPanelRecord panel;
-    panel.partName = details.PartName();
+    panel.partName = details.partName;
+    panel.details = details;
     ReadIdentity(record, panel);
     ReadFlags(record, panel);
     ReadMassTypes(record, details, panel);

@@ -6,12 +6,13 @@
 #include "CATMathPoint.h"
 #include "CATMathTransformation.h"
 #include "CATUnicodeString.h"
+#include "WBPartComputation.h"
+#include "WBValueDetails.h"
 
 #include <optional>
 #include <vector>
 
 class CATWBAllDataBuffer;
-class WBValueDetails;
 
 /// What the main panel shows, read once from a record: plain values, with nothing where the record
 /// knows nothing. Storage units (kg, mm, kg.m2, kg/m3).
@@ -102,6 +103,12 @@ struct WBPanelRecord
     std::vector<WBPanelProperty> properties;
     CATUnicodeString dateFormat;
     std::optional<CATMathTransformation> placement;
+
+    WBValueDetails details; ///< what the server said beside the record
+    /// What was asked for when Computed was computed here; nothing: it came with the record.
+    std::optional<WBComputationChoice> computed;
+    CATUnicodeString filter; ///< of the root, as users read it
+    bool isFiltered = false; ///< whether it leaves anything out
 
     /// The active mass type's values, null when the record lists no such type.
     const WBPanelMassType* Active() const;

@@ -47,14 +47,11 @@ struct WBPanelTable
     };
     std::vector<Column> columns;
     std::vector<WBPanelRow> rows;
+    std::vector<int> keyColumns{0}; ///< from 0: what these hold tells which row it is
 };
 
 /// One row a mass type, in the record's order.
 WBPanelTable WBMassTypeTable(const WBPanelRecord& record);
-/// The matrix of one mass type; no rows where its inertia is not known.
-WBPanelTable WBInertiaTable(const WBPanelMassType* massType);
-/// Which mass type the matrix belongs to, and that its inertia is not known where it is not.
-CATUnicodeString WBInertiaHeading(const WBPanelMassType* massType);
 /// Mass by material, with the share of each in the whole.
 WBPanelTable WBMaterialTable(const WBPanelRecord& record);
 WBPanelTable WBRevisionTable(const WBPanelRecord& record);

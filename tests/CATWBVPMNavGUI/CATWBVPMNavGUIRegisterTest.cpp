@@ -49,10 +49,16 @@ TEST_F(CATWBVPMNavGUIRegisterTest, OffersBothPanelsAndARecordsTables)
     EXPECT_NE(table.unitsPanel, nullptr);
 }
 
-TEST_F(CATWBVPMNavGUIRegisterTest, LeavesFiltersToTheContractsOwnAnswer)
+TEST_F(CATWBVPMNavGUIRegisterTest, FiltersComeFromTheSettingsOfTheirRoot)
 {
     EXPECT_EQ(CATWBVPMNavFilterPanel::GetFilter("LA1"), "0|No Filter");
     EXPECT_EQ(CATWBVPMNavFilterPanel::GetDisplayFilter("LA1"), "No filter");
+    EXPECT_EQ(CATWBVPMNavFilterPanel::selectedPRCConfigHandler, "NoConfig");
+    CATSettingRepository::GetRepository("CATWBVPMNavFilterPanel")
+        ->WriteSetting("LA1.Filter", CATUnicodeString("1|Bare wing|I|WNG-000.1|WNG-000|A|0"));
+    EXPECT_EQ(CATWBVPMNavFilterPanel::GetFilter("LA1"), "1|Bare wing|I|WNG-000.1|WNG-000|A|0");
+    EXPECT_EQ(CATWBVPMNavFilterPanel::GetDisplayFilter("LA1"), "Bare wing");
+    EXPECT_EQ(CATWBVPMNavFilterPanel::GetDisplayFilter("SAT1"), "No filter");
 }
 
 TEST_F(CATWBVPMNavGUIRegisterTest, MadePanelIsFilledAndBelongsToItsParent)
@@ -67,10 +73,12 @@ TEST_F(CATWBVPMNavGUIRegisterTest, MadePanelIsFilledAndBelongsToItsParent)
 
 TEST_F(CATWBVPMNavGUIRegisterTest, DescribedRecordAsksWhichFiguresAreKnown)
 {
-    server->details = "Firewall|1|Calculated|1|0|1|";
+    server->details = DetailsSaid{"Firewall", {{"Calculated", "1|0|1|"}}}.Text();
     const std::vector<CATWBRecordTable> tables = table.describeRecord(*RecordOf(FirewallStream()));
-    EXPECT_THAT(server->calls, testing::ElementsAre("WBGetValueDetails: LA1|FUS-110.1|FUS-110|A|2|"
-                                                    "FUS-100.1|FUS-000.1|"));
+    EXPECT_THAT(
+        server->calls,
+        testing::ElementsAre("WBGetValueDetails: 0|1|FUS-110.1|FUS-110|A|2|FUS-100.1|FUS-000.1|1|"
+                             "Stainless steel 321|Active|0|0|LA1|0|No Filter|0|"));
     const CATWBRecordTable* massTypes = Find(tables, "mass_types");
     ASSERT_NE(massTypes, nullptr);
     ASSERT_EQ(massTypes->rows.size(), 5U);

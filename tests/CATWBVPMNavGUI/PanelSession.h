@@ -35,15 +35,60 @@ inline RecordHandle RecordOf(const std::string& stream)
     return record;
 }
 
-/// The server's word on names and known figures; every other method is silent.
-class DetailsServer : public CATServerCaller
+/// What the server says of one mass type: three origins, and whatever else a test gives it.
+struct SetSaid
+{
+    std::string name;
+    std::string origins = "0|0|0|";
+    std::string lenders = "__null__|__null__|";
+    std::string precision = "0|";
+    std::string sigmas = "__null__|__null__|__null__|__null__|__null__|__null__|__null__|__null__|"
+                         "__null__|__null__|";
+    std::string source = "__null__|__null__|__null__|__null__|";
+    std::string principal = "__null__|__null__|__null__|";
+
+    std::string Text() const
+    {
+        return name + "|" + origins + lenders + precision + sigmas + source + principal;
+    }
+};
+
+/// An answer of "WBGetValueDetails".
+struct DetailsSaid
+{
+    std::string partName;
+    std::vector<SetSaid> sets = {};
+    std::string coverage = "0|0|0|0|";
+    std::string codes = "0|";
+    std::string massTypes = "0|";
+    std::string growth = "0|";
+    std::string imposed = "0|";
+    std::string uncertainty = "0|";
+    std::string warnings = "0|";
+
+    std::string Text() const
+    {
+        std::string text = partName + "|" + std::to_string(sets.size()) + "|";
+        for (const SetSaid& set : sets) {
+            text += set.Text();
+        }
+        return text + coverage + codes + massTypes + growth + imposed + uncertainty + warnings;
+    }
+};
+
+/// The server as the panels meet it; a method that a test gives no answer is silent.
+class PanelServer : public CATServerCaller
 {
 public:
     std::string CallMethod(std::string_view method, std::string_view request,
                            CATServerCallState&) override
     {
         calls.push_back(std::string(method) + ": " + std::string(request));
-        return method == "WBGetValueDetails" ? details : std::string();
+        if (method == "WBGetValueDetails") {
+            return request.starts_with("1|") ? computedDetails : details;
+        }
+        const auto found = answers.find(method);
+        return found == answers.end() ? std::string() : found->second;
     }
     std::optional<std::string> CallObjectService(std::string_view, std::vector<std::string>&,
                                                  std::string_view, bool,
@@ -51,7 +96,20 @@ public:
     {
         return std::nullopt;
     }
-    std::string details;
+    /// The calls of that method alone.
+    std::vector<std::string> CallsOf(const std::string& method) const
+    {
+        std::vector<std::string> found;
+        for (const std::string& call : calls) {
+            if (call.starts_with(method + ": ")) {
+                found.push_back(call.substr(method.size() + 2));
+            }
+        }
+        return found;
+    }
+    std::string details;         // of stored values
+    std::string computedDetails; // of a computation
+    std::map<std::string, std::string, std::less<>> answers;
     std::vector<std::string> calls;
 };
 
@@ -96,7 +154,7 @@ protected:
         EXPECT_GE(found->SetCurrentUnit(symbol), 0) << symbol;
     }
 
-    std::shared_ptr<DetailsServer> server = std::make_shared<DetailsServer>();
+    std::shared_ptr<PanelServer> server = std::make_shared<PanelServer>();
 
 private:
     std::filesystem::path m_settings =

@@ -1,7 +1,6 @@
 #include "WBMainPanel.h"
 
-#include "PanelChecks.h"
-#include "PanelSession.h"
+#include "MainPanelSession.h"
 
 #include "CATDlgMultiList.h"
 #include "CATFatalError.h"
@@ -46,39 +45,13 @@ private:
 };
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
-class WBMainPanelTest : public PanelSession
-{
-protected:
-    ~WBMainPanelTest() override { CATSession::Close(); }
+using WBMainPanelTest = MainPanelSession;
 
-    void Open(const RecordHandle& record)
-    {
-        panel = new WBMainPanel(&CATSession::Root(), record.Get());
-        panel->SetVisibility(true);
-        Settle();
-    }
-    void Resize(int width, int height)
-    {
-        panel->Widget()->resize(width, height);
-        Settle();
-    }
-    template <class T>
-    T* Find(const char* name) const
-    {
-        return FindBelow<T>(*panel, name);
-    }
-    std::string Text(const char* label) const
-    {
-        const auto* found = Find<CATDlgLabel>(label);
-        return found == nullptr ? "no such label" : found->Title().ToStdString();
-    }
-    CATDlgMultiList* List(const char* page, const char* name = "List") const
-    {
-        return FindBelow<CATDlgMultiList>(*Find<CATDlgTabPage>(page), name);
-    }
-    QTabWidget* Tabs() const { return panel->Widget()->findChild<QTabWidget*>(); }
-    WBMainPanel* panel = nullptr;
-};
+/// The heading of the pages of one mass type.
+std::string HeadingOf(const CATDlgTabPage& page)
+{
+    return FindBelow<CATDlgLabel>(page, "Heading")->Title().ToStdString();
+}
 
 /// The cell of the area's grid in which the control of that name stands.
 QRect CellIn(const QWidget& area, const char* name)
@@ -118,7 +91,7 @@ TEST_F(WBMainPanelTest, IsMadeThroughTheTableOfTheLibrary)
 
 TEST_F(WBMainPanelTest, ShowsTheFirewallAtFirstGlance)
 {
-    server->details = "Firewall|1|Calculated|1|1|1|";
+    server->details = DetailsSaid{"Firewall", {{"Calculated", "1|1|1|"}}}.Text();
     const RecordHandle record = RecordOf(FirewallStream());
     record->SetIsLeaf(true);
     Open(record);
@@ -142,7 +115,7 @@ TEST_F(WBMainPanelTest, CaptionsComeFromTheResources)
     EXPECT_EQ(Text("CentreLabel"), "Centre of gravity");
     EXPECT_EQ(Text("BoundsLabel"), "Mass range");
     EXPECT_EQ(Tabs()->tabText(0), "Mass types");
-    EXPECT_EQ(Tabs()->tabText(4), "Position");
+    EXPECT_EQ(Tabs()->tabText(8), "Position");
     EXPECT_EQ(panel->GetCloseButton()->Title(), "Close");
     // A caption that the resources lack shows the control's name.
     for (QLabel* label : panel->Widget()->findChildren<QLabel*>()) {
@@ -161,9 +134,11 @@ TEST_F(WBMainPanelTest, WordsThatAreNotPlainAtOnceExplainThemselves)
     for (const auto& row : languages) {
         CATMsgCatalog::SetLanguage(row.language);
         Open(RecordOf(FirewallStream()));
-        for (const char* name : {"UpToDate", "ActiveMassTypeLabel", "LastImposedLabel", "MassLabel",
-                                 "BoundsLabel", "CentreLabel", "AppliedOnLabel", "PriorityLabel",
-                                 "ComputedOnLabel", "SpecificRevisionLabel"}) {
+        for (const char* name :
+             {"UpToDate", "ActiveMassTypeLabel", "LastImposedLabel", "MassLabel", "BoundsLabel",
+              "CentreLabel", "AppliedOnLabel", "PriorityLabel", "ComputedOnLabel",
+              "SpecificRevisionLabel", "SourceLabel", "ItemsLabel", "GrowthLabel", "PredictedLabel",
+              "UncertaintyLabel", "FilterLabel"}) {
             EXPECT_NE(Find<CATDlgLabel>(name)->Tooltip(), "") << row.language << " " << name;
         }
         EXPECT_TRUE(Find<CATDlgLabel>("LastImposedLabel")->Tooltip().Contains(row.imposed));
@@ -207,8 +182,8 @@ TEST_F(WBMainPanelTest, FillsEveryTab)
     EXPECT_EQ(List("Properties")->RowCount(), 6);
     EXPECT_EQ(List("Properties")->Cell(1, 1), "1");
     EXPECT_EQ(List("Properties")->Cell(2, 1), "h");
-    EXPECT_EQ(Text("Words"), "Turned by 30 deg about the axis (0; 0; 1).\n"
-                             "Shifted by x 1000 mm, y -20.5 mm, z 0 mm.");
+    EXPECT_EQ(WordsOn("Position"), "Turned by 30 deg about the axis (0; 0; 1).\n"
+                                   "Shifted by x 1000 mm, y -20.5 mm, z 0 mm.");
     EXPECT_EQ(List("Position")->Cell(4, 2), "-20.5");
 }
 
@@ -220,8 +195,10 @@ TEST_F(WBMainPanelTest, ActiveMassTypeIsSelectedBoldAndItsInertiaShown)
     const QTableView* view = ViewOf(*list);
     EXPECT_TRUE(view->model()->index(2, 0).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_FALSE(view->model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
-    EXPECT_EQ(Text("InertiaHeading"), "Inertia of Calculated");
-    EXPECT_EQ(List("MassTypes", "Inertia")->Cell(1, 1), "0.275557");
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "Inertia of Calculated");
+    EXPECT_EQ(List("Inertia", "Matrix")->Cell(1, 1), "0.275557");
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Values")), "Values of Calculated");
+    EXPECT_EQ(List("Values")->Cell(1, 1), "1.92 kg");
 }
 
 TEST_F(WBMainPanelTest, SelectedMassTypeShowsItsInertia)
@@ -231,12 +208,99 @@ TEST_F(WBMainPanelTest, SelectedMassTypeShowsItsInertia)
     view->setFocus();
     QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
     QApplication::sendEvent(view, &up);
-    EXPECT_EQ(Text("InertiaHeading"), "The inertia of Estimated is not known");
-    EXPECT_EQ(List("MassTypes", "Inertia")->RowCount(), 0);
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "The inertia of Estimated is not known");
+    EXPECT_EQ(List("Inertia", "Matrix")->RowCount(), 0);
     QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
     QApplication::sendEvent(view, &down);
-    EXPECT_EQ(Text("InertiaHeading"), "Inertia of Calculated");
-    EXPECT_EQ(List("MassTypes", "Inertia")->RowCount(), 3);
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "Inertia of Calculated");
+    EXPECT_EQ(List("Inertia", "Matrix")->RowCount(), 3);
+}
+
+TEST_F(WBMainPanelTest, SelectedMassTypeShowsWhereItsValuesComeFrom)
+{
+    DetailsSaid said{"Firewall", {{"Estimated"}, {"Calculated"}}};
+    said.sets[0].source = "Guess 3|2025/12/24|keller|before the review|";
+    said.sets[1].principal = "0.3|0.2|0.1|";
+    server->details = said.Text();
+    Open(RecordOf(FirewallStream()));
+    EXPECT_EQ(Text("Source"), "–");
+    EXPECT_EQ(List("Inertia", "Principal")->RowCount(), 0); // Calculated: inertia unknown
+    List("MassTypes")->Send(CATDlgMultiList::RowSelected, 2);
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Values")), "Values of Estimated");
+    EXPECT_EQ(Text("Source"), "Guess 3, 2025/12/24, keller");
+    EXPECT_EQ(Text("Remark"), "before the review");
+    EXPECT_EQ(List("Values")->Cell(0, 1), "Mass");
+}
+
+TEST_F(WBMainPanelTest, InertiaPageSaysPointAxesAndSignInWords)
+{
+    DetailsSaid said{"Firewall", {{"Calculated", "1|1|1|"}}};
+    said.sets[0].principal = "0.48|0.1875|0.12|";
+    server->details = said.Text();
+    Open(RecordOf(FirewallStream()));
+    EXPECT_EQ(WordsOn("Inertia"),
+              "About the centre of gravity (x 2   y 0   z -60 mm), in the axes of the part.");
+    EXPECT_THAT(Text("InertiaNote"), testing::HasSubstr("Pxy = + ∫ x y dm"));
+    EXPECT_THAT(Text("InertiaNote"), testing::HasSubstr("opposite sign"));
+    // sqrt(0.48 / 1.92) m = 0.5 m, sqrt(0.1875 / 1.92) m = 0.3125 m, sqrt(0.12 / 1.92) m = 0.25 m.
+    const CATDlgMultiList& principal = *List("Inertia", "Principal");
+    EXPECT_EQ(principal.Cell(1, 1), "0.48");
+    EXPECT_EQ(principal.Cell(2, 1), "500");
+    EXPECT_EQ(principal.Cell(2, 2), "312.5");
+    EXPECT_EQ(principal.Cell(2, 3), "250");
+    ShowIn("LENGTH", "cm");
+    EXPECT_EQ(principal.Cell(2, 1), "50");
+    EXPECT_EQ(principal.ColumnTitles()[3], "Radius of gyration [cm]");
+    EXPECT_EQ(WordsOn("Inertia"),
+              "About the centre of gravity (x 0.2   y 0   z -6 cm), in the axes of the part.");
+}
+
+TEST_F(WBMainPanelTest, ImposedAssemblyHasAPageOfItsOwn)
+{
+    DetailsSaid said{"Wing"};
+    said.imposed = "1|Estimated|104|10|20|620|0|120|1|2|3|0|0|0|"
+                   "100|3|5|600|10|120|2|2|2|0|0|0|4|7|15|20|-10|0|-1|0|1|0|0|0|";
+    server->details = said.Text();
+    Open(RecordOf(FirewallStream()));
+    const auto page = [this] {
+        return Find<CATDlgTabPage>("Imposed");
+    };
+    EXPECT_TRUE(page()->IsVisible());
+    EXPECT_EQ(List("Imposed")->RowCount(), 12);
+    EXPECT_EQ(List("Imposed")->Cell(1, 1), "104 kg");
+    EXPECT_EQ(List("Imposed")->Cell(2, 1), "100 kg");
+    EXPECT_EQ(List("Imposed")->Cell(3, 1), "4 kg");
+    EXPECT_THAT(WordsOn("Imposed"), testing::HasSubstr("Estimated stand for everything below"));
+    server->details = DetailsSaid{"Wing"}.Text();
+    panel->SetModel(RecordOf(FirewallStream()).Get());
+    EXPECT_FALSE(page()->IsVisible());
+}
+
+TEST_F(WBMainPanelTest, SumPageShowsCoverageSharesAndWarnings)
+{
+    DetailsSaid said{"Wing"};
+    said.coverage = "187|1|12.5|3|";
+    said.codes = "1|WING|95.5|";
+    said.massTypes = "2|Estimated|20|Calculated|75.5|";
+    said.growth = "4.25|";
+    said.uncertainty = "1|0.5|__null__|__null__|__null__|__null__|__null__|__null__|__null__|"
+                       "__null__|__null__|0.25|";
+    said.warnings = "1|1 of 187 items has no mass|";
+    server->details = said.Text();
+    Open(RecordOf(FirewallStream()));
+    EXPECT_EQ(Text("What"), "Nothing is computed yet.");
+    EXPECT_EQ(Text("Items"), "186 of 187 items have a mass");
+    EXPECT_EQ(Text("WithoutCentre"), "12.5 kg, counted at the centre of the rest");
+    EXPECT_EQ(Text("WithoutInertia"), "3 kg, counted as points");
+    EXPECT_EQ(Text("Growth"), "4.25 kg");
+    EXPECT_EQ(Text("Predicted"), "–");
+    EXPECT_EQ(Text("Uncertainty"), "0.5 kg, 75 % of mass stated");
+    EXPECT_EQ(List("Sum", "Codes")->Cell(0, 1), "WING");
+    EXPECT_EQ(List("Sum", "MassTypeShares")->Cell(0, 2), "Calculated");
+    EXPECT_EQ(List("Sum", "Warnings")->Cell(0, 1), "1 of 187 items has no mass");
+    ShowIn("MASS", "g");
+    EXPECT_EQ(Text("Growth"), "4250 g");
+    EXPECT_EQ(List("Sum", "Codes")->Cell(1, 1), "95500");
 }
 
 TEST_F(WBMainPanelTest, SelectionOfNoRowShowsNoInertia)
@@ -244,8 +308,8 @@ TEST_F(WBMainPanelTest, SelectionOfNoRowShowsNoInertia)
     Open(RecordOf(FirewallStream()));
     for (const int row : {0, 6, 99}) { // of five rows
         List("MassTypes")->Send(CATDlgMultiList::RowSelected, row);
-        EXPECT_EQ(Text("InertiaHeading"), "Inertia: select a mass type") << row;
-        EXPECT_EQ(List("MassTypes", "Inertia")->RowCount(), 0) << row;
+        EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "Inertia: select a mass type") << row;
+        EXPECT_EQ(List("Inertia", "Matrix")->RowCount(), 0) << row;
     }
 }
 
@@ -274,7 +338,7 @@ TEST_F(WBMainPanelTest, RecordWithoutTheActiveTypeSelectsNoRow)
     record->SetActiveMassType("Gone");
     panel->SetModel(record.Get());
     EXPECT_EQ(List("MassTypes")->SelectedRow(), 0);
-    EXPECT_EQ(Text("InertiaHeading"), "Inertia: select a mass type");
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "Inertia: select a mass type");
     EXPECT_EQ(Text("Mass"), "–");
 }
 
@@ -294,9 +358,9 @@ TEST_F(WBMainPanelTest, ChangedUnitShowsAtOnceInEveryPlace)
     EXPECT_EQ(List("MassTypes")->Cell(8, 3), "-6");
     EXPECT_EQ(List("Position")->ColumnTitles()[5], "Shift [cm]");
     EXPECT_EQ(List("Position")->Cell(4, 2), "-2.05");
-    EXPECT_THAT(Text("Words"), testing::EndsWith("Shifted by x 100 cm, y -2.05 cm, z 0 cm."));
+    EXPECT_THAT(WordsOn("Position"), testing::EndsWith("Shifted by x 100 cm, y -2.05 cm, z 0 cm."));
     ShowIn("INERTIAMOMENT", "kg.mm2");
-    EXPECT_EQ(List("MassTypes", "Inertia")->Cell(1, 1), "275557");
+    EXPECT_EQ(List("Inertia", "Matrix")->Cell(1, 1), "275557");
     ShowIn("DENSITY", "g/cm3");
     EXPECT_EQ(Text("Density"), "7.9 g/cm3");
     ShowIn("TIME", "min");
@@ -313,7 +377,7 @@ TEST_F(WBMainPanelTest, ChangedUnitLeavesPageSelectionAndSortingToTheUser)
     view->sortByColumn(3, Qt::DescendingOrder); // by mass: Estimated before Calculated
     Settle();
     view->setCurrentIndex(view->model()->index(0, 0));
-    ASSERT_EQ(Text("InertiaHeading"), "The inertia of Estimated is not known");
+    ASSERT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "The inertia of Estimated is not known");
     Tabs()->setCurrentIndex(1);
 
     ShowIn("MASS", "g");
@@ -324,7 +388,7 @@ TEST_F(WBMainPanelTest, ChangedUnitLeavesPageSelectionAndSortingToTheUser)
     EXPECT_EQ(view->currentIndex().row(), 0);
     EXPECT_TRUE(view->selectionModel()->isSelected(view->currentIndex()));
     EXPECT_EQ(list->SelectedRow(), 2);
-    EXPECT_EQ(Text("InertiaHeading"), "The inertia of Estimated is not known");
+    EXPECT_EQ(HeadingOf(*Find<CATDlgTabPage>("Inertia")), "The inertia of Estimated is not known");
     EXPECT_TRUE(view->model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
 }
 
@@ -350,7 +414,7 @@ TEST_F(WBMainPanelTest, EmptyRecordShowsDashesAndEmptyLists)
     EXPECT_EQ(Text("Mass"), "–");
     EXPECT_EQ(Text("Centre"), "–");
     EXPECT_EQ(List("MassTypes")->RowCount(), 0);
-    EXPECT_EQ(Text("Words"), "The position in the product is not known.");
+    EXPECT_EQ(WordsOn("Position"), "The position in the product is not known.");
 }
 
 TEST_F(WBMainPanelTest, PanelWithoutARecordIsEmpty)
@@ -383,7 +447,8 @@ TEST_F(WBMainPanelTest, CaptionsAndNotesAreQuietAndWhatMattersMostIsLarge)
         return label(name)->palette().color(QPalette::WindowText);
     };
     const QColor plain = colour("Bounds");
-    for (const char* quiet : {"MassLabel", "PartLabel", "DensityLabel", "InertiaNote", "Note"}) {
+    for (const char* quiet :
+         {"MassLabel", "PartLabel", "DensityLabel", "InertiaNote", "PrincipalNote"}) {
         EXPECT_NE(colour(quiet), plain) << quiet;
         EXPECT_EQ(colour(quiet), colour("BoundsLabel")) << quiet;
     }
@@ -397,14 +462,15 @@ TEST_F(WBMainPanelTest, ListsTakeTheRoomThatALargeScreenHas)
 {
     Open(RecordOf(WideStream()));
     Resize(1920, 1080);
-    const char* const pages[] = {"MassTypes", "Material", "Documents", "Properties", "Position"};
-    for (int page = 0; page < Tabs()->count(); ++page) {
-        Tabs()->setCurrentIndex(page);
-        Settle();
-        EXPECT_GT(ViewOf(*List(pages[page]))->height(), 500) << pages[page];
-        EXPECT_GT(ViewOf(*List(pages[page]))->width(), 1800) << pages[page];
+    for (const char* page :
+         {"MassTypes", "Values", "Material", "Documents", "Properties", "Position"}) {
+        TurnTo(page);
+        EXPECT_GT(ViewOf(*List(page))->height(), 500) << page;
+        EXPECT_GT(ViewOf(*List(page))->width(), 1800) << page;
     }
-    EXPECT_LT(ViewOf(*List("MassTypes", "Inertia"))->height(), 150);
+    TurnTo("Sum");
+    EXPECT_GT(ViewOf(*List("Sum", "Codes"))->height(), 300);
+    EXPECT_GT(ViewOf(*List("Sum", "Codes"))->width(), 900);
 }
 
 TEST_F(WBMainPanelTest, ControlsStandInReadingOrder)
@@ -416,13 +482,19 @@ TEST_F(WBMainPanelTest, ControlsStandInReadingOrder)
         const char* page;
         std::vector<const char*> downwards;
     } columns[] = {
-        {"", {"Heading", "Tabs", "Buttons"}},
+        {"", {"Heading", "Tabs", "Compute", "Buttons"}},
         {"Heading",
          {"Name", "PartLabel", "PathLabel", "ActiveMassTypeLabel", "LastImposedLabel",
           "CentreLabel"}},
         {"Heading", {"UpToDate", "Kind"}},
         {"Heading", {"InstanceLabel", "MassLabel", "BoundsLabel"}},
-        {"MassTypes", {"List", "InertiaHeading", "Inertia", "InertiaNote"}},
+        {"Values", {"Heading", "SourceLabel", "RemarkLabel", "List"}},
+        {"Inertia", {"Heading", "Words", "Matrix", "InertiaNote", "Principal", "PrincipalNote"}},
+        {"Sum", {"ItemsLabel", "WithoutCentreLabel", "WithoutInertiaLabel", "Codes", "Warnings"}},
+        {"Sum", {"GrowthLabel", "PredictedLabel", "UncertaintyLabel", "MassTypeShares"}},
+        {"Compute", {"EntityLabel", "FilterLabel"}},
+        {"Compute", {"Precision", "StoredSums"}},
+        {"Compute", {"ComputeButton", "Level"}},
         {"Material", {"DensityLabel", "MaterialNameLabel", "AppliedOnLabel", "List"}},
         {"Material", {"PartDensityLabel", "PartMaterialLabel", "PriorityLabel", "List"}},
         {"Documents", {"ActiveDocumentLabel", "AttachedRevisionLabel", "ComputedOnLabel", "List"}},
@@ -435,11 +507,8 @@ TEST_F(WBMainPanelTest, ControlsStandInReadingOrder)
             page.empty() ? panel->Widget() : panel->Widget()->findChild<QWidget*>(column.page);
         ASSERT_NE(area, nullptr) << page;
         if (Find<CATDlgTabPage>(column.page) != nullptr) {
-            for (int tab = 0; tab < Tabs()->count() && !area->isVisible(); ++tab) {
-                Tabs()->setCurrentIndex(tab);
-            }
+            TurnTo(column.page);
         }
-        Settle();
         int above = -1;
         for (const char* name : column.downwards) {
             const QRect place = PlaceIn(*area, name);
@@ -491,10 +560,9 @@ TEST_F(WBMainPanelTest, BothColumnsOfFactsShareTheRoomThatIsLeft)
                  {"Documents", "ActiveDocument", "OldRevisions"}};
     for (const auto& pair : pairs) {
         const QWidget& area = *panel->Widget()->findChild<QWidget*>(pair.area);
-        for (int tab = 0; tab < Tabs()->count() && !area.isVisible(); ++tab) {
-            Tabs()->setCurrentIndex(tab);
+        if (Find<CATDlgTabPage>(pair.area) != nullptr) {
+            TurnTo(pair.area);
         }
-        Settle();
         const int left = CellIn(area, pair.left).width();
         const int right = CellIn(area, pair.right).width();
         EXPECT_NEAR(left, right, 2) << pair.area;
@@ -585,6 +653,9 @@ TEST_F(WBMainPanelTest, NothingIsCutInSilenceOnSmallAndLargeScreens)
         ASSERT_EQ(panel->Widget()->size(), size);
         for (int page = 0; page < Tabs()->count(); ++page) {
             SCOPED_TRACE(std::to_string(size.width()) + " wide, page " + std::to_string(page));
+            if (!Tabs()->isTabVisible(page)) {
+                continue;
+            }
             Tabs()->setCurrentIndex(page);
             Settle();
             ExpectNoLabelIsCutInSilence(*panel->Widget());
@@ -592,6 +663,8 @@ TEST_F(WBMainPanelTest, NothingIsCutInSilenceOnSmallAndLargeScreens)
             for (QTableView* view : panel->Widget()->findChildren<QTableView*>()) {
                 if (view->isVisible()) {
                     ExpectListIsReadable(*view);
+                }
+                if (view->isVisible() && view->model()->rowCount() > 0) {
                     ExpectEveryColumnIsReachedByKeys(*view);
                 }
             }

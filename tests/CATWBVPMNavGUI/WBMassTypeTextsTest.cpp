@@ -203,36 +203,3 @@ TEST_F(WBMassTypeTextsTest, DefinedPrecisionOfATypeWithoutMassIsStillSaid)
     type.upperPrecision = 1.0;
     EXPECT_EQ(WBPrecisionText(type), "-1 % / +1 %");
 }
-
-TEST_F(WBMassTypeTextsTest, InertiaTableHoldsTheMatrixWithNegatedProducts)
-{
-    const WBPanelMassType type = Calculated();
-    const WBPanelTable table = WBInertiaTable(&type);
-    EXPECT_THAT(Titles(table), testing::ElementsAre("Row", "x [kg.m2]", "y [kg.m2]", "z [kg.m2]",
-                                                    "Terms of the row"));
-    EXPECT_THAT(table.rows, testing::ElementsAre(
-                                WBPanelRow({"x", "0.5", "-0.01", "0.02", "Ixx   -Pxy   -Pxz"}),
-                                WBPanelRow({"y", "-0.01", "0.25", "-0.03", "-Pxy   Iyy   -Pyz"}),
-                                WBPanelRow({"z", "0.02", "-0.03", "0.125", "-Pxz   -Pyz   Izz"})));
-    EXPECT_TRUE(table.columns[1].isNumber);
-    EXPECT_FALSE(table.columns[0].isNumber);
-    EXPECT_FALSE(table.columns[4].isNumber);
-}
-
-TEST_F(WBMassTypeTextsTest, UnknownInertiaHasTitlesAndNoRows)
-{
-    WBPanelMassType type = Calculated();
-    type.inertia.reset();
-    EXPECT_TRUE(WBInertiaTable(&type).rows.empty());
-    EXPECT_EQ(WBInertiaTable(&type).columns.size(), 5U);
-    EXPECT_TRUE(WBInertiaTable(nullptr).rows.empty());
-}
-
-TEST_F(WBMassTypeTextsTest, InertiaHeadingNamesTheMassType)
-{
-    WBPanelMassType type = Calculated();
-    EXPECT_EQ(WBInertiaHeading(&type), "Inertia of Calculated");
-    type.inertia.reset();
-    EXPECT_EQ(WBInertiaHeading(&type), "The inertia of Calculated is not known");
-    EXPECT_EQ(WBInertiaHeading(nullptr), "Inertia: select a mass type");
-}

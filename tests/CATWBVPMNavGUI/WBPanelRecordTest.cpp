@@ -11,13 +11,15 @@ using testing::ElementsAre;
 class WBPanelRecordTest : public PanelSession
 {
 protected:
-    static WBPanelRecord Read(const std::string& stream, const char* details = nullptr)
+    static WBPanelRecord Read(const std::string& stream, const DetailsSaid& said = {})
     {
-        WBValueDetails said;
-        if (details != nullptr) {
-            EXPECT_TRUE(said.Read(details));
-        }
-        return WBReadPanelRecord(*RecordOf(stream), said);
+        return WBReadPanelRecord(*RecordOf(stream), Details(said));
+    }
+    static WBValueDetails Details(const DetailsSaid& said)
+    {
+        const std::optional<WBValueDetails> details = WBReadValueDetails(said.Text());
+        EXPECT_TRUE(details.has_value());
+        return details.value_or(WBValueDetails());
     }
 };
 
@@ -186,8 +188,7 @@ TEST_F(WBPanelRecordTest, RecordThatHoldsOnlyOneOfCentreAndInertiaKeepsThatOne)
     EXPECT_EQ(standing.massTypes[0].centre, CATMathPoint(1, 2, 3));
     EXPECT_FALSE(standing.massTypes[0].inertia.has_value());
     // The server's word that they are known does not make them.
-    WBValueDetails said;
-    ASSERT_TRUE(said.Read("Firewall|1|Calculated|1|1|1|"));
+    const WBValueDetails said = Details({"Firewall", {{"Calculated", "1|1|1|"}}});
     const WBPanelRecord bare = WBReadPanelRecord(*neither, said);
     EXPECT_FALSE(bare.massTypes[0].centre.has_value());
     EXPECT_FALSE(bare.massTypes[0].inertia.has_value());
@@ -196,19 +197,51 @@ TEST_F(WBPanelRecordTest, RecordThatHoldsOnlyOneOfCentreAndInertiaKeepsThatOne)
 TEST_F(WBPanelRecordTest, ServersWordOnKnownFiguresGoesBeforeTheirValues)
 {
     const std::string stream = StreamWithMassType("Calculated|1|5|0|0|0|0|0|0|0|0|0|0|0|0|0|3|5|");
-    const WBPanelRecord known = Read(stream, "Firewall|1|Calculated|1|1|1|");
+    const WBPanelRecord known = Read(stream, {"Firewall", {{"Calculated", "1|1|1|"}}});
     EXPECT_EQ(known.partName, "Firewall");
     EXPECT_EQ(known.massTypes[0].centre, CATMathPoint(0, 0, 0));
     EXPECT_EQ(known.massTypes[0].inertia, CATMath3x3Matrix());
 
-    const WBPanelRecord unknown = Read(FirewallStream(), "Firewall|1|Calculated|1|0|0|");
+    const WBPanelRecord unknown = Read(FirewallStream(), {"Firewall", {{"Calculated", "1|0|0|"}}});
     EXPECT_EQ(unknown.massTypes[2].mass, 1.92);
     EXPECT_FALSE(unknown.massTypes[2].centre.has_value());
     EXPECT_FALSE(unknown.massTypes[2].inertia.has_value());
 
-    const WBPanelRecord massless = Read(FirewallStream(), "Firewall|1|Calculated|0|0|0|");
+    const WBPanelRecord massless = Read(FirewallStream(), {"Firewall", {{"Calculated", "0|0|0|"}}});
     EXPECT_FALSE(massless.massTypes[2].mass.has_value());
     EXPECT_FALSE(massless.massTypes[2].lowerDeviation.has_value());
+}
+
+TEST_F(WBPanelRecordTest, FigureThatAnotherTypeLendsIsNoneOfTheTypesOwn)
+{
+    for (const char* origins : {"1|3|3|", "2|3|3|"}) {
+        const WBPanelRecord record =
+            Read(FirewallStream(), {"Firewall", {{"Calculated", origins}}});
+        EXPECT_EQ(record.massTypes[2].mass, 1.92);
+        EXPECT_FALSE(record.massTypes[2].centre.has_value());
+        EXPECT_FALSE(record.massTypes[2].inertia.has_value());
+    }
+}
+
+TEST_F(WBPanelRecordTest, ComputedCarriesWhatItWasMadeOf)
+{
+    const std::string stream = StreamWithMassType("Computed|1|5|0|0|1|2|3|4|5|6|0|0|0|0|0|3|5|");
+    for (const char* origins : {"1|3|3|", "4|4|4|"}) {
+        const WBPanelRecord record = Read(stream, {"Firewall", {{"Computed", origins}}});
+        EXPECT_EQ(record.massTypes[0].mass, 5.0);
+        EXPECT_EQ(record.massTypes[0].centre, CATMathPoint(1, 2, 3));
+        EXPECT_EQ(record.massTypes[0].inertia, CATMath3x3Matrix(4, 0, 0, 0, 5, 0, 0, 0, 6));
+    }
+    const WBPanelRecord none = Read(stream, {"Firewall", {{"Computed", "4|0|0|"}}});
+    EXPECT_FALSE(none.massTypes[0].centre.has_value());
+    EXPECT_FALSE(none.massTypes[0].inertia.has_value());
+}
+
+TEST_F(WBPanelRecordTest, DetailsStandBesideTheRecord)
+{
+    const WBPanelRecord record = Read(FirewallStream(), {"Firewall", {{"Calculated"}}});
+    ASSERT_NE(record.details.Of("Calculated"), nullptr);
+    EXPECT_FALSE(record.computed.has_value());
 }
 
 TEST_F(WBPanelRecordTest, DensityIsThereOnlyWhenItIsAssigned)

@@ -11,7 +11,7 @@ expect CATWBVPMMainPanel/Part "WNG-211, version B"
 expect CATWBVPMMainPanel/Instance WNG-211.1
 expect CATWBVPMMainPanel/Path "LA1 / WNG-000.1 / WNG-200R.1 / WNG-210.1 / WNG-211.1"
 expect CATWBVPMMainPanel/Kind "Single part"
-expect CATWBVPMMainPanel/UpToDate "Not up to date"
+expect CATWBVPMMainPanel/UpToDate "Up to date"
 expect CATWBVPMMainPanel/ActiveMassType Calculated
 # 0.00123 m3 of 2780 kg/m3 is 3.4194 kg; 1 % below is 3.385206, 2 % above 3.487788.
 expect CATWBVPMMainPanel/Mass "3.419 kg"
@@ -68,15 +68,106 @@ expect CATWBVPMMainPanel/Mass "0.35 kg"
 expect CATWBVPMMainPanel/Bounds "0.315 to 0.42 kg"
 expect CATWBVPMMainPanel/Centre "–"
 
-# An assembly has no values of its own here, but goals and old estimates.
+# An assembly has no values of its own here, but goals and old estimates: it is what is below it.
 pick LA1/WNG-000.1
 expect CATWBVPMMainPanel/Name Wing
 expect CATWBVPMMainPanel/Kind Assembly
 expect CATWBVPMMainPanel/ActiveMassType Computed
-expect CATWBVPMMainPanel/Mass "–"
+expect CATWBVPMMainPanel/Mass "103.982 kg"
+expect CATWBVPMMainPanel/Centre "x 568.054   y -7.892   z 136.539 mm"
 expect-cell CATWBVPMMainPanel/MassTypes/List 2 Mass 100
 expect-cell CATWBVPMMainPanel/MassTypes/List 3 Mass 104
 expect-cell CATWBVPMMainPanel/MassTypes/List 3 "CoG x" 620
+resize CATWBVPMMainPanel 1000 700
+
+# Compute: the values are as they were, so nothing is marked.
+expect CATWBVPMMainPanel/Filter "No filter"
+select CATWBVPMMainPanel/StoredSums "compute all anew"
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect CATWBVPMMainPanel/Mass "103.982 kg"
+expect CATWBVPMMainPanel/UpToDate "Up to date"
+click CATWBVPMMainPanel/Sum
+expect CATWBVPMMainPanel/What "Computed here: this instance with what is below; active values; filter: No filter."
+expect CATWBVPMMainPanel/Items "all 111 items have a mass"
+shot compute_part_sum.png CATWBVPMMainPanel
+
+# By the most precise values the right aileron counts as weighed; what differs is marked.
+select CATWBVPMMainPanel/Precision "most precise values"
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect CATWBVPMMainPanel/UnusualSum "most precise values"
+shot compute_part_marks.png CATWBVPMMainPanel
+click CATWBVPMMainPanel/Values
+shot compute_part_values.png CATWBVPMMainPanel
+click CATWBVPMMainPanel/Inertia
+shot compute_part_inertia.png CATWBVPMMainPanel
+
+# The whole product, of which the wing is a part: by active values it weighs 381.35925 kg, by the most precise ones
+# 382.05345 kg.
+select CATWBVPMMainPanel/Entity "the whole product"
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect CATWBVPMMainPanel/Mass "382.053 kg"
+expect CATWBVPMMainPanel/Name Wing
+select CATWBVPMMainPanel/Precision "active values"
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect CATWBVPMMainPanel/Mass "381.359 kg"
+expect CATWBVPMMainPanel/Centre "x 930.082   y -3.07   z -195.479 mm"
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 Ixx 735.358117
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 Pxz 22.906066
+click CATWBVPMMainPanel/Material
+expect-cell CATWBVPMMainPanel/Material/List 1 Material "Al 2024-T3"
+expect-cell CATWBVPMMainPanel/Material/List 1 Mass 94.998
+expect-cell CATWBVPMMainPanel/Material/List 1 Share 24.9
+
+# One mass type alone: nothing stands in for what lacks it. 116.627 kg of the product are the supplier's.
+select CATWBVPMMainPanel/Precision Supplier
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect CATWBVPMMainPanel/Mass "116.627 kg"
+expect CATWBVPMMainPanel/UnusualSum "the whole product\nSupplier"
+
+# In other units the marks stay and the old values with them. 116.627 kg / 0.45359237 kg = 257.1185 lb.
+units MASS lb
+expect CATWBVPMMainPanel/Mass "257.119 lb"
+units MASS kg
+select CATWBVPMMainPanel/Precision "active values"
+select CATWBVPMMainPanel/Entity "this instance with what is below"
+
+# A level must be a number; the next computation works.
+select CATWBVPMMainPanel/StoredSums "trust those below level"
+type CATWBVPMMainPanel/Level two
+click CATWBVPMMainPanel/ComputeButton
+expect-box "whole number from 0"
+type CATWBVPMMainPanel/Level 1
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect CATWBVPMMainPanel/Mass "103.982 kg"
+select CATWBVPMMainPanel/StoredSums "use if up to date"
+
+# The engine was weighed as a whole: 61.4 kg stand for the 59.8 kg below it.
+pick LA1/PWR-000.1/PWR-100.1
+expect CATWBVPMMainPanel/ActiveMassType Weighed
+expect CATWBVPMMainPanel/Mass "61.4 kg"
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 Mass 59.8
+click CATWBVPMMainPanel/Imposed
+expect-cell CATWBVPMMainPanel/Imposed/List 1 Own "61.4 kg"
+expect-cell CATWBVPMMainPanel/Imposed/List 1 Below "59.8 kg"
+expect-cell CATWBVPMMainPanel/Imposed/List 1 Difference "1.6 kg"
+expect-cell CATWBVPMMainPanel/Imposed/List 4 Below "-6.438 mm"
+expect-cell CATWBVPMMainPanel/Imposed/List 7 Own "2.084667 kg.m2"
+shot compute_part_imposed.png CATWBVPMMainPanel
+click CATWBVPMMainPanel/Values
+expect CATWBVPMMainPanel/Source "test bench scale, engine 0007 dry, 2026/05/26"
+expect-cell CATWBVPMMainPanel/Values/List 1 "Standard uncertainty" "0.03 kg"
+expect-cell CATWBVPMMainPanel/Values/List 7 "Where from" "not stated; sums use Computed"
+# Computed is what is below, whatever is imposed; alone the engine has nothing but its own values.
+click CATWBVPMMainPanel/ComputeButton
+expect-box Warnings
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 Mass 59.8
+click CATWBVPMMainPanel/MassTypes
 
 # Closing the panel ends the command.
 click CATWBVPMMainPanel/CloseButton

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "CATUnicodeString.h"
+
+/// The filter of a root, from the user's settings (repository "CATWBVPMNavFilterPanel", the setting
+/// "<root>.Filter"). A stored text that is no filter counts as none and is told on the diagnostic
+/// error stream: a server would refuse it, and the user could compute nothing.
+
+/// As the server takes it: "0|No Filter" where there is none.
+CATUnicodeString WBFilterOfRoot(const CATUnicodeString& rootIdentifier);
+/// As users read it: its name, or the catalog's text for no filter.
+CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier);
+
+/// Whether the text is a filter with at least one line, and nothing else: "n|name" and n lines of I
+/// or X, instance, part, version, a count and so many names.
+bool WBIsFilter(const CATUnicodeString& text);
