@@ -326,13 +326,13 @@ bool IsUnderstated(const Claim& claim, const Sigmas* sigmas, const MomentsSum& s
     if (sigmas == nullptr || !claim.HasCentre()) {
         return false;
     }
-    double sigma = 0.0;
+    double square = 0.0;
     for (const double component : sigmas->centre) {
-        sigma = std::max(sigma, IsKnown(component) ? component * kMetres : 0.0);
+        square += IsKnown(component) ? std::pow(component * kMetres, 2) : 0.0;
     }
     const Moments moments = standing({1.0});
     const double meanSquare = (moments[4] + moments[5] + moments[6]) / moments[0];
-    return sigma > 0.0 && sigma * sigma > meanSquare;
+    return square > 0.0 && square > meanSquare;
 }
 } // namespace
 

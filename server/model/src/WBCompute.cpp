@@ -101,8 +101,7 @@ Body KnownTotal(const Walk& walk, std::uint32_t asked, const Counts& counts)
     if (counts.leaves > 0.0 && counts.withoutMass == counts.leaves) {
         body.mass = kUnknown;
     }
-    const bool isPoint = !IsKnown(body.centre[0]) && body.inertia == Inertia();
-    if (isPoint || (result.outcome == Outcome::Taken && result.noInertia)) {
+    if (result.outcome == Outcome::Taken && result.noInertia) {
         body.inertia.fill(kUnknown);
     }
     return body;
@@ -219,7 +218,7 @@ void KeepLargest(std::vector<Contributor>& all, std::size_t count, double Contri
 void AddLostLines(const Job& job, std::vector<std::string>& warnings)
 {
     for (const std::string& line : LinesWithoutNode(job.graph, job.path.root, job.filter)) {
-        warnings.push_back("the filter names " + line + ", which is not there");
+        warnings.push_back("the filter names " + WithoutLineMark(line) + ", which is not there");
     }
 }
 

@@ -18,7 +18,7 @@ Total TotalOf(const KeptSum& sum)
 {
     Total total;
     total.counts = sum.counts;
-    total.body = Finished(sum.firm, {sum.taken, sum.loose});
+    total.body = Finished(sum.firm, ApartIn(sum));
     if (sum.counts.leaves > 0.0 && sum.counts.withoutMass == sum.counts.leaves) {
         total.body.mass = kUnknown;
     }

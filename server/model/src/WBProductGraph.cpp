@@ -406,7 +406,14 @@ std::vector<Claim> ProductGraph::ClaimsWith(std::uint32_t node,
             densities.useMaterial = DensitiesOf(material);
         }
         const Claim other = MakeClaim(sized.set, densities, claim.type, sized.ofUse);
+        const double ratio = other.density / claim.density;
+        const Inertia inertia = claim.body.inertia;
         claim.body = other.body;
+        if (claim.followsSize && claim.density != 0.0 && other.density != 0.0) {
+            // Stated for the density that counts without the request.
+            std::ranges::transform(inertia, claim.body.inertia.begin(),
+                                   [&](double term) { return term * ratio; });
+        }
         claim.density = other.density;
         claim.dimension = other.dimension;
         claim.massOfSize = other.massOfSize;

@@ -47,13 +47,20 @@ Body Finished(const Body& firm, const ApartSum& apart)
     for (std::size_t term = 0; term < 6; ++term) {
         total.inertia[term] += apart.loose.inertia[term];
     }
-    if (total.mass == 0.0) {
+    const bool isNowhere = placed == 0.0;
+    if (total.mass == 0.0 || (isNowhere && (apart.looseLacks || firm.mass != 0.0))) {
         total.inertia.fill(kUnknown);
     }
-    if (total.mass == 0.0 || placed == 0.0) {
+    if (total.mass == 0.0 || isNowhere) {
         total.centre.fill(kUnknown);
     }
     return total;
+}
+
+ApartSum ApartIn(const KeptSum& sum)
+{
+    // Only asked for where nothing has a centre: what lacks an inertia is loose then.
+    return {sum.taken, sum.loose, sum.counts.massWithoutInertia != 0.0};
 }
 
 Walk::Walk(const Selection& selection, const WalkRule& rule, const AskedRule& asked,
@@ -112,7 +119,7 @@ Walk::Below Walk::BelowAt(const Selection& selection, std::uint32_t number, bool
         return SumBelow(selection, number);
     }
     const KeptSum& kept = KeptBelow(selection, number);
-    return {kept.firm, {kept.taken, kept.loose}, kept.hasApart, kept.massMissing, kept.isStale};
+    return {kept.firm, ApartIn(kept), kept.hasApart, kept.massMissing, kept.isStale};
 }
 
 Walk::Below Walk::SumBelow(const Selection& selection, std::uint32_t number) const
@@ -130,6 +137,7 @@ Walk::Below Walk::SumBelow(const Selection& selection, std::uint32_t number) con
             below.hasApart = true;
             m_taken.Add(StandingAt(use, apart.taken));
             AddLoose(below.apart.loose, apart.loose, use);
+            below.apart.looseLacks |= apart.looseLacks;
         }
     });
     below.body = m_firm.Total();
@@ -157,9 +165,9 @@ void Walk::TakeClaim(NodeResult& result, const Completed& completed)
         known.inertia = {};
     }
     if (result.noCentre) {
-        KeepApart(result, {{}, known});
+        KeepApart(result, {{}, known, result.noInertia});
     } else if (known.mass < 0.0) {
-        KeepApart(result, {known, {}});
+        KeepApart(result, {known, {}, false});
     } else {
         result.body = known;
     }

@@ -54,8 +54,9 @@ struct AskedRule
 /// of the rest of whatever node is asked, so it waits until that is known.
 struct ApartSum
 {
-    Body taken; // negative masses with a centre
-    Body loose; // masses without one; its centre says nothing
+    Body taken;              // negative masses with a centre
+    Body loose;              // masses without one; its centre says nothing
+    bool looseLacks = false; // some of those have no inertia either
 };
 
 /// Who gave a set what it lacked.
@@ -150,6 +151,10 @@ private:
 };
 
 /// Everything together, where a mass without centre stands at the centre of the rest. Without any
-/// mass, or without a centre, those figures are unknown.
+/// mass, or without a centre, those figures are unknown. Where nothing has a centre, everything
+/// stands at one point that nobody knows, so the inertia about it is known if that of each is.
 Body Finished(const Body& firm, const ApartSum& apart);
+
+/// What stands apart in a sum that was kept.
+ApartSum ApartIn(const KeptSum& sum);
 } // namespace wb
