@@ -595,6 +595,28 @@ TEST(WBImport, WhatGaveWayIsTold)
                                      "changed: part P A, mass type Weighed, mass: 2 lb, was 1 kg"));
 }
 
+TEST(ProductRoundTrip, MostNumbersDecideTheDecimalMark)
+{
+    wbtest::ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg]\n,,R,Weighed,1.5\n"
+                       "R,p,P,Weighed,2.5\n");
+    served.ImportTable("parent;instance;part;mass_type;mass [kg]\nR;q;Q;Weighed;3,5\n");
+    EXPECT_EQ(ExportProduct(served.Store(), "R").table,
+              "parent,parent_version,instance,part,version,mass_type,mass [kg]\n"
+              ",,,R,A,Weighed,1.5\nR,A,p,P,A,Weighed,2.5\nR,A,q,Q,A,Weighed,3.5\n");
+    served.ImportTable("parent;instance;part;mass_type;mass [kg]\nR;r;S;Weighed;4,5\n"
+                       "R;s;T;Weighed;5,5\n");
+    EXPECT_THAT(ExportProduct(served.Store(), "R").table,
+                testing::HasSubstr("\nR;A;p;P;A;Weighed;2,5\n"));
+}
+
+TEST(WBImport, MissingFileIsNamed)
+{
+    wbtest::ServedProduct served;
+    EXPECT_THAT(ImportFile(served.Store(), "/nowhere/x.csv").errors,
+                testing::ElementsAre("/nowhere/x.csv: does not exist"));
+}
+
 TEST(WBImport, LongListsAreCounted)
 {
     wbtest::ServedProduct served;

@@ -91,6 +91,148 @@ TEST_F(WBStoreUpdate, AlikeNumbersChangeNothing)
     EXPECT_EQ(m_store->History().size(), 1U);
 }
 
+TEST_F(WBStoreUpdate, AlikeNumberBesideAChangeStaysAsItWasTyped)
+{
+    Good("part,mass_type,mass [g],cgx [mm],cgy [mm],cgz [mm],ixx [kg.m2],iyy [kg.m2],izz [kg.m2]\n"
+         "P,Weighed,1500,25.4,0,0,1,2,3\n");
+    Good("part,mass_type,mass [kg],cgx [in],cgy [in],cgz [in],ixx [kg.mm2],iyy [kg.mm2],izz "
+         "[kg.mm2]\nP,Weighed,1.5,1,2,0,1e6,2e6,3e6\n");
+    EXPECT_EQ(PartOf("P").sets.at(0).typed,
+              "mass=1500 g|cgx=25.4 mm|cgz=0 mm|ixx=1 kg.m2|iyy=2 kg.m2|izz=3 kg.m2|cgy=2 in");
+}
+
+TEST_F(WBStoreUpdate, WhereASetComesFromGivesWay)
+{
+    Good("part,mass_type,mass [kg],source,source_date,author,note\n"
+         "P,Weighed,1,scale,2026-01-02,kim,dry\n");
+    const std::int64_t before = Change("P");
+    const auto counts = Good("part,mass_type,source,source_date,author,note\n"
+                             "P,Weighed,crane,2026-02-03,lee,wet\n");
+    EXPECT_EQ(counts.changedFacts.size(), 4U);
+    const ValueSet set = PartOf("P").sets.at(0);
+    EXPECT_EQ(set.source + " " + set.sourceDate + " " + set.author + " " + set.note,
+              "crane 2026-02-03 lee wet");
+    EXPECT_EQ(Change("P"), before);
+}
+
+TEST_F(WBStoreUpdate, EveryNumberOfASetGivesWay)
+{
+    // Each fact stands once with 1 and once with 2, in the table's own order of columns.
+    const std::string header =
+        "part,mass_type,mass [kg],lower [kg],upper [kg],cgx [mm],cgy [mm],cgz [mm],ixx "
+        "[kg.m2],iyy [kg.m2],izz [kg.m2],ixy [kg.m2],ixz [kg.m2],iyz [kg.m2],poi_sign,volume "
+        "[m3],area [m2],sigma_mass [kg],sigma_cgx [mm],sigma_cgy [mm],sigma_cgz [mm],sigma_ixx "
+        "[kg.m2],sigma_iyy [kg.m2],sigma_izz [kg.m2],sigma_ixy [kg.m2],sigma_ixz "
+        "[kg.m2],sigma_iyz [kg.m2]\n";
+    const auto row = [](const std::string& number) {
+        std::string cells = "P,Weighed";
+        for (int column = 0; column < 24; ++column) {
+            cells += (column == 12 ? ",positive," : ",") + number;
+        }
+        return cells + "\n";
+    };
+    Good(header + row("1"));
+    EXPECT_EQ(Good(header + row("2")).changedFacts.size(), 24U);
+    const ValueSet set = PartOf("P").sets.at(0);
+    for (std::size_t i = 0; i < kSetNumbers; ++i) {
+        const auto fact = static_cast<Fact>(i);
+        const bool isPercentage = fact == Fact::LowerPct || fact == Fact::UpperPct;
+        EXPECT_EQ(set.Has(fact), !isPercentage) << FactName(fact);
+        EXPECT_TRUE(isPercentage || set[fact] == 2) << FactName(fact);
+        EXPECT_TRUE(isPercentage || TypedText(set.typed, FactName(fact)).starts_with("2 "))
+            << FactName(fact);
+    }
+}
+
+TEST_F(WBStoreUpdate, FactsOfAPartGiveWay)
+{
+    const std::string header = "part,code,note,growth_pct,density [kg/m3],surface_density "
+                               "[kg/m2],material,mass_type,active\n";
+    Good(header + "P,WING,,1,2,3,Al,Weighed,yes\nP,,old,,,,,,\nQ,,,,,,Ti,,\n");
+    const auto counts = Good(header + "P,BODY,,4,5,6,Ti,Estimated,yes\n"
+                                      "P,,new,,,,,,\n");
+    EXPECT_EQ(counts.changedFacts.size(), 7U);
+    const Part part = PartOf("P");
+    EXPECT_EQ(part.code + part.note + part.material + part.activeType, "BODYnewTiEstimated");
+    EXPECT_EQ(part.growthPct, 4);
+    EXPECT_EQ(part.density, 5);
+    EXPECT_EQ(part.surfaceDensity, 6);
+    EXPECT_EQ(part.typed, "growth_pct=4 %|density=5 kg/m3|surface_density=6 kg/m2");
+}
+
+TEST_F(WBStoreUpdate, FactsOfAUseGiveWay)
+{
+    const std::string header = "parent,instance,part,values_on,material_on,material,density "
+                               "[kg/m3],surface_density [kg/m2],note,mass_type,active,mass [kg]\n";
+    Good(header + ",,R,,,,,,,,,\nR,p,P,instance,instance,Al,1,2,old,,,\n"
+                  "R,p,P,instance,,,,,,Weighed,yes,1\nR,q,P,instance,instance,Ti,,,,,,\n");
+    const std::int64_t before = Change("R");
+    const auto counts = Good(header + "R,p,P,instance,instance,Ti,3,4,new,,,\n"
+                                      "R,p,P,instance,,,,,,Estimated,yes,2\n");
+    EXPECT_EQ(counts.changedUses, 1U);
+    EXPECT_EQ(counts.changedFacts.size(), 5U);
+    EXPECT_EQ(counts.changedFacts.at(0).what, "use R/p, material");
+    const Use use = UseOf("R", "p");
+    EXPECT_EQ(use.material + use.note + use.activeType, "TinewEstimated");
+    EXPECT_EQ(use.density, 3);
+    EXPECT_EQ(use.surfaceDensity, 4);
+    EXPECT_EQ(use.typed, "density=3 kg/m3|surface_density=4 kg/m2");
+    EXPECT_EQ(use.sets.size(), 2U);
+    EXPECT_GT(Change("R"), before);
+}
+
+TEST_F(WBStoreUpdate, RevisionGivesWay)
+{
+    const std::string header = "part,doc,doc_version,doc_use,doc_checkin_date,doc_checkin_user,"
+                               "doc_checkout_user,doc_mass_type,doc_mass [kg]\n";
+    Good(header + "P,D,1,attached,2026-01-02,kim,lee,Weighed,1\n");
+    const auto counts = Good(header + "P,D,1,both,2026-02-03,max,eva,Computed,2\n");
+    EXPECT_EQ(counts.changedFacts.size(), 6U);
+    const DocumentRevision revision = PartOf("P").documents.at(0);
+    EXPECT_EQ(revision.checkinDate + revision.checkinUser + revision.checkoutUser +
+                  revision.massType,
+              "2026-02-03maxevaComputed");
+    EXPECT_EQ(revision.use, DocumentRevision::Use::Both);
+    EXPECT_EQ(revision.mass, 2);
+    EXPECT_EQ(revision.typed, "doc_mass=2 kg");
+}
+
+TEST_F(WBStoreUpdate, NewUseBelowAStoredParentMakesItNew)
+{
+    Good(kTree);
+    const std::int64_t before = Change("R");
+    Good("parent,instance,part\nS,new,V\n");
+    EXPECT_GT(Change("S"), before);
+    EXPECT_EQ(Change("R"), Change("S"));
+    EXPECT_EQ(Change("V"), before);
+}
+
+TEST_F(WBStoreUpdate, DensityOfAMaterialAloneIsKept)
+{
+    Good("part,material\nP,Al\n");
+    const auto counts = Good("part,material,material_density [kg/m3]\nP,Al,2780\n");
+    EXPECT_FALSE(counts.Changes());
+    EXPECT_EQ(m_store->FindMaterial("Al")->density, 2780);
+    EXPECT_EQ(m_store->FindMaterial("Al")->typed, "material_density=2780 kg/m3");
+    EXPECT_EQ(m_store->History().size(), 2U);
+}
+
+TEST_F(WBStoreUpdate, PlaceAndTurnThatWereNotStatedAreAdded)
+{
+    Good("parent,instance,part\n,,R\nR,p,P\n");
+    const std::int64_t before = Change("R");
+    const auto counts =
+        Good("parent,instance,part,x [mm],y [mm],z [mm],ry [deg]\nR,p,P,1,2,3,90\n");
+    EXPECT_EQ(counts.changedUses, 1U);
+    EXPECT_THAT(counts.changedFacts, IsEmpty());
+    EXPECT_THAT(Coefficients(UseOf("R", "p").placement),
+                ElementsAre(0, 0, -1, 0, 1, 0, 1, 0, 0, 1, 2, 3));
+    EXPECT_EQ(UseOf("R", "p").typed, "x=1 mm|y=2 mm|z=3 mm|ry=90 deg");
+    EXPECT_GT(Change("R"), before);
+    EXPECT_EQ(Good("parent,instance,part,rz [deg]\nR,p,P,30\n").changedFacts.at(0).before,
+              "0 0 1 0 1 0 -1 0 0");
+}
+
 TEST_F(WBStoreUpdate, AlikePlacesInOtherUnitsChangeNothing)
 {
     Good("parent,instance,part,x [mm],y [mm],z [mm],rz [deg]\n,,R,,,,\nR,p,P,17.78,0,1e-9,30\n");

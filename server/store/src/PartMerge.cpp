@@ -45,10 +45,23 @@ const char* NameOf(ErrorRule rule)
 {
     return rule == ErrorRule::Apart ? "apart" : "together";
 }
+std::string NameOf(int quantity)
+{
+    return std::to_string(quantity);
+}
 const char* NameOf(DocumentRevision::Use use)
 {
     constexpr std::array kNames{"", "attached", "active", "both"};
     return kNames[static_cast<std::size_t>(use)];
+}
+
+std::string Listed(const std::array<double, 3>& numbers)
+{
+    return WriteNumber(numbers[0]) + " " + WriteNumber(numbers[1]) + " " + WriteNumber(numbers[2]);
+}
+std::string Listed(const Placement::Matrix& rotation)
+{
+    return Listed(rotation[0]) + " " + Listed(rotation[1]) + " " + Listed(rotation[2]);
 }
 
 /// What to show of a number: as typed where that was kept.
@@ -65,19 +78,18 @@ void PartMerge::Added(Weight weight)
     m_touchesSums = m_touchesSums || weight == Weight::InSums;
 }
 
-bool PartMerge::GivesWay(const Difference& difference, Weight weight)
+void PartMerge::GiveWay(const Difference& difference, Weight weight)
 {
     if (m_known == KnownFacts::Update) {
         m_changedFacts.push_back(
             {m_subject + ", " + difference.what, difference.stored, difference.stated});
         Added(weight);
-        return true;
+        return;
     }
     m_errors.Line(difference.line, m_subject + ", " + difference.what + ": found \"" +
                                        difference.stated + "\", the database holds \"" +
                                        difference.stored +
                                        "\"; expected the same fact or a blank cell");
-    return false;
 }
 
 void PartMerge::KeepTypedOf(std::string& storedTyped, const std::string& statedTyped,
@@ -105,14 +117,11 @@ bool PartMerge::MergeNumber(double& stored, double stated, Fact fact, const Fact
     if (AreAlike(stored, stated)) {
         return false;
     }
-    const bool taken =
-        GivesWay({lines.LineOf(fact), FactName(fact), Shown(stated, statedTyped, fact),
-                  Shown(stored, storedTyped, fact)},
-                 Weight::InSums);
-    if (taken) {
-        stored = stated;
-    }
-    return taken;
+    GiveWay({lines.LineOf(fact), FactName(fact), Shown(stated, statedTyped, fact),
+             Shown(stored, storedTyped, fact)},
+            Weight::InSums);
+    stored = stated;
+    return true;
 }
 
 void PartMerge::Text(std::string& stored, const std::string& stated, Fact fact,
@@ -122,11 +131,11 @@ void PartMerge::Text(std::string& stored, const std::string& stated, Fact fact,
         return;
     }
     if (stored.empty()) {
-        stored = stated;
         Added(weight);
-    } else if (GivesWay({lines.LineOf(fact), FactName(fact), stated, stored}, weight)) {
-        stored = stated;
+    } else {
+        GiveWay({lines.LineOf(fact), FactName(fact), stated, stored}, weight);
     }
+    stored = stated;
 }
 
 template <typename Choice>
@@ -136,12 +145,12 @@ void PartMerge::Choose(Choice& stored, Choice stated, Fact fact, const FactLines
         return;
     }
     if (stored == Choice{}) {
-        stored = stated;
         Added(Weight::InSums);
-    } else if (GivesWay({lines.LineOf(fact), FactName(fact), NameOf(stated), NameOf(stored)},
-                        Weight::InSums)) {
-        stored = stated;
+    } else {
+        GiveWay({lines.LineOf(fact), FactName(fact), NameOf(stated), NameOf(stored)},
+                Weight::InSums);
     }
+    stored = stated;
 }
 
 void PartMerge::Densities(double& density, double& surfaceDensity, double statedDensity,
@@ -183,16 +192,7 @@ void PartMerge::Merge(Part& stored, const Part& stated)
 void PartMerge::Merge(Use& stored, const Use& stated, const std::string& name)
 {
     m_subject = "use " + name;
-    if (stated.quantity != 0 && stored.quantity != stated.quantity) {
-        if (stored.quantity == 0) {
-            stored.quantity = stated.quantity;
-            Added(Weight::InSums);
-        } else if (GivesWay({stated.lines.LineOf(Fact::Quantity), FactName(Fact::Quantity),
-                             std::to_string(stated.quantity), std::to_string(stored.quantity)},
-                            Weight::InSums)) {
-            stored.quantity = stated.quantity;
-        }
-    }
+    Choose(stored.quantity, stated.quantity, Fact::Quantity, stated.lines);
     Position(stored, stated);
     Text(stored.material, stated.material, Fact::Material, stated.lines, Weight::InSums);
     Text(stored.activeType, stated.activeType, Fact::Active, stated.lines, Weight::InSums);
@@ -203,47 +203,46 @@ void PartMerge::Merge(Use& stored, const Use& stated, const std::string& name)
     Properties(stored.properties, stated.properties);
 }
 
+/// The texts of a difference are made where something differs: most uses of a large table do not.
+template <typename Describe>
+void PartMerge::AddOrGiveWay(bool isStored, const Describe& describe)
+{
+    if (isStored) {
+        GiveWay(describe(), Weight::InSums);
+    } else {
+        Added(Weight::InSums);
+    }
+}
+
 void PartMerge::Position(Use& stored, const Use& stated)
 {
-    const auto listed = [](const auto& numbers) {
-        std::string text;
-        for (const double number : numbers) {
-            text += (text.empty() ? "" : " ") + WriteNumber(number);
-        }
-        return text;
-    };
-    const auto rows = [&](const Placement::Matrix& rotation) {
-        return listed(rotation[0]) + " " + listed(rotation[1]) + " " + listed(rotation[2]);
-    };
     const auto takeTyped = [&](std::initializer_list<const char*> names) {
         for (const char* name : names) {
             KeepTypedOf(stored.typed, stated.typed, name);
         }
     };
-    const auto isTaken = [&](bool isStated, bool isStored, bool isAlike, Difference difference) {
-        if (!isStated || (isStored && isAlike)) {
-            return false;
-        }
-        if (isStored) {
-            return GivesWay(difference, Weight::InSums);
-        }
-        Added(Weight::InSums);
-        return true;
-    };
-    if (isTaken(stated.positionStated, stored.positionStated,
-                AreSamePlace(stored.placement.shift, stated.placement.shift),
-                {stated.lines.LineOf(Fact::Position), "position in mm",
-                 listed(stated.placement.shift), listed(stored.placement.shift)})) {
+    const Placement before = stored.placement;
+    const Placement& after = stated.placement;
+    const bool isMoved = stated.positionStated &&
+                         (!stored.positionStated || !AreSamePlace(before.shift, after.shift));
+    if (isMoved) {
+        AddOrGiveWay(stored.positionStated, [&] {
+            return Difference{stated.lines.LineOf(Fact::Position), "position in mm",
+                              Listed(after.shift), Listed(before.shift)};
+        });
         stored.positionStated = true;
-        stored.placement.shift = stated.placement.shift;
+        stored.placement.shift = after.shift;
         takeTyped({"x", "y", "z"});
     }
-    if (isTaken(stated.rotationStated, stored.rotationStated,
-                AreSameTurn(stored.placement.rotation, stated.placement.rotation),
-                {stated.lines.LineOf(Fact::Rotation), "rotation", rows(stated.placement.rotation),
-                 rows(stored.placement.rotation)})) {
+    const bool isTurned = stated.rotationStated &&
+                          (!stored.rotationStated || !AreSameTurn(before.rotation, after.rotation));
+    if (isTurned) {
+        AddOrGiveWay(stored.rotationStated, [&] {
+            return Difference{stated.lines.LineOf(Fact::Rotation), "rotation",
+                              Listed(after.rotation), Listed(before.rotation)};
+        });
         stored.rotationStated = true;
-        stored.placement.rotation = stated.placement.rotation;
+        stored.placement.rotation = after.rotation;
         takeTyped(
             {"rx", "ry", "rz", "r11", "r12", "r13", "r21", "r22", "r23", "r31", "r32", "r33"});
     }
@@ -264,11 +263,11 @@ void PartMerge::Merge(Material& stored, const Material& stated)
         const bool surface = IsKnown(stated.surfaceDensity);
         const Fact added = surface ? Fact::MaterialSurfaceDensity : Fact::MaterialDensity;
         const Fact kept = surface ? Fact::MaterialDensity : Fact::MaterialSurfaceDensity;
-        GivesWay({stated.lines.LineOf(added), FactName(added),
-                  Shown(surface ? stated.surfaceDensity : stated.density, stated.typed, added),
-                  std::string(FactName(kept)) + " " +
-                      Shown(surface ? stored.density : stored.surfaceDensity, stored.typed, kept)},
-                 Weight::InSums);
+        GiveWay({stated.lines.LineOf(added), FactName(added),
+                 Shown(surface ? stated.surfaceDensity : stated.density, stated.typed, added),
+                 std::string(FactName(kept)) + " " +
+                     Shown(surface ? stored.density : stored.surfaceDensity, stored.typed, kept)},
+                Weight::InSums);
     }
     m_known = known;
 }
@@ -319,13 +318,10 @@ void PartMerge::Precision(ValueSet& stored, const ValueSet& stated)
     }
     const auto& added = isSize ? kSizes : kPercentages;
     const auto& gone = isSize ? kPercentages : kSizes;
-    if (!GivesWay(
-            {stated.lines.LineOf(added[0]), FactName(added[0]),
+    GiveWay({stated.lines.LineOf(added[0]), FactName(added[0]),
              Shown(stated[added[0]], stated.typed, added[0]),
              std::string(FactName(gone[0])) + " " + Shown(stored[gone[0]], stored.typed, gone[0])},
-            Weight::InSums)) {
-        return;
-    }
+            Weight::InSums);
     for (const Fact fact : gone) {
         stored[fact] = kUnknown;
         ForgetTyped(stored.typed, FactName(fact));
@@ -371,12 +367,11 @@ void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Prop
         if (!isOtherKind && found->value == property.value) {
             continue;
         }
-        if (GivesWay({property.line, "property " + property.name,
-                      isOtherKind ? KindOf(property) : property.value,
-                      isOtherKind ? KindOf(*found) : found->value},
-                     Weight::Beside)) {
-            *found = property;
-        }
+        GiveWay({property.line, "property " + property.name,
+                 isOtherKind ? KindOf(property) : property.value,
+                 isOtherKind ? KindOf(*found) : found->value},
+                Weight::Beside);
+        *found = property;
     }
 }
 
@@ -410,11 +405,11 @@ void PartMerge::Documents(std::vector<DocumentRevision>& stored,
         }
         for (DocumentRevision& other : stored) {
             const int shared = static_cast<int>(other.use) & static_cast<int>(revision.use);
-            if (shared != 0 && &other != &*found &&
-                GivesWay({revision.lines.LineOf(Fact::DocumentUse),
-                          (shared & 1) != 0 ? "attached revision" : "active revision",
-                          revision.version, other.version},
-                         Weight::Beside)) {
+            if (shared != 0 && &other != &*found) {
+                GiveWay({revision.lines.LineOf(Fact::DocumentUse),
+                         (shared & 1) != 0 ? "attached revision" : "active revision",
+                         revision.version, other.version},
+                        Weight::Beside);
                 other.use =
                     static_cast<DocumentRevision::Use>(static_cast<int>(other.use) ^ shared);
             }

@@ -67,8 +67,11 @@ private:
         std::string stated;
         std::string stored;
     };
-    /// True when what is stored gives way; false, with a sentence, when it does not.
-    bool GivesWay(const Difference& difference, Weight weight);
+    /// What is stored gives way, and that is kept. Where facts may not, it is an error, and nothing
+    /// of the import is stored.
+    void GiveWay(const Difference& difference, Weight weight);
+    template <typename Describe>
+    void AddOrGiveWay(bool isStored, const Describe& describe);
 
     KnownFacts m_known;
     ImportErrors& m_errors;
