@@ -11,6 +11,8 @@
 #include <set>
 #include <sstream>
 
+#include <sqlite3.h>
+
 using namespace wb;
 using testing::IsEmpty;
 
@@ -641,11 +643,19 @@ TEST(WBImport, BytesHaveTheNameThatTheyAreGiven)
 TEST(WBImport, DatabaseThatFailsIsToldAsASentence)
 {
     wbtest::ServedProduct served;
+    served.ImportTable("part\nR\n");
+    const auto other = Store::Open(served.Store().Path(), 0);
+    const auto isBusy = testing::ElementsAre(testing::HasSubstr("another program is writing"));
     {
-        StoreBatch batch(served.Store());
-        const auto other = Store::Open(served.Store().Path(), 0);
-        EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors,
-                    testing::ElementsAre(testing::HasSubstr("another program is writing")));
+        const StoreBatch batch(served.Store());
+        EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors, isBusy);
     }
-    EXPECT_THAT(ExportProduct(served.Store(), "P").error, testing::HasSubstr("is no product root"));
+    // Another program that has the file to itself keeps readers out as well.
+    sqlite3* connection = nullptr;
+    sqlite3_open(served.Store().Path().c_str(), &connection);
+    sqlite3_exec(connection, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors, isBusy);
+    EXPECT_THAT(std::vector{ExportProduct(*other.store, "R").error}, isBusy);
+    sqlite3_close(connection);
+    EXPECT_EQ(ExportProduct(*other.store, "R").error, "");
 }

@@ -164,3 +164,72 @@ TEST_F(Export, ReplaceIsRefusedForAnotherRootAndForSeveralFiles)
     EXPECT_THAT(outcome.err, HasSubstr("expected one file"));
     EXPECT_EQ(folder.Read("a.db"), before);
 }
+
+TEST_F(Export, ImportReadsTheStandardInput)
+{
+    Import(kTwoUses);
+    const Outcome outcome =
+        RunShell("'" WB_PROGRAM "' export R --db a.db --out - | '" WB_PROGRAM "' import - --into "
+                 "b.db");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, StartsWith("rows: 3\nparts: 3 new, 0 changed, 0 unchanged\n"));
+    EXPECT_EQ(Run("export R --db b.db --out -").out, Run("export R --db a.db --out -").out);
+    const Outcome wrong =
+        RunShell("printf 'part,mass [kg]\\nP,x\\n' | '" WB_PROGRAM "' import - --into c.db");
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_THAT(wrong.err, StartsWith("standard input:2: column \"mass [kg]\": found \"x\""));
+    EXPECT_FALSE(std::filesystem::exists(folder.At("c.db")));
+    const Outcome twice =
+        RunShell("printf 'part\\nP\\n' | '" WB_PROGRAM "' import - - --into d.db");
+    EXPECT_THAT(twice.out, HasSubstr("parts: 0 new, 0 changed, 1 unchanged\n"));
+}
+
+TEST_F(Export, OwnExportChangesNothing)
+{
+    ASSERT_EQ(Run("import '" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into a.db").status, 0);
+    ASSERT_EQ(Run("export LA1 --db a.db --out e.csv").status, 0);
+    const std::string before = folder.Read("a.db");
+    for (const char* how : {"", " --no-update", " --replace LA1"}) {
+        const Outcome outcome = Run(std::string("import e.csv --into a.db") + how);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_THAT(outcome.out, AllOf(HasSubstr("parts: 0 new, 0 changed, 110 unchanged\n"),
+                                       HasSubstr("uses: 0 new, 0 changed, 196 unchanged"),
+                                       Not(HasSubstr("was"))));
+    }
+    EXPECT_EQ(folder.Read("a.db"), before);
+}
+
+TEST_F(Export, OldFileStandsWhereTheNewOneCannot)
+{
+    Import(kTwoUses);
+    folder.Write("r.csv", "old");
+    std::string command = "ulimit -f 0; trap '' XFSZ; '" WB_PROGRAM "' export R --db a.db --out ";
+    const Outcome outcome = RunShell("(" + command + "r.csv)");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(folder.Read("r.csv"), "old");
+    std::filesystem::create_directory(folder.At("folder"));
+    EXPECT_THAT(Run("export R --db a.db --out folder").err,
+                StartsWith("folder: cannot be written: Is a directory\nwb: nothing was exported"));
+    for (const char* target : {"--out /dev/full", "--out - > /dev/full"}) {
+        const Outcome full = Run(std::string("export R --db a.db ") + target);
+        EXPECT_EQ(full.status, 1) << target;
+        EXPECT_THAT(full.err, AllOf(HasSubstr("cannot be written"), HasSubstr("nothing was ex")));
+    }
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    EXPECT_THAT(Run("export R --db a.db --out /dev/full --mass-types t.csv").err,
+                HasSubstr("wb: only the mass types were exported\n"));
+    EXPECT_THAT(Run("export R --db a.db --out r.csv --mass-types /dev/full").err,
+                StartsWith("/dev/full: cannot be written: No space left on device\nwb: nothing"));
+    EXPECT_EQ(folder.Read("r.csv"), "old");
+    EXPECT_EQ(Run("export R --db a.db --out - --mass-types -").status, 2);
+}
+
+TEST_F(Export, FigureOfAnAssemblyIsToldBesideItsSum)
+{
+    // 3.90 lb are 3.90 x 0.45359237 = 1.769010243 kg.
+    folder.Write("t.csv", "parent,instance,part,mass_type,mass [kg],mass [lb]\n,,R,,2,\n"
+                          "R,p,P,Weighed,,3.90\n");
+    EXPECT_THAT(Run("import t.csv --into a.db --check").out,
+                HasSubstr("total of R A (line 2): 2 kg by the table, 1.76901024 kg by the sum, "
+                          "difference -0.230989757 kg\n"));
+}

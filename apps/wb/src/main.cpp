@@ -210,8 +210,10 @@ int main(int argc, char** argv)
         app.add_subcommand("import", "Read products from CSV files into a database");
     importApp
         ->add_option("file", import.files, "CSV files in the table form; - is the standard input")
+        ->type_name("FILE.csv")
         ->required();
     importApp->add_option("--into", import.database, "Database: one SQLite file, made when missing")
+        ->type_name("DB")
         ->required();
     importApp->add_flag("--check", import.check, "Say what would change, and change nothing");
     importApp->add_flag(
@@ -223,15 +225,19 @@ int main(int argc, char** argv)
                      "Remove the uses in this product that the file lacks, so that its structure\n"
                      "is that of the file. One file")
         ->type_name("ROOT");
-    importApp->add_option("--mass-types", import.massTypes,
-                          "Add or change the mass types of this CSV file first");
-    importApp->add_option("--mass-type", import.massType,
-                          "Mass type of values whose row names none");
+    importApp
+        ->add_option("--mass-types", import.massTypes,
+                     "Add or change the mass types of this CSV file first")
+        ->type_name("TYPES.csv");
+    importApp
+        ->add_option("--mass-type", import.massType, "Mass type of values whose row names none")
+        ->type_name("NAME");
     importApp
         ->add_option("--poi-sign", import.poiSign,
                      "Sign of products of inertia where a row does not say it")
         ->check(CLI::IsMember({"positive", "negative"}));
-    importApp->add_option("--user", import.user, "Who imports (default: your login name)");
+    importApp->add_option("--user", import.user, "Who imports (default: your login name)")
+        ->type_name("NAME");
 
     ExportOptions exports;
     CLI::App* exportApp = app.add_subcommand(
@@ -239,14 +245,18 @@ int main(int argc, char** argv)
     exportApp->add_option("root", exports.root, "A part that nobody uses: a product")
         ->type_name("ROOT")
         ->required();
-    exportApp->add_option("--db", exports.database, "Database: one SQLite file")->required();
+    exportApp->add_option("--db", exports.database, "Database: one SQLite file")
+        ->type_name("DB")
+        ->required();
     exportApp
         ->add_option("--out", exports.output,
                      "The CSV file, written whole or not at all; - is the standard output")
         ->type_name("FILE.csv")
         ->required();
-    exportApp->add_option("--root-version", exports.version,
-                          "Version of the root (default: the one that was stored last)");
+    exportApp
+        ->add_option("--root-version", exports.version,
+                     "Version of the root (default: the one that was stored last)")
+        ->type_name("VERSION");
     exportApp
         ->add_option("--mass-types", exports.massTypes,
                      "Write the mass types of the database too, for the option of wb import")
