@@ -507,12 +507,14 @@ TEST_F(ComputeWindow, FramesBesideEachOtherAreEquallyWideWhereThereIsRoom)
     EXPECT_NEAR(widthOf("InertiaModeFrame"), widthOf("UpdateOptionFrame"), 1);
 }
 
-TEST_F(ComputeWindow, LevelHasRoomForMoreDigitsThanItAsksForAndNoMoreThanItsHalf)
+TEST_F(ComputeWindow, LevelHasRoomForMoreDigitsThanItAsksForAndNoMoreThanHalfOfItsFrame)
 {
     CATDlgApplication::ProcessEvents();
     const QWidget* editor = Find<CATDialog>("UpdateLevelEditor").Widget();
     EXPECT_GE(editor->width(), editor->sizeHint().width() +
                                    2 * editor->fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    command->Widget()->resize(1200, 800);
+    CATDlgApplication::ProcessEvents();
     EXPECT_LT(editor->width(), Find<CATDialog>("UpdateOptionFrame").Widget()->width() / 2);
 }
 
