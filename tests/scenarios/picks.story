@@ -15,7 +15,9 @@ shot picks_large.png CATWBVPMMainPanel
 pick LA1/WNG-000.1
 sort CATWBVPMMainPanel/MassTypes/List Mass
 expect-cell CATWBVPMMainPanel/MassTypes/List 1 "Mass type" Target
-expect-cell CATWBVPMMainPanel/MassTypes/List 2 "Mass type" Estimated
+# 103.982 kg are below the wing: more than its goal of 100, less than its estimate of 104.
+expect-cell CATWBVPMMainPanel/MassTypes/List 2 "Mass type" Computed
+expect-cell CATWBVPMMainPanel/MassTypes/List 3 "Mass type" Estimated
 # Closing the window by its frame ends the command too.
 close CATWBVPMMainPanel
 expect Prompt ""
