@@ -1,6 +1,7 @@
 #include "ComputeTesting.h"
 
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 
 #include <filesystem>
 
@@ -29,6 +30,14 @@ TEST_F(ComputeErrors, UnknownRootIsAnsweredWithTheNearest)
     Import("part,mass_type,mass [kg]\nAB1,Weighed,1\nXYZ,Weighed,1\nZB1,Weighed,1\n");
     EXPECT_EQ(Refusal("XB1", 1),
               "wb: a.db: \"XB1\" is no product root, expected one of AB1 A, ZB1 A, XYZ A\n");
+}
+
+TEST_F(ComputeErrors, DatabaseWithoutProductsIsSaid)
+{
+    folder.Write("types.csv", "mass_type,order,kind,category,lower_pct [%],upper_pct [%],meaning\n"
+                              "Simulated,22,claim,calculated,1,2,from a simulation\n");
+    Import("part\n", "--mass-types types.csv");
+    EXPECT_EQ(Refusal("R", 1), "wb: a.db: the database holds no product\n");
 }
 
 TEST_F(ComputeErrors, ManyNamesAreCutToTheNearest)
@@ -81,16 +90,25 @@ TEST_F(ComputeErrors, UnknownMaterialIsNamed)
               "wb: --material: \"Unobtainium\" is no material of the database\n");
 }
 
-TEST_F(ComputeErrors, MissingOrEmptyDatabaseIsNamed)
+TEST_F(ComputeErrors, MissingDatabaseIsNamedAndNotMade)
 {
     EXPECT_THAT(Refusal("R", 1), StartsWith("wb: a.db: the database does not exist"));
     EXPECT_FALSE(std::filesystem::exists(folder.At("a.db")));
-    folder.Write("t.csv", "mass_type,order,kind,category,lower_pct [%],upper_pct [%],meaning\n"
-                          "Simulated,22,claim,calculated,1,2,from a simulation\n");
-    ASSERT_EQ(Run("import t.csv --into a.db").status, 1);
-    folder.Write("p.csv", "part\nR\n");
-    ASSERT_EQ(Run("import p.csv --into b.db").status, 0);
-    EXPECT_THAT(Run("compute R --db b.db").status, 3);
+}
+
+TEST_F(ComputeErrors, ProductThatHoldsItselfIsNamed)
+{
+    Import("parent,instance,part\n,,R\nR,a,A\nA,b,B\nB,c,C\n");
+    // No import lets that in; only somebody who works on the file itself can.
+    sqlite3* database = nullptr;
+    sqlite3_open(folder.At("a.db").c_str(), &database);
+    EXPECT_EQ(sqlite3_exec(database,
+                           "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
+                           "WHERE instance = 'c'",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    EXPECT_EQ(Refusal("R", 1), "wb: The product holds itself: A > B > A.\n");
 }
 
 TEST_F(ComputeErrors, WrongUseIsStatus2)

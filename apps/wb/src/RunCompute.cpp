@@ -94,12 +94,62 @@ bool Print(const ComputeReport& report, const ComputeCommandOptions& options)
     return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
            std::fflush(stdout) == 0;
 }
+/// Shows on the terminal how far a long computation has come.
+class Progress
+{
+public:
+    /// Diagnostic lines and a bar would write over each other.
+    explicit Progress(bool isVerbose)
+        : m_bar(isatty(STDERR_FILENO) != 0 && !isVerbose ? stderr : nullptr)
+    {}
+    wb::ProductComputation::Progress Listener()
+    {
+        return [this](double done, std::string_view what) {
+            constexpr std::uint64_t kSteps = 1000;
+            m_bar.Show(what, static_cast<std::uint64_t>(done * kSteps), kSteps);
+        };
+    }
+
+private:
+    ProgressBar m_bar; // leaves the line blank when it goes away
+};
+
+/// Computes what the arguments ask for. Nothing, with a sentence, when that cannot be.
+std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptions& options,
+                                     ComputeArguments arguments, std::string& problem)
+{
+    const std::string& material = arguments.compute.material;
+    if (!material.empty() && !store.FindMaterial(material)) {
+        problem = "--material: \"" + material + "\" is no material of the database";
+        return std::nullopt;
+    }
+    const auto root = FindComputeRoot(store, arguments.path, options.rootVersion, problem);
+    if (!root) {
+        return std::nullopt;
+    }
+    Progress progress(options.session.verbose);
+    wb::ProductComputation computation(store, root->root, LoginName(), progress.Listener());
+    const wb::ProductGraph& graph = computation.Graph();
+    const auto path = Prepare(graph, root->below, options, arguments, problem);
+    if (!path) {
+        return std::nullopt;
+    }
+    ComputeReport report = BeginComputeReport(arguments, ComputeUnits::Current(), graph, *path);
+    wb::ComputeResult result =
+        computation.Compute(*path, arguments.compute, arguments.update, arguments.level);
+    problem = result.error;
+    if (!problem.empty()) {
+        return std::nullopt;
+    }
+    AddComputeResult(report, std::move(result));
+    return report;
+}
 } // namespace
 
 int RunCompute(const ComputeCommandOptions& options)
 {
     std::string problem;
-    std::optional<ComputeArguments> arguments = ReadComputeArguments(options, problem);
+    const std::optional<ComputeArguments> arguments = ReadComputeArguments(options, problem);
     if (!arguments) {
         return Refuse(kWrongUse, problem);
     }
@@ -113,40 +163,12 @@ int RunCompute(const ComputeCommandOptions& options)
     if (!opened.store) {
         return Refuse(kFailed, opened.error);
     }
-    const auto root = FindComputeRoot(*opened.store, arguments->path, options.rootVersion, problem);
-    if (!root) {
+    const auto report = Compute(*opened.store, options, *arguments, problem);
+    if (!report) {
         return Refuse(kFailed, problem);
     }
-    const std::string& material = arguments->compute.material;
-    if (!material.empty() && !opened.store->FindMaterial(material)) {
-        return Refuse(kFailed, "--material: \"" + material + "\" is no material of the database");
-    }
-    // Diagnostic lines and a bar would write over each other.
-    const bool showsBar = isatty(STDERR_FILENO) != 0 && !options.session.verbose;
-    ProgressBar bar(showsBar ? stderr : nullptr);
-    wb::ProductComputation computation(*opened.store, root->root, LoginName(),
-                                       [&bar](double done, std::string_view what) {
-                                           constexpr double kSteps = 1000.0;
-                                           bar.Show(what, static_cast<std::uint64_t>(done * kSteps),
-                                                    static_cast<std::uint64_t>(kSteps));
-                                       });
-    const wb::ProductGraph& graph = computation.Graph();
-    const auto path = Prepare(graph, root->below, options, *arguments, problem);
-    if (!path) {
-        bar.Clear();
-        return Refuse(kFailed, problem);
-    }
-    ComputeReport report = BeginComputeReport(*arguments, ComputeUnits::Current(), graph, *path);
-    wb::ComputeResult result =
-        computation.Compute(*path, arguments->compute, arguments->update, arguments->level);
-    bar.Clear();
-    if (!result.error.empty()) {
-        return Refuse(kFailed, result.error);
-    }
-    const bool isPartial = result.total.IsPartial();
-    AddComputeResult(report, std::move(result));
-    if (!Print(report, options)) {
+    if (!Print(*report, options)) {
         return Refuse(kFailed, "the standard output cannot be written");
     }
-    return isPartial ? kPartial : kDone;
+    return report->result.total.IsPartial() ? kPartial : kDone;
 }
