@@ -76,12 +76,19 @@ protected:
     }
     /// All masses become 100 kg; only who reads the product sees it.
     void EditInSecret() { RunSql("UPDATE part_value SET mass = 100"); }
-    void ExpectNothingKept()
+    std::int64_t Number(const std::string& sql)
     {
-        RunSql("CREATE TABLE seen AS SELECT 1 FROM sqlite_master WHERE (SELECT count(*) FROM "
-               "kept_result) = 0; CREATE TABLE none (seen INTEGER NOT NULL); INSERT INTO none "
-               "VALUES ((SELECT 1 FROM seen))");
+        sqlite3* other = nullptr;
+        sqlite3_open(m_served.Folder().File("x.db").c_str(), &other);
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(other, sql.c_str(), -1, &statement, nullptr);
+        EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW) << sql;
+        const std::int64_t number = sqlite3_column_int64(statement, 0);
+        sqlite3_finalize(statement);
+        sqlite3_close(other);
+        return number;
     }
+    void ExpectNothingKept() { EXPECT_EQ(Number("SELECT count(*) FROM kept_result"), 0); }
 
     wbtest::ServedProduct m_served;
     std::unique_ptr<Server> m_server;
@@ -341,6 +348,76 @@ TEST_F(KeptAnswers, RecordShowsTheSumAsStoredAndAComputationRenewsIt)
     EXPECT_THAT(initial(), HasSubstr("Computed|1|6|"));
     Ask(RequestOf("Active"));
     EXPECT_THAT(initial(), HasSubstr("Computed|1|12|"));
+}
+
+TEST_F(KeptAnswers, StoredSumTakesTheCodeOfWhatIsAboveIt)
+{
+    m_served.ImportTable("parent,instance,part,code,mass_type,mass [kg]\n,,R,9,,\nR,a,A,8,,\nR,"
+                         "o,A,,,\nA,b,B,,,\nB,l,L,,Weighed,4\nR,c,B,,,\n");
+    const auto details = [&](const std::string& place) {
+        return m_served.Call("WBGetValueDetails",
+                             "0|0|" + place + "|0|__null__|Active|0|0|R|0|F|0|");
+    };
+    // Made at first, taken as stored then, in either place.
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_THAT(details("b|B|A|1|a"), HasSubstr("|1|8|4|1|Weighed|4|"));
+        EXPECT_THAT(details("c|B|A|0"), HasSubstr("|1|9|4|1|Weighed|4|"));
+    }
+}
+
+TEST_F(KeptAnswers, OfManyProductsTheLeastUsedOneLeavesTheMemory)
+{
+    std::string table = "parent,instance,part,mass_type,mass [kg]\n";
+    const auto name = [](int i) {
+        return "R" + std::to_string(i);
+    };
+    for (int i = 1; i <= 9; ++i) {
+        table += name(i) + ",p,P,,\n,," + name(i) + ",,\n";
+    }
+    m_served.ImportTable(table + ",,P,Weighed,1\n");
+    // A precision of its own makes the server compute each time.
+    const auto mass = [&](int i) {
+        const std::string answer = m_served.Call(
+            "WBComputeVPMValues", "1|i|p|v|0|1|m|Active|0|1|" + name(i) + "|0|F|1|1|0|0|");
+        return answer.substr(0, answer.find('|'));
+    };
+    for (int i = 1; i <= 8; ++i) {
+        EXPECT_EQ(mass(i), "1");
+    }
+    EXPECT_EQ(mass(1), "1"); // the second one is now the least used
+    EditInSecret();
+    EXPECT_EQ(mass(9), "100");
+    EXPECT_EQ(mass(1), "1");
+    EXPECT_EQ(mass(3), "1");
+    EXPECT_EQ(mass(2), "100");
+}
+
+TEST_F(KeptAnswers, SumsThatAreThereAreNotMadeAgain)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    const std::int64_t newest = Number("SELECT max(id) FROM kept_result");
+    // Its answer is kept, and none of the sums once more.
+    Ask(RequestOf("Active", "0", "1|Without L1|X|l1|L1|A|0"));
+    EXPECT_EQ(Number("SELECT max(id) FROM kept_result"), newest + 1);
+    Ask(RequestOf("Active", "1"));
+    EXPECT_EQ(Number("SELECT max(id) FROM kept_result"), newest + 8); // six sums and the answer
+    // Of F's three old leaves only what stands above is made again.
+    m_served.ImportTable("part,mass_type,mass [kg]\nL10,Weighed,2\n");
+    Ask(RequestOf("Active"));
+    EXPECT_EQ(Number("SELECT max(id) FROM kept_result"), newest + 13); // R, B, E, F, the answer
+}
+
+TEST_F(KeptAnswers, ProductKeepsSoMuchAndNoMore)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    // As if A's sum were a large one; what is deeper is not made when it is missing.
+    RunSql("UPDATE kept_result SET result = zeroblob(9000000) WHERE key = 'sum|Active' AND part = "
+           "(SELECT id FROM part WHERE identifier = 'A')");
+    RunSql("DELETE FROM kept_result WHERE part <> (SELECT id FROM part WHERE identifier = 'A')");
+    Ask(RequestOf("Active", "0", "1|Without L1|X|l1|L1|A|0"));
+    EXPECT_EQ(Number("SELECT count(*) FROM kept_result WHERE key LIKE 'sum%'"), 1);
 }
 
 TEST_F(KeptAnswers, RecordOfAStandardAssemblyIsMadeAnewWhereItHasChanged)

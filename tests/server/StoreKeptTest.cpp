@@ -198,6 +198,7 @@ TEST_F(StoreKept, LinesTellWhatHasChangedSince)
     std::map<RowId, bool> lines;
     for (const KeptLine& line : m_store->KeptLines("k")) {
         lines[line.part] = line.upToDate;
+        EXPECT_EQ(line.bytes, 1);
     }
     EXPECT_EQ(lines,
               (std::map<RowId, bool>{{Row("R"), false}, {Row("A"), false}, {Row("Z"), true}}));

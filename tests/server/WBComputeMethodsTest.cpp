@@ -182,7 +182,7 @@ TEST(WBComputeMethods, NothingWithAMassIsAnError)
     served.ImportTable(kTwoPoints);
     EXPECT_THAT(ComputeIn(served, RequestOf("Supplier", "R")), StartsWith("0|0|0|0|"));
     EXPECT_THAT(WarningsIn(served),
-                HasSubstr("\nERROR: nothing in this product has a mass of this kind."));
+                HasSubstr("\nERROR: nothing that was asked for has a mass of this kind."));
     ComputeIn(served, RequestOf("Weighed", "R"));
     EXPECT_THAT(WarningsIn(served), testing::Not(HasSubstr("ERROR")));
 }

@@ -5,8 +5,8 @@
 
 #include "CATENOWBCSCommonDefinitions.h"
 
+#include <algorithm>
 #include <array>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -65,7 +65,7 @@ std::string WarningsOf(const ComputeResult& result)
     std::string text = WarningText(result.warnings);
     const Counts& counts = result.total.counts;
     if (counts.leaves > 0.0 && counts.withoutMass == counts.leaves) {
-        text += "\nERROR: nothing in this product has a mass of this kind.";
+        text += "\nERROR: nothing that was asked for has a mass of this kind.";
     }
     return text;
 }
@@ -76,6 +76,40 @@ bool IsKept(const ComputeOptions& options)
 {
     return !options.definedPrecision && !options.orActive;
 }
+
+/// Which sums are made to be kept: those that are missing or stale. Once that of the asked node is
+/// there, so is all that was worth keeping below it.
+class Wishes
+{
+public:
+    explicit Wishes(const std::vector<KeptLine>& lines)
+    {
+        for (const KeptLine& line : lines) {
+            if (line.upToDate) {
+                m_there.emplace(line.part, line.bytes);
+            }
+        }
+    }
+
+    bool IsThere(RowId part) const { return m_there.contains(part); }
+
+    /// Asked of the nearest first. What is there counts against what a product may keep, so that
+    /// its sums do not grow from one computation to the next.
+    bool Wants(RowId part)
+    {
+        constexpr std::int64_t kMostBytes = 8000000;
+        const auto found = m_there.find(part);
+        if (found != m_there.end()) {
+            m_bytes += found->second;
+            return false;
+        }
+        return m_bytes < kMostBytes;
+    }
+
+private:
+    std::unordered_map<RowId, std::int64_t> m_there; // up to date, with their bytes
+    std::int64_t m_bytes = 0;
+};
 
 std::string CodeOf(const Store& store, RowId part)
 {
@@ -132,13 +166,12 @@ const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy
     return *m_products.Of(root, policy == ComputationRequest::Policy::Force, context).graph;
 }
 
-std::unordered_map<std::uint32_t, KeptSum> Computations::StaleSums(const ResidentProduct& product,
-                                                                   const std::string& key) const
+std::unordered_map<std::uint32_t, KeptSum>
+Computations::StaleSums(const ResidentProduct& product, const std::string& key,
+                        const std::vector<KeptLine>& lines) const
 {
     // What is up to date equals what is made now, so only the stale ones make a difference.
-    std::vector<KeptLine> lines = m_store.KeptLines(key);
-    std::erase_if(lines, [](const KeptLine& line) { return line.upToDate; });
-    if (lines.empty()) {
+    if (std::ranges::all_of(lines, &KeptLine::upToDate)) {
         return {};
     }
     const ProductGraph& graph = *product.graph;
@@ -154,7 +187,7 @@ std::unordered_map<std::uint32_t, KeptSum> Computations::StaleSums(const Residen
     for (const KeptLine& line : lines) {
         const auto node = nodes.find(line.part);
         // A standard part is never stale.
-        if (node == nodes.end() || node->second >= graph.Parts().size() ||
+        if (line.upToDate || node == nodes.end() || node->second >= graph.Parts().size() ||
             graph.Parts()[node->second].standard) {
             continue;
         }
@@ -186,22 +219,19 @@ Computations::Computation Computations::Make(const PickedPart& picked,
         return IsCancelled(context);
     };
     const std::string key = SumKey(options);
+    const std::vector<KeptLine> lines = m_store.KeptLines(key);
     std::unordered_map<std::uint32_t, KeptSum> stale;
     if (request.policy == Policy::Assume) {
-        stale = StaleSums(product, key);
+        stale = StaleSums(product, key, lines);
         options.kept = &stale;
         options.level = request.level;
     }
-    std::unordered_set<RowId> upToDate;
-    const bool keeps = IsKept(options) && !product.keptKeys.contains(key);
-    if (keeps) {
-        for (const KeptLine& line : m_store.KeptLines(key)) {
-            if (line.upToDate && request.policy != Policy::Force) {
-                upToDate.insert(line.part);
-            }
-        }
+    const RowId asked =
+        options.asked == ComputeOptions::Asked::Root ? picked.root.id : picked.Part().id;
+    Wishes wishes(request.policy == Policy::Force ? std::vector<KeptLine>() : lines);
+    if (IsKept(options) && !wishes.IsThere(asked)) {
         options.wantsSum = [&](std::uint32_t part) {
-            return !upToDate.contains(product.rows[part]);
+            return wishes.Wants(product.rows[part]);
         };
     }
 
@@ -218,27 +248,14 @@ Computations::Computation Computations::Make(const PickedPart& picked,
              WriteSum(made.sum, [&](std::uint32_t node) { return product.rows[node]; })});
     }
     result.sums.clear();
-    const bool isWhole = picked.uses.empty() && options.filter.IsEmpty() &&
-                         options.asked != ComputeOptions::Asked::Alone;
-    if (keeps && isWhole && result.staleTaken == 0) {
-        computation.completed = {&product.keptKeys, key};
-    }
     return computation;
-}
-
-void Computations::Keep(const Computation& computation, const CallContext& context)
-{
-    const auto& [keys, key] = computation.completed;
-    if (m_store.Keep(computation.kept, context.user) && keys != nullptr) {
-        keys->insert(key);
-    }
 }
 
 ComputeResult Computations::ComputeAt(const PickedPart& picked, const ComputationRequest& request,
                                       const CallContext& context)
 {
     Computation computation = Make(picked, request, context);
-    Keep(computation, context);
+    m_store.Keep(computation.kept, context.user);
     return std::move(computation.result);
 }
 
@@ -302,7 +319,7 @@ std::string Computations::ComputeValues(std::string_view text, const CallContext
         computation.kept.push_back({root->id, AnswerKey(request.options), computation.changeNumber,
                                     answer + "\n" + warnings});
     }
-    Keep(computation, context);
+    m_store.Keep(computation.kept, context.user);
     KeepWarnings(context.user, warnings);
     return answer;
 }

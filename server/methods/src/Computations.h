@@ -9,11 +9,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace wb
@@ -70,14 +68,12 @@ private:
         ComputeResult result;
         std::vector<KeptResult> kept;
         std::int64_t changeNumber = 0; // of the root when the product was read
-        /// Where to note which key has all its sums, once they are kept.
-        std::pair<std::set<std::string>*, std::string> completed{nullptr, {}};
     };
     Computation Make(const PickedPart& picked, const ComputationRequest& request,
                      const CallContext& context);
-    void Keep(const Computation& computation, const CallContext& context);
     std::unordered_map<std::uint32_t, KeptSum> StaleSums(const ResidentProduct& product,
-                                                         const std::string& key) const;
+                                                         const std::string& key,
+                                                         const std::vector<KeptLine>& lines) const;
     void KeepWarnings(const std::string& user, const std::string& warnings);
     std::optional<std::string> KeptAnswer(RowId root, const ComputationRequest& request,
                                           const CallContext& context);

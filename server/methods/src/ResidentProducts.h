@@ -6,8 +6,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <set>
-#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -22,9 +21,6 @@ struct ResidentProduct
     /// Parallel to the graph's nodes: a part by its row, a use that states something of its own by
     /// its row with the other sign.
     std::vector<RowId> rows;
-    /// Keys of which the sums below its assemblies were all looked at, so that nobody need look
-    /// again for one that is missing.
-    std::set<std::string> keptKeys;
     std::uint64_t lastUsed = 0;
 };
 

@@ -174,6 +174,7 @@ struct KeptLine
 {
     RowId part = 0;
     bool upToDate = false;
+    std::int64_t bytes = 0; // of the result
 };
 
 /// Products in one SQLite file. Reads fetch one part at a time; nothing of a product stays in

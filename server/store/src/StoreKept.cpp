@@ -27,14 +27,15 @@ std::vector<KeptLine> Store::KeptLines(std::string_view key) const
 {
     try {
         std::vector<KeptLine> lines;
-        Statement& rows =
-            m_database->Kept("SELECT k.part, k.change_number = p.change_number FROM kept_result k "
-                             "JOIN part p ON p.id = k.part WHERE k.key = ?");
+        Statement& rows = m_database->Kept(
+            "SELECT k.part, k.change_number = p.change_number, length(k.result) FROM kept_result k "
+            "JOIN part p ON p.id = k.part WHERE k.key = ?");
         rows.BindText(key);
         while (rows.Step()) {
             KeptLine& line = lines.emplace_back();
             line.part = rows.Integer();
             line.upToDate = rows.Integer() != 0;
+            line.bytes = rows.Integer();
         }
         return lines;
     } catch (const StoreError&) {
