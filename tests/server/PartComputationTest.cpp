@@ -228,6 +228,18 @@ TEST(PartComputation, StatisticsHaveOneEntryForEachMaterialAndDimension)
                           "2|Estimated|7|Weighed|11|"));
 }
 
+TEST(PartComputation, VolumesAndSurfacesOfOneMaterialStayApart)
+{
+    ServedProduct served;
+    // A sheet of 3 kg/m2, and a block that is made of it: 0.5 m3 of 8 kg/m3.
+    served.ImportTable(
+        "parent,instance,part,mass_type,area [m2],volume [m3],density [kg/m3],material,"
+        "material_surface_density [kg/m2]\n,,A,,,,,,\nA,S.1,S,,,,,,\n"
+        "S,1,P,Weighed,1,,,Foil,3\nS,2,Q,Weighed,,0.5,8,Foil,\n");
+    EXPECT_THAT(wbtest::ComputePart(served, kAssembly),
+                HasSubstr("|2|Foil|Foil|3|4|2|3|8|3|1|Weighed|7|"));
+}
+
 TEST(PartComputation, WarningsWaitForTheUserWhoAsked)
 {
     ServedProduct served;
@@ -253,7 +265,8 @@ TEST(PartComputation, PartWithoutValuesIsAnErrorAmongTheWarnings)
     const std::string warnings = wbtest::Warnings(served);
     EXPECT_THAT(warnings,
                 StartsWith("- unknown, and sent as 0: mass, centre of gravity and inertia\n"));
-    EXPECT_THAT(warnings, HasSubstr("\nERROR"));
+    EXPECT_THAT(warnings,
+                HasSubstr("\nERROR: nothing that was asked for has a mass of this kind."));
 }
 
 TEST(PartComputation, PlaceIsThatInTheRootsAxes)
@@ -346,6 +359,8 @@ TEST(PartComputation, WrongFieldsAreNamedAndTheNextComputationWorks)
          "number from 0."},
         {"path", with(&PartRequest::place, "P.1|P|A|1|X"),
          "The field path of the request names \"X\", which the database does not hold there."},
+        {"path without instance", with(&PartRequest::place, "|P|A|1|Q.1"),
+         "The field instance of the request names \"\", which the database does not hold there."},
         {"path count that lies", with(&PartRequest::place, "P.1|P|A|1"),
          "The field entity of the request holds \"A\", expected a whole number from 0."},
         {"density priority", with(&PartRequest::priority, "2"),

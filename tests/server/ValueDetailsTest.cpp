@@ -358,6 +358,25 @@ TEST(ValueDetails, RootIsComputedWhileTheSetsAreThoseOfThePlace)
     fields.ExpectNumbers(inertia);
 }
 
+TEST(ValueDetails, RootsAreToldAsParts)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,name,mass_type,mass [kg],volume [m3],material,"
+                       "material_density [kg/m3]\n,,A,Top,Target,5,,,\nA,P.1,P,,Weighed,2,,,\n"
+                       ",,B,Block,Calculated,,0.5,Al,4\n");
+    PartRequest request{.place = "|A|A|0"};
+    const std::string top = wbtest::DetailsOfRecord(served, request);
+    EXPECT_THAT(top, StartsWith("Top|6|"));
+    EXPECT_EQ(SetOf(top, "Target").at(1), "1");
+    EXPECT_EQ(SetOf(top, "Computed").at(1), "4");
+    request.place = "|B|A|0";
+    request.root = "B";
+    const std::string block = wbtest::DetailsOfComputation(served, request);
+    EXPECT_THAT(block, StartsWith("Block|6|"));
+    EXPECT_EQ(SetOf(block, "Calculated").at(1), "2");
+    EXPECT_EQ(SetOf(block, "Computed").at(1), "2");
+}
+
 TEST(ValueDetails, AllWarningsAreToldInFull)
 {
     ServedProduct served;
@@ -395,6 +414,19 @@ TEST(ValueDetails, GoalsAreToldLikeClaims)
     served.ImportTable("parent,instance,part,mass_type,mass [kg]\n,,A,,\nA,P.1,P,Target,2\n");
     EXPECT_EQ(OriginsOf(wbtest::DetailsOfRecord(served, kLeaf), "Target"),
               (Texts{"1", "0", "0", kNull, kNull, "2"}));
+}
+
+TEST(ValueDetails, ForcedComputationIsToldFromWhatItRead)
+{
+    ServedProduct served;
+    served.ImportTable(kTwoPoints);
+    PartRequest request = kAssembly;
+    request.policy = "1";
+    EXPECT_THAT(wbtest::ComputePart(served, request), StartsWith("8|"));
+    RunSql(served, "UPDATE part_value SET mass = 7 WHERE mass = 6");
+    BehindSets(wbtest::DetailsOfComputation(served, request)).Expect({"2", "0", "0", "8"});
+    EXPECT_THAT(wbtest::ComputePart(served, request), StartsWith("9|"));
+    BehindSets(wbtest::DetailsOfComputation(served, request)).Expect({"2", "0", "0", "9"});
 }
 
 TEST(ValueDetails, LeafIsToldWithoutItsProductBeingRead)

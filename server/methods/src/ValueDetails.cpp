@@ -242,6 +242,10 @@ ComputeResult OwnOf(Computations& computations, const PickedPart& asked, Computa
 Findings ComputeShown(Computations& computations, const PickedPart& asked,
                       ComputationRequest request, const CallContext& context)
 {
+    // The client computed it just before; what was read anew then is in memory.
+    if (request.policy == ComputationRequest::Policy::Force) {
+        request.policy = ComputationRequest::Policy::Check;
+    }
     request.options.uncertainty = true;
     Findings findings;
     findings.computed = computations.ComputeAt(asked, request, context);
