@@ -413,7 +413,7 @@ TEST_F(KeptAnswers, ProductKeepsSoMuchAndNoMore)
     m_served.ImportTable(kTwelve);
     Ask(RequestOf("Active"));
     // As if A's sum were a large one; what is deeper is not made when it is missing.
-    RunSql("UPDATE kept_result SET result = zeroblob(9000000) WHERE key = 'sum|Active' AND part = "
+    RunSql("UPDATE kept_result SET result = zeroblob(20000000) WHERE key = 'sum|Active' AND part = "
            "(SELECT id FROM part WHERE identifier = 'A')");
     RunSql("DELETE FROM kept_result WHERE part <> (SELECT id FROM part WHERE identifier = 'A')");
     Ask(RequestOf("Active", "0", "1|Without L1|X|l1|L1|A|0"));

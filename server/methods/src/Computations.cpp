@@ -97,7 +97,7 @@ public:
     /// its sums do not grow from one computation to the next.
     bool Wants(RowId part)
     {
-        constexpr std::int64_t kMostBytes = 8000000;
+        constexpr std::int64_t kMostBytes = 16000000;
         const auto found = m_there.find(part);
         if (found != m_there.end()) {
             m_bytes += found->second;
@@ -226,8 +226,10 @@ Computations::Computation Computations::Make(const PickedPart& picked,
         options.kept = &stale;
         options.level = request.level;
     }
-    const RowId asked =
-        options.asked == ComputeOptions::Asked::Root ? picked.root.id : picked.Part().id;
+    const ProductGraph& graph = *product.graph;
+    const AskedPath path = PathTo(graph, picked);
+    const bool isRoot = options.asked == ComputeOptions::Asked::Root;
+    const RowId asked = product.rows[graph.Nodes()[graph.NodeAt(isRoot ? AskedPath() : path)].part];
     Wishes wishes(request.policy == Policy::Force ? std::vector<KeptLine>() : lines);
     if (IsKept(options) && !wishes.IsThere(asked)) {
         options.wantsSum = [&](std::uint32_t part) {
@@ -237,7 +239,7 @@ Computations::Computation Computations::Make(const PickedPart& picked,
 
     Computation computation;
     computation.changeNumber = product.changeNumbers.front();
-    computation.result = Compute(*product.graph, PathTo(*product.graph, picked), options);
+    computation.result = Compute(graph, path, options);
     ComputeResult& result = computation.result;
     if (!result.error.empty()) {
         throw RequestError(result.error);

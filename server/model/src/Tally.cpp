@@ -245,8 +245,8 @@ std::vector<ComputeResult::MadeSum> MakeSums(const Selection& selection, const W
                                              const std::function<bool()>& cancelled)
 {
     // Of all that a sum holds only the errors that pieces share grow with the product; so many of
-    // them are some seven megabytes.
-    constexpr std::size_t kMostShared = 300000;
+    // them are some twelve megabytes.
+    constexpr std::size_t kMostShared = 500000;
     const ProductGraph& graph = *selection.graph;
     const std::size_t mostWork = MostWork(graph);
     std::vector<ComputeResult::MadeSum> made;
