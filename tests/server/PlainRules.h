@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PlainMatrices.h"
+
 #include "WBCompute.h"
 
 #include <map>
@@ -9,10 +11,6 @@
 
 namespace wbtest
 {
-using Real = long double;
-using RealVector = std::array<Real, 3>;
-using RealMatrix = std::array<RealVector, 3>;
-
 /// One set of values of one node, with the mass that follows from a size.
 struct PlainSet
 {
