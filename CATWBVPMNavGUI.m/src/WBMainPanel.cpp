@@ -2,6 +2,7 @@
 
 #include "WBListTable.h"
 #include "WBPanelControls.h"
+#include "WBRootFilter.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATVariant.h"
@@ -19,8 +20,6 @@ constexpr int kPreferredHeight = 700;
 constexpr int kErrorStyle = 0x10000000;
 constexpr int kWarningStyle = 0x8000000;
 constexpr int kMatrixRows = 3;
-const CATUnicodeString kNoFilter = "0|No Filter";
-
 /// A line that begins so says that there is no result to speak of, in every language.
 bool HasErrors(const CATUnicodeString& warning)
 {
@@ -303,7 +302,7 @@ void WBMainPanel::Read()
     m_shown = WBReadPanelRecord(*m_record, WBAskValueDetails(what, m_request));
     m_shown.computed = m_computed;
     m_shown.filter = CATWBVPMNavFilterPanel::GetDisplayFilter(m_shown.root);
-    m_shown.isFiltered = !(CATWBVPMNavFilterPanel::GetFilter(m_shown.root) == kNoFilter);
+    m_shown.isFiltered = !(CATWBVPMNavFilterPanel::GetFilter(m_shown.root) == kWBNoFilter);
 }
 
 void WBMainPanel::ShowRecord(WBTableWriter write)
@@ -435,18 +434,21 @@ std::optional<CATUnicodeString> WBMainPanel::AskForComputation(const CATUnicodeS
     };
     if (answer.Contains(marker)) {
         // As everywhere, as many characters as the marker has are cut off the start.
-        return refuse(WBPanelText("ServerError.Title", "@Server Error"),
+        return refuse(WBPanelText("ServerError.Title", "@The server reports an error"),
                       answer.Part(marker.Length()));
     }
     if (answer.IsEmpty()) {
-        return refuse(WBPanelText("CommunicationError.Title", "@Communication Error"),
-                      WBPanelText("CommunicationError.Text", "@The server could not be reached."));
+        return refuse(
+            WBPanelText("CommunicationError.Title", "@No answer from the server"),
+            WBPanelText("CommunicationError.Text",
+                        "@The server did not answer, so nothing was computed. Check that it "
+                        "is running, then compute again."));
     }
     if (!WBIsComputedAnswer(answer)) {
-        return refuse(WBPanelText("AnswerError.Title", "@Server Error"),
+        return refuse(WBPanelText("AnswerError.Title", "@The answer cannot be read"),
                       WBPanelText("AnswerError.Text",
-                                  "@The server's answer cannot be read. What is shown is as it was "
-                                  "before."));
+                                  "@The answer of the server is incomplete or damaged, so nothing "
+                                  "was taken from it: what is shown is as it was before."));
     }
     return answer;
 }
@@ -474,7 +476,8 @@ void WBMainPanel::ShowWarning(const CATUnicodeString& warning)
     CATWBServices::CleanWarningForDisplay(warning, shown);
     const bool isError = HasErrors(warning);
     CATWBServices::DisplayMsg(this,
-                              isError ? WBPanelText("Errors.Title", "@Errors")
-                                      : WBPanelText("Warnings.Title", "@Warnings"),
+                              isError
+                                  ? WBPanelText("Errors.Title", "@Errors in the computation")
+                                  : WBPanelText("Warnings.Title", "@Warnings of the computation"),
                               shown, isError ? kErrorStyle : kWarningStyle);
 }

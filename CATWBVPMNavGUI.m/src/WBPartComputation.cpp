@@ -1,5 +1,7 @@
 #include "WBPartComputation.h"
 
+#include "WBRootFilter.h"
+
 #include "CATHandle.h"
 #include "CATVariant.h"
 #include "CATWBAllDataBuffer.h"
@@ -15,8 +17,6 @@ namespace
 {
 
 using Definitions = CATENOWBCSCommonDefinitions;
-
-const CATUnicodeString kNoFilter = "0|No Filter";
 
 std::vector<std::string> FieldsOf(const CATUnicodeString& stream)
 {
@@ -46,7 +46,7 @@ std::size_t PlaceOfPrecision(const CATWBAllDataBuffer& record)
     if (record.GetInstancePathDepth() <= 0) {
         return kFieldsBesidePath;
     }
-    const CATUnicodeString path = record.GetInstancePath();
+    const CATUnicodeString& path = record.GetInstancePath();
     const auto separators = std::ranges::count(path.View(), '|');
     return kFieldsBesidePath + static_cast<std::size_t>(separators) + 1;
 }
@@ -128,7 +128,7 @@ bool WBIsKeptAsTheSum(const CATWBAllDataBuffer& record, const WBComputationChoic
     record.GetPrecisionType(Definitions::Computed, precision);
     return choice.entity == Definitions::InstanceWithChildren &&
            choice.precision == WBComputationChoice::kActive &&
-           choice.storedSums != WBStoredSums::Assume && filter == kNoFilter &&
+           choice.storedSums != WBStoredSums::Assume && filter == kWBNoFilter &&
            precision == Definitions::NoPrecision;
 }
 

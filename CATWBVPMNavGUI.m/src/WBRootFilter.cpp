@@ -13,8 +13,6 @@ namespace
 {
 
 constexpr const char* kRepository = "CATWBVPMNavFilterPanel"; // and catalog
-const CATUnicodeString kNoFilter = "0|No Filter";
-
 /// A count as it is written in filters; -1 for any other text.
 int Count(std::string_view text)
 {
@@ -59,14 +57,14 @@ CATUnicodeString StoredFilter(const CATUnicodeString& rootIdentifier)
 
 CATUnicodeString WBFilterOfRoot(const CATUnicodeString& rootIdentifier)
 {
-    const CATUnicodeString stored = StoredFilter(rootIdentifier);
-    if (stored.IsEmpty() || stored == kNoFilter) {
-        return kNoFilter;
+    CATUnicodeString stored = StoredFilter(rootIdentifier);
+    if (stored.IsEmpty() || stored == kWBNoFilter) {
+        return kWBNoFilter;
     }
     if (!WBIsFilter(stored)) {
         CATDiagnosticErrors().Line("The stored filter of ", rootIdentifier,
                                    " cannot be read and is left out: ", stored);
-        return kNoFilter;
+        return kWBNoFilter;
     }
     return stored;
 }
@@ -74,7 +72,7 @@ CATUnicodeString WBFilterOfRoot(const CATUnicodeString& rootIdentifier)
 CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier)
 {
     const CATUnicodeString filter = WBFilterOfRoot(rootIdentifier);
-    if (filter == kNoFilter) {
+    if (filter == kWBNoFilter) {
         return CATMsgCatalog::BuildMessage(kRepository, "NoFilter.Text", "@No filter");
     }
     CATWBToken fields(filter);

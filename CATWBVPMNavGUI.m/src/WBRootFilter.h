@@ -6,7 +6,10 @@
 /// "<root>.Filter"). A stored text that is no filter counts as none and is told on the diagnostic
 /// error stream: a server would refuse it, and the user could compute nothing.
 
-/// As the server takes it: "0|No Filter" where there is none.
+/// What stands where there is none.
+inline constexpr const char* kWBNoFilter = "0|No Filter";
+
+/// As the server takes it.
 CATUnicodeString WBFilterOfRoot(const CATUnicodeString& rootIdentifier);
 /// As users read it: its name, or the catalog's text for no filter.
 CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier);

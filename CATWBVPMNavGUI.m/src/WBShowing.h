@@ -31,8 +31,6 @@ public:
         : m_now(now), m_before(before), m_write(write)
     {}
 
-    const WBPanelRecord& Now() const { return m_now; }
-
     using TableOf = std::function<WBPanelTable(const WBPanelRecord&)>;
     void ShowTable(CATDlgMultiList& list, const TableOf& read);
 

@@ -238,9 +238,9 @@ CATUnicodeString WBStoredSumsText(WBStoredSums storedSums)
     case WBStoredSums::Force:
         return WBPanelText("StoredSums.Force", "@compute all anew");
     case WBStoredSums::Assume:
-        return WBPanelText("StoredSums.Assume", "@trust those below level");
+        return WBPanelText("StoredSums.Assume", "@take as stored below level");
     case WBStoredSums::Check:
         break;
     }
-    return WBPanelText("StoredSums.Check", "@use if up to date");
+    return WBPanelText("StoredSums.Check", "@update what changed");
 }

@@ -116,8 +116,8 @@ TEST_F(WBMainPanelComputeTest, OffersWhatARecordCanBeAskedFor)
     // As the record lists them, without Supplier, which is a goal here.
     EXPECT_THAT(lines("Precision"), ElementsAre("active values", "most precise values", "Computed",
                                                 "Estimated", "Calculated", "Weighed"));
-    EXPECT_THAT(lines("StoredSums"),
-                ElementsAre("use if up to date", "compute all anew", "trust those below level"));
+    EXPECT_THAT(lines("StoredSums"), ElementsAre("update what changed", "compute all anew",
+                                                 "take as stored below level"));
     EXPECT_EQ(Find<CATDlgCombo>("Precision")->SelectedIndex(), 0);
     EXPECT_EQ(Text("Filter"), "No filter");
     EXPECT_TRUE(Find<CATDlgPushButton>("ComputeButton")->IsSensitive());
@@ -362,7 +362,7 @@ TEST_F(WBMainPanelComputeTest, ServersErrorIsToldAndNothingChanges)
     server->answers["WBCompPartCompute"] = "#WB_ERROR#The field root names no product.";
     PressCompute();
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].title, "Server Error");
+    EXPECT_EQ(boxes[0].title, "The server reports an error");
     EXPECT_EQ(boxes[0].text, "The field root names no product.");
     EXPECT_EQ(boxes[0].style, kErrorStyle);
     EXPECT_EQ(CellOfComputed(kMassColumn), "");
@@ -376,8 +376,8 @@ TEST_F(WBMainPanelComputeTest, ServerThatDoesNotAnswerIsTold)
     server->answers.erase("WBCompPartCompute");
     PressCompute();
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].title, "Communication Error");
-    EXPECT_EQ(boxes[0].text, "The server could not be reached.");
+    EXPECT_EQ(boxes[0].title, "No answer from the server");
+    EXPECT_THAT(boxes[0].text, HasSubstr("did not answer"));
     EXPECT_EQ(boxes[0].style, kErrorStyle);
     EXPECT_EQ(CellOfComputed(kMassColumn), "");
 }
@@ -392,8 +392,8 @@ TEST_F(WBMainPanelComputeTest, AnswerOfAnotherLengthIsToldAndNothingChanges)
         server->answers["WBCompPartCompute"] = bad;
         PressCompute();
         ASSERT_EQ(boxes.size(), 1U) << bad;
-        EXPECT_EQ(boxes[0].title, "Server Error");
-        EXPECT_THAT(boxes[0].text, HasSubstr("cannot be read"));
+        EXPECT_EQ(boxes[0].title, "The answer cannot be read");
+        EXPECT_THAT(boxes[0].text, HasSubstr("incomplete or damaged"));
         EXPECT_EQ(CellOfComputed(kMassColumn), "");
     }
     EXPECT_EQ(faults, 0);
@@ -430,7 +430,7 @@ TEST_F(WBMainPanelComputeTest, WarningsStandInABoxOfTheirOwn)
     server->answers["WBWarningMsg"] = "- 1 of 186 items has no mass\n- Placard has no inertia";
     PressCompute();
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].title, "Warnings");
+    EXPECT_EQ(boxes[0].title, "Warnings of the computation");
     EXPECT_THAT(boxes[0].text, HasSubstr("- Placard has no inertia"));
     EXPECT_EQ(boxes[0].style, kWarningStyle);
     EXPECT_EQ(CellOfComputed(kMassColumn), "2");
@@ -444,14 +444,14 @@ TEST_F(WBMainPanelComputeTest, ErrorsAmongTheWarningsMakeAnErrorBox)
         server->answers["WBWarningMsg"] = text;
         PressCompute();
         ASSERT_EQ(boxes.size(), 1U);
-        EXPECT_EQ(boxes[0].title, "Errors");
+        EXPECT_EQ(boxes[0].title, "Errors in the computation");
         EXPECT_EQ(boxes[0].style, kErrorStyle);
     }
     boxes.clear();
     server->answers["WBWarningMsg"] = "- ERROR lamp (LMP-1 A) has no mass"; // a part called so
     PressCompute();
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].title, "Warnings");
+    EXPECT_EQ(boxes[0].title, "Warnings of the computation");
 }
 
 TEST_F(WBMainPanelComputeTest, BoxesSpeakGermanToo)
@@ -463,8 +463,8 @@ TEST_F(WBMainPanelComputeTest, BoxesSpeakGermanToo)
     server->answers.erase("WBCompPartCompute");
     PressCompute();
     ASSERT_EQ(boxes.size(), 2U);
-    EXPECT_EQ(boxes[0].title, "Warnungen");
-    EXPECT_EQ(boxes[1].title, "Verbindungsfehler");
+    EXPECT_EQ(boxes[0].title, "Warnungen der Berechnung");
+    EXPECT_EQ(boxes[1].title, "Keine Antwort vom Server");
     EXPECT_EQ(Find<CATDlgPushButton>("ComputeButton")->Title(), "Berechnen");
 }
 

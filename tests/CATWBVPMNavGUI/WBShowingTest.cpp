@@ -48,7 +48,6 @@ protected:
     bool Show(const WBPanelRecord& now, const WBPanelRecord* before)
     {
         WBShowing showing(now, before, WBShowTable);
-        EXPECT_EQ(&showing.Now(), &now);
         showing.ShowFacts<Facts>({{label, &Facts::name}}, ReadFacts);
         showing.ShowTable(*list, Materials);
         Settle();

@@ -192,11 +192,11 @@ TEST_F(WBSumTextsTest, ImposedAssemblyShowsOwnBelowAndDifference)
 
 TEST_F(WBSumTextsTest, ChoicesAreSaidInTheUsersLanguage)
 {
-    EXPECT_EQ(WBStoredSumsText(WBStoredSums::Check), "use if up to date");
+    EXPECT_EQ(WBStoredSumsText(WBStoredSums::Check), "update what changed");
     EXPECT_EQ(WBStoredSumsText(WBStoredSums::Force), "compute all anew");
-    EXPECT_EQ(WBStoredSumsText(WBStoredSums::Assume), "trust those below level");
+    EXPECT_EQ(WBStoredSumsText(WBStoredSums::Assume), "take as stored below level");
     CATMsgCatalog::SetLanguage("de");
-    EXPECT_EQ(WBStoredSumsText(WBStoredSums::Force), "alle neu berechnen");
+    EXPECT_EQ(WBStoredSumsText(WBStoredSums::Force), "alles neu berechnen");
     EXPECT_EQ(WBEntityText(Definitions::Root), "das ganze Produkt");
     EXPECT_EQ(WBPrecisionChoiceText("MostPrecise"), "genaueste Werte");
     EXPECT_EQ(WBPrecisionChoiceText("Weighed"), "Weighed");

@@ -84,7 +84,7 @@ resize CATWBVPMMainPanel 1000 700
 expect CATWBVPMMainPanel/Filter "No filter"
 select CATWBVPMMainPanel/StoredSums "compute all anew"
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "103.982 kg"
 expect CATWBVPMMainPanel/UpToDate "Up to date"
 click CATWBVPMMainPanel/Sum
@@ -95,8 +95,10 @@ shot compute_part_sum.png CATWBVPMMainPanel
 # By the most precise values the right aileron counts as weighed; what differs is marked.
 select CATWBVPMMainPanel/Precision "most precise values"
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/UnusualSum "most precise values"
+expect-tooltip CATWBVPMMainPanel/Mass "Before: 103.982 kg"
+expect CATWBVPMMainPanel/MarksNote "So marked: differs from before the computation. Point at a value to read what stood there."
 shot compute_part_marks.png CATWBVPMMainPanel
 click CATWBVPMMainPanel/Values
 shot compute_part_values.png CATWBVPMMainPanel
@@ -107,12 +109,13 @@ shot compute_part_inertia.png CATWBVPMMainPanel
 # 382.05345 kg.
 select CATWBVPMMainPanel/Entity "the whole product"
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "382.053 kg"
+expect-tooltip CATWBVPMMainPanel/Mass "Before: 104.092 kg"
 expect CATWBVPMMainPanel/Name Wing
 select CATWBVPMMainPanel/Precision "active values"
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "381.359 kg"
 expect CATWBVPMMainPanel/Centre "x 930.082   y -3.07   z -195.479 mm"
 expect-cell CATWBVPMMainPanel/MassTypes/List 1 Ixx 735.358117
@@ -125,32 +128,36 @@ expect-cell CATWBVPMMainPanel/Material/List 1 Share 24.9
 # One mass type alone: nothing stands in for what lacks it. 116.627 kg of the product are the supplier's.
 select CATWBVPMMainPanel/Precision Supplier
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "116.627 kg"
 expect CATWBVPMMainPanel/UnusualSum "the whole product\nSupplier"
 
-# In other units the marks stay and the old values with them. 116.627 kg / 0.45359237 kg = 257.1185 lb.
+# In other units the marks stay and the old values with them: 116.627 kg / 0.45359237 kg = 257.1185 lb, and
+# 381.35925 kg are 840.7532 lb.
 units MASS lb
+expect-tooltip CATWBVPMMainPanel/Mass "Before: 840.753 lb"
 expect CATWBVPMMainPanel/Mass "257.119 lb"
 units MASS kg
 select CATWBVPMMainPanel/Precision "active values"
 select CATWBVPMMainPanel/Entity "this instance with what is below"
 
 # A level must be a number; the next computation works.
-select CATWBVPMMainPanel/StoredSums "trust those below level"
+select CATWBVPMMainPanel/StoredSums "take as stored below level"
 type CATWBVPMMainPanel/Level two
 click CATWBVPMMainPanel/ComputeButton
 expect-box "whole number from 0"
 type CATWBVPMMainPanel/Level 1
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "103.982 kg"
-select CATWBVPMMainPanel/StoredSums "use if up to date"
+select CATWBVPMMainPanel/StoredSums "update what changed"
 
+# The next record is marked nowhere.
 # The engine was weighed as a whole: 61.4 kg stand for the 59.8 kg below it.
 pick LA1/PWR-000.1/PWR-100.1
 expect CATWBVPMMainPanel/ActiveMassType Weighed
 expect CATWBVPMMainPanel/Mass "61.4 kg"
+expect-tooltip CATWBVPMMainPanel/Mass ""
 expect-cell CATWBVPMMainPanel/MassTypes/List 1 Mass 59.8
 click CATWBVPMMainPanel/Imposed
 expect-cell CATWBVPMMainPanel/Imposed/List 1 Own "61.4 kg"
@@ -165,7 +172,7 @@ expect-cell CATWBVPMMainPanel/Values/List 1 "Standard uncertainty" "0.03 kg"
 expect-cell CATWBVPMMainPanel/Values/List 7 "Where from" "not stated; sums use Computed"
 # Computed is what is below, whatever is imposed; alone the engine has nothing but its own values.
 click CATWBVPMMainPanel/ComputeButton
-expect-box Warnings
+expect-box "Warnings of the computation"
 expect-cell CATWBVPMMainPanel/MassTypes/List 1 Mass 59.8
 click CATWBVPMMainPanel/MassTypes
 
