@@ -74,9 +74,10 @@ TEST(StoryScript, AnUnknownStepIsRefusedBeforeAnythingIsPlayed)
 TEST(StoryScript, EveryVerbSaysItsFormWhenWordsAreMissing)
 {
     for (const char* verb :
-         {"open",        "workshop",   "start",  "menu", "pick",   "click", "check",
-          "type",        "select",     "key",    "sort", "resize", "units", "expect",
-          "expect-cell", "expect-box", "answer", "file", "close",  "shot",  "dump"}) {
+         {"open",        "workshop",       "start",      "menu",   "pick",   "click", "check",
+          "type",        "select",         "key",        "sort",   "resize", "units", "expect",
+          "expect-cell", "expect-tooltip", "expect-box", "answer", "file",   "close", "shot",
+          "dump"}) {
         EXPECT_THAT(ProblemOf(verb), HasSubstr(std::string("a.story:1: expected: ") + verb + " "))
             << verb;
     }

@@ -86,6 +86,19 @@ TEST(Story, FailsAtTheFirstStepThatDoesNotHoldAndSaysWhatWasSeen)
     EXPECT_THAT(played.err, HasSubstr("a.story:4: expect: expected \"wrong\", seen \"LA1"));
 }
 
+TEST(Story, TooltipIsExpectedWordForWord)
+{
+    const TemporaryDirectory folder;
+    const std::string before = "menu Tools/Units...\n";
+    const Played holds =
+        Play(folder, before + "expect-tooltip ApplyButton \"Shows all values in the "
+                              "new units and keeps them for the next session\"\n");
+    EXPECT_EQ(holds.status, 0) << holds.err;
+    const Played fails = Play(folder, before + "expect-tooltip ApplyButton Shows\n");
+    EXPECT_EQ(fails.status, 1);
+    EXPECT_THAT(fails.err, HasSubstr("expect-tooltip: expected \"Shows\", seen \"Shows all"));
+}
+
 TEST(Story, ABoxThatNoStepWaitsForFails)
 {
     const TemporaryDirectory folder;
@@ -120,6 +133,7 @@ TEST(Story, StepsThatCannotBeDoneSayWhy)
     fails("key Wurst\n", "there is no key \"Wurst\"");
     fails("units LENGHT mm\n", "there is no magnitude \"LENGHT\"");
     fails("units LENGTH furlong\n", "the magnitude has no unit \"furlong\"");
+    fails("expect-tooltip Nothing x\n", "no open window has a control \"Nothing\"");
     fails("expect-box anything\n", "no box came");
     fails("answer Yes\nexpect Prompt \"Choose a command, then pick in the tree\"\n", "expected");
     fails("shot /nowhere/a.png\n", "/nowhere/a.png cannot be written");

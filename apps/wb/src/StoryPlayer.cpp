@@ -231,6 +231,7 @@ std::string StoryPlayer::Run(const StoryStep& step)
         {"units", &StoryPlayer::Units},
         {"expect", &StoryPlayer::Expect},
         {"expect-cell", &StoryPlayer::ExpectCell},
+        {"expect-tooltip", &StoryPlayer::ExpectTooltip},
         {"expect-box", &StoryPlayer::ExpectBox},
         {"answer", &StoryPlayer::Answer},
         {"file", &StoryPlayer::File},
@@ -486,6 +487,18 @@ std::string StoryPlayer::ExpectCell(const Words& words)
     return seen.toStdString() == words[4]
                ? std::string()
                : "expected \"" + words[4] + "\", seen \"" + seen.toStdString() + "\"";
+}
+
+std::string StoryPlayer::ExpectTooltip(const Words& words)
+{
+    std::string problem;
+    const CATDialog* control = FindControl(words[1], problem);
+    if (control == nullptr) {
+        return problem;
+    }
+    const std::string seen = control->Tooltip().ToStdString();
+    return seen == words[2] ? std::string()
+                            : "expected \"" + words[2] + "\", seen \"" + seen + "\"";
 }
 
 std::string StoryPlayer::ExpectBox(const Words& words)

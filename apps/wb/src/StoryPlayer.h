@@ -59,6 +59,7 @@ private:
     std::string Units(const Words& words);
     std::string Expect(const Words& words);
     std::string ExpectCell(const Words& words);
+    std::string ExpectTooltip(const Words& words);
     std::string ExpectBox(const Words& words);
     std::string Answer(const Words& words);
     std::string File(const Words& words);

@@ -32,6 +32,7 @@ constexpr std::array kVerbs{
     Verb{"units", 2, 2, "units MAGNITUDE UNIT"},
     Verb{"expect", 2, 2, "expect CONTROL TEXT"},
     Verb{"expect-cell", 4, 4, "expect-cell LIST ROW COLUMN TEXT"},
+    Verb{"expect-tooltip", 2, 2, "expect-tooltip CONTROL TEXT"},
     Verb{"expect-box", 1, 1, "expect-box TEXT"},
     Verb{"answer", 1, 1, "answer BUTTON"},
     Verb{"file", 1, 1, "file PATH|cancel"},
