@@ -6,6 +6,7 @@
 
 #include "CATENOWBCSCommonDefinitions.h"
 
+#include <array>
 #include <string_view>
 #include <vector>
 

@@ -5,6 +5,8 @@
 #include <array>
 #include <cmath>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace
 {

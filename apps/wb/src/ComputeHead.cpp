@@ -2,6 +2,8 @@
 #include "ComputeTable.h"
 #include "TextGrid.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace

@@ -2,7 +2,10 @@
 
 #include "JsonText.h"
 
+#include <array>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace
 {

@@ -39,7 +39,7 @@ std::string TakeName(std::string_view& path, const IsKnownName& isKnownName)
     for (std::size_t end = 0; end != std::string_view::npos;) {
         end = path.find('/', end);
         first = std::min(first, end);
-        const std::string name(path.substr(0, end));
+        std::string name(path.substr(0, end));
         if (isKnownName(name)) {
             path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
             return name;
@@ -57,6 +57,7 @@ std::string NoRoot(const wb::Store& store, const std::string& name,
     }
     const bool isUsed = store.PartVersions().contains(name);
     std::vector<std::string> names;
+    names.reserve(roots.size());
     for (const wb::PartLine& root : roots) {
         names.push_back(root.identifier + " " + root.version);
     }

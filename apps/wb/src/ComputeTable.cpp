@@ -2,8 +2,11 @@
 
 #include "TextGrid.h"
 
+#include <array>
 #include <charconv>
 #include <span>
+#include <utility>
+#include <vector>
 
 namespace
 {
