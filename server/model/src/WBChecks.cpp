@@ -45,9 +45,7 @@ Fit FitOf(const Inertia& inertia)
     const auto [largest, middle, smallest] = PrincipalMoments(inertia);
     const double size = std::max(std::abs(largest), std::abs(smallest));
     constexpr double kLastDigits = 1e-14; // what finding the moments itself may cost
-    if (smallest < -kRounding * size) {
-        return Fit::Impossible;
-    }
+    // A negative moment adds to the excess, so it needs no look of its own.
     const double excess = largest - middle - smallest;
     if (excess > kRounding * largest) {
         return Fit::Impossible;

@@ -203,8 +203,7 @@ void Walk::Evaluate(const Selection& selection, const WalkRule& rule, const Aske
     Decision decision = isAsked ? DecideAsked(state, rule, asked.kind, graph.Types())
                                 : Decide(state, rule, graph.Types());
     const bool filtered = selection.IsOwn(number) && selection.Own(number).filtered;
-    if (filtered && decision.outcome == NodeResult::Outcome::Taken &&
-        !(isAsked && asked.kind == AskedRule::Kind::Alone)) {
+    if (filtered && decision.outcome == NodeResult::Outcome::Taken) {
         decision = {};
         result.cut = true;
     }
