@@ -1,6 +1,10 @@
 #include "WBImport.h"
 
 #include "StatedTotals.h"
+#include "WBTablePieces.h"
+
+#include <optional>
+#include <utility>
 
 namespace wb
 {
@@ -29,6 +33,36 @@ void AppendChanges(std::vector<std::string>& sentences, const std::vector<Change
     }
     if (facts.size() > kMost) {
         sentences.push_back("and " + std::to_string(facts.size() - kMost) + " more");
+    }
+}
+
+/// A table that fills an empty database goes there in pieces. Nothing, and nothing is changed, when
+/// it cannot: then it is read whole, which tells what is wrong where something is.
+std::optional<ImportFileResult> ImportFirstFile(Store& store, const std::string& path,
+                                                const ImportFileOptions& options)
+{
+    try {
+        if (!options.replace.empty() || !store.IsEmpty()) {
+            return std::nullopt;
+        }
+        const auto pieces = TablePieces::Open(path, options.table, store.MassTypes());
+        if (!pieces) {
+            return std::nullopt;
+        }
+        ImportFileResult result;
+        auto counts = store.ImportFirst(*pieces, [&] {
+            result.table = std::move(pieces->Summary());
+            return ImportOptions{options.user, path, result.table.checksum, options.known};
+        });
+        if (!counts) {
+            return std::nullopt;
+        }
+        result.counts = std::move(*counts);
+        return result;
+    } catch (const StoreError& error) {
+        ImportFileResult result;
+        result.errors = {error.what()};
+        return result;
     }
 }
 } // namespace
@@ -63,6 +97,9 @@ std::vector<std::string> ImportFileResult::Sentences() const
 
 ImportFileResult ImportFile(Store& store, const std::string& path, const ImportFileOptions& options)
 {
+    if (auto result = ImportFirstFile(store, path, options)) {
+        return std::move(*result);
+    }
     const FileBytes file = ReadFileBytes(path);
     if (!file.error.empty()) {
         ImportFileResult result;

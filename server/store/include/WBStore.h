@@ -2,6 +2,7 @@
 
 #include "WBKnown.h"
 #include "WBProduct.h"
+#include "WBProductPieces.h"
 
 #include <cstdint>
 #include <functional>
@@ -248,6 +249,13 @@ public:
 
     // Writes; each is one transaction and leaves nothing behind when it fails.
     ImportOutcome Import(const Product& product, const ImportOptions& options);
+    /// True when no part, use or material is stored.
+    bool IsEmpty() const;
+    /// The first import into an empty store, of a product that comes in pieces. Nothing, and
+    /// nothing is changed, when the store is not empty or the pieces make no product or state a use
+    /// twice. options: asked at the end, when the checksum is known. Throws StoreError.
+    std::optional<ImportCounts> ImportFirst(ProductPieces& pieces,
+                                            const std::function<ImportOptions()>& options);
     /// Adds mass types or changes those of the same name. Returns the sentences of what is wrong.
     std::vector<std::string> PutMassTypes(const std::vector<MassType>& types,
                                           const std::string& user, const std::string& file);

@@ -53,6 +53,9 @@ private:
     int m_column = 0;
 };
 
+/// A cache that holds a large product.
+constexpr const char* kCacheSize = "PRAGMA cache_size = -65536";
+
 /// Why the database did not do what was asked, as a sentence with what to do about it.
 std::string DatabaseSentence(const std::string& path, int code, const char* message);
 

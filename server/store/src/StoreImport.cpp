@@ -46,7 +46,8 @@ ImportOutcome StoreImport::Run()
     m_changes = m_counts.Changes() || m_materialsChanged;
     if (m_changes) {
         RaiseChangeNumbers();
-        WriteHistory();
+        NoteRoots(m_database);
+        WriteHistory(m_database, m_options, m_counts.changedFacts);
     }
     return {std::move(m_counts), {}};
 }
@@ -234,26 +235,6 @@ void StoreImport::RaiseChangeNumbers()
         .Run();
     m_database.Kept("UPDATE meta SET value = ? WHERE key = 'change_number'")
         .Bind(m_changeNumber)
-        .Run();
-}
-
-void StoreImport::WriteHistory()
-{
-    std::string before;
-    std::string after;
-    for (const ChangedFact& fact : m_counts.changedFacts) {
-        const std::string end = before.empty() ? "" : "\n";
-        before += end + fact.what + ": " + fact.before;
-        after += end + fact.what + ": " + fact.after;
-    }
-    m_database
-        .Kept("INSERT INTO history (who, what, subject, checksum, before, after) "
-              "VALUES (?, 'import', ?, ?, ?, ?)")
-        .BindText(m_options.user)
-        .Bind(m_options.file)
-        .Bind(m_options.checksum)
-        .Bind(before)
-        .Bind(after)
         .Run();
 }
 

@@ -38,7 +38,6 @@ private:
     void ListUnusedParts();
     bool IsUsed(RowId part);
     void RaiseChangeNumbers();
-    void WriteHistory();
 
     Store& m_store;
     Database& m_database;

@@ -237,4 +237,33 @@ void PartWriter::WriteDocuments(RowId owner, const std::vector<DocumentRevision>
             .Run();
     }
 }
+
+void NoteRoots(Database& database)
+{
+    database.Execute(
+        "INSERT OR REPLACE INTO meta SELECT 'roots', json_object('change', (SELECT CAST(value AS "
+        "INTEGER) FROM meta WHERE key = 'change_number'), 'parts', json_group_array(id)) FROM part "
+        "p WHERE NOT EXISTS (SELECT 1 FROM use WHERE part = p.id)");
+}
+
+void WriteHistory(Database& database, const ImportOptions& options,
+                  const std::vector<ChangedFact>& changedFacts)
+{
+    std::string before;
+    std::string after;
+    for (const ChangedFact& fact : changedFacts) {
+        const std::string end = before.empty() ? "" : "\n";
+        before += end + fact.what + ": " + fact.before;
+        after += end + fact.what + ": " + fact.after;
+    }
+    database
+        .Kept("INSERT INTO history (who, what, subject, checksum, before, after) "
+              "VALUES (?, 'import', ?, ?, ?, ?)")
+        .BindText(options.user)
+        .Bind(options.file)
+        .Bind(options.checksum)
+        .Bind(before)
+        .Bind(after)
+        .Run();
+}
 } // namespace wb

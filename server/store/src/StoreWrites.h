@@ -51,4 +51,11 @@ private:
     std::unique_ptr<Statement> m_useProperty;
     std::unique_ptr<Statement> m_document;
 };
+
+/// Notes which parts nobody uses, for as long as the change number stays what it is.
+void NoteRoots(Database& database);
+
+/// Tells the history of an import and of what gave way to it.
+void WriteHistory(Database& database, const ImportOptions& options,
+                  const std::vector<ChangedFact>& changedFacts);
 } // namespace wb

@@ -14,7 +14,7 @@ namespace
 /// journal is SQLite's ordinary one, so that a database at rest is exactly one file that people can
 /// copy; a write-ahead log would leave a second file beside it. Where temporary data goes is left
 /// to SQLite: it sorts the rows of a new index in one block of memory then, otherwise row by row.
-constexpr const char* kSettings = "PRAGMA foreign_keys = ON; PRAGMA cache_size = -65536";
+constexpr const char* kSettings = "PRAGMA foreign_keys = ON";
 
 /// A sentence about a path at which no database can be; empty where one may be.
 std::string WhyNotThere(const std::string& path)
@@ -52,6 +52,7 @@ Store::Opened Store::Open(const std::string& path, int lockWait)
         CheckSchema(*database);
         UpdateSchema(*database);
         database->Execute(kSettings);
+        database->Execute(kCacheSize);
         return {std::unique_ptr<Store>(new Store(std::move(database))), {}};
     } catch (const StoreError& error) {
         return {nullptr, error.what()};
@@ -99,6 +100,7 @@ Store::Opened Store::OpenCopy(const std::string& path, int lockWait)
             CreateSchema(*copy);
         }
         copy->Execute(kSettings);
+        copy->Execute(kCacheSize);
         return {std::unique_ptr<Store>(new Store(std::move(copy))), {}};
     } catch (const StoreError& error) {
         return {nullptr, error.what()};

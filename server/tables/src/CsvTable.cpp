@@ -191,6 +191,61 @@ CsvTable CsvTable::Parse(std::string_view content, TableErrors& errors)
     return table;
 }
 
+bool CsvTable::TakePlainRows(std::string_view lines, std::uint32_t firstLine)
+{
+    m_cells.clear();
+    m_rows.clear();
+    m_text = lines;
+    if (lines.find('"') != std::string_view::npos || !IsPlain(lines, m_separator) ||
+        FirstNonUtf8(lines)) {
+        return false;
+    }
+    std::uint32_t line = firstLine;
+    for (std::size_t begin = 0; begin < m_text.size(); ++line) {
+        const std::size_t end = std::min(m_text.find('\n', begin), m_text.size());
+        const bool hasReturn = end > begin && m_text[end - 1] == '\r';
+        if (!TakePlainRow(begin, hasReturn ? end - 1 : end, line)) {
+            return false;
+        }
+        begin = end + 1;
+    }
+    return true;
+}
+
+bool CsvTable::TakePlainRow(std::size_t begin, std::size_t end, std::uint32_t line)
+{
+    const std::size_t firstCell = m_cells.size();
+    std::uint32_t column = 0;
+    std::size_t start = begin;
+    for (std::size_t at = begin; at <= end; ++at) {
+        if (at < end && m_text[at] != m_separator) {
+            if (m_text[at] == '\r') {
+                return false; // a line end of another kind
+            }
+            continue;
+        }
+        // Blanks around a text do not count, as everywhere in a table.
+        std::size_t stop = at;
+        while (start < stop && m_text[start] == ' ') {
+            ++start;
+        }
+        while (start < stop && m_text[stop - 1] == ' ') {
+            --stop;
+        }
+        if (start < stop) {
+            m_cells.push_back({column, static_cast<std::uint32_t>(start),
+                               static_cast<std::uint32_t>(stop - start)});
+        }
+        ++column;
+        start = at + 1;
+    }
+    if (m_cells.size() == firstCell) {
+        return true; // a row of blanks says nothing
+    }
+    m_rows.push_back({line, static_cast<std::uint32_t>(firstCell)});
+    return column == m_header.size();
+}
+
 std::span<const CsvTable::Cell> CsvTable::CellsOf(std::size_t row) const
 {
     const std::size_t first = m_rows[row].firstCell;

@@ -28,6 +28,11 @@ public:
     /// of cells, a text that may not enter.
     static CsvTable Parse(std::string_view content, TableErrors& errors);
 
+    /// Replaces the rows by others of the same table, whole lines of its file that begin with that
+    /// line. False when they are not plain or anything is wrong with them: a double quote, another
+    /// encoding, a row with another number of cells, a text that may not enter.
+    bool TakePlainRows(std::string_view lines, std::uint32_t firstLine);
+
     char Separator() const { return m_separator; }
     const std::vector<std::string>& Header() const { return m_header; }
     std::uint32_t HeaderLine() const { return m_headerLine; }
@@ -47,6 +52,7 @@ private:
         std::uint32_t firstCell;
     };
     struct Collector;
+    bool TakePlainRow(std::size_t begin, std::size_t end, std::uint32_t line);
 
     char m_separator = ',';
     std::uint32_t m_headerLine = 1;

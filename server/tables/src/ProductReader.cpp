@@ -21,6 +21,26 @@ void ProductReader::Read()
 {
     m_summary.rows = m_table.RowCount();
     m_structure.Read();
+    ReadFacts();
+    m_values.Finish();
+    m_structure.RefuseImpossible();
+}
+
+void ProductReader::ReadPiece()
+{
+    m_summary.rows += m_table.RowCount();
+    m_structure.FindUsesOfPiece();
+    ReadFacts();
+}
+
+void ProductReader::FinishPieces()
+{
+    m_product.uses.clear();
+    m_values.Finish();
+}
+
+void ProductReader::ReadFacts()
+{
     for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
         const RowSubject& subject = m_structure.SubjectOf(row);
         if (!subject.HasPart()) {
@@ -39,8 +59,6 @@ void ProductReader::Read()
         m_documents.Read(part);
         m_properties.Read(part, use);
     }
-    m_values.Finish();
-    m_structure.RefuseImpossible();
 }
 
 void ProductReader::ReadPartFacts(Part& part)

@@ -28,10 +28,19 @@ public:
     /// Reads the whole table; call it once.
     void Read();
 
+    // The same of a table whose rows come in pieces, all of them twice: first for the parts, then
+    // for the uses, which take the place of those of the piece before, and the facts.
+    void ReadPartsOfPiece() { m_structure.FindPartsOfPiece(); }
+    void NumberParts() { m_structure.NumberPartsWithoutVersion(); }
+    void ReadPiece();
+    bool HasUnnamedUses() const { return m_structure.HasUnnamedUses(); }
+    void FinishPieces();
+
     Product& TakeProduct() { return m_product; }
     TableSummary& TakeSummary() { return m_summary; }
 
 private:
+    void ReadFacts();
     void ReadPartFacts(Part& part);
     void ReadPartSwitches(Part& part);
 

@@ -9,6 +9,9 @@ namespace wb
 {
 namespace
 {
+/// Of a part that no row gives a version.
+constexpr std::string_view kFirstVersion = "A";
+
 std::size_t IdentifierHash(std::string_view identifier)
 {
     return std::hash<std::string_view>()(identifier);
@@ -39,6 +42,53 @@ void StructureReader::Read()
     NameUses();
 }
 
+void StructureReader::FindPartsOfPiece()
+{
+    FindParts();
+    for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
+        if (!m_subjects[row].HasPart()) {
+            m_row.Load(row);
+            MeetPart(m_row.Cell(Column::Part));
+        }
+    }
+}
+
+void StructureReader::MeetPart(std::string_view identifier)
+{
+    const std::size_t hash = IdentifierHash(identifier);
+    const auto isMet = [&](std::uint32_t index) {
+        return m_unversioned[index].identifier == identifier;
+    };
+    if (FindIdentifier(identifier) == kNone && m_unversionedNames.Find(hash, isMet) == kNone) {
+        m_unversionedNames.Add(hash, static_cast<std::uint32_t>(m_unversioned.size()));
+        m_unversioned.push_back({std::string(identifier), m_row.Line()});
+    }
+}
+
+void StructureReader::NumberPartsWithoutVersion()
+{
+    for (const Unversioned& part : m_unversioned) {
+        if (FindIdentifier(part.identifier) == kNone) {
+            InternAt(part.line, part.identifier, kFirstVersion);
+        }
+    }
+}
+
+void StructureReader::FindUsesOfPiece()
+{
+    m_product.uses.clear();
+    m_namedUses = {};
+    m_subjects.assign(m_table.RowCount(), {});
+    for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
+        m_row.Load(row);
+        RowSubject& subject = m_subjects[row];
+        subject.part = ResolvePart(m_row.Cell(Column::Part), Column::Part, Column::Version, false);
+        if (subject.HasPart()) {
+            FindUse(subject);
+        }
+    }
+}
+
 void StructureReader::RefuseImpossible()
 {
     RefuseImpossibleTypes();
@@ -47,7 +97,7 @@ void StructureReader::RefuseImpossible()
 
 void StructureReader::FindParts()
 {
-    m_subjects.resize(m_table.RowCount());
+    m_subjects.assign(m_table.RowCount(), {});
     for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
         m_row.Load(row);
         if (!m_row.Filled(Column::Part)) {
@@ -61,9 +111,8 @@ void StructureReader::FindParts()
 
 std::uint32_t StructureReader::FindIdentifier(std::string_view identifier) const
 {
-    return m_identifiers.Find(IdentifierHash(identifier), [&](std::uint32_t part) {
-        return m_product.parts[part].identifier == identifier;
-    });
+    return m_identifiers.Find(IdentifierHash(identifier),
+                              [&](std::uint32_t part) { return m_names[part] == identifier; });
 }
 
 std::uint32_t StructureReader::FindPart(std::string_view identifier, std::string_view version) const
@@ -87,6 +136,12 @@ const std::vector<std::string>& StructureReader::KnownVersions(std::string_view 
 
 std::uint32_t StructureReader::Intern(std::string_view identifier, std::string_view version)
 {
+    return InternAt(m_row.Line(), identifier, version);
+}
+
+std::uint32_t StructureReader::InternAt(std::uint32_t line, std::string_view identifier,
+                                        std::string_view version)
+{
     const std::uint32_t known = FindPart(identifier, version);
     if (known != kNone) {
         return known;
@@ -95,8 +150,9 @@ std::uint32_t StructureReader::Intern(std::string_view identifier, std::string_v
     const auto part = static_cast<std::uint32_t>(m_product.parts.size());
     Part& added = m_product.parts.emplace_back();
     added.identifier = identifier;
+    m_names.emplace_back(identifier);
     added.version = version;
-    added.firstLine = m_row.Line();
+    added.firstLine = line;
     m_nextVersion.push_back(other == kNone ? kNone : m_nextVersion[other]);
     if (other == kNone) {
         m_identifiers.Add(IdentifierHash(identifier), part);
@@ -142,7 +198,8 @@ std::uint32_t StructureReader::ResolvePart(std::string_view identifier, Column i
         m_row.Wrong(identifierColumn, "a part that the table or the database holds");
         return kNone;
     }
-    return Intern(identifier, versions.empty() ? "A" : versions.front());
+    return Intern(identifier,
+                  versions.empty() ? kFirstVersion : std::string_view(versions.front()));
 }
 
 void StructureReader::ResolveVersions()
@@ -163,15 +220,14 @@ void StructureReader::FindUses()
     m_product.uses.reserve(m_table.RowCount());
     for (std::size_t row = 0; row < m_table.RowCount(); ++row) {
         if (m_subjects[row].HasPart()) {
-            FindUse(row);
+            m_row.Load(row);
+            FindUse(m_subjects[row]);
         }
     }
 }
 
-void StructureReader::FindUse(std::size_t row)
+void StructureReader::FindUse(RowSubject& subject)
 {
-    m_row.Load(row);
-    RowSubject& subject = m_subjects[row];
     if (!m_row.Filled(Column::Parent)) {
         if (m_row.Filled(Column::Instance)) {
             m_row.Complain(Column::Parent,

@@ -56,37 +56,47 @@ void Digest(State& state, const unsigned char* block)
 }
 } // namespace
 
-std::string Checksum(std::string_view bytes)
+void ChecksumMaker::Add(std::string_view bytes)
 {
-    constexpr std::size_t kBlock = 64;
-    // The fractional parts of the square roots of the first eight primes.
-    State state{0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
-                0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
-    const std::size_t whole = bytes.size() / kBlock * kBlock;
-    for (std::size_t start = 0; start < whole; start += kBlock) {
-        std::array<unsigned char, kBlock> block{};
-        bytes.copy(reinterpret_cast<char*>(block.data()), kBlock, start);
-        Digest(state, block.data());
+    while (!bytes.empty()) {
+        const std::size_t filled = m_size % kBlock;
+        const std::size_t taken =
+            bytes.copy(reinterpret_cast<char*>(m_block.data()) + filled, kBlock - filled);
+        bytes.remove_prefix(taken);
+        m_size += taken;
+        if (m_size % kBlock == 0) {
+            Digest(m_state, m_block.data());
+        }
     }
-    // The rest, one set bit, zeros, and the length in bits at the end of the last block.
-    std::array<unsigned char, 2 * kBlock> tail{};
-    const std::size_t rest = bytes.copy(reinterpret_cast<char*>(tail.data()), kBlock, whole);
-    tail[rest] = 0x80;
-    const std::size_t length = rest + 9 <= kBlock ? kBlock : 2 * kBlock;
-    std::uint64_t bits = std::uint64_t{bytes.size()} * 8;
-    for (std::size_t i = 1; i <= 8; ++i, bits >>= 8U) {
-        tail[length - i] = static_cast<unsigned char>(bits & 0xFFU);
+}
+
+std::string ChecksumMaker::Finish()
+{
+    // One set bit, zeros, and the length in bits at the end of the last block.
+    constexpr std::size_t kLength = 8;
+    std::uint64_t bits = m_size * 8;
+    std::array<char, kLength> length{};
+    for (std::size_t i = 1; i <= kLength; ++i, bits >>= 8U) {
+        length[kLength - i] = static_cast<char>(bits & 0xFFU);
     }
-    Digest(state, tail.data());
-    if (length == 2 * kBlock) {
-        Digest(state, tail.data() + kBlock);
+    Add("\x80");
+    while (m_size % kBlock != kBlock - kLength) {
+        Add(std::string_view("", 1));
     }
+    Add({length.data(), kLength});
     std::string digits;
-    for (const Word word : state) {
+    for (const Word word : m_state) {
         for (int shift = 28; shift >= 0; shift -= 4) {
             digits += "0123456789abcdef"[(word >> static_cast<unsigned>(shift)) & 0xFU];
         }
     }
     return digits;
+}
+
+std::string Checksum(std::string_view bytes)
+{
+    ChecksumMaker maker;
+    maker.Add(bytes);
+    return maker.Finish();
 }
 } // namespace wb
