@@ -64,6 +64,11 @@ TEST(PartComputation, AssemblyIsSummedUpWhateverItSaysOfItself)
     EXPECT_EQ(wbtest::ComputePart(served, kAssembly),
               "8|1.1|1.4|3|0|0|3|3.000024|3.000024|0.9|0.6|1.2|"
               "1|(no material)|3|8|0|1|Weighed|8|0|1|0|-1|0|0|0|0|1|10|20|30|");
+    PartRequest request = kAssembly;
+    for (const char* precision : {"MostPrecise", "Computed", "Weighed"}) {
+        request.precision = precision;
+        EXPECT_EQ(MassOf(served, request), "8") << precision;
+    }
 }
 
 TEST(PartComputation, SampleAssembliesWeighWhatIsExpected)

@@ -222,7 +222,9 @@ TEST(ValueDetails, ShareWhoseUncertaintyNobodyStatedIsTold)
     served.ImportTable(
         "parent,instance,part,mass_type,mass [kg],sigma_mass [kg]\n,,A,,,\nA,S.1,S,,,\n"
         "S,1,P,Weighed,2,0.3\nS,2,Q,Estimated,6,\n");
-    AnswerFields fields = BehindShares(wbtest::DetailsOfRecord(served, kAssembly));
+    const std::string answer = wbtest::DetailsOfRecord(served, kAssembly);
+    EXPECT_EQ(OriginsOf(answer, "Computed"), (Texts{"4", "0", "0", kNull, kNull, "0"}));
+    AnswerFields fields = BehindShares(answer);
     fields.Expect({"0", "1"});
     // Q: 10 % and 20 % of 6 kg, from -0.6 to 1.2 as likely anywhere between.
     fields.ExpectNumbers({std::hypot(0.3, 1.8 / std::sqrt(12.0))});
@@ -231,6 +233,62 @@ TEST(ValueDetails, ShareWhoseUncertaintyNobodyStatedIsTold)
         EXPECT_EQ(fields.Next(), kNull);
     }
     fields.ExpectNumbers({0.75});
+}
+
+TEST(ValueDetails, InertiaThatNobodyStatedHasNoUncertainty)
+{
+    ServedProduct served;
+    served.ImportTable(
+        "parent,instance,part,mass_type,mass [kg],cgx [mm],cgy [mm],cgz [mm],"
+        "sigma_mass [kg],sigma_cgx [mm],sigma_cgy [mm],sigma_cgz [mm]\n,,A,,,,,,,,,\n"
+        "A,P.1,P,Weighed,2,1,1,1,0.1,0.2,0.3,0.4\n");
+    AnswerFields fields = BehindShares(wbtest::DetailsOfComputation(served, kLeaf));
+    fields.Expect(
+        {"0", "1", "0.1", "0.2", "0.3", "0.4", kNull, kNull, kNull, kNull, kNull, kNull, "0"});
+}
+
+TEST(ValueDetails, ImposedValuesCountByTheirOwnDensity)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg],volume [m3],density [kg/m3],"
+                       "material,material_density [kg/m3],active\n,,A,,,,,,,\n"
+                       "A,S.1,S,Calculated,,0.5,4,Al,6,yes\nS,1,P,Weighed,1,,,Ti,10,\n");
+    PartRequest request = kAssembly;
+    request.priority = "1";
+    request.material = "Ti";
+    BehindShares(wbtest::DetailsOfComputation(served, request)).Expect({"1", "Calculated", "2"});
+}
+
+TEST(ValueDetails, OwnValuesAreImposedWhereThePrecisionTakesThem)
+{
+    ServedProduct served;
+    served.ImportTable(wbtest::kImposed);
+    PartRequest request = kAssembly;
+    for (const char* precision : {"Active", "MostPrecise", "Weighed"}) {
+        request.precision = precision;
+        BehindShares(wbtest::DetailsOfComputation(served, request)).Expect({"1", "Weighed", "9"});
+    }
+    request.precision = "Computed";
+    BehindShares(wbtest::DetailsOfComputation(served, request)).Expect({"0"});
+}
+
+TEST(ValueDetails, ImposedValuesStandBesideTheSameStaleSum)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg],active\n,,A,,,\n"
+                       "A,S.1,S,Weighed,9,yes\nS,1,T,,,\nT,1,P,Weighed,5,\n");
+    wbtest::ComputePart(served, kAssembly);
+    served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,6\n");
+    PartRequest request = kAssembly;
+    for (const auto& [policy, below] : {std::pair("2|0", "5"), std::pair("2|1", "6")}) {
+        request.policy = policy;
+        AnswerFields fields = BehindShares(wbtest::DetailsOfComputation(served, request));
+        fields.Expect({"1", "Weighed", "9"});
+        fields.Skip(11);
+        EXPECT_EQ(fields.Next(), below) << policy;
+        fields.Skip(23);
+        fields.Expect({"0"}); // no leaf was looked at
+    }
 }
 
 TEST(ValueDetails, ImposedValuesStandBesideWhatIsBelow)

@@ -71,7 +71,7 @@ struct CallContext
 ///     three times twelve figures (mass, lower, upper, centre, Ixx, Iyy, Izz, Ixy, Ixz, Iyz): own,
 ///     below, own less below; else 0;
 ///   1 and then ten standard uncertainties of "Computed" in the order of above and the share of its
-///     mass (0 to 1) whose uncertainty nobody stated; else 0;
+///     mass (0 to 1) whose uncertainty nobody stated; else 0, as with policy 2;
 ///   W, then all W warnings of that computation in full, without "- ".
 ///
 /// "WBListRoots": request ignored. Answers a count, then for each part that nobody uses: part,

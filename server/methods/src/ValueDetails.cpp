@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -183,15 +184,25 @@ void AddTwelve(AnswerText& answer, const Body& body)
     }
 }
 
-/// own: the node as it counts in sums.
-void AddImposed(AnswerText& answer, const ComputeResult& own)
+Body Difference(const Body& own, const Body& below)
+{
+    Body difference{
+        own.mass - below.mass, own.lower - below.lower, own.upper - below.upper, {}, {}};
+    std::ranges::transform(own.centre, below.centre, difference.centre.begin(), std::minus());
+    std::ranges::transform(own.inertia, below.inertia, difference.inertia.begin(), std::minus());
+    return difference;
+}
+
+/// own: the node as it counts in sums. What is below it is told as the computation has it, which
+/// may rest on sums that are no longer up to date.
+void AddImposed(AnswerText& answer, const ComputeResult& own, const Body& below)
 {
     answer.Add(own.imposed.has_value());
     if (own.imposed) {
         answer.Add(own.takenType);
         AddTwelve(answer, own.total.body);
-        AddTwelve(answer, own.imposed->below.body);
-        AddTwelve(answer, own.imposed->difference);
+        AddTwelve(answer, below);
+        AddTwelve(answer, Difference(own.total.body, below));
     }
 }
 
@@ -204,10 +215,10 @@ void AddUncertainty(AnswerText& answer, const ComputeResult& result)
     }
     const Uncertainty& uncertainty = *result.uncertainty;
     answer.AddFigure(uncertainty.mass);
-    // Nothing is said about the uncertainty of what is not known.
     for (const double coordinate : uncertainty.centre) {
-        answer.AddFigure(result.total.HasCentre() ? coordinate : kUnknown);
+        answer.AddFigure(coordinate);
     }
+    // An inertia that nobody stated is summed up as that of a point, without any error.
     for (const double term : uncertainty.inertia) {
         answer.AddFigure(result.total.HasInertia() ? term : kUnknown);
     }
@@ -222,21 +233,18 @@ struct Findings
     ComputeResult own;
 };
 
-/// The same node as it counts in sums.
-ComputeResult OwnOf(Computations& computations, const PickedPart& asked, ComputationRequest request,
-                    const CallContext& context)
+/// The same node as it counts in sums: by its own choices of density and material and with its own
+/// deviations.
+ComputeResult OwnOf(Computations& computations, const PickedPart& asked,
+                    const ComputationRequest& request, const CallContext& context)
 {
-    if (!asked.Part().hasUses) {
-        return {}; // a leaf stands for nothing else
-    }
-    request.policy = ComputationRequest::Policy::Check;
-    request.options.derived = false;
-    request.options.densityPriority.reset();
-    request.options.material.clear();
-    request.options.definedPrecision.reset();
-    request.options.uncertainty = false;
-    request.options.validate = false;
-    return computations.ComputeAt(asked, request, context);
+    ComputationRequest own;
+    own.options.precision = request.options.precision;
+    own.options.massType = request.options.massType;
+    own.options.asked = request.options.asked;
+    own.options.filter = request.options.filter;
+    own.options.validate = false;
+    return computations.ComputeAt(asked, own, context);
 }
 
 Findings ComputeShown(Computations& computations, const PickedPart& asked,
@@ -246,7 +254,8 @@ Findings ComputeShown(Computations& computations, const PickedPart& asked,
     if (request.policy == ComputationRequest::Policy::Force) {
         request.policy = ComputationRequest::Policy::Check;
     }
-    request.options.uncertainty = true;
+    // Uncertainties come from the leaves, which nobody looks at who assumes that sums hold.
+    request.options.uncertainty = request.policy != ComputationRequest::Policy::Assume;
     Findings findings;
     findings.computed = computations.ComputeAt(asked, request, context);
     findings.own = OwnOf(computations, asked, request, context);
@@ -315,7 +324,7 @@ std::string GetValueDetails(const MethodCall& call, std::string_view text)
     }
     AddCoverage(answer, findings.computed.total.counts);
     AddShares(answer, findings.computed.statistics);
-    AddImposed(answer, findings.own);
+    AddImposed(answer, findings.own, findings.computed.total.body);
     AddUncertainty(answer, findings.computed);
     answer.Add(findings.computed.warnings.size());
     for (const std::string& warning : findings.computed.warnings) {
