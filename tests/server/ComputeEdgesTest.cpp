@@ -1,6 +1,7 @@
 #include "ComputeTesting.h"
 
 #include "WBChecks.h"
+#include "WBLenders.h"
 
 using namespace wb;
 using Common = CATENOWBCSCommonDefinitions;
@@ -219,4 +220,32 @@ TEST(ComputeEdges, ReadingAFilterForgetsTheOneBefore)
     ASSERT_EQ(ReadFilterText("1|Mine|X|A.1|A|A|0", filter), "");
     EXPECT_NE(ReadFilterText("1|Mine|X|A.1|A|A", filter), "");
     EXPECT_TRUE(filter.IsEmpty());
+}
+
+TEST(ComputeEdges, LendersAreNamedForEverySetThatHasAMass)
+{
+    SmallProduct small;
+    small.Put("A", "L");
+    small.Set("L", "Weighed", kRound);
+    small.Set("A", "Weighed", {{Fact::Mass, 2}});
+    small.Set("A", "Estimated", {{Fact::Mass, 2}, {Fact::CgX, 1}, {Fact::CgY, 1}, {Fact::CgZ, 1}});
+    small.Set("A", "Supplier", {{Fact::CgX, 1}, {Fact::CgY, 1}, {Fact::CgZ, 1}});
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    EXPECT_EQ(LendersOf(graph, 0, "Weighed").centre, "Supplier");
+    EXPECT_EQ(LendersOf(graph, 0, "Weighed").inertia, "Computed");
+    EXPECT_EQ(LendersOf(graph, 0, "Estimated").centre, "") << "its own";
+    EXPECT_EQ(LendersOf(graph, 0, "Supplier").inertia, "") << "it has no mass";
+    EXPECT_EQ(LendersOf(graph, 0, "Calculated").centre, "") << "it is not there";
+    EXPECT_EQ(LendersOf(graph, 1, "Weighed").inertia, "");
+}
+
+TEST(ComputeEdges, KeptSumWithoutAnyMassHasNone)
+{
+    KeptSum sum;
+    sum.counts.leaves = 2;
+    sum.counts.withoutMass = 2;
+    EXPECT_FALSE(TotalOf(sum).HasMass());
+    sum.counts.withoutMass = 1;
+    EXPECT_TRUE(TotalOf(sum).HasMass());
+    EXPECT_TRUE(TotalOf(KeptSum()).HasMass()) << "the filter left nothing: that weighs nothing";
 }
