@@ -388,6 +388,8 @@ TEST_F(WBStoreUpdate, NegativeMassNeedsAnAdjustmentToTheEnd)
     EXPECT_THAT(Import("part,type\nQ,part\n").errors,
                 ElementsAre(HasSubstr("but Q has a negative")));
     EXPECT_EQ(PartOf("P").type, PartType::Adjustment);
+    Good("part,type,mass_type,mass [kg]\nO,adjustment,Weighed,0\n");
+    EXPECT_EQ(Good("part,type\nO,part\n").changedParts, 1U);
 }
 
 TEST_F(WBStoreUpdate, InstanceOfAnotherPartIsRefused)

@@ -1,7 +1,5 @@
 #include "UseRemoval.h"
 
-#include <algorithm>
-#include <set>
 #include <string_view>
 #include <unordered_map>
 
@@ -59,7 +57,9 @@ std::vector<std::uint32_t> UseRemoval::RootsToReplace(ImportErrors& errors)
     for (const std::uint32_t root : roots) {
         const std::string user = UserOf(root);
         if (!user.empty()) {
-            errors.File(option + "it is used in " + user + ", expected a product root");
+            std::string why = option;
+            why += "it is used in " + user + ", expected a product root";
+            errors.File(why);
         } else if (m_usesBelow[root].empty() &&
                    !StoredUsesOf(m_known.Find(m_product.parts[root])).empty()) {
             // A table of facts alone would take the whole product away.
@@ -112,7 +112,7 @@ void UseRemoval::Remove(const StoredUseLine& use, RowId parent, const Part& name
     if (m_bereft.empty() || m_bereft.back() != parent) {
         m_bereft.push_back(parent);
     }
-    m_released.push_back(use.part);
+    m_released.insert(use.part);
     const PartLine part = *m_store.FindPart(use.part);
     m_removed.push_back(
         {"use " + named.identifier + "/" + use.instance, part.identifier + " " + part.version, ""});
@@ -120,8 +120,6 @@ void UseRemoval::Remove(const StoredUseLine& use, RowId parent, const Part& name
 
 std::vector<std::string> UseRemoval::ReleasedParts()
 {
-    std::ranges::sort(m_released);
-    m_released.erase(std::ranges::unique(m_released).begin(), m_released.end());
     std::vector<std::string> names;
     for (const RowId id : m_released) {
         Statement& row =
@@ -148,7 +146,8 @@ std::vector<std::string> UseRemoval::BereftRoots()
             const std::string identifier = rows.Text();
             const std::string version = rows.Text();
             if (identifier != m_root) {
-                names.insert(identifier + " " + version);
+                std::string name = identifier;
+                names.insert(name.append(1, ' ').append(version));
             }
         }
     }

@@ -6,6 +6,7 @@
 #include "WBStore.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,6 @@ private:
     const std::vector<std::vector<std::uint32_t>> m_usesBelow; // per part of the product
     std::vector<ChangedFact> m_removed;
     std::vector<RowId> m_bereft;
-    std::vector<RowId> m_released; // parts whose uses were removed
+    std::set<RowId> m_released; // parts whose uses were removed
 };
 } // namespace wb

@@ -163,7 +163,6 @@ void InertiaReader::ReadRadii(ValueSet& set, SetOwner owner)
         const auto& [column, fact] = kRadiusColumns[i];
         if (!m_row.Filled(column)) {
             m_row.Complain(column, "the cell is blank, expected kx, ky and kz or none of them");
-            continue;
         }
         if (const auto radius = m_row.StoredNotNegative(column)) {
             m_keeper.Number(pending.radii[i], *radius, set.typed, set.lines,
