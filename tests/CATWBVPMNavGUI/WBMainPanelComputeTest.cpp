@@ -106,6 +106,7 @@ TEST_F(WBMainPanelComputeTest, OffersWhatARecordCanBeAskedFor)
     const auto lines = [this](const char* name) {
         std::vector<std::string> texts;
         const auto* combo = Find<CATDlgCombo>(name);
+        texts.reserve(static_cast<std::size_t>(combo->LineCount()));
         for (int line = 0; line < combo->LineCount(); ++line) {
             texts.push_back(combo->Line(line).ToStdString());
         }

@@ -136,7 +136,7 @@ TEST_F(WBPartComputationTest, AnswerHasAsManyFieldsAsItAnnounces)
     }
     const std::string figures = "0|0|0|0|0|0|0|0|0|0|0|0|";
     for (const std::string rest : {"x|0|", "-1|0|", "0|x|", "0|-1|", "2000000000|0|"}) {
-        EXPECT_FALSE(WBIsComputedAnswer(figures + rest + figures)) << rest;
+        EXPECT_FALSE(WBIsComputedAnswer(Join({figures, rest, figures}))) << rest;
     }
 }
 

@@ -17,7 +17,7 @@ protected:
         errors.clear();
         const CATLineStream::Listener before = CATDiagnosticErrors().SetListener(
             [this](std::string_view line) { errors.emplace_back(line); });
-        const WBValueDetails details = WBAskValueDetails(what, "1|I|P|A|");
+        WBValueDetails details = WBAskValueDetails(what, "1|I|P|A|");
         CATDiagnosticErrors().SetListener(before);
         return details;
     }
