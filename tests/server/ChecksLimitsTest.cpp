@@ -2,8 +2,6 @@
 
 #include "ComputeTesting.h"
 
-#include <numbers>
-
 using namespace wb;
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -6,7 +6,6 @@
 using namespace wb;
 using Common = CATENOWBCSCommonDefinitions;
 using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using wbtest::Derived;

@@ -4,7 +4,6 @@
 #include <cmath>
 
 using namespace wb;
-using wbtest::ExpectSame;
 using wbtest::MostPrecise;
 using wbtest::PlainItem;
 using wbtest::PlainRules;

@@ -2,7 +2,6 @@
 
 using namespace wb;
 using Common = CATENOWBCSCommonDefinitions;
-using testing::ElementsAre;
 using wbtest::ExpectSame;
 using wbtest::SmallProduct;
 

@@ -4,7 +4,6 @@
 
 using namespace wb;
 using Common = CATENOWBCSCommonDefinitions;
-using testing::Contains;
 using testing::ElementsAre;
 using wbtest::ExpectSame;
 using wbtest::MostPrecise;

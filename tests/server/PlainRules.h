@@ -14,20 +14,20 @@ namespace wbtest
 /// One set of values of one node, with the mass that follows from a size.
 struct PlainSet
 {
-    std::string type;
-    int order = 0;
-    bool goal = false;
+    std::optional<RealMatrix> inertia; // products with the sign of the matrix
+    std::optional<RealVector> centre;
     std::optional<Real> mass;
     Real lower = 0;
     Real upper = 0;
-    bool precisionStated = false;
-    std::optional<RealVector> centre;
-    std::optional<RealMatrix> inertia; // products with the sign of the matrix
+    Real density = 0;
     // Mass, centre, xx, yy, zz, xy, xz, yz; what nobody stated is 0.
     std::array<Real, 10> sigmas{};
-    bool sigmaOfMassStated = false;
+    std::string type;
+    int order = 0;
     int dimension = 3;
-    Real density = 0;
+    bool goal = false;
+    bool precisionStated = false;
+    bool sigmaOfMassStated = false;
 };
 
 /// One place where the walk stopped: an item of the sum.

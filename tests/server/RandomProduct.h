@@ -42,6 +42,7 @@ public:
     std::vector<std::string> Names(const std::vector<std::uint32_t>& path) const
     {
         std::vector<std::string> names;
+        names.reserve(path.size());
         for (const std::uint32_t use : path) {
             names.push_back(product.uses[use].instance);
         }

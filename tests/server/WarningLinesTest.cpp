@@ -6,7 +6,6 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using wbtest::MostPrecise;
 using wbtest::SmallProduct;
 
 namespace
