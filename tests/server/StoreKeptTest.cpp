@@ -1,7 +1,6 @@
 #include "ServerTesting.h"
+#include "SqlConnection.h"
 #include "WBStore.h"
-
-#include <sqlite3.h>
 
 #include <chrono>
 #include <set>
@@ -9,26 +8,10 @@
 using namespace wb;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using wbtest::SqlConnection;
 
 namespace
 {
-/// Runs SQL on a file through a connection of its own.
-class Connection
-{
-public:
-    explicit Connection(const std::string& path) { sqlite3_open(path.c_str(), &m_database); }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-    ~Connection() { sqlite3_close(m_database); }
-    int Run(const std::string& sql)
-    {
-        return sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
-    }
-
-private:
-    sqlite3* m_database = nullptr;
-};
-
 /// P stands in A, and so in R, and in the product Z; Q stands beside A.
 constexpr const char* kProducts =
     "parent,instance,part,name,mass_type,active,mass [kg],lower_pct [%],upper_pct [%],cgx [mm],cgy "
@@ -175,8 +158,8 @@ TEST_F(StoreKept, ResultIsFoundByPartAndKey)
     EXPECT_FALSE(m_store->FindKept(Row("R"), "K"));
     EXPECT_FALSE(m_store->FindKept(Row("P"), "k"));
     // Who made it, and when, is there for whoever looks into the file.
-    EXPECT_EQ(Connection(Path()).Run("CREATE TABLE seen AS SELECT 1 / (count(*) = 2) FROM "
-                                     "kept_result WHERE who = 'ann' AND at LIKE '20__-%'"),
+    EXPECT_EQ(SqlConnection(Path()).Run("CREATE TABLE seen AS SELECT 1 / (count(*) = 2) FROM "
+                                        "kept_result WHERE who = 'ann' AND at LIKE '20__-%'"),
               SQLITE_OK);
 }
 
@@ -220,7 +203,7 @@ TEST_F(StoreKept, OfOnePartTheNewestHundredStay)
 
 TEST_F(StoreKept, LockedDatabaseKeepsNothingAndDoesNotWait)
 {
-    Connection other(Path());
+    SqlConnection other(Path());
     ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
     const auto before = std::chrono::steady_clock::now();
     EXPECT_FALSE(m_store->Keep({{Row("R"), "k", 1, "x"}}, "ann"));
@@ -241,7 +224,7 @@ TEST_F(StoreKept, FileOfTheFirstVersionIsBroughtUp)
 {
     m_store.reset();
     const char* const toFirst = "DROP TABLE kept_result; PRAGMA user_version = 1";
-    ASSERT_EQ(Connection(Path()).Run(toFirst), SQLITE_OK);
+    ASSERT_EQ(SqlConnection(Path()).Run(toFirst), SQLITE_OK);
     m_store = Store::Open(Path()).store;
     ASSERT_NE(m_store, nullptr);
     EXPECT_EQ(m_store->Roots().size(), 2U);
@@ -253,9 +236,10 @@ TEST_F(StoreKept, FileOfTheFirstVersionIsBroughtUp)
 TEST_F(StoreKept, FileOfTheFirstVersionThatIsLockedWorksWithoutKeeping)
 {
     m_store.reset();
-    ASSERT_EQ(Connection(Path()).Run("DROP TABLE kept_result; PRAGMA user_version = 1"), SQLITE_OK);
+    ASSERT_EQ(SqlConnection(Path()).Run("DROP TABLE kept_result; PRAGMA user_version = 1"),
+              SQLITE_OK);
     {
-        Connection other(Path());
+        SqlConnection other(Path());
         ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
         m_store = Store::Open(Path()).store;
         ASSERT_NE(m_store, nullptr);
@@ -268,11 +252,12 @@ TEST_F(StoreKept, FileOfTheFirstVersionThatIsLockedWorksWithoutKeeping)
 TEST_F(StoreKept, CopyBringsUpItselfAndLeavesTheFile)
 {
     m_store.reset();
-    ASSERT_EQ(Connection(Path()).Run("DROP TABLE kept_result; PRAGMA user_version = 1"), SQLITE_OK);
+    ASSERT_EQ(SqlConnection(Path()).Run("DROP TABLE kept_result; PRAGMA user_version = 1"),
+              SQLITE_OK);
     const auto copy = Store::OpenCopy(Path());
     ASSERT_NE(copy.store, nullptr);
     EXPECT_TRUE(copy.store->Keep({{1, "k", 1, "x"}}, "ann"));
-    EXPECT_EQ(Connection(Path()).Run("CREATE TABLE kept_result (id INTEGER)"), SQLITE_OK);
+    EXPECT_EQ(SqlConnection(Path()).Run("CREATE TABLE kept_result (id INTEGER)"), SQLITE_OK);
 }
 
 TEST_F(StoreKept, RowsAndChangeNumbersComeWithTheProduct)

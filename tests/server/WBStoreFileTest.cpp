@@ -1,7 +1,6 @@
 #include "ServerTesting.h"
+#include "SqlConnection.h"
 #include "WBStore.h"
-
-#include <sqlite3.h>
 
 #include <filesystem>
 #include <fstream>
@@ -10,26 +9,10 @@ using namespace wb;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
+using wbtest::SqlConnection;
 
 namespace
 {
-/// Runs SQL on a file through a connection of its own.
-class Connection
-{
-public:
-    explicit Connection(const std::string& path) { sqlite3_open(path.c_str(), &m_database); }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-    ~Connection() { sqlite3_close(m_database); }
-    int Run(const std::string& sql)
-    {
-        return sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
-    }
-
-private:
-    sqlite3* m_database = nullptr;
-};
-
 Product SmallProduct()
 {
     return wbtest::Read("parent,instance,part\n,,A\nA,P.1,P\n").product;
@@ -90,7 +73,7 @@ TEST(WBStoreFile, DatabaseOfAnotherProgramIsRefused)
 {
     const wbtest::Directory directory;
     const auto path = directory.File("x.db");
-    Connection(path).Run("CREATE TABLE t (a)");
+    SqlConnection(path).Run("CREATE TABLE t (a)");
     EXPECT_THAT(Store::Open(path).error, HasSubstr("is no weight-and-balance database"));
     EXPECT_THAT(Store::Open(directory.Write("empty.db", "")).error,
                 HasSubstr("is no weight-and-balance database"));
@@ -101,7 +84,7 @@ TEST(WBStoreFile, NewerVersionIsRefused)
     const wbtest::Directory directory;
     const auto path = directory.File("x.db");
     Store::OpenOrCreate(path);
-    Connection(path).Run("PRAGMA user_version = 9");
+    SqlConnection(path).Run("PRAGMA user_version = 9");
     EXPECT_EQ(Store::Open(path).error,
               path + ": the database was written by a newer version of wb (its tables are version "
                      "9, this program knows version 2); open it with that version");
@@ -111,7 +94,7 @@ TEST(WBStoreFile, LockedDatabaseIsSaidAndLeftAsItWas)
 {
     const wbtest::Directory directory;
     const auto opened = Store::OpenOrCreate(directory.File("x.db"), 10);
-    Connection other(directory.File("x.db"));
+    SqlConnection other(directory.File("x.db"));
     ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
     const std::string locked = directory.File("x.db") + ": another program is writing to this "
                                                         "database; wait until it has ended and "
@@ -131,7 +114,7 @@ TEST(WBStoreFile, TablesRefuseWhatNoImportWouldWrite)
     const wbtest::Directory directory;
     const auto path = directory.File("x.db");
     Store::OpenOrCreate(path);
-    Connection other(path);
+    SqlConnection other(path);
     other.Run("PRAGMA foreign_keys = ON");
     const auto run = [&](const std::string& sql) {
         return other.Run(sql);
@@ -202,7 +185,7 @@ TEST(WBStoreFile, CopyIsOfWhatWasCommittedWhileAnotherProgramWrites)
 {
     const wbtest::Directory directory;
     Store::OpenOrCreate(directory.File("x.db"));
-    Connection other(directory.File("x.db"));
+    SqlConnection other(directory.File("x.db"));
     ASSERT_EQ(other.Run("BEGIN IMMEDIATE; DELETE FROM mass_type"), SQLITE_OK);
     const auto copy = Store::OpenCopy(directory.File("x.db"), 10);
     ASSERT_NE(copy.store, nullptr) << copy.error;
@@ -229,11 +212,11 @@ TEST(WBStoreFile, CopyRefusesWhatOpenRefuses)
     const auto path = directory.File("x.db");
     Store::OpenOrCreate(path);
     {
-        Connection other(path);
+        SqlConnection other(path);
         ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
         EXPECT_THAT(Store::OpenCopy(path, 10).error, StartsWith(path + ": another program"));
     }
-    Connection(path).Run("PRAGMA user_version = 9");
+    SqlConnection(path).Run("PRAGMA user_version = 9");
     EXPECT_EQ(Store::OpenCopy(path).error, Store::Open(path).error);
 }
 
@@ -281,7 +264,7 @@ TEST(WBStoreFile, BatchSaysThatAnotherProgramWrites)
 {
     const wbtest::Directory directory;
     const auto opened = Store::OpenOrCreate(directory.File("x.db"), 10);
-    Connection other(directory.File("x.db"));
+    SqlConnection other(directory.File("x.db"));
     ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
     EXPECT_THROW(StoreBatch batch(*opened.store), StoreError);
     other.Run("COMMIT");
