@@ -7,6 +7,7 @@
 #include "ModuleSession.h"
 #include "ReportDocuments.h"
 #include "TemporaryDirectory.h"
+#include "TestMagnitude.h"
 
 #include <algorithm>
 #include <functional>
@@ -50,26 +51,6 @@ inline CATICkeUnit_var UnitThatShows(const std::string& text, const std::string&
     return CATICkeUnit_var::Adopt(
         new ScriptedUnit(symbol, 1.0, [text](double, int) { return text; }));
 }
-
-/// A magnitude with the units that a test gives it.
-class TestMagnitude : public CATICkeMagnitude
-{
-public:
-    TestMagnitude(CATICkeUnit_var storage, CATICkeUnit_var current)
-        : m_storage(std::move(storage)), m_current(std::move(current))
-    {}
-    CATUnicodeString Name() const override { return "TEST"; }
-    CATICkeUnit_var StorageUnit() const override { return m_storage; }
-    CATICkeUnit_var CurrentUnit() const override { return m_current; }
-    long SetCurrentUnit(const CATUnicodeString&) override { return E_FAIL; }
-    CATICkeUnit_var FindUnit(const CATUnicodeString&) const override { return {}; }
-    CATListValCATUnicodeString UnitSymbols() const override { return {}; }
-    long UseUnit(const CATUnicodeString&) override { return E_FAIL; }
-
-private:
-    CATICkeUnit_var m_storage;
-    CATICkeUnit_var m_current;
-};
 
 /// The session's dictionary, of which a test replaces some magnitudes or takes them away.
 class ChangedDictionary : public CATICkeParmDictionary
@@ -152,12 +133,12 @@ protected:
     void TakeStorageUnit(const std::string& name)
     {
         const CATICkeUnit_var current = Magnitude(name)->CurrentUnit();
-        Replace(name, CATICkeMagnitude_var::Adopt(new TestMagnitude({}, current)));
+        Replace(name, MagnitudeOf({}, current));
     }
     void TakeCurrentUnit(const std::string& name)
     {
         const CATICkeUnit_var storage = Magnitude(name)->StorageUnit();
-        Replace(name, CATICkeMagnitude_var::Adopt(new TestMagnitude(storage, {})));
+        Replace(name, MagnitudeOf(storage, {}));
     }
 
 private:

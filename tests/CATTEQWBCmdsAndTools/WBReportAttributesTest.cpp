@@ -467,7 +467,7 @@ TEST_F(ManageAttributes, EmptyListAsksNoUnitForAnything)
             ++asked;
             return "u";
         }));
-    const auto magnitude = CATICkeMagnitude_var::Adopt(new TestMagnitude(unit, unit));
+    const auto magnitude = MagnitudeOf(unit, unit);
     for (const Row& row : Rows()) {
         row.member(m_nodes, magnitude, 1, kWithoutSymbol, kFixedDecimals);
     }
@@ -481,8 +481,8 @@ TEST_F(ManageAttributes, MagnitudeIsNeededWithTheUnitsThatTheTaskTakes)
     for (const Row& row : Rows()) {
         const CATICkeUnit_var storage = Magnitude(row.magnitude)->StorageUnit();
         const CATICkeUnit_var current = Magnitude(row.magnitude)->CurrentUnit();
-        const auto noStorage = CATICkeMagnitude_var::Adopt(new TestMagnitude({}, current));
-        const auto noCurrent = CATICkeMagnitude_var::Adopt(new TestMagnitude(storage, {}));
+        const auto noStorage = MagnitudeOf({}, current);
+        const auto noCurrent = MagnitudeOf(storage, {});
         Take(EveryNode());
         row.member(m_nodes, {}, 1, kWithSymbol, kOwnDecimals);
         row.member(m_nodes, {}, 0, kWithSymbol, kOwnDecimals);
@@ -500,10 +500,10 @@ TEST_F(ManageAttributes, DensitiesNeedBothMagnitudesWithAllTheirUnits)
     const CATICkeMagnitude_var volumic = Magnitude("DENSITY");
     const CATICkeMagnitude_var surfacic = Magnitude("SURFACICMASS");
     const auto withoutStorage = [](const CATICkeMagnitude_var& magnitude) {
-        return CATICkeMagnitude_var::Adopt(new TestMagnitude({}, magnitude->CurrentUnit()));
+        return MagnitudeOf({}, magnitude->CurrentUnit());
     };
     const auto withoutCurrent = [](const CATICkeMagnitude_var& magnitude) {
-        return CATICkeMagnitude_var::Adopt(new TestMagnitude(magnitude->StorageUnit(), {}));
+        return MagnitudeOf(magnitude->StorageUnit(), {});
     };
     const std::pair<CATICkeMagnitude_var, CATICkeMagnitude_var> lacking[] = {
         {{}, surfacic},

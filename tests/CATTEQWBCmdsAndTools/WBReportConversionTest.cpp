@@ -268,9 +268,7 @@ TEST_F(ManageUnitsConversion, MagnitudeThatIsNotKnownOrLacksAUnitLeavesItsAttrib
     for (const Row& row : rows) {
         const CATICkeMagnitude_var known = Magnitude(row.magnitude);
         const CATICkeMagnitude_var lacking[] = {
-            {},
-            CATICkeMagnitude_var::Adopt(new TestMagnitude({}, known->CurrentUnit())),
-            CATICkeMagnitude_var::Adopt(new TestMagnitude(known->StorageUnit(), {}))};
+            {}, MagnitudeOf({}, known->CurrentUnit()), MagnitudeOf(known->StorageUnit(), {})};
         for (const CATICkeMagnitude_var& magnitude : lacking) {
             Replace(row.magnitude, magnitude);
             const DiagnosticCapture output;
@@ -479,8 +477,7 @@ TEST_F(ManageUnitsConversion, AttributeOfTheReportThatIsAPropertyTooIsConvertedT
     EXPECT_EQ(Instance(R"(WB_Mass="1" __magnitude__WB_Mass="MASS")"),
               R"(<PartInstance WB_Mass="4.861lb" __magnitude__WB_Mass="MASS"/>)");
     Forget("MASS");
-    Replace("OTHER", CATICkeMagnitude_var::Adopt(
-                         new TestMagnitude(Unit("LENGTH", "mm"), Unit("LENGTH", "cm"))));
+    Replace("OTHER", MagnitudeOf(Unit("LENGTH", "mm"), Unit("LENGTH", "cm")));
     EXPECT_EQ(Instance(R"(WB_Mass="1" __magnitude__WB_Mass="OTHER")"),
               R"(<PartInstance WB_Mass="0.1cm" __magnitude__WB_Mass="OTHER"/>)");
 }

@@ -201,8 +201,7 @@ TEST_F(ManageUnitsDisplay, MagnitudeThatIsNotKnownOrHasNoCurrentUnitLeavesItsAtt
     const DiagnosticCapture output;
     for (const Row& row : rows) {
         const CATICkeMagnitude_var known = Magnitude(row.magnitude);
-        const CATICkeMagnitude_var lacking[] = {
-            {}, CATICkeMagnitude_var::Adopt(new TestMagnitude(known->StorageUnit(), {}))};
+        const CATICkeMagnitude_var lacking[] = {{}, MagnitudeOf(known->StorageUnit(), {})};
         for (const CATICkeMagnitude_var& magnitude : lacking) {
             Replace(row.magnitude, magnitude);
             const CATIDOMDocument_var report = Displayed(ReportOfEveryAttribute());

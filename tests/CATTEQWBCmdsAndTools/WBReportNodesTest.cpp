@@ -3,8 +3,8 @@
 #include "CATCkeGlobalFunctions.h"
 #include "ModuleSession.h"
 #include "ReportDocuments.h"
+#include "TestMagnitude.h"
 
-#include <map>
 #include <string>
 #include <utility>
 
@@ -95,34 +95,6 @@ private:
     CATUnicodeString m_symbol;
 };
 
-class SymbolMagnitude : public CATICkeMagnitude
-{
-public:
-    CATUnicodeString Name() const override { return {}; }
-    CATICkeUnit_var StorageUnit() const override { return storage; }
-    CATICkeUnit_var CurrentUnit() const override { return current; }
-    long SetCurrentUnit(const CATUnicodeString&) override { return E_FAIL; }
-    CATICkeUnit_var FindUnit(const CATUnicodeString&) const override { return {}; }
-    CATListValCATUnicodeString UnitSymbols() const override { return {}; }
-    long UseUnit(const CATUnicodeString&) override { return E_FAIL; }
-
-    CATICkeUnit_var storage;
-    CATICkeUnit_var current;
-};
-
-class SymbolDictionary : public CATICkeParmDictionary
-{
-public:
-    CATICkeMagnitude_var FindMagnitude(const CATUnicodeString& name) const override
-    {
-        const auto found = magnitudes.find(name.ToStdString());
-        return found == magnitudes.end() ? CATICkeMagnitude_var() : found->second;
-    }
-    CATListValCATUnicodeString MagnitudeNames() const override { return {}; }
-
-    std::map<std::string, CATICkeMagnitude_var> magnitudes;
-};
-
 class UnitHeader : public testing::Test
 {
 protected:
@@ -145,10 +117,7 @@ protected:
             return symbol == nullptr ? CATICkeUnit_var()
                                      : CATICkeUnit_var::Adopt(new SymbolUnit(symbol));
         };
-        auto* made = new SymbolMagnitude;
-        made->storage = unit(storage);
-        made->current = unit(current);
-        m_dictionary->magnitudes[magnitude] = CATICkeMagnitude_var::Adopt(made);
+        m_dictionary->magnitudes[magnitude] = MagnitudeOf(unit(storage), unit(current));
     }
     void Forget(const std::string& magnitude) { m_dictionary->magnitudes.erase(magnitude); }
 
@@ -160,7 +129,7 @@ protected:
     }
 
 private:
-    SymbolDictionary* m_dictionary = new SymbolDictionary; // the session's dictionary owns it
+    TestDictionary* m_dictionary = new TestDictionary; // the session's dictionary owns it
 };
 
 TEST_F(UnitHeader, HoldsTheSymbolsOfTheCurrentUnitsBehindWhatTheElementHas)

@@ -5,11 +5,11 @@
 #include "ModuleSession.h"
 #include "PlainDisplay.h"
 #include "ReportDocuments.h"
+#include "TestMagnitude.h"
 
 #include <rapidcheck.h>
 
 #include <cstdlib>
-#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,50 +29,20 @@ const std::string kHint = "__magnitude__";
 
 // A dictionary in which anything may be missing
 
-class AnyMagnitude : public CATICkeMagnitude
+CATICkeParmDictionary_var AnyDictionary()
 {
-public:
-    AnyMagnitude(CATICkeUnit_var storage, CATICkeUnit_var current)
-        : m_storage(std::move(storage)), m_current(std::move(current))
-    {}
-    CATUnicodeString Name() const override { return {}; }
-    CATICkeUnit_var StorageUnit() const override { return m_storage; }
-    CATICkeUnit_var CurrentUnit() const override { return m_current; }
-    long SetCurrentUnit(const CATUnicodeString&) override { return E_FAIL; }
-    CATICkeUnit_var FindUnit(const CATUnicodeString&) const override { return {}; }
-    CATListValCATUnicodeString UnitSymbols() const override { return {}; }
-    long UseUnit(const CATUnicodeString&) override { return E_FAIL; }
-
-private:
-    CATICkeUnit_var m_storage;
-    CATICkeUnit_var m_current;
-};
-
-class AnyDictionary : public CATICkeParmDictionary
-{
-public:
-    AnyDictionary()
-    {
-        for (const char* name :
-             {"LENGTH", "MASS", "INERTIAMOMENT", "DENSITY", "SURFACICMASS", "VOLUME", "OWN"}) {
-            const int lack = *rc::gen::inRange(0, 20);
-            if (lack != 0) {
-                m_magnitudes[name] = CATICkeMagnitude_var::Adopt(
-                    new AnyMagnitude(lack == 1 ? CATICkeUnit_var() : AnyLookUnit(),
-                                     lack == 2 ? CATICkeUnit_var() : AnyLookUnit()));
-            }
+    auto* dictionary = new TestDictionary;
+    for (const char* name :
+         {"LENGTH", "MASS", "INERTIAMOMENT", "DENSITY", "SURFACICMASS", "VOLUME", "OWN"}) {
+        const int lack = *rc::gen::inRange(0, 20);
+        if (lack != 0) {
+            dictionary->magnitudes[name] =
+                MagnitudeOf(lack == 1 ? CATICkeUnit_var() : AnyLookUnit(),
+                            lack == 2 ? CATICkeUnit_var() : AnyLookUnit());
         }
     }
-    CATICkeMagnitude_var FindMagnitude(const CATUnicodeString& name) const override
-    {
-        const auto found = m_magnitudes.find(name.ToStdString());
-        return found == m_magnitudes.end() ? CATICkeMagnitude_var() : found->second;
-    }
-    CATListValCATUnicodeString MagnitudeNames() const override { return {}; }
-
-private:
-    std::map<std::string, CATICkeMagnitude_var> m_magnitudes;
-};
+    return CATICkeParmDictionary_var::Adopt(dictionary);
+}
 
 /// The session has any dictionary, and any locale, while this lives.
 class AnySession
@@ -80,8 +50,7 @@ class AnySession
 public:
     AnySession() : m_locale(AnyLocale())
     {
-        CATCkeGlobalFunctions::SetParmDictionary(
-            CATICkeParmDictionary_var::Adopt(new AnyDictionary));
+        CATCkeGlobalFunctions::SetParmDictionary(AnyDictionary());
     }
     ~AnySession() { CATCkeGlobalFunctions::SetParmDictionary({}); }
     AnySession(const AnySession&) = delete;

@@ -1,12 +1,8 @@
 #include "CATWBServices.h"
 
-#include "CATCkeGlobalFunctions.h"
 #include "CATHandle.h"
 #include "ModuleSession.h"
-
-#include <map>
-#include <string>
-#include <utility>
+#include "TestMagnitude.h"
 
 namespace
 {
@@ -29,46 +25,9 @@ private:
     double m_offset;
 };
 
-class TwoUnitMagnitude : public CATICkeMagnitude
-{
-public:
-    TwoUnitMagnitude(CATICkeUnit_var storage, CATICkeUnit_var current)
-        : m_storage(std::move(storage)), m_current(std::move(current))
-    {}
-    CATUnicodeString Name() const override { return "MAGNITUDE"; }
-    CATICkeUnit_var StorageUnit() const override { return m_storage; }
-    CATICkeUnit_var CurrentUnit() const override { return m_current; }
-    long SetCurrentUnit(const CATUnicodeString&) override { return S_FALSE; }
-    CATICkeUnit_var FindUnit(const CATUnicodeString&) const override { return {}; }
-    CATListValCATUnicodeString UnitSymbols() const override { return {}; }
-    long UseUnit(const CATUnicodeString&) override { return S_FALSE; }
-
-private:
-    CATICkeUnit_var m_storage;
-    CATICkeUnit_var m_current;
-};
-
-class Dictionary : public CATICkeParmDictionary
-{
-public:
-    CATICkeMagnitude_var FindMagnitude(const CATUnicodeString& name) const override
-    {
-        const auto found = magnitudes.find(name.ToStdString());
-        return found == magnitudes.end() ? CATICkeMagnitude_var() : found->second;
-    }
-    CATListValCATUnicodeString MagnitudeNames() const override { return {}; }
-
-    std::map<std::string, CATICkeMagnitude_var> magnitudes;
-};
-
 CATICkeUnit_var Unit(double factor, double offset)
 {
     return CATICkeUnit_var::Adopt(new LinearUnit(factor, offset));
-}
-
-CATICkeMagnitude_var Magnitude(const CATICkeUnit_var& storage, const CATICkeUnit_var& current)
-{
-    return CATICkeMagnitude_var::Adopt(new TwoUnitMagnitude(storage, current));
 }
 
 class RestoreValue : public testing::Test
@@ -76,15 +35,15 @@ class RestoreValue : public testing::Test
 protected:
     RestoreValue()
     {
-        auto* dictionary = new Dictionary;
+        auto* dictionary = new TestDictionary;
         // By the storage unit first: (2 v + 1) and then (10 v + 3).
-        const CATICkeMagnitude_var both = Magnitude(Unit(2, 1), Unit(10, 3));
+        const CATICkeMagnitude_var both = MagnitudeOf(Unit(2, 1), Unit(10, 3));
         dictionary->magnitudes = {{"MASS", both},
                                   {"LENGTH", both},
                                   {"Length", both},
                                   {"LENGTHS", both},
-                                  {"NOSTORAGE", Magnitude({}, Unit(10, 3))},
-                                  {"NOCURRENT", Magnitude(Unit(2, 1), {})}};
+                                  {"NOSTORAGE", MagnitudeOf({}, Unit(10, 3))},
+                                  {"NOCURRENT", MagnitudeOf(Unit(2, 1), {})}};
         CATCkeGlobalFunctions::SetParmDictionary(CATICkeParmDictionary_var::Adopt(dictionary));
     }
     ~RestoreValue() override { CATCkeGlobalFunctions::SetParmDictionary({}); }

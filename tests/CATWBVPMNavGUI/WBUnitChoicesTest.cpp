@@ -1,6 +1,7 @@
 #include "WBUnitChoices.h"
 
 #include "PanelSession.h"
+#include "TestMagnitude.h"
 
 #include <filesystem>
 #include <fstream>
@@ -48,20 +49,6 @@ constexpr std::size_t kMillimetre = 1;
 constexpr std::size_t kInchPound = 2;
 constexpr std::size_t kFootSlug = 3;
 constexpr std::size_t kShipped = 4;
-
-/// A magnitude of somebody's own making that has no units at all.
-class BareMagnitude : public CATICkeMagnitude
-{
-public:
-    const char* ClassName() const override { return "BareMagnitude"; }
-    CATUnicodeString Name() const override { return "BARE"; }
-    CATICkeUnit_var StorageUnit() const override { return {}; }
-    CATICkeUnit_var CurrentUnit() const override { return {}; }
-    long SetCurrentUnit(const CATUnicodeString&) override { return E_INVALIDARG; }
-    CATICkeUnit_var FindUnit(const CATUnicodeString&) const override { return {}; }
-    CATListValCATUnicodeString UnitSymbols() const override { return {}; }
-    long UseUnit(const CATUnicodeString&) override { return E_INVALIDARG; }
-};
 
 } // namespace
 
@@ -207,7 +194,7 @@ TEST_F(WBUnitChoicesTest, UnitIsChosenByItsSymbolWhateverNameWasGiven)
 
 TEST_F(WBUnitChoicesTest, MagnitudeWithoutUnitsShowsADashAndCanBeGivenNone)
 {
-    const auto bare = CATICkeMagnitude_var::Adopt(new BareMagnitude);
+    const CATICkeMagnitude_var bare = MagnitudeOf({}, {});
     WBChooseUnit(choices, *bare, "kg");
     EXPECT_TRUE(choices.empty());
     EXPECT_TRUE(WBChosenUnit(choices, *bare).IsNull());

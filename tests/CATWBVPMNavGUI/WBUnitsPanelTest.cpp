@@ -2,6 +2,7 @@
 
 #include "PanelChecks.h"
 #include "PanelSession.h"
+#include "TestMagnitude.h"
 
 #include "CATCommandWatch.h"
 #include "CATDlgNotify.h"
@@ -482,15 +483,8 @@ TEST_F(WBUnitsPanelTest, CaptionsAndTooltipsComeFromTheResources)
 
 TEST_F(WBUnitsPanelTest, DictionaryWithoutMagnitudesLeavesNothingToChoose)
 {
-    /// What a session has whose unit files are missing.
-    class NoMagnitudes : public CATICkeParmDictionary
-    {
-    public:
-        const char* ClassName() const override { return "NoMagnitudes"; }
-        CATICkeMagnitude_var FindMagnitude(const CATUnicodeString&) const override { return {}; }
-        CATListValCATUnicodeString MagnitudeNames() const override { return {}; }
-    };
-    CATCkeGlobalFunctions::SetParmDictionary(CATICkeParmDictionary_var::Adopt(new NoMagnitudes));
+    // As in a session whose unit files are missing.
+    CATCkeGlobalFunctions::SetParmDictionary(CATICkeParmDictionary_var::Adopt(new TestDictionary));
     Open();
     EXPECT_EQ(Table().RowCount(), 0);
     // What stands in the place of rows is painted, no cell holds it.
