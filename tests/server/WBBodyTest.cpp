@@ -1,5 +1,6 @@
 #include "BodyTesting.h"
 
+#include "WBProduct.h"
 #include "WBRollUpTree.h"
 
 #include <array>
@@ -170,6 +171,17 @@ TEST(WBBody, InertiaAboutAnotherPointGainsTheOffset)
         EXPECT_NEAR(about[i], expected[i] + 1, 1e-12);
         EXPECT_NEAR(gain[i], expected[i], 1e-12);
     }
+}
+
+TEST(WBBody, DifferenceIsTakenFigureByFigureAndUnknownWhereOneOfTheTwoIs)
+{
+    const Body own{10.0, 1.0, 2.0, {100.0, 20.0, 3.0}, {9.0, 8.0, 7.0, 6.0, 5.0, 4.0}};
+    Body below{8.0, 0.25, 0.5, {90.0, 25.0, 3.0}, {1.0, 2.0, 3.0, 4.0, 5.0, 6.0}};
+    EXPECT_EQ(Difference(own, below),
+              (Body{2.0, 0.75, 1.5, {10.0, -5.0, 0.0}, {8.0, 6.0, 4.0, 2.0, 0.0, -2.0}}));
+    below.centre[1] = kUnknown;
+    EXPECT_FALSE(IsKnown(Difference(own, below).centre[1]));
+    EXPECT_EQ(Difference(own, below).centre[0], 10.0);
 }
 
 TEST(WBBody, MassesThatCancelKeepTheFirstCentre)

@@ -63,8 +63,7 @@ void CheckIsRoot(ComputeOptions::Asked asked)
 std::string WarningsOf(const ComputeResult& result)
 {
     std::string text = WarningText(result.warnings);
-    const Counts& counts = result.total.counts;
-    if (counts.leaves > 0.0 && counts.withoutMass == counts.leaves) {
+    if (result.total.counts.IsWithoutAnyMass()) {
         text += "\nERROR: nothing that was asked for has a mass of this kind.";
     }
     return text;

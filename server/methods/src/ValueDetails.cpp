@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -182,15 +181,6 @@ void AddTwelve(AnswerText& answer, const Body& body)
     for (const double term : body.inertia) {
         answer.AddFigure(term);
     }
-}
-
-Body Difference(const Body& own, const Body& below)
-{
-    Body difference{
-        own.mass - below.mass, own.lower - below.lower, own.upper - below.upper, {}, {}};
-    std::ranges::transform(own.centre, below.centre, difference.centre.begin(), std::minus());
-    std::ranges::transform(own.inertia, below.inertia, difference.inertia.begin(), std::minus());
-    return difference;
 }
 
 /// own: the node as it counts in sums. What is below it is told as the computation has it, which

@@ -50,6 +50,10 @@ Body Pieces(const Body& body, double pieces);
 /// inertia. Where the masses cancel, there is no centre of gravity and that of the first one stays.
 Body Merged(const Body& first, const Body& second);
 
+/// Figure by figure the one less the other, the inertias as they stand, each about its own centre;
+/// unknown where one of the two is.
+Body Difference(const Body& body, const Body& other);
+
 /// The sum of any number of bodies in the same axes.
 class BodySum
 {

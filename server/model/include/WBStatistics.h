@@ -16,6 +16,9 @@ struct Counts
     double withoutMass = 0.0;
     double massWithoutCentre = 0.0;  // kg
     double massWithoutInertia = 0.0; // kg
+
+    /// There is something, and none of it has a mass.
+    bool IsWithoutAnyMass() const { return leaves > 0.0 && withoutMass == leaves; }
 };
 
 /// A total and what it was made from. Unknown figures are unknown, never 0.

@@ -56,6 +56,17 @@ Body Merged(const Body& first, const Body& second)
     return SumAboutCommonCentre(both.data(), 0, both.size(), NextIndex());
 }
 
+Body Difference(const Body& body, const Body& other)
+{
+    Body difference;
+    difference.mass = body.mass - other.mass;
+    difference.lower = body.lower - other.lower;
+    difference.upper = body.upper - other.upper;
+    std::ranges::transform(body.centre, other.centre, difference.centre.begin(), std::minus());
+    std::ranges::transform(body.inertia, other.inertia, difference.inertia.begin(), std::minus());
+    return difference;
+}
+
 void BodySum::Add(const Body& body)
 {
     if (m_count == kBlock) {

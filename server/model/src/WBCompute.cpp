@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 
 namespace wb
 {
@@ -98,24 +97,13 @@ Body KnownTotal(const Walk& walk, std::uint32_t asked, const Counts& counts)
 {
     Body body = walk.Total(asked);
     const NodeResult& result = walk.At(asked);
-    if (counts.leaves > 0.0 && counts.withoutMass == counts.leaves) {
+    if (counts.IsWithoutAnyMass()) {
         body.mass = kUnknown;
     }
     if (result.outcome == Outcome::Taken && result.noInertia) {
         body.inertia.fill(kUnknown);
     }
     return body;
-}
-
-Body Difference(const Body& own, const Body& below)
-{
-    Body difference;
-    difference.mass = own.mass - below.mass;
-    difference.lower = own.lower - below.lower;
-    difference.upper = own.upper - below.upper;
-    std::ranges::transform(own.centre, below.centre, difference.centre.begin(), std::minus());
-    std::ranges::transform(own.inertia, below.inertia, difference.inertia.begin(), std::minus());
-    return difference;
 }
 
 /// What is asked and what stands below it; sums that were kept count where they may.

@@ -19,7 +19,7 @@ Total TotalOf(const KeptSum& sum)
     Total total;
     total.counts = sum.counts;
     total.body = Finished(sum.firm, ApartIn(sum));
-    if (sum.counts.leaves > 0.0 && sum.counts.withoutMass == sum.counts.leaves) {
+    if (sum.counts.IsWithoutAnyMass()) {
         total.body.mass = kUnknown;
     }
     return total;
