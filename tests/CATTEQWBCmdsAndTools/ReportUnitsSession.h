@@ -1,18 +1,14 @@
 #pragma once
 
-#include "CATCkeGlobalFunctions.h"
-#include "CATEnvironment.h"
 #include "CATIDOMNamedNodeMap.h"
-#include "CATSettingRepository.h"
 #include "ModuleSession.h"
 #include "ReportDocuments.h"
-#include "TemporaryDirectory.h"
+#include "ShippedUnits.h"
 #include "TestMagnitude.h"
 
 #include <algorithm>
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,24 +77,12 @@ class ReportUnitsSession : public testing::Test
 protected:
     ReportUnitsSession()
     {
-        CATSetEnvironmentSource([this](const char* name) -> std::optional<std::string> {
-            return std::string(name) == "CATUserSettingPath" ? std::optional(m_settings.Path())
-                                                             : std::nullopt;
-        });
-        CATSettingRepository::CloseAll();
-        CATCkeGlobalFunctions::SetParmDictionary({});
         Use("LENGTH", "in");
         Use("MASS", "lb");
         Use("INERTIAMOMENT", "kg.mm2");
         Use("DENSITY", "g/cm3");
         Use("SURFACICMASS", "g/cm2");
         Use("VOLUME", "L");
-    }
-    ~ReportUnitsSession() override
-    {
-        CATCkeGlobalFunctions::SetParmDictionary({});
-        CATSettingRepository::CloseAll();
-        CATSetEnvironmentSource({});
     }
 
     static CATICkeMagnitude_var Magnitude(const std::string& name)
@@ -142,7 +126,7 @@ protected:
     }
 
 private:
-    const TemporaryDirectory m_settings;
+    const ShippedUnits m_shipped;
     CATHandle<ChangedDictionary> m_changed;
 };
 

@@ -1,3 +1,4 @@
+#include "CsvCells.h"
 #include "ProgramRun.h"
 
 #include <algorithm>
@@ -22,17 +23,7 @@ std::vector<Cells> ReadTable(std::istream& text)
     std::vector<Cells> rows;
     std::vector<std::string> columns;
     for (std::string line; std::getline(text, line);) {
-        std::vector<std::string> cells(1);
-        bool quoted = false;
-        for (const char character : line) {
-            if (character == '"') {
-                quoted = !quoted;
-            } else if (character == ',' && !quoted) {
-                cells.emplace_back();
-            } else {
-                cells.back() += character;
-            }
-        }
+        const std::vector<std::string> cells = CsvCells(line);
         if (columns.empty()) {
             columns = cells;
             continue;

@@ -1,43 +1,23 @@
 #include "ComputeUnits.h"
 
-#include "CATCkeGlobalFunctions.h"
-#include "CATEnvironment.h"
-#include "CATSettingRepository.h"
 #include "ReportUnits.h"
-#include "TemporaryDirectory.h"
+#include "ShippedUnits.h"
 #include "WBProduct.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-/// The shipped units and a settings folder of its own.
 class ComputeUnitsOfASession : public testing::Test
 {
 protected:
-    ComputeUnitsOfASession()
-    {
-        CATSetEnvironmentSource([this](const char* name) {
-            return std::string_view(name) == "CATUserSettingPath"
-                       ? std::optional<std::string>(folder.Path())
-                       : std::nullopt;
-        });
-        CATSettingRepository::CloseAll();
-        CATCkeGlobalFunctions::SetParmDictionary({});
-    }
-    ~ComputeUnitsOfASession() override
-    {
-        CATCkeGlobalFunctions::SetParmDictionary({});
-        CATSettingRepository::CloseAll();
-        CATSetEnvironmentSource({});
-    }
     static void Use(const std::string& choices)
     {
         std::string problem;
         EXPECT_TRUE(UseReportUnits(choices, problem)) << problem;
     }
 
-    TemporaryDirectory folder;
+    ShippedUnits shipped;
 };
 
 constexpr const char* kOthers =

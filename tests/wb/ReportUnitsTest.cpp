@@ -1,10 +1,7 @@
 #include "ReportUnits.h"
 
-#include "CATCkeGlobalFunctions.h"
-#include "CATEnvironment.h"
 #include "CATIXMLDOMDocumentBuilder.h"
-#include "CATSettingRepository.h"
-#include "TemporaryDirectory.h"
+#include "ShippedUnits.h"
 
 #include <gmock/gmock.h>
 
@@ -19,27 +16,9 @@ namespace
 
 using Values = CATWBReportConversion::Values;
 
-/// The shipped units and a settings folder of its own.
 class ReportUnits : public testing::Test
 {
 protected:
-    ReportUnits()
-    {
-        CATSetEnvironmentSource([this](const char* name) {
-            return std::string_view(name) == "CATUserSettingPath"
-                       ? std::optional<std::string>(folder.Path())
-                       : std::nullopt;
-        });
-        CATSettingRepository::CloseAll();
-        CATCkeGlobalFunctions::SetParmDictionary({});
-    }
-    ~ReportUnits() override
-    {
-        CATCkeGlobalFunctions::SetParmDictionary({});
-        CATSettingRepository::CloseAll();
-        CATSetEnvironmentSource({});
-    }
-
     static std::string Current(const char* magnitude)
     {
         return CATCkeGlobalFunctions::GetParmDictionary()
@@ -67,7 +46,7 @@ protected:
         return UnitWarnings(document, values);
     }
 
-    TemporaryDirectory folder;
+    ShippedUnits shipped;
 };
 
 CATWBReportConversion ReferenceTo(Values values, bool keepAtCentre = false)
@@ -87,7 +66,7 @@ TEST_F(ReportUnits, ChosenUnitsAreCurrentAndNotKept)
     EXPECT_EQ(Current("MASS"), "lb");
     EXPECT_EQ(Current("LENGTH"), "in");
     EXPECT_EQ(Current("VOLUME"), "m3");
-    EXPECT_EQ(folder.FileCount(), 0U);
+    EXPECT_EQ(shipped.Settings().FileCount(), 0U);
 }
 
 TEST_F(ReportUnits, MagnitudesAndNamesOfUnitsAreTakenAsPeopleTypeThem)

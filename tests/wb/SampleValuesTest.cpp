@@ -1,3 +1,4 @@
+#include "CsvCells.h"
 #include "TemporaryDirectory.h"
 
 #include <QJsonArray>
@@ -22,31 +23,15 @@ namespace
 
 using Row = std::map<std::string, std::string>;
 
-std::vector<std::string> SplitLine(const std::string& line)
-{
-    std::vector<std::string> cells(1);
-    bool quoted = false;
-    for (const char character : line) {
-        if (character == '"') {
-            quoted = !quoted;
-        } else if (character == ',' && !quoted) {
-            cells.emplace_back();
-        } else if (character != '\r') {
-            cells.back() += character;
-        }
-    }
-    return cells;
-}
-
 std::vector<Row> ReadRows(const std::string& path)
 {
     std::ifstream file(path);
     std::string line;
     std::getline(file, line);
-    std::vector<std::string> names = SplitLine(line);
+    std::vector<std::string> names = CsvCells(line);
     std::vector<Row> rows;
     while (std::getline(file, line)) {
-        const std::vector<std::string> cells = SplitLine(line);
+        const std::vector<std::string> cells = CsvCells(line);
         Row row;
         for (std::size_t index = 0; index < cells.size(); ++index) {
             row[names[index].substr(0, names[index].find(" ["))] = cells[index];
