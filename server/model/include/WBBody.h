@@ -27,9 +27,6 @@ struct Body
 
 static_assert(sizeof(Body) == 12 * sizeof(double));
 
-/// What an inertia about a centre of gravity gains at a point that lies off it by that many mm.
-Inertia OffsetInertia(double mass, const std::array<double, 3>& offset);
-
 /// The body's inertia about any point of its axes, in mm.
 Inertia InertiaAbout(const Body& body, const std::array<double, 3>& point);
 

@@ -8,13 +8,6 @@
 
 namespace wb
 {
-Inertia OffsetInertia(double mass, const std::array<double, 3>& offset)
-{
-    Inertia gain{};
-    AddOffset(gain, mass, offset[0], offset[1], offset[2]);
-    return gain;
-}
-
 Inertia InertiaAbout(const Body& body, const std::array<double, 3>& point)
 {
     Inertia inertia = body.inertia;
