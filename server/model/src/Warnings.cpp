@@ -1,6 +1,7 @@
 #include "Warnings.h"
 
 #include "WBChecks.h"
+#include "WBNumbers.h"
 
 #include <algorithm>
 #include <array>
@@ -20,15 +21,6 @@ std::string Short(double value)
     std::array<char, 40> text;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
                                    std::chars_format::general, kDigits);
-    return {text.data(), end.ptr};
-}
-
-std::string Count(double pieces)
-{
-    constexpr int kAllDigits = 15;
-    std::array<char, 40> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), pieces,
-                                   std::chars_format::general, kAllDigits);
     return {text.data(), end.ptr};
 }
 
@@ -71,14 +63,14 @@ void AddSums(const ComputeResult& result, std::vector<std::string>& warnings)
     AddUnknown(result.total, warnings);
     if (result.staleTaken > 0) {
         const bool one = result.staleTaken == 1;
-        warnings.push_back(Count(static_cast<double>(result.staleTaken)) +
+        warnings.push_back(std::to_string(result.staleTaken) +
                            (one ? " sub-assembly is not up to date and was taken as stored"
                                 : " sub-assemblies are not up to date and were taken as stored"));
     }
     const Counts& counts = result.total.counts;
     if (counts.withoutMass > 0.0) {
         const bool one = counts.withoutMass == 1.0;
-        warnings.push_back(Count(counts.withoutMass) + " of " + Count(counts.leaves) +
+        warnings.push_back(WriteNumber(counts.withoutMass) + " of " + WriteNumber(counts.leaves) +
                            (counts.leaves == 1.0 ? " item" : " items") +
                            (one ? " has no mass; the total leaves it out"
                                 : " have no mass; the total leaves them out"));
@@ -92,7 +84,7 @@ void AddSums(const ComputeResult& result, std::vector<std::string>& warnings)
                            " kg without inertia count as points");
     }
     if (!result.fellBack.empty()) {
-        warnings.push_back(Count(static_cast<double>(result.fellBack.size())) +
+        warnings.push_back(std::to_string(result.fellBack.size()) +
                            (result.fellBack.size() == 1 ? " part takes its active values"
                                                         : " parts take their active values"));
     }
