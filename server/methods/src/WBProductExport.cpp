@@ -14,8 +14,9 @@ std::string NoRoot(const Store& store, const std::string& name)
     for (const PartLine& root : store.Roots()) {
         roots += (roots.empty() ? "" : ", ") + root.identifier + " " + root.version;
     }
-    return store.Path() + ": \"" + name + "\" is no product root, expected one of " +
-           (roots.empty() ? "none, since the database holds no product" : roots);
+    return store.Path() + ": " +
+           (roots.empty() ? "the database holds no product"
+                          : "\"" + name + "\" is no product root, expected one of " + roots);
 }
 } // namespace
 
@@ -23,18 +24,12 @@ ProductExport ExportProduct(const Store& store, const std::string& root, const s
 {
     ProductExport result;
     try {
-        std::optional<RowId> id;
-        for (const PartLine& line : store.Roots()) {
-            const bool isLater = !id || *id < line.id;
-            if (line.identifier == root && (version.empty() ? isLater : line.version == version)) {
-                id = line.id;
-            }
-        }
-        if (!id) {
+        const std::optional<PartLine> line = store.FindRoot(root, version);
+        if (!line) {
             result.error = NoRoot(store, version.empty() ? root : root + " " + version);
             return result;
         }
-        const Product product = store.ReadProduct(*id);
+        const Product product = store.ReadProduct(line->id);
         result.parts = product.parts.size();
         result.uses = product.uses.size();
         result.table = WriteProductTable(product, 0);

@@ -215,8 +215,10 @@ public:
     // Reads. They throw StoreError.
     /// The parts that nobody uses, by identifier and version.
     std::vector<PartLine> Roots() const;
-    /// The root of that identifier; of several versions the one that was stored last.
-    std::optional<PartLine> FindRoot(std::string_view identifier) const;
+    /// The root of that identifier; of several versions the one that was stored last, unless one is
+    /// named.
+    std::optional<PartLine> FindRoot(std::string_view identifier,
+                                     std::string_view version = {}) const;
     std::optional<PartLine> FindPart(std::string_view identifier, std::string_view version) const;
     std::optional<PartLine> FindPart(RowId part) const;
     /// The uses below a part, in the order they were stored.

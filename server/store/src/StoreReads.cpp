@@ -214,13 +214,14 @@ std::vector<PartLine> Store::Roots() const
     return roots;
 }
 
-std::optional<PartLine> Store::FindRoot(std::string_view identifier) const
+std::optional<PartLine> Store::FindRoot(std::string_view identifier, std::string_view version) const
 {
     std::optional<PartLine> root;
     Statement& rows = m_database->Kept("SELECT " + kLineColumns +
-                                       " FROM part p WHERE p.identifier = ? AND NOT EXISTS (SELECT "
-                                       "1 FROM use WHERE part = p.id) ORDER BY p.id");
-    rows.BindText(identifier);
+                                       " FROM part p WHERE p.identifier = ?1 AND (?2 = '' OR "
+                                       "p.version = ?2) AND NOT EXISTS (SELECT 1 FROM use WHERE "
+                                       "part = p.id) ORDER BY p.id");
+    rows.BindText(identifier).BindText(version);
     while (rows.Step()) {
         root = ReadLine(rows);
     }
