@@ -324,6 +324,69 @@ TEST_F(CommandLine, TheLogTakesTheDiagnosticLines)
     EXPECT_THAT(verbose.err, HasSubstr("String to send to the server : "));
 }
 
+TEST_F(CommandLine, TheLogNeverTakesThePlaceOfWhatTheRunReads)
+{
+    ImportAeroplane();
+    const std::string before = folder.Read("a.db");
+    folder.Write("p.csv", "part\nA\n");
+    folder.Write("a.story", "quit\n");
+    folder.Write("r.xml", "<R/>");
+    for (const char* arguments :
+         {"compute LA1 --db a.db --log a.db", "part LA1/A --db a.db --log a.db",
+          "workbench --db a.db --log a.db", "workbench p.csv --log p.csv",
+          "workbench --play a.story --log a.story", "convert-report r.xml o.xml --log r.xml",
+          "convert-report r.xml o.xml --log o.xml"}) {
+        const Outcome outcome = Run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_THAT(outcome.err, StartsWith("wb: --log: expected a file of its own")) << arguments;
+    }
+    EXPECT_EQ(folder.Read("a.db"), before);
+    EXPECT_EQ(folder.Read("p.csv"), "part\nA\n");
+    EXPECT_EQ(folder.Read("a.story"), "quit\n");
+    EXPECT_EQ(folder.Read("r.xml"), "<R/>");
+}
+
+TEST_F(CommandLine, AnswerThatNobodyCanReadIsAFailure)
+{
+    ImportAeroplane();
+    const auto runToFullDevice = [this](const std::string& arguments) {
+        return RunShell("'" WB_PROGRAM "' " + arguments + " >/dev/full");
+    };
+    const std::string table = "'" WB_SOURCE_DIR "/data/light_aeroplane.csv' --into a.db";
+    for (const std::string& arguments :
+         {std::string("part ") + kSparCap + " --db a.db", std::string("mass-types --db a.db"),
+          "import --check " + table}) {
+        const Outcome outcome = runToFullDevice(arguments);
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.err, "wb: the standard output cannot be written\n") << arguments;
+    }
+    const Outcome imported = runToFullDevice("import " + table);
+    EXPECT_EQ(imported.status, 0) << "everything was imported, though nobody heard of it";
+    EXPECT_EQ(imported.err, "wb: the standard output cannot be written\n");
+}
+
+TEST_F(CommandLine, ASubcommandThatDoesNotExistIsNamed)
+{
+    const Outcome outcome = Run("comptue LA1 --db a.db");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "wb: expected a subcommand (workbench, part, import, export, compute, "
+                           "convert-report, mass-types), found \"comptue\"\n"
+                           "Run with --help for more information.\n");
+    EXPECT_THAT(Run("").err, StartsWith("wb: A subcommand is required\n"));
+}
+
+TEST_F(CommandLine, AnEmptyFileNameIsWrongUse)
+{
+    for (const char* arguments :
+         {"compute LA1 --db ''", "part LA1/A --db ''", "mass-types --db ''", "workbench --db ''",
+          "export LA1 --db '' --out o.csv", "export LA1 --db a.db --out ''",
+          "import '' --into a.db", "import a.csv --into ''"}) {
+        const Outcome outcome = Run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_THAT(outcome.err, HasSubstr("expected a file, found \"\"\n")) << arguments;
+    }
+}
+
 TEST_F(CommandLine, WrongUseIsStatusTwo)
 {
     EXPECT_EQ(Run("").status, 2);

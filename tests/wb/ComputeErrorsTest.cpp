@@ -7,6 +7,7 @@
 
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace
@@ -88,6 +89,36 @@ TEST_F(ComputeErrors, UnknownMaterialIsNamed)
     Import(kBeam);
     EXPECT_EQ(Refusal("R/p --material Unobtainium", 1),
               "wb: --material: \"Unobtainium\" is no material of the database\n");
+}
+
+TEST_F(ComputeErrors, UnknownMaterialIsAnsweredWithTheNearestOfTheProduct)
+{
+    Import("part,mass_type,volume [m3],material,material_density [kg/m3]\n"
+           "R,Calculated,0.001,Steel,7850\n");
+    EXPECT_EQ(Refusal("R --material steel", 1),
+              "wb: --material: \"steel\" is no material of the database; the product has Steel\n");
+}
+
+TEST_F(ComputeErrors, MaterialOfAnAssemblyThatIsSummedUpChangesNothingAndIsAWarning)
+{
+    constexpr const char* kWarning = "- --material and --density-first count for the asked part's "
+                                     "own values; it was\n  summed up, so they changed nothing\n";
+    Import("parent,instance,part,mass_type,volume [m3],material,material_density [kg/m3]\n"
+           ",,R,,,,\nR,p,P,Calculated,0.001,Steel,8000\nR,q,Q,Calculated,0.001,Lead,11000\n");
+    EXPECT_THAT(Answer("R --material Lead").out,
+                AllOf(HasSubstr("\n19.000000 kg"), HasSubstr(kWarning)));
+    EXPECT_THAT(Answer("R --density-first material").out, HasSubstr(kWarning));
+    EXPECT_THAT(Answer("R").out, Not(HasSubstr("they changed nothing")));
+    EXPECT_THAT(Answer("R/p --material Lead").out,
+                AllOf(HasSubstr("\n11.000000 kg"), Not(HasSubstr("they changed nothing"))));
+}
+
+TEST_F(ComputeErrors, MaterialCountsForAnAssemblyThatStatesItsSize)
+{
+    Import("parent,instance,part,mass_type,active,volume [m3],material,material_density [kg/m3]\n"
+           ",,R,Calculated,yes,0.001,Steel,8000\nR,p,P,Calculated,,0.001,Lead,11000\n");
+    EXPECT_THAT(Answer("R --material Lead").out,
+                AllOf(HasSubstr("\n11.000000 kg"), Not(HasSubstr("they changed nothing"))));
 }
 
 TEST_F(ComputeErrors, MissingDatabaseIsNamedAndNotMade)

@@ -90,6 +90,22 @@ TEST_F(Export, RefusalSaysWhatWasExpectedAndWritesNothing)
     EXPECT_EQ(Run("export R --db a.db").status, 2);
 }
 
+TEST_F(Export, NeverWritesOverItsDatabase)
+{
+    Import(kTwoUses);
+    const std::string before = folder.Read("a.db");
+    Outcome outcome = Run("export R --db a.db --out ./a.db");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, StartsWith("wb: --out: expected a file of its own, found "
+                                        "\"./a.db\", which is the database\n"));
+    EXPECT_EQ(Run("export R --db a.db --out r.csv --mass-types a.db").status, 2);
+    outcome = Run("export R --db a.db --out r.csv --mass-types r.csv");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("which is the file of the product"));
+    EXPECT_EQ(folder.Read("a.db"), before);
+    EXPECT_FALSE(std::filesystem::exists(folder.At("r.csv")));
+}
+
 TEST_F(Export, HelpNamesTheOptions)
 {
     const Outcome outcome = Run("export --help");

@@ -15,22 +15,6 @@ std::string Quoted(std::string_view text)
     return '"' + std::string(text) + '"';
 }
 
-/// Up to so many names, those most like the wanted one first, and how many more there are.
-std::string NearestNames(std::string_view wanted, std::vector<std::string> names)
-{
-    const auto distance = [lower = wb::LowerCase(wanted)](const std::string& name) {
-        return wb::EditDistance(lower, wb::LowerCase(name));
-    };
-    std::ranges::stable_sort(names, {}, distance);
-    const std::size_t shown = std::min(names.size(), kMostNames);
-    std::string text;
-    for (std::size_t i = 0; i < shown; ++i) {
-        text += (i == 0 ? "" : ", ") + names[i];
-    }
-    return names.size() == shown ? text
-                                 : text + " and " + std::to_string(names.size() - shown) + " more";
-}
-
 /// Takes the first name off a path: what stands before the first "/" that ends a known name.
 template <class IsKnownName>
 std::string TakeName(std::string_view& path, const IsKnownName& isKnownName)
@@ -125,6 +109,21 @@ bool IsTopmost(const Sides& sides, std::vector<std::uint32_t> uses)
     return true;
 }
 } // namespace
+
+std::string NearestNames(std::string_view wanted, std::vector<std::string> names)
+{
+    const auto distance = [lower = wb::LowerCase(wanted)](const std::string& name) {
+        return wb::EditDistance(lower, wb::LowerCase(name));
+    };
+    std::ranges::stable_sort(names, {}, distance);
+    const std::size_t shown = std::min(names.size(), kMostNames);
+    std::string text;
+    for (std::size_t i = 0; i < shown; ++i) {
+        text += (i == 0 ? "" : ", ") + names[i];
+    }
+    return names.size() == shown ? text
+                                 : text + " and " + std::to_string(names.size() - shown) + " more";
+}
 
 std::string PathText(const wb::ProductGraph& graph, const wb::AskedPath& path)
 {

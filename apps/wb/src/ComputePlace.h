@@ -9,6 +9,9 @@
 #include <string_view>
 #include <vector>
 
+/// Up to eight names, those most like the wanted one first, and how many more there are.
+std::string NearestNames(std::string_view wanted, std::vector<std::string> names);
+
 /// A product root that a path begins with, and what follows behind it.
 struct ComputeRoot
 {

@@ -8,6 +8,7 @@
 #include "ComputeTable.h"
 #include "ProgressBar.h"
 #include "ReportUnits.h"
+#include "StandardOutput.h"
 #include "WBProductComputation.h"
 #include "WBStore.h"
 
@@ -55,11 +56,34 @@ std::string UnknownMassType(const wb::ProductGraph& graph, const std::string& na
     return text + ", found \"" + name + '"';
 }
 
+/// Those of the product are named; the database may hold more.
+std::string UnknownMaterial(const wb::ProductGraph& graph, const std::string& name)
+{
+    std::vector<std::string> names;
+    names.reserve(graph.Materials().size());
+    for (const wb::Material& material : graph.Materials()) {
+        names.push_back(material.name);
+    }
+    std::string text = "--material: \"" + name + "\" is no material of the database";
+    return names.empty() ? text
+                         : text + "; the product has " + NearestNames(name, std::move(names));
+}
+
 bool IsUnknownType(const wb::ProductGraph& graph, const wb::ComputeOptions& options)
 {
     return options.precision == wb::ComputeOptions::Precision::Specified &&
            options.massType != CATENOWBCSCommonDefinitions::Computed &&
            graph.FindType(options.massType) < 0;
+}
+
+/// Another material and another order of densities count for the own values of the asked part, and
+/// those of an assembly that was summed up do not count.
+bool IsSumInsteadOfPart(const ComputeArguments& arguments, const wb::ProductGraph& graph,
+                        const wb::AskedPath& path, const wb::ComputeResult& result)
+{
+    const wb::ComputeOptions& compute = arguments.compute;
+    return (compute.densityPriority || !compute.material.empty()) && result.takenType.empty() &&
+           !graph.PartOf(graph.NodeAt(path)).IsLeaf();
 }
 
 /// The asked node; what the paths say of the filter goes into the arguments.
@@ -91,9 +115,9 @@ bool Print(const ComputeReport& report, const ComputeCommandOptions& options)
     const std::string text = options.json  ? ComputeAsJson(report)
                              : options.csv ? ComputeAsCsv(report)
                                            : ComputeAsTable(report);
-    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-           std::fflush(stdout) == 0;
+    return WriteStandardOutput(text);
 }
+
 /// Shows on the terminal how far a long computation has come.
 class Progress
 {
@@ -118,11 +142,6 @@ private:
 std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptions& options,
                                      ComputeArguments arguments, std::string& problem)
 {
-    const std::string& material = arguments.compute.material;
-    if (!material.empty() && !store.FindMaterial(material)) {
-        problem = "--material: \"" + material + "\" is no material of the database";
-        return std::nullopt;
-    }
     const auto root = FindComputeRoot(store, arguments.path, options.rootVersion, problem);
     if (!root) {
         return std::nullopt;
@@ -130,6 +149,11 @@ std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptio
     Progress progress(options.session.verbose);
     wb::ProductComputation computation(store, root->root, LoginName(), progress.Listener());
     const wb::ProductGraph& graph = computation.Graph();
+    const std::string& material = arguments.compute.material;
+    if (!material.empty() && !store.FindMaterial(material)) {
+        problem = UnknownMaterial(graph, material);
+        return std::nullopt;
+    }
     const auto path = Prepare(graph, root->below, options, arguments, problem);
     if (!path) {
         return std::nullopt;
@@ -140,6 +164,10 @@ std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptio
     problem = result.error;
     if (!problem.empty()) {
         return std::nullopt;
+    }
+    if (IsSumInsteadOfPart(arguments, graph, *path, result)) {
+        result.warnings.emplace_back("--material and --density-first count for the asked part's "
+                                     "own values; it was summed up, so they changed nothing");
     }
     AddComputeResult(report, std::move(result));
     return report;
@@ -168,7 +196,7 @@ int RunCompute(const ComputeCommandOptions& options)
         return Refuse(kFailed, problem);
     }
     if (!Print(*report, options)) {
-        return Refuse(kFailed, "the standard output cannot be written");
+        return Refuse(kFailed, kStandardOutputProblem);
     }
     return report->result.total.IsPartial() ? kPartial : kDone;
 }

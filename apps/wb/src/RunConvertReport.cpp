@@ -11,6 +11,7 @@
 #include "ProgressBar.h"
 #include "ReportArguments.h"
 #include "ReportUnits.h"
+#include "StandardOutput.h"
 
 #include <unistd.h>
 
@@ -161,7 +162,7 @@ public:
     {
         if (m_options.output == kStandardStream) {
             m_bar.Show("writing");
-            problem = "the standard output cannot be written";
+            problem = kStandardOutputProblem;
             return WriteToStandardOutput(m_builder, m_document);
         }
         // Whoever interrupts it finds no half report beside OUT.

@@ -1,5 +1,6 @@
 #include "Subcommands.h"
 
+#include "StandardOutput.h"
 #include "WBProductExport.h"
 #include "WBTableWriter.h"
 
@@ -22,9 +23,7 @@ int Refuse(const std::string& problem, const char* outcome = "nothing was export
 std::string WriteOut(const std::string& path, const std::string& text)
 {
     if (path == kStandardStream) {
-        const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-                               std::fflush(stdout) == 0;
-        return isWritten ? "" : "the standard output cannot be written";
+        return WriteStandardOutput(text) ? "" : kStandardOutputProblem;
     }
     const int error = CATReplaceFile(path, text);
     return error == 0 ? ""

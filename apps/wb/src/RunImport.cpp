@@ -1,5 +1,6 @@
 #include "Subcommands.h"
 
+#include "StandardOutput.h"
 #include "WBImport.h"
 #include "WBRootWeights.h"
 
@@ -20,6 +21,16 @@ int Refuse(const std::vector<std::string>& errors)
     }
     std::fprintf(stderr, "wb: nothing was imported\n");
     return 1;
+}
+
+/// Whether all that was printed has arrived; says so when it has not.
+bool IsPrinted()
+{
+    const bool isPrinted = WriteStandardOutput("");
+    if (!isPrinted) {
+        std::fprintf(stderr, "wb: %s\n", kStandardOutputProblem);
+    }
+    return isPrinted;
 }
 
 /// Read once, however often it is asked for: an import that is overtaken begins anew.
@@ -200,7 +211,8 @@ int RunImport(const ImportOptions& options)
     for (const std::string& sentence : imported.sentences) {
         std::printf("%s\n", sentence.c_str());
     }
-    return 0;
+    // What was imported is there, whoever heard of it. A check is of use only when it is heard.
+    return IsPrinted() || !options.check ? 0 : 1;
 }
 
 int RunMassTypes(const MassTypesOptions& options)
@@ -225,5 +237,5 @@ int RunMassTypes(const MassTypesOptions& options)
                     type.kind == wb::MassType::Kind::Goal ? "goal" : "claim", type.category.c_str(),
                     type.lowerPct, type.upperPct, type.meaning.c_str());
     }
-    return 0;
+    return IsPrinted() ? 0 : 1;
 }

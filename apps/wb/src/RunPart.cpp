@@ -13,6 +13,7 @@
 #include "CATWBVPMMainPanel.h"
 #include "CATWBVPMNavGUITable.h"
 #include "RecordPrinter.h"
+#include "StandardOutput.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -170,6 +171,5 @@ int RunPart(int argc, char** argv, const PartOptions& options)
     }
     const std::string text =
         options.json ? RecordAsJson(*TakenRecord()) : RecordAsText(*TakenRecord());
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    return 0;
+    return WriteStandardOutput(text) ? 0 : fail(kStandardOutputProblem);
 }

@@ -1,4 +1,5 @@
 #include "Subcommands.h"
+#include "WrittenFile.h"
 
 #include <CLI/CLI.hpp>
 
@@ -7,6 +8,41 @@
 
 namespace
 {
+
+/// A shell variable that nobody set leaves an option empty; no file has such a name.
+std::string RefuseEmptyName(const std::string& name)
+{
+    return name.empty() ? "expected a file, found \"\"" : "";
+}
+
+CLI::Validator IsName()
+{
+    return {RefuseEmptyName, ""};
+}
+
+void RefuseSharedFile(const char* option, const std::string& written,
+                      std::initializer_list<NamedFile> others)
+{
+    const std::string problem = WrittenFileProblem(written, others);
+    if (!problem.empty()) {
+        throw CLI::ValidationError(option, problem);
+    }
+}
+
+/// What is said of a command line that cannot be read. A subcommand that does not exist is named.
+std::string WrongUseText(const CLI::App& app, const CLI::Error& error)
+{
+    const std::vector<std::string> unread = app.remaining();
+    if (!app.get_subcommands().empty() || unread.empty()) {
+        return "wb: " + CLI::FailureMessage::simple(&app, error);
+    }
+    std::string names;
+    for (const CLI::App* known : app.get_subcommands([](const CLI::App*) { return true; })) {
+        names += (names.empty() ? "" : ", ") + known->get_name();
+    }
+    return "wb: expected a subcommand (" + names + "), found \"" + unread.front() +
+           "\"\nRun with --help for more information.\n";
+}
 
 void AddLog(CLI::App& app, SessionOptions& session)
 {
@@ -17,6 +53,7 @@ void AddLog(CLI::App& app, SessionOptions& session)
 void AddSession(CLI::App& app, SessionOptions& session, bool databaseRequired)
 {
     app.add_option("--db", session.database, "Database: one SQLite file")
+        ->check(IsName())
         ->required(databaseRequired);
     app.add_option("--user", session.user, "Work as this user (default: your login name)");
     AddLog(app, session);
@@ -164,7 +201,9 @@ void AddComputeOutput(CLI::App& app, ComputeCommandOptions& options)
 void AddCompute(CLI::App& app, ComputeCommandOptions& options)
 {
     app.add_option("path", options.path, "ROOT/INSTANCE/INSTANCE")->type_name("PATH");
-    app.add_option("--db", options.session.database, "Database: one SQLite file")->required();
+    app.add_option("--db", options.session.database, "Database: one SQLite file")
+        ->check(IsName())
+        ->required();
     app.add_option("--root-version", options.rootVersion,
                    "Version of the root (default: the one that was\n"
                    "stored last)");
@@ -183,7 +222,7 @@ int main(int argc, char** argv)
     app.require_subcommand(1);
     app.set_version_flag("--version", WB_VERSION);
     app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
-        return "wb: " + CLI::FailureMessage::simple(failed, error);
+        return WrongUseText(*failed, error);
     });
 
     WorkbenchOptions workbench;
@@ -211,9 +250,11 @@ int main(int argc, char** argv)
     importApp
         ->add_option("file", import.files, "CSV files in the table form; - is the standard input")
         ->type_name("FILE.csv")
+        ->check(IsName())
         ->required();
     importApp->add_option("--into", import.database, "Database: one SQLite file, made when missing")
         ->type_name("DB")
+        ->check(IsName())
         ->required();
     importApp->add_flag("--check", import.check, "Say what would change, and change nothing");
     importApp->add_flag(
@@ -247,11 +288,13 @@ int main(int argc, char** argv)
         ->required();
     exportApp->add_option("--db", exports.database, "Database: one SQLite file")
         ->type_name("DB")
+        ->check(IsName())
         ->required();
     exportApp
         ->add_option("--out", exports.output,
                      "The CSV file, written whole or not at all; - is the standard output")
         ->type_name("FILE.csv")
+        ->check(IsName())
         ->required();
     exportApp
         ->add_option("--root-version", exports.version,
@@ -275,7 +318,9 @@ int main(int argc, char** argv)
     MassTypesOptions massTypes;
     CLI::App* massTypesApp =
         app.add_subcommand("mass-types", "List the mass types of a database, or add some");
-    massTypesApp->add_option("--db", massTypes.database, "Database: one SQLite file")->required();
+    massTypesApp->add_option("--db", massTypes.database, "Database: one SQLite file")
+        ->check(IsName())
+        ->required();
     massTypesApp->add_option("--mass-types", massTypes.file,
                              "Add or change the mass types of this CSV file");
 
@@ -289,6 +334,20 @@ int main(int argc, char** argv)
             throw CLI::ValidationError("--mass-types", "expected a file, since the product goes to "
                                                        "the standard output");
         }
+        const NamedFile database{"the database", exports.database};
+        RefuseSharedFile("--out", exports.output, {database});
+        RefuseSharedFile("--mass-types", exports.massTypes,
+                         {database, {"the file of the product", exports.output}});
+        constexpr const char* kLog = "--log";
+        RefuseSharedFile(kLog, workbench.session.logFile,
+                         {{"the database", workbench.session.database},
+                          {"the product", workbench.product},
+                          {"the story", workbench.story}});
+        RefuseSharedFile(kLog, part.session.logFile, {{"the database", part.session.database}});
+        RefuseSharedFile(kLog, compute.session.logFile,
+                         {{"the database", compute.session.database}});
+        RefuseSharedFile(kLog, report.session.logFile,
+                         {{"the report", report.input}, {"its outcome", report.output}});
     } catch (const CLI::ParseError& error) {
         const int code = app.exit(error);
         return code == 0 ? 0 : 2;
