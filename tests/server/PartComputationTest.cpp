@@ -132,6 +132,19 @@ TEST(PartComputation, MaterialThatNothingOfTheProductIsMadeOfCanBeTried)
     }
 }
 
+TEST(PartComputation, TriedMaterialHasTheDensityThatItHasNow)
+{
+    // The product does not hold it, so that its change leaves the product in memory.
+    ServedProduct served;
+    served.ImportTable(kSized);
+    PartRequest request = kLeafP;
+    request.priority = "1";
+    request.material = "Lead";
+    EXPECT_THAT(wbtest::ComputePart(served, request), HasSubstr("|1|Lead|3|10|20|"));
+    RunSql(served, "UPDATE material SET density = 30 WHERE name = 'Lead'");
+    EXPECT_THAT(wbtest::ComputePart(served, request), HasSubstr("|1|Lead|3|15|30|"));
+}
+
 TEST(PartComputation, LeafIsAskedForOneTypesValues)
 {
     ServedProduct served;

@@ -378,8 +378,12 @@ std::int32_t ProductGraph::FindMaterial(std::string_view name) const
 void ProductGraph::AddMaterial(const Material& material)
 {
     const auto number = static_cast<std::int32_t>(m_materials.size());
-    if (m_materialNumbers.try_emplace(material.name, number).second) {
+    const auto [place, isNew] = m_materialNumbers.try_emplace(material.name, number);
+    if (isNew) {
         m_materials.push_back(material);
+    } else {
+        // No change of the product tells that a material which was only tried has another density.
+        m_materials[static_cast<std::size_t>(place->second)] = material;
     }
 }
 
