@@ -1,9 +1,11 @@
 #include "MethodsTesting.h"
+#include "WBProductComputation.h"
 
 #include <sqlite3.h>
 
 #include <atomic>
 #include <chrono>
+#include <cmath>
 
 using namespace wb;
 using testing::ElementsAre;
@@ -324,7 +326,10 @@ TEST_F(KeptAnswers, WhatCannotBeReadIsMadeAgain)
     m_served.ImportTable(kTwelve);
     Ask(RequestOf("Active"));
     EditLeaves("2");
-    for (const char* bytes : {"x''", "x'00'", "x'0100000000000000ff'", "zeroblob(5000)"}) {
+    // One of them is text with a line's end; the last two lack one byte and have one too many.
+    for (const char* bytes :
+         {"x''", "x'00'", "x'0100000000000000ff'", "zeroblob(5000)", "x'39397c0a'",
+          "substr(result, 1, length(result) - 1)", "CAST(result || x'00' AS BLOB)"}) {
         RunSql(std::string("UPDATE kept_result SET result = ") + bytes);
         EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "24") << bytes;
         RunSql(std::string("UPDATE kept_result SET result = ") + bytes);
@@ -428,4 +433,173 @@ TEST_F(KeptAnswers, RecordOfAStandardAssemblyIsMadeAnewWhereItHasChanged)
     EXPECT_THAT(m_served.Initial(place), HasSubstr("Computed|1|6|"));
     EditLeaves("2");
     EXPECT_THAT(m_served.Initial(place), HasSubstr("Computed|1|12|"));
+}
+
+TEST_F(KeptAnswers, DamagedSumsNeverStopAComputation)
+{
+    // Everything that lists are made of is in B's sum.
+    m_served.ImportTable("parent,instance,part,mass_type,mass [kg],code,material\n,,R,,,,\n"
+                         "R,b,B,,,,\nB,l,L,Weighed,1.625,7,Wax\nB,m,M,Estimated,2,,Tin\n");
+    const std::string row = " WHERE part = (SELECT id FROM part WHERE identifier = 'B')";
+    Ask(RequestOf("Active"));
+    RunSql("CREATE TABLE whole AS SELECT result FROM kept_result" + row);
+    m_served.ImportTable("part,mass_type,mass [kg]\nL,Weighed,2\n");
+    const std::int64_t size = Number("SELECT length(result) FROM whole");
+    ASSERT_GT(size, 400);
+    const auto askWith = [&](const std::string& bytes) {
+        RunSql("PRAGMA synchronous = OFF; DELETE FROM kept_result WHERE key LIKE 'answer%'; UPDATE "
+               "kept_result SET change_number = 0, result = (SELECT CAST(" +
+               bytes + " AS BLOB) FROM whole)" + row);
+        return Mass(RequestOf("Active", "2|0"));
+    };
+    EXPECT_EQ(askWith("result"), "3.625");
+    for (std::int64_t i = 0; i < size; i += 3) {
+        EXPECT_EQ(askWith("substr(result, 1, " + std::to_string(i) + ")"), "4") << i;
+    }
+    for (const char* byte : {"ff", "7f"}) {
+        for (std::int64_t i = 0; i < size; i += 5) {
+            const std::string before = std::to_string(i);
+            const std::string behind = std::to_string(i + 2);
+            EXPECT_THAT(askWith("substr(result, 1, " + before + ") || x'" + byte +
+                                "' || substr(result, " + behind + ")"),
+                        Not(StartsWith("#")))
+                << i;
+        }
+    }
+    // An endless mass in a share, which has no place in an order: the first 1.625 behind the bodies
+    // is that of a material.
+    const std::string place = "instr(substr(result, 345), x'000000000000fa3f')";
+    ASSERT_GT(Number("SELECT " + place + " FROM whole"), 0);
+    EXPECT_EQ(askWith("substr(result, 1, 343 + " + place +
+                      ") || x'000000000000f07f' || substr(result, 352 + " + place + ")"),
+              "4");
+}
+
+TEST_F(KeptAnswers, OnlyStaleSumsAreTakenAsStored)
+{
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    // B and E have changed since; A and its D hold.
+    m_served.ImportTable("part,mass_type,mass [kg]\nL8,Weighed,2\n");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|0")), "12");
+    EXPECT_THAT(Warnings(),
+                HasSubstr("- 1 sub-assembly is not up to date and was taken as stored\n"));
+}
+
+TEST_F(KeptAnswers, SumsAreAsNewAsTheirOwnPart)
+{
+    m_served.ImportTable(kTwelve);
+    // The root is newer than all below it, and what is kept was made after that.
+    m_served.ImportTable("part,mass_type,mass [kg]\nL1,Weighed,2\n");
+    Ask(RequestOf("Active"));
+    EXPECT_EQ(Number("SELECT count(*) FROM kept_result k JOIN part p ON p.id = k.part WHERE "
+                     "k.change_number = p.change_number"),
+              7);
+    EditInSecret();
+    EXPECT_EQ(Mass(RequestOf("Active")), "13");
+}
+
+TEST_F(KeptAnswers, ChangeDuringAComputationMakesItsAnswerAnOldOne)
+{
+    m_served.ImportTable(kTwoPoints);
+    CallContext context;
+    context.progress = [&](double, std::string_view what) {
+        if (what == "summing up") {
+            m_served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,3\n");
+        }
+    };
+    EXPECT_THAT(Ask(RequestOf("Active"), context), StartsWith("8|"));
+    EXPECT_EQ(Mass(RequestOf("Active")), "9");
+}
+
+TEST_F(KeptAnswers, PartsAndWhatIsGoneStayApartInStoredErrors)
+{
+    // Weighed masses are exact to 0.5 %. The root's own leaf weighs 2 kg, the other eleven are as
+    // stored: 0.01^2 + 11 x 0.005^2 = 0.000375. Two of them are no longer in the product.
+    m_served.ImportTable(kTwelve);
+    Ask(RequestOf("Active"));
+    EditLeaves("2");
+    std::string table = "parent,instance,part\nR,a,A\nR,b,B\nA,d,D\nB,e,E\nE,f,F\n";
+    for (const char* use : {"R,l1,L1", "A,l2,L2", "A,l3,L3", "D,l6,L6", "B,l7,L7", "E,l8,L8",
+                            "E,l9,L9", "F,l10,L10", "F,l11,L11", "F,l12,L12"}) {
+        table += std::string(use) + "\n";
+    }
+    const auto read = ReadProductTable(table, "t.csv", {}, m_served.Store());
+    EXPECT_THAT(m_served.Store()
+                    .Import(read.product, {"kim", "t.csv", "c", KnownFacts::Update, "R"})
+                    .errors,
+                testing::IsEmpty());
+    ProductComputation computation(m_served.Store(), *m_served.Store().FindRoot("R"), "kim", {});
+    const ComputeResult result = computation.Compute({}, {}, ProductComputation::Policy::Assume, 0);
+    EXPECT_EQ(result.total.body.mass, 13);
+    EXPECT_NEAR(result.statistics.rss.together.lower, std::sqrt(0.000375), 1e-12);
+    EXPECT_NEAR(result.statistics.rss.together.upper, std::sqrt(0.000375), 1e-12);
+}
+
+TEST_F(KeptAnswers, SumsOfActiveValuesInPlaceOfMissingOnesAreNotKept)
+{
+    m_served.ImportTable(kTwoPoints);
+    ProductComputation computation(m_served.Store(), *m_served.Store().FindRoot("R"), "kim", {});
+    ComputeOptions options;
+    options.precision = ComputeOptions::Precision::Specified;
+    options.massType = "Weighed";
+    options.orActive = true;
+    using Policy = ProductComputation::Policy;
+    EXPECT_EQ(computation.Compute({}, options, Policy::Check, 0).total.body.mass, 8);
+    ExpectNothingKept();
+    options.orActive = false;
+    EXPECT_EQ(computation.Compute({}, options, Policy::Check, 0).total.body.mass, 2);
+}
+
+TEST_F(KeptAnswers, WhatWasComparedWithAStaleSumIsNotKept)
+{
+    // A states 50 kg and all its figures; B's one leaf is compared with them as it was stored.
+    m_served.ImportTable("parent,instance,part,mass_type,mass [kg],active,cgx [mm],cgy [mm],cgz "
+                         "[mm],ixx [kg.m2],iyy [kg.m2],izz [kg.m2]\n,,R,,,,,,,,,\n"
+                         "R,a,A,Weighed,50,yes,0,0,0,1,1,1\nA,b,B,,,,,,,,,\n"
+                         "B,l,L,Weighed,40,,0,0,0,1,1,1\n");
+    Ask(RequestOf("Active"));
+    EXPECT_THAT(Warnings(), HasSubstr("40"));
+    m_served.ImportTable("part,mass_type,mass [kg]\nL,Weighed,50\n");
+    EXPECT_EQ(Mass(RequestOf("Active", "2|1")), "50");
+    EXPECT_THAT(Warnings(), HasSubstr("40"));
+    EXPECT_EQ(Mass(RequestOf("Active")), "50");
+    EXPECT_EQ(Warnings(), "");
+}
+
+TEST_F(KeptAnswers, CodeOfTheNearestPartAboveIsTaken)
+{
+    m_served.ImportTable("parent,instance,part,code,mass_type,mass [kg]\n,,R,9,,\nR,a,A,8,,\n"
+                         "A,b,B,7,,\nB,c,C,,,\nC,l,L,,Weighed,4\n");
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_THAT(
+            m_served.Call("WBGetValueDetails", "0|0|c|C|A|2|b|a|0|__null__|Active|0|0|R|0|F|0|"),
+            HasSubstr("|1|7|4|1|Weighed|4|"));
+    }
+}
+
+TEST_F(KeptAnswers, UsesAndPartsStayApartInStoredErrors)
+{
+    // To 0.5 %: P as stored 1 kg, its use as stored 4 kg, Q as it is now 5 kg; each has errors of
+    // its own: 0.005^2 + 0.02^2 + 0.025^2 = 0.00105.
+    m_served.ImportTable(
+        "parent,instance,part,values_on,mass_type,mass [kg]\n,,R,,,\n"
+        "R,a,A,,,\nA,p,P,,Weighed,1\nA,own,P,instance,Weighed,4\nR,q,Q,,Weighed,1\n");
+    Ask(RequestOf("Active"));
+    m_served.ImportTable("part,mass_type,mass [kg]\nP,Weighed,3\nQ,Weighed,5\n");
+    ProductComputation computation(m_served.Store(), *m_served.Store().FindRoot("R"), "kim", {});
+    const ComputeResult result = computation.Compute({}, {}, ProductComputation::Policy::Assume, 0);
+    EXPECT_EQ(result.total.body.mass, 10);
+    EXPECT_NEAR(result.statistics.rss.together.lower, std::sqrt(0.00105), 1e-12);
+}
+
+TEST_F(KeptAnswers, ForcedProductComputationReadsAnew)
+{
+    m_served.ImportTable(kTwoPoints);
+    using Policy = ProductComputation::Policy;
+    ProductComputation computation(m_served.Store(), *m_served.Store().FindRoot("R"), "kim", {});
+    EXPECT_EQ(computation.Compute({}, {}, Policy::Check, 0).total.body.mass, 8);
+    EditInSecret();
+    EXPECT_EQ(computation.Compute({}, {}, Policy::Check, 0).total.body.mass, 8);
+    EXPECT_EQ(computation.Compute({}, {}, Policy::Force, 0).total.body.mass, 200);
 }

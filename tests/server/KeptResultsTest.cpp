@@ -412,6 +412,31 @@ TEST(KeptResults, OwnValuesOfAnAssemblyCountWhateverIsKeptBelow)
     EXPECT_EQ(With(now, old, 1, options).total.body.centre[0], 9);
 }
 
+TEST(KeptResults, StaleSumThatIsInACentreCountsWhereverItStands)
+{
+    // A states 50 kg; what is below it is made anew from B's sum as it was kept at x = 1, and from
+    // one more piece of B: two of one sub-assembly are one.
+    const auto product = [](double x) {
+        SmallProduct small;
+        small.Put("R", "A");
+        small.Put("A", "B");
+        small.Put("A", "B");
+        small.Put("B", "L", {x, 0, 0});
+        small.Set("L", "Weighed",
+                  {{Fact::Mass, 1}, {Fact::CgX, 0}, {Fact::CgY, 0}, {Fact::CgZ, 0}});
+        small.Set("A", "Weighed", {{Fact::Mass, 50}});
+        small.Of("A").activeType = "Weighed";
+        return small;
+    };
+    const ComputeResult result = With(product(9), Stale(AllSums(product(1))), 1);
+    EXPECT_EQ(result.total.body.centre[0], 1);
+    EXPECT_EQ(result.staleTaken, 1U);
+    EXPECT_TRUE(result.looksAtStale);
+    const ComputeResult fresh = With(product(9), AllSums(product(9)), 1);
+    EXPECT_EQ(fresh.staleTaken, 0U);
+    EXPECT_FALSE(fresh.looksAtStale);
+}
+
 TEST(KeptResults, OwnCentreNeedsNothingOfAStaleSum)
 {
     SmallProduct small;
@@ -437,6 +462,7 @@ TEST(KeptResults, OwnCentreNeedsNothingOfAStaleSum)
     };
     const ComputeResult result = With(small, old, 0, options);
     EXPECT_EQ(result.staleTaken, 0U);
+    EXPECT_TRUE(result.looksAtStale); // since 50 kg were compared with what was kept
     EXPECT_THAT(PartsOf(small, result), ElementsAre("R"));
 }
 
@@ -570,4 +596,72 @@ TEST(KeptResults, SumsOfACancelledComputationAreNotHandedOut)
     const ComputeResult result = small.Compute(options);
     EXPECT_EQ(result.error, "The computation was cancelled.");
     EXPECT_THAT(result.sums, IsEmpty());
+}
+
+TEST(KeptResults, CodeOfWhatHasNothingLeftForItHasNoShare)
+{
+    // All of A's mass has the code of B; A itself has another one.
+    SmallProduct small;
+    small.Put("R", "A");
+    small.Put("A", "B");
+    small.Put("B", "L");
+    small.Set("L", "Weighed", {{Fact::Mass, 4}});
+    small.Of("A").code = "10";
+    small.Of("B").code = "20";
+    for (const ComputeResult& result : {With(small, AllSums(small), 0), small.Compute({})}) {
+        EXPECT_THAT(ByName(result.statistics.codes, &NamedShare::name),
+                    ElementsAre(testing::Pair("20", 4.0)));
+    }
+}
+
+TEST(KeptResults, WhatIsBelowOwnValuesIsInNoSum)
+{
+    SmallProduct small;
+    small.Put("R", "A");
+    small.Put("A", "I");
+    small.Put("I", "L");
+    small.Set("I", "Weighed", {{Fact::Mass, 3}});
+    small.Of("I").activeType = "Weighed";
+    small.Set("L", "Estimated", {{Fact::Mass, 1}});
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    const KeptSum sum = AllSums(small).at(*graph.FindPart("A", "A"));
+    EXPECT_THAT(ByName(sum.massTypes, &NamedShare::name),
+                ElementsAre(testing::Pair("Weighed", 3.0)));
+    EXPECT_THAT(ByName(sum.materials, &MaterialShare::material),
+                ElementsAre(testing::Pair("(imposed)", 3.0)));
+}
+
+TEST(KeptResults, EachPartsSumIsHandedOutOnce)
+{
+    // One use of A states something of its own, so that A has two nodes.
+    SmallProduct small;
+    small.Put("R", "A");
+    small.Put("R", "A").sets.push_back(SmallProduct::Made("Target", {{Fact::Mass, 9}}));
+    small.Put("A", "L");
+    small.Set("L", "Weighed", {{Fact::Mass, 4}});
+    ComputeOptions options;
+    options.wantsSum = [](std::uint32_t) {
+        return true;
+    };
+    EXPECT_THAT(PartsOf(small, small.Compute(options)), ElementsAre("R", "A"));
+}
+
+TEST(KeptResults, AssembliesThatStandAtVeryManyPlacesAreGoneThroughOnce)
+{
+    // Each assembly holds the next one twice: 2^40 places of the last one.
+    SmallProduct small;
+    constexpr int kDeep = 40;
+    const auto name = [](int depth) {
+        return "N" + std::to_string(depth);
+    };
+    for (int depth = 0; depth < kDeep; ++depth) {
+        small.Put(name(depth), name(depth + 1));
+        small.Put(name(depth), name(depth + 1));
+    }
+    small.Set(name(kDeep), "Weighed", {{Fact::Mass, 1}});
+    ComputeOptions options;
+    options.wantsSum = [](std::uint32_t) {
+        return true;
+    };
+    EXPECT_GT(small.Compute(options).sums.size(), 2U);
 }

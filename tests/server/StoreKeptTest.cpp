@@ -201,6 +201,16 @@ TEST_F(StoreKept, OfOnePartTheNewestHundredStay)
     EXPECT_TRUE(m_store->FindKept(Row("A"), "a"));
 }
 
+TEST_F(StoreKept, ResultsOfOtherPartsTakeNobodysPlace)
+{
+    m_store->Keep({{Row("R"), "first", 1, "x"}}, "ann");
+    for (int i = 0; i < 100; ++i) {
+        m_store->Keep({{Row("A"), "k" + std::to_string(i), 1, "x"}}, "ann");
+    }
+    m_store->Keep({{Row("R"), "second", 1, "x"}}, "ann");
+    EXPECT_TRUE(m_store->FindKept(Row("R"), "first"));
+}
+
 TEST_F(StoreKept, LockedDatabaseKeepsNothingAndDoesNotWait)
 {
     SqlConnection other(Path());

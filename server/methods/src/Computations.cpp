@@ -239,7 +239,7 @@ Computations::Computation Computations::Make(const PickedPart& picked,
     Computation computation;
     computation.changeNumber = product.changeNumbers.front();
     computation.result = Compute(graph, path, options);
-    ComputeResult& result = computation.result;
+    const ComputeResult& result = computation.result;
     if (!result.error.empty()) {
         throw RequestError(result.error);
     }
@@ -248,7 +248,6 @@ Computations::Computation Computations::Make(const PickedPart& picked,
             {product.rows[made.part], key, product.changeNumbers[made.part],
              WriteSum(made.sum, [&](std::uint32_t node) { return product.rows[node]; })});
     }
-    result.sums.clear();
     return computation;
 }
 
@@ -290,13 +289,12 @@ std::optional<std::string> Computations::KeptAnswer(RowId root, const Computatio
     if (!kept || kept->changeNumber != m_store.ChangeNumber(root)) {
         return std::nullopt;
     }
-    // No field of an answer holds the end of a line; the warnings follow it.
-    const std::size_t end = kept->result.find('\n');
-    if (end == std::string::npos) {
+    auto texts = ReadTexts(kept->result);
+    if (!texts) {
         return std::nullopt;
     }
-    KeepWarnings(context.user, kept->result.substr(end + 1));
-    return kept->result.substr(0, end);
+    KeepWarnings(context.user, texts->warnings);
+    return std::move(texts->answer);
 }
 
 std::string Computations::ComputeValues(std::string_view text, const CallContext& context)
@@ -316,9 +314,9 @@ std::string Computations::ComputeValues(std::string_view text, const CallContext
     const ComputeResult& result = computation.result;
     std::string answer = AnswerOf(result);
     const std::string warnings = WarningsOf(result);
-    if (IsKept(request.options) && result.staleTaken == 0) {
+    if (IsKept(request.options) && !result.looksAtStale) {
         computation.kept.push_back({root->id, AnswerKey(request.options), computation.changeNumber,
-                                    answer + "\n" + warnings});
+                                    WriteTexts({answer, warnings})});
     }
     m_store.Keep(computation.kept, context.user);
     KeepWarnings(context.user, warnings);

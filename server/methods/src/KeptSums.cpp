@@ -1,6 +1,8 @@
 #include "KeptSums.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <vector>
 
@@ -148,6 +150,19 @@ void Fields(Stream& stream, Sum& sum, const Row& row)
     }
 }
 
+/// Shares are sorted, and what is no number has no place in an order.
+bool HasOrder(const KeptSum& sum)
+{
+    const auto isNumber = [](const auto& share) {
+        return std::isfinite(share.mass);
+    };
+    return std::ranges::all_of(sum.materials, isNumber) &&
+           std::ranges::all_of(
+               sum.materials, [](double density) { return std::isfinite(density); },
+               &MaterialShare::density) &&
+           std::ranges::all_of(sum.massTypes, isNumber) && std::ranges::all_of(sum.codes, isNumber);
+}
+
 std::string PrecisionText(const ComputeOptions& options)
 {
     switch (options.precision) {
@@ -205,6 +220,26 @@ std::optional<KeptSum> ReadSum(std::string_view bytes,
         reader.Field(row);
         shared.node = nodeOf(row);
     });
-    return reader.IsWhole() ? std::optional(std::move(sum)) : std::nullopt;
+    return reader.IsWhole() && HasOrder(sum) ? std::optional(std::move(sum)) : std::nullopt;
+}
+
+std::string WriteTexts(const KeptTexts& texts)
+{
+    Writer writer;
+    writer.Field(kForm);
+    writer.Field(texts.answer);
+    writer.Field(texts.warnings);
+    return writer.Take();
+}
+
+std::optional<KeptTexts> ReadTexts(std::string_view bytes)
+{
+    Reader reader(bytes);
+    std::int64_t form = 0;
+    KeptTexts texts;
+    reader.Field(form);
+    reader.Field(texts.answer);
+    reader.Field(texts.warnings);
+    return form == kForm && reader.IsWhole() ? std::optional(std::move(texts)) : std::nullopt;
 }
 } // namespace wb

@@ -21,4 +21,14 @@ std::string WriteSum(const KeptSum& sum, const std::function<RowId(std::uint32_t
 /// Nothing where the bytes hold no sum.
 std::optional<KeptSum> ReadSum(std::string_view bytes,
                                const std::function<std::uint32_t(RowId row)>& nodeOf);
+
+/// The answer of a whole product and what was to be said beside it.
+struct KeptTexts
+{
+    std::string answer;
+    std::string warnings;
+};
+std::string WriteTexts(const KeptTexts& texts);
+/// Nothing where the bytes hold no answer.
+std::optional<KeptTexts> ReadTexts(std::string_view bytes);
 } // namespace wb

@@ -102,7 +102,11 @@ struct ComputeResult
     /// Leaves that took their active values since they have none of the specified type.
     std::vector<std::string> fellBack;
 
-    std::size_t staleTaken = 0; // assemblies whose sum was taken as kept although it is stale
+    /// Assemblies whose sum is in these figures as it was kept although it is stale.
+    std::size_t staleTaken = 0;
+    /// True also where own values are merely compared with a stale sum below them: the warnings may
+    /// say what no longer holds.
+    bool looksAtStale = false;
     /// The sums that were wanted and made, except those made from a stale one. In a product of very
     /// many assemblies only those nearest the asked node are made, so that the answer does not wait
     /// for them.

@@ -26,7 +26,6 @@ public:
     void Add(std::uint32_t number, double pieces, const AskedRule* asked)
     {
         const NodeResult& result = m_walk.At(number);
-        m_withoutCode[number] = 0.0;
         if (result.outcome == Outcome::Missing) {
             m_collector.Missing(pieces);
             return;
@@ -35,8 +34,8 @@ public:
         double mass = 0.0;
         bool any = true;
         if (result.outcome == Outcome::Taken) {
-            const bool other = asked != nullptr && number == m_selection.asked &&
-                               asked->ownClaims && asked->material >= 0;
+            const bool other =
+                asked != nullptr && number == m_selection.asked && asked->material >= 0;
             m_collector.Taken(result, node,
                               other ? asked->material : m_selection.graph->Nodes()[node].material,
                               pieces);

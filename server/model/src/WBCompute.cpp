@@ -133,21 +133,39 @@ Imposed ImposedOn(const Job& job, const Walk& walk, const Body& own)
     return imposed;
 }
 
-/// Assemblies that count and whose sum, as it was kept, is stale.
-std::size_t StaleTaken(const Selection& selection, const Walk& walk,
-                       const std::vector<double>& pieces)
+/// Assemblies whose sum is stale and, as it was kept, in the figures of the asked node: in its sum,
+/// or in what such a sum lends to own values above it.
+std::size_t StaleTaken(const Selection& selection, const Walk& walk)
 {
+    std::vector<bool> isIn(selection.Count(), false);
     std::vector<bool> met(selection.graph->Parts().size(), false);
     std::size_t count = 0;
-    for (const std::uint32_t number : selection.childrenFirst) {
+    isIn[*selection.asked] = true;
+    for (std::size_t i = selection.childrenFirst.size(); i-- > 0;) {
+        const std::uint32_t number = selection.childrenFirst[i];
         const NodeResult& result = walk.At(number);
-        const std::uint32_t part = selection.graph->Nodes()[selection.GraphNode(number)].part;
-        if (pieces[number] > 0.0 && result.isKept && result.isStale && !met[part]) {
-            met[part] = true;
-            ++count;
+        if (!isIn[number] || !result.isStale) {
+            continue;
         }
+        if (!result.isKept) {
+            selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow&) {
+                isIn[child] = true;
+            });
+            continue;
+        }
+        const std::uint32_t part = selection.graph->Nodes()[selection.GraphNode(number)].part;
+        count += met[part] ? 0 : 1;
+        met[part] = true;
     }
     return count;
+}
+
+/// True where a stale sum was looked at, if only to compare own values with it.
+bool LooksAtStale(const Selection& selection, const Walk& walk)
+{
+    return std::ranges::any_of(selection.childrenFirst, [&](std::uint32_t number) {
+        return walk.At(number).isKept && walk.KeptBelow(selection, number).isStale;
+    });
 }
 
 void DefinePrecision(const ComputeOptions::DefinedPrecision& precision, ComputeResult& result)
@@ -264,7 +282,8 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
     }
     result.fellBack = FallenBack(selection, walk, pieces);
     if (job.kept != nullptr) {
-        result.staleTaken = StaleTaken(selection, walk, pieces);
+        result.staleTaken = StaleTaken(selection, walk);
+        result.looksAtStale = LooksAtStale(selection, walk);
     }
     if (options.definedPrecision) {
         DefinePrecision(*options.definedPrecision, result);
