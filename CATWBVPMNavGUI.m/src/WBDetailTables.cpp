@@ -1,6 +1,7 @@
 #include "WBPanelTexts.h"
 #include "WBPanelUnits.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -13,9 +14,17 @@ constexpr const char* kLength = "LENGTH";
 constexpr int kByVolume = 3;
 constexpr int kByArea = 2;
 
-CATUnicodeString DimensionText(int dimension)
+/// What the server calls mass that no material gives; it files it under the volumes.
+constexpr std::array<const char*, 2> kWithoutMaterial{"(no material)", "(imposed)"};
+
+CATUnicodeString DimensionText(const WBPanelStatistic& statistic)
 {
-    switch (dimension) {
+    if (std::ranges::any_of(kWithoutMaterial, [&statistic](const char* name) {
+            return statistic.material == name;
+        })) {
+        return {};
+    }
+    switch (statistic.dimension) {
     case kByVolume:
         return WBPanelText("Dimension.Volume", "@by volume");
     case kByArea:
@@ -106,14 +115,19 @@ WBPanelTable WBMaterialTable(const WBPanelRecord& record)
     WBPanelTable table;
     table.keyColumns = {0, 3}; // a material may count by volume and by area
     table.columns = {
-        {WBPanelText("Materials.Name.Title", "@Material"), {}, false},
+        {WBPanelText("Materials.Name.Title", "@Material"),
+         WBPanelText("Materials.Name.Tooltip",
+                     "@(imposed): the own mass of an assembly, which stands for what is below it. "
+                     "(no material): parts without one."),
+         false},
         {WBTitleWithUnit(WBPanelText("Materials.Mass.Title", "@Mass"), kMass), {}, true},
         {WBPanelText("Materials.Share.Title", "@Share [%]"),
          WBPanelText("Materials.Share.Tooltip", "@Share in the mass of all materials listed here"),
          true},
         {WBPanelText("Materials.Dimension.Title", "@Counted"),
          WBPanelText("Materials.Dimension.Tooltip",
-                     "@Whether mass comes from a volume or from an area"),
+                     "@Whether the mass comes from a volume or from an area; empty where no "
+                     "material gives it"),
          false}};
     const double whole = WholeMass(record.statistics);
     for (const WBPanelStatistic& statistic : record.statistics) {
@@ -122,7 +136,7 @@ WBPanelTable WBMaterialTable(const WBPanelRecord& record)
             whole == 0.0 ? CATUnicodeString()
                          : CATUnicodeString::FromReal(100.0 * statistic.mass / whole, "%.3g");
         table.rows.push_back({statistic.material, WBNumberInUnit(kMass, statistic.mass), share,
-                              DimensionText(statistic.dimension)});
+                              DimensionText(statistic)});
     }
     return table;
 }

@@ -6,7 +6,7 @@
 #include <cstddef>
 
 /// The figures of a mass type, in the order in which tables list them: mass, lower and upper
-/// deviation, centre x, y, z, Ixx, Iyy, Izz, Pxy, Pxz, Pyz.
+/// deviation, centre x, y, z, Ixx, Iyy, Izz, Ixy, Ixz, Iyz.
 struct WBFigure
 {
     const char* titleKey; ///< of the panel's texts
@@ -23,9 +23,9 @@ inline constexpr std::array<WBFigure, 12> kWBFigures{{
     {"MassTypes.MomentX.Title", "@Ixx", "INERTIAMOMENT"},
     {"MassTypes.MomentY.Title", "@Iyy", "INERTIAMOMENT"},
     {"MassTypes.MomentZ.Title", "@Izz", "INERTIAMOMENT"},
-    {"MassTypes.ProductXY.Title", "@Pxy", "INERTIAMOMENT"},
-    {"MassTypes.ProductXZ.Title", "@Pxz", "INERTIAMOMENT"},
-    {"MassTypes.ProductYZ.Title", "@Pyz", "INERTIAMOMENT"},
+    {"MassTypes.ProductXY.Title", "@Ixy", "INERTIAMOMENT"},
+    {"MassTypes.ProductXZ.Title", "@Ixz", "INERTIAMOMENT"},
+    {"MassTypes.ProductYZ.Title", "@Iyz", "INERTIAMOMENT"},
 }};
 
 /// Places of the figures after which a group of others begins.

@@ -18,8 +18,9 @@ struct Tooltip
     const char* text;
 };
 constexpr Tooltip kCentreTooltip{"MassTypes.Centre.Tooltip",
-                                 "@Centre of gravity in the part's axes; empty: not known, or "
-                                 "exactly at the origin without an inertia"};
+                                 "@Centre of gravity in the part's axes, of the whole product in "
+                                 "the product's; empty: not known, or exactly at the origin "
+                                 "without an inertia"};
 constexpr Tooltip kMomentTooltip{"MassTypes.Moment.Tooltip",
                                  "@Moment of inertia about an axis through the centre of gravity"};
 constexpr Tooltip kProductTooltip{"MassTypes.Product.Tooltip",

@@ -221,7 +221,7 @@ WBInertiaFacts WBReadInertiaFacts(const WBPanelRecord& record, const WBPanelMass
 WBPanelTable WBInertiaTable(const WBPanelMassType* massType)
 {
     constexpr std::array kAxes{"x", "y", "z"};
-    constexpr std::array kTerms{"Ixx   -Pxy   -Pxz", "-Pxy   Iyy   -Pyz", "-Pxz   -Pyz   Izz"};
+    constexpr std::array kTerms{"Ixx   -Ixy   -Ixz", "-Ixy   Iyy   -Iyz", "-Ixz   -Iyz   Izz"};
     WBPanelTable table;
     table.columns.push_back({WBPanelText("Inertia.Row.Title", "@Row"), {}, false});
     for (const char* axis : kAxes) {

@@ -53,16 +53,15 @@ CATUnicodeString Items(const WBCoverage& coverage)
 
 CATUnicodeString WithoutCentre(double mass)
 {
-    return mass == 0.0
-               ? WBPanelText("Sum.NoMass", "@none")
-               : WBPanelText("Sum.WithoutCentre.Text", "@/p1, counted at the centre of the rest",
-                             {WBValueWithUnit(kMass, mass)});
+    return mass == 0.0 ? WBPanelText("Sum.NoMass", "@none")
+                       : WBPanelText("Sum.WithoutCentre.Text", "@/p1, at the centre of the rest",
+                                     {WBValueWithUnit(kMass, mass)});
 }
 
 CATUnicodeString WithoutInertia(double mass)
 {
     return mass == 0.0 ? WBPanelText("Sum.NoMass", "@none")
-                       : WBPanelText("Sum.WithoutInertia.Text", "@/p1, counted as points",
+                       : WBPanelText("Sum.WithoutInertia.Text", "@/p1, as points",
                                      {WBValueWithUnit(kMass, mass)});
 }
 
@@ -72,7 +71,7 @@ CATUnicodeString Uncertainty(const WBUncertaintyDetails& uncertainty)
     if (!sigma || !uncertainty.shareUnstated) {
         return WBOrDash({});
     }
-    return WBPanelText("Sum.Uncertainty.Text", "@/p1, /p2 % of mass stated",
+    return WBPanelText("Sum.Uncertainty.Text", "@/p1, stated for /p2 %",
                        {WBValueWithUnit(kMass, *sigma), Percent(1.0 - *uncertainty.shareUnstated)});
 }
 
@@ -125,9 +124,12 @@ CATUnicodeString WBWhatIsSummedUp(const WBPanelRecord& record)
 {
     if (record.computed) {
         const WBComputationChoice& choice = *record.computed;
+        const CATUnicodeString filter =
+            record.isFiltered ? WBPanelText("Sum.Filtered", "@filter: /p1", {record.filter})
+                              : WBPanelText("Sum.Unfiltered", "@unfiltered");
         return WBPanelText(
-            "Sum.Computed", "@Computed here: /p1; /p2; filter: /p3.",
-            {WBEntityText(choice.entity), WBPrecisionChoiceText(choice.precision), record.filter});
+            "Sum.Computed", "@Computed here: /p1; /p2; /p3.",
+            {WBEntityText(choice.entity), WBPrecisionChoiceText(choice.precision), filter});
     }
     return ComputedMass(record)
                ? WBPanelText("Sum.Stored",
@@ -202,11 +204,26 @@ WBPanelTable WBImposedTable(const WBPanelRecord& record)
 CATUnicodeString WBImposedWords(const WBPanelRecord& record)
 {
     const std::optional<WBImposedDetails>& imposed = record.details.imposed;
-    return imposed ? WBPanelText("Imposed.Words",
-                                 "@In sums the values of /p1 stand for everything below; they "
-                                 "replace it and are not added.",
-                                 {imposed->massType})
-                   : CATUnicodeString();
+    if (!imposed) {
+        return {};
+    }
+    CATUnicodeString words = WBPanelText("Imposed.Words",
+                                         "@In sums the values of /p1 stand for everything below; "
+                                         "they replace it and are not added.",
+                                         {imposed->massType});
+    // The table shows what sums use: figures that the mass type does not state are others' there.
+    const WBSetDetails* said = record.details.Of(imposed->massType);
+    if (said != nullptr && said->centre == WBOrigin::Lent) {
+        words +=
+            "\n" + WBPanelText("Imposed.CentreLent", "@The centre of gravity is taken from /p1.",
+                               {said->centreLender});
+    }
+    if (said != nullptr && said->inertia == WBOrigin::Lent) {
+        words += "\n" + WBPanelText("Imposed.InertiaLent",
+                                    "@The inertia is taken from /p1 and scaled to this mass.",
+                                    {said->inertiaLender});
+    }
+    return words;
 }
 
 CATUnicodeString WBEntityText(Definitions::Entity entity)

@@ -31,7 +31,7 @@ WBPanelTable WBWarningTable(const WBPanelRecord& record);
 /// Own figures, those of what is below, and the difference, where an assembly's own values stand
 /// for what is below it; no rows elsewhere.
 WBPanelTable WBImposedTable(const WBPanelRecord& record);
-/// Which values stand for what.
+/// Which values stand for what, and whose they are where the mass type does not state them.
 CATUnicodeString WBImposedWords(const WBPanelRecord& record);
 
 /// What a computation can be asked for, as users read it.

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 /// What tests of panels look at, whichever panel it is.
@@ -36,8 +37,12 @@ T* FindBelow(const CATCommand& parent, const char* name)
 
 inline QTableView* ViewOf(const CATDlgMultiList& list)
 {
-    auto* view = qobject_cast<QTableView*>(list.Widget());
-    return view != nullptr ? view : list.Widget()->findChild<QTableView*>();
+    QWidget* widget = list.Widget();
+    if (widget == nullptr) {
+        throw std::logic_error("the list has no widget: its window was never built");
+    }
+    auto* view = qobject_cast<QTableView*>(widget);
+    return view != nullptr ? view : widget->findChild<QTableView*>();
 }
 
 /// Until the windows show what the program wrote.

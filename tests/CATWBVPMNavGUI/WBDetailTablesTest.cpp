@@ -59,6 +59,22 @@ TEST_F(WBDetailTablesTest, MaterialsStandInTheUsersUnitsAndSeparator)
     EXPECT_EQ(WBMaterialTable(record).columns[1].title, "Mass [lb]");
 }
 
+TEST_F(WBDetailTablesTest, MassThatNoMaterialGivesComesFromNoVolume)
+{
+    WBPanelRecord record;
+    record.statistics = {{"(no material)", 3, 1}, {"(imposed)", 3, 2}, {"Wood", 3, 1}};
+    EXPECT_THAT(WBMaterialTable(record).rows,
+                ElementsAre(WBPanelRow({"(no material)", "1", "25", ""}),
+                            WBPanelRow({"(imposed)", "2", "50", ""}),
+                            WBPanelRow({"Wood", "1", "25", "by volume"})));
+    EXPECT_EQ(WBMaterialTable(record).columns[0].tooltip,
+              "(imposed): the own mass of an assembly, which stands for what is below it. "
+              "(no material): parts without one.");
+    EXPECT_EQ(WBMaterialTable(record).columns[3].tooltip,
+              "Whether the mass comes from a volume or from an area; empty where no material "
+              "gives it");
+}
+
 TEST_F(WBDetailTablesTest, MaterialsWithoutMassHaveNoShare)
 {
     WBPanelRecord record;

@@ -219,7 +219,7 @@ TEST_F(WBMainPanelComputeTest, AnswerFillsComputedAndTheStatistics)
     EXPECT_EQ(List("Material")->RowCount(), 1);
     EXPECT_EQ(List("Material")->Cell(0, 1), "Steel");
     EXPECT_EQ(Text("What"),
-              "Computed here: this instance with what is below; active values; filter: No filter.");
+              "Computed here: this instance with what is below; active values; unfiltered.");
     double mass = 0.0;
     record->GetMass("Computed", mass);
     EXPECT_EQ(mass, 2.0);

@@ -240,7 +240,7 @@ TEST_F(WBMainPanelTest, InertiaPageSaysPointAxesAndSignInWords)
     Open(RecordOf(FirewallStream()));
     EXPECT_EQ(WordsOn("Inertia"),
               "About the centre of gravity (x 2   y 0   z -60 mm), in the axes of the part.");
-    EXPECT_THAT(Text("InertiaNote"), testing::HasSubstr("Pxy = + ∫ x y dm"));
+    EXPECT_THAT(Text("InertiaNote"), testing::HasSubstr("Ixy = + ∫ x y dm"));
     EXPECT_THAT(Text("InertiaNote"), testing::HasSubstr("opposite sign"));
     // sqrt(0.48 / 1.92) m = 0.5 m, sqrt(0.1875 / 1.92) m = 0.3125 m, sqrt(0.12 / 1.92) m = 0.25 m.
     const CATDlgMultiList& principal = *List("Inertia", "Principal");
@@ -290,11 +290,11 @@ TEST_F(WBMainPanelTest, SumPageShowsCoverageSharesAndWarnings)
     Open(RecordOf(FirewallStream()));
     EXPECT_EQ(Text("What"), "Nothing is computed yet.");
     EXPECT_EQ(Text("Items"), "186 of 187 items have a mass");
-    EXPECT_EQ(Text("WithoutCentre"), "12.5 kg, counted at the centre of the rest");
-    EXPECT_EQ(Text("WithoutInertia"), "3 kg, counted as points");
+    EXPECT_EQ(Text("WithoutCentre"), "12.5 kg, at the centre of the rest");
+    EXPECT_EQ(Text("WithoutInertia"), "3 kg, as points");
     EXPECT_EQ(Text("Growth"), "4.25 kg");
     EXPECT_EQ(Text("Predicted"), "–");
-    EXPECT_EQ(Text("Uncertainty"), "0.5 kg, 75 % of mass stated");
+    EXPECT_EQ(Text("Uncertainty"), "0.5 kg, stated for 75 %");
     EXPECT_EQ(List("Sum", "Codes")->Cell(0, 1), "WING");
     EXPECT_EQ(List("Sum", "MassTypeShares")->Cell(0, 2), "Calculated");
     EXPECT_EQ(List("Sum", "Warnings")->Cell(0, 1), "1 of 187 items has no mass");

@@ -54,8 +54,8 @@ TEST_F(WBMassTypeTextsTest, TitlesCarryTheUnits)
     EXPECT_THAT(Titles(WBMassTypeTable(WBPanelRecord())),
                 testing::ElementsAre("Mass type", "Role", "Status", "Mass [kg]", "Lower dev. [kg]",
                                      "Upper dev. [kg]", "CoG x [mm]", "CoG y [mm]", "CoG z [mm]",
-                                     "Ixx [kg.m2]", "Iyy [kg.m2]", "Izz [kg.m2]", "Pxy [kg.m2]",
-                                     "Pxz [kg.m2]", "Pyz [kg.m2]", "Precision"));
+                                     "Ixx [kg.m2]", "Iyy [kg.m2]", "Izz [kg.m2]", "Ixy [kg.m2]",
+                                     "Ixz [kg.m2]", "Iyz [kg.m2]", "Precision"));
     ShowIn("MASS", "lb");
     ShowIn("LENGTH", "in");
     ShowIn("INERTIAMOMENT", "lb.in2");
@@ -64,7 +64,7 @@ TEST_F(WBMassTypeTextsTest, TitlesCarryTheUnits)
                 testing::ElementsAre("Massentyp", "Rolle", "Stand", "Masse [lb]",
                                      "Untere Abw. [lb]", "Obere Abw. [lb]", "SP x [in]",
                                      "SP y [in]", "SP z [in]", "Ixx [lb.in2]", "Iyy [lb.in2]",
-                                     "Izz [lb.in2]", "Pxy [lb.in2]", "Pxz [lb.in2]", "Pyz [lb.in2]",
+                                     "Izz [lb.in2]", "Ixy [lb.in2]", "Ixz [lb.in2]", "Iyz [lb.in2]",
                                      "Genauigkeit"));
 }
 

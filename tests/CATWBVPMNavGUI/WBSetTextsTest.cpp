@@ -108,9 +108,9 @@ TEST_F(WBSetTextsTest, FiguresStandWithTheirUncertaintiesInTheUsersUnits)
     EXPECT_EQ(table.rows[4], WBPanelRow({"CoG y", "-2.5 mm", "2 mm", "not known"}));
     EXPECT_EQ(table.rows[6], WBPanelRow({"Ixx", "0.5 kg.m2", "0.4 kg.m2", "not known"}));
     // Products as + integral of x y dm.
-    EXPECT_EQ(table.rows[9], WBPanelRow({"Pxy", "0.01 kg.m2", "0.7 kg.m2", "not known"}));
-    EXPECT_EQ(table.rows[10], WBPanelRow({"Pxz", "-0.02 kg.m2", "0.8 kg.m2", "not known"}));
-    EXPECT_EQ(table.rows[11], WBPanelRow({"Pyz", "0.03 kg.m2", "–", "not known"}));
+    EXPECT_EQ(table.rows[9], WBPanelRow({"Ixy", "0.01 kg.m2", "0.7 kg.m2", "not known"}));
+    EXPECT_EQ(table.rows[10], WBPanelRow({"Ixz", "-0.02 kg.m2", "0.8 kg.m2", "not known"}));
+    EXPECT_EQ(table.rows[11], WBPanelRow({"Iyz", "0.03 kg.m2", "–", "not known"}));
     EXPECT_TRUE(table.columns[1].isNumber);
     EXPECT_TRUE(table.columns[2].isNumber);
     EXPECT_FALSE(table.columns[3].isNumber);
@@ -194,9 +194,9 @@ TEST_F(WBSetTextsTest, InertiaTableHoldsTheMatrixWithNegatedProducts)
     EXPECT_THAT(Titles(table), testing::ElementsAre("Row", "x [kg.m2]", "y [kg.m2]", "z [kg.m2]",
                                                     "Terms of the row"));
     EXPECT_THAT(table.rows, testing::ElementsAre(
-                                WBPanelRow({"x", "0.5", "-0.01", "0.02", "Ixx   -Pxy   -Pxz"}),
-                                WBPanelRow({"y", "-0.01", "0.25", "-0.03", "-Pxy   Iyy   -Pyz"}),
-                                WBPanelRow({"z", "0.02", "-0.03", "0.125", "-Pxz   -Pyz   Izz"})));
+                                WBPanelRow({"x", "0.5", "-0.01", "0.02", "Ixx   -Ixy   -Ixz"}),
+                                WBPanelRow({"y", "-0.01", "0.25", "-0.03", "-Ixy   Iyy   -Iyz"}),
+                                WBPanelRow({"z", "0.02", "-0.03", "0.125", "-Ixz   -Iyz   Izz"})));
     EXPECT_TRUE(table.columns[1].isNumber);
     EXPECT_FALSE(table.columns[0].isNumber);
     EXPECT_FALSE(table.columns[4].isNumber);

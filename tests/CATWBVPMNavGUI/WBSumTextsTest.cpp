@@ -34,10 +34,10 @@ TEST_F(WBSumTextsTest, CoverageIsSaidInWords)
     EXPECT_EQ(WBReadSumFacts(record).withoutInertia, "none");
     record.details.coverage = WBCoverage{187, 1, 12.5, 0.25};
     EXPECT_EQ(WBReadSumFacts(record).items, "186 of 187 items have a mass");
-    EXPECT_EQ(WBReadSumFacts(record).withoutCentre, "12.5 kg, counted at the centre of the rest");
-    EXPECT_EQ(WBReadSumFacts(record).withoutInertia, "0.25 kg, counted as points");
+    EXPECT_EQ(WBReadSumFacts(record).withoutCentre, "12.5 kg, at the centre of the rest");
+    EXPECT_EQ(WBReadSumFacts(record).withoutInertia, "0.25 kg, as points");
     ShowIn("MASS", "g");
-    EXPECT_EQ(WBReadSumFacts(record).withoutCentre, "12500 g, counted at the centre of the rest");
+    EXPECT_EQ(WBReadSumFacts(record).withoutCentre, "12500 g, at the centre of the rest");
     record.details.coverage = WBCoverage{1, 0, 0, 0};
     EXPECT_EQ(WBReadSumFacts(record).items, "the only item has a mass");
     record.details.coverage = WBCoverage{1, 1, 0, 0};
@@ -71,7 +71,7 @@ TEST_F(WBSumTextsTest, UncertaintySaysForHowMuchOfTheMassItWasStated)
     EXPECT_EQ(WBReadSumFacts(record).uncertainty, "–");
     record.details.uncertainty->sigmas[0] = 0.5;
     record.details.uncertainty->shareUnstated = 0.35;
-    EXPECT_EQ(WBReadSumFacts(record).uncertainty, "0.5 kg, 65 % of mass stated");
+    EXPECT_EQ(WBReadSumFacts(record).uncertainty, "0.5 kg, stated for 65 %");
     record.details.uncertainty->shareUnstated.reset();
     EXPECT_EQ(WBReadSumFacts(record).uncertainty, "–");
 }
@@ -95,10 +95,11 @@ TEST_F(WBSumTextsTest, WhatIsSummedUpIsSaid)
     EXPECT_EQ(WBWhatIsSummedUp(record), "As stored: what is below, by active values, unfiltered.");
     record.computed.emplace();
     EXPECT_EQ(WBWhatIsSummedUp(record),
-              "Computed here: this instance with what is below; active values; filter: No filter.");
+              "Computed here: this instance with what is below; active values; unfiltered.");
     record.computed->entity = Definitions::Root;
     record.computed->precision = "MostPrecise";
     record.filter = "Bare wing";
+    record.isFiltered = true;
     EXPECT_EQ(WBWhatIsSummedUp(record),
               "Computed here: the whole product; most precise values; filter: Bare wing.");
     record.computed->entity = Definitions::PartAlone;
@@ -183,9 +184,24 @@ TEST_F(WBSumTextsTest, ImposedAssemblyShowsOwnBelowAndDifference)
     EXPECT_EQ(table.rows[2], WBPanelRow({"Upper dev.", "20.8 kg", "5 kg", "15.8 kg"}));
     EXPECT_EQ(table.rows[4], WBPanelRow({"CoG y", "0 mm", "10 mm", "-10 mm"}));
     EXPECT_EQ(table.rows[8], WBPanelRow({"Izz", "3 kg.m2", "2 kg.m2", "–"}));
-    EXPECT_EQ(table.rows[11], WBPanelRow({"Pyz", "0.3 kg.m2", "0 kg.m2", "0.3 kg.m2"}));
+    EXPECT_EQ(table.rows[11], WBPanelRow({"Iyz", "0.3 kg.m2", "0 kg.m2", "0.3 kg.m2"}));
     EXPECT_EQ(WBImposedWords(record), "In sums the values of Estimated stand for everything below; "
                                       "they replace it and are not added.");
+    WBSetDetails said;
+    said.massType = "Estimated";
+    said.centre = WBOrigin::Stated;
+    said.inertia = WBOrigin::Lent;
+    said.inertiaLender = "Computed";
+    record.details.sets = {said};
+    EXPECT_EQ(WBImposedWords(record),
+              "In sums the values of Estimated stand for everything below; they replace it and are "
+              "not added.\nThe inertia is taken from Computed and scaled to this mass.");
+    record.details.sets[0].centre = WBOrigin::Lent;
+    record.details.sets[0].centreLender = "Weighed";
+    record.details.sets[0].inertia = WBOrigin::Unknown;
+    EXPECT_EQ(WBImposedWords(record),
+              "In sums the values of Estimated stand for everything below; they replace it and are "
+              "not added.\nThe centre of gravity is taken from Weighed.");
     ShowIn("LENGTH", "cm");
     EXPECT_EQ(WBImposedTable(record).rows[3], WBPanelRow({"CoG x", "62 cm", "60 cm", "2 cm"}));
 }

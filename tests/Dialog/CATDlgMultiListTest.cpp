@@ -419,7 +419,7 @@ TEST_F(CATDlgMultiListTest, TabGoesThroughTheFilterBothWays)
 {
     auto* button = new CATDlgPushButton(&m_window, "Button");
     button->SetPlacement(1, 0);
-    for (int row = 1; row <= 9; ++row) {
+    for (int row = 1; row <= 13; ++row) {
         m_list.SetCell(0, row, "x");
     }
     Show();
@@ -464,9 +464,13 @@ TEST_F(CATDlgMultiListTest, FilterLineComesWithManyRowsAndWithCtrlF)
     QTest::keyClick(&Filter(), Qt::Key_Escape);
     EXPECT_FALSE(Filter().isVisible());
     EXPECT_TRUE(m_window.IsVisible()); // Esc left the filter and not the window
-    for (int row = 1; row <= 9; ++row) {
+    // Twelve rows, as many as a mass type has figures, are looked over at a glance.
+    for (int row = 1; row <= 12; ++row) {
         m_list.SetCell(0, row, "x");
     }
+    Settle();
+    EXPECT_FALSE(Filter().isVisible());
+    m_list.SetCell(0, 13, "x");
     Settle();
     EXPECT_TRUE(Filter().isVisible());
 }

@@ -88,7 +88,7 @@ expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "103.982 kg"
 expect CATWBVPMMainPanel/UpToDate "Up to date"
 click CATWBVPMMainPanel/Sum
-expect CATWBVPMMainPanel/What "Computed here: this instance with what is below; active values; filter: No filter."
+expect CATWBVPMMainPanel/What "Computed here: this instance with what is below; active values; unfiltered."
 expect CATWBVPMMainPanel/Items "all 111 items have a mass"
 shot compute_part_sum.png CATWBVPMMainPanel
 
@@ -119,7 +119,7 @@ expect-box "Warnings of the computation"
 expect CATWBVPMMainPanel/Mass "381.359 kg"
 expect CATWBVPMMainPanel/Centre "x 930.082   y -3.07   z -195.479 mm"
 expect-cell CATWBVPMMainPanel/MassTypes/List 1 Ixx 735.358117
-expect-cell CATWBVPMMainPanel/MassTypes/List 1 Pxz 22.906066
+expect-cell CATWBVPMMainPanel/MassTypes/List 1 Ixz 22.906066
 click CATWBVPMMainPanel/Material
 expect-cell CATWBVPMMainPanel/Material/List 1 Material "Al 2024-T3"
 expect-cell CATWBVPMMainPanel/Material/List 1 Mass 94.998

@@ -37,7 +37,7 @@ constexpr int kCellPadding = 6;
 constexpr int kCellMargin = 2 * kCellPadding;
 constexpr int kSortMarkRoom = 14;
 constexpr int kRowMargin = 6;
-constexpr std::size_t kRowsWithoutFilter = 8;
+constexpr std::size_t kRowsWithoutFilter = 12;
 constexpr int kMarkSize = 6;
 
 /// The upper right corner of a marked cell, in the padding, so that it hides nothing.
@@ -174,7 +174,7 @@ void ListView::MakeActions()
               });
     AddAction("List.SelectAll", "@Select all", QKeySequence::SelectAll, [this] { selectAll(); });
     separate();
-    AddAction("List.Filter", "@Filter", QKeySequence::Find, [this] { onFind(); });
+    AddAction("List.Filter", "@Find rows", QKeySequence::Find, [this] { onFind(); });
     AddAction("List.SortUp", "@Sort upwards by this column", QKeySequence(Qt::CTRL | Qt::Key_Up),
               [this] { SortByCurrentColumn(Qt::AscendingOrder); });
     AddAction("List.SortDown", "@Sort downwards by this column",
@@ -484,8 +484,8 @@ ListBox::ListBox(QWidget* parent, ListModel& model)
     rows->addWidget(m_view, 1);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 
-    m_filter->setPlaceholderText(DialogMessage("List.Filter", "@Filter"));
-    m_filter->setAccessibleName(DialogMessage("List.Filter", "@Filter"));
+    m_filter->setPlaceholderText(DialogMessage("List.Filter", "@Find rows"));
+    m_filter->setAccessibleName(DialogMessage("List.Filter", "@Find rows"));
     m_filter->setToolTip(DialogMessage("List.FilterHint", "@Shows the rows that hold every word."));
     m_filter->setClearButtonEnabled(true);
     m_filter->installEventFilter(this);

@@ -241,6 +241,14 @@ TEST_F(ComputeWindow, BeginsWithTheRootAndItsFilterAndNoValues)
     EXPECT_EQ(Find<CATDlgTabContainer>("ResultTabContainer").SelectedPage(), 0);
 }
 
+TEST_F(ComputeWindow, BeginsWithTheKeysOnComputeAndNoTextSelected)
+{
+    EXPECT_EQ(command->Widget()->focusWidget(), Find<CATDialog>("ComputeButton").Widget());
+    for (const QLineEdit* editor : command->Widget()->findChildren<QLineEdit*>()) {
+        EXPECT_FALSE(editor->hasSelectedText()) << editor->objectName().toStdString();
+    }
+}
+
 TEST_F(ComputeWindow, ListsHaveTheirColumns)
 {
     EXPECT_EQ(Find<CATDlgMultiList>("StatisticsMultiList").ColumnTitles(),
@@ -318,17 +326,17 @@ const std::vector<Label> kLabels{
     {"IxyLabel", "Ixy", "Ixy"},
     {"IxzLabel", "Ixz", "Ixz"},
     {"IyzLabel", "Iyz", "Iyz"},
-    {"StatisticsPage", "Materials", "Materialien"},
-    {"MassTypeStatPage", "Mass types", "Massenarten"},
+    {"StatisticsPage", "Materials", "Werkstoffe"},
+    {"MassTypeStatPage", "Mass types", "Massentypen"},
     {"InertiaModeFrame", "Inertia about", "Trägheit um"},
     {"CGButton", "Centre of gravity", "Schwerpunkt"},
     {"ReferenceButton", "Origin", "Ursprung"},
     {"ComputeOptionFrame", "Values that count", "Werte, die zählen"},
-    {"ActiveButton", "Active mass type", "Aktive Massenart"},
+    {"ActiveButton", "Active mass type", "Aktiver Massentyp"},
     {"MostPreciseButton", "Most precise", "Genaueste"},
-    {"SpecifiedButton", "One mass type", "Eine Massenart"},
+    {"SpecifiedButton", "One mass type", "Ein Massentyp"},
     {"SpecifiedMassTypeFrame", "", ""},
-    {"SpecifiedMassTypeLabel", "Mass type", "Massenart"},
+    {"SpecifiedMassTypeLabel", "Mass type", "Massentyp"},
     {"UpdateOptionFrame", "Stored results", "Gespeicherte Ergebnisse"},
     {"CheckUpToDateButton", "Update what changed", "Geändertes aktualisieren"},
     {"ForceUpdateButton", "Compute all anew", "Alles neu berechnen"},
@@ -359,9 +367,9 @@ TEST_F(ComputeSession, WindowSpeaksGerman)
         EXPECT_EQ(Find<CATDialog>(label.name).Title(), label.german) << label.name;
     }
     EXPECT_EQ(Find<CATDlgMultiList>("StatisticsMultiList").ColumnTitles(),
-              CATListValCATUnicodeString({"Material", "Dichte", "Masse", "Massenanteil"}));
+              CATListValCATUnicodeString({"Werkstoff", "Dichte", "Masse", "Massenanteil"}));
     EXPECT_EQ(Find<CATDlgMultiList>("MassTypeStatMultiList").ColumnTitles(),
-              CATListValCATUnicodeString({"Massenart", "Masse", "Massenanteil"}));
+              CATListValCATUnicodeString({"Massentyp", "Masse", "Massenanteil"}));
 }
 
 namespace
@@ -390,10 +398,10 @@ const std::vector<Label> kTooltips{
     {"ReferenceButton", "About the origin of the product's axes",
      "Um den Ursprung der Achsen des Produkts"},
     {"ActiveButton", "Of each part the mass type that is active",
-     "Von jedem Teil die aktive Massenart"},
+     "Von jedem Teil den aktiven Massentyp"},
     {"MostPreciseButton", "Of each part the most mature mass type that it has",
-     "Von jedem Teil die reifste Massenart, die es hat"},
-    {"SpecifiedButton", "The same mass type for every part", "Dieselbe Massenart für jedes Teil"},
+     "Von jedem Teil den reifsten Massentyp, den es hat"},
+    {"SpecifiedButton", "The same mass type for every part", "Derselbe Massentyp für jedes Teil"},
     {"CheckUpToDateButton",
      "Computes what has changed since it was stored and takes the rest as it is stored",
      "Berechnet, was sich seit dem Speichern geändert hat, und nimmt das Übrige, wie es "
@@ -449,13 +457,13 @@ TEST_F(ComputeSession, WindowExplainsItselfInGerman)
     }
     EXPECT_THAT(ColumnTooltips(Find<CATDialog>("StatisticsMultiList")),
                 ElementsAre("(imposed): die eigene Masse einer Baugruppe, die für alles unter ihr "
-                            "steht. (no material): Teile ohne Material.",
+                            "steht. (no material): Teile ohne Werkstoff.",
                             "Die verwendete Dichte; --- wo es keine gab",
-                            "Die Masse dieses Materials im Produkt",
+                            "Die Masse dieses Werkstoffs im Produkt",
                             "Von der Masse des ganzen Produkts"));
     EXPECT_THAT(ColumnTooltips(Find<CATDialog>("MassTypeStatMultiList")),
-                ElementsAre("Die Massenart, deren Werte genommen wurden",
-                            "Die Masse, deren Wert von dieser Massenart kommt",
+                ElementsAre("Der Massentyp, dessen Werte genommen wurden",
+                            "Die Masse, deren Wert von diesem Massentyp kommt",
                             "Von der Masse des ganzen Produkts"));
 }
 
