@@ -198,7 +198,7 @@ TEST_F(WBUnitChoicesTest, MagnitudeWithoutUnitsShowsADashAndCanBeGivenNone)
     WBChooseUnit(choices, *bare, "kg");
     EXPECT_TRUE(choices.empty());
     EXPECT_TRUE(WBChosenUnit(choices, *bare).IsNull());
-    EXPECT_EQ(WBUnitTable({bare}, choices).rows.front(), (WBPanelRow{"BARE", "–", "", "1", "1"}));
+    EXPECT_EQ(WBUnitTable({bare}, choices).rows.front(), (WBPanelRow{"TEST", "–", "", "1", "1"}));
     for (const WBUnitPreset& preset : WBUnitPresets()) {
         WBChoosePreset(choices, {bare}, preset);
     }
