@@ -1,6 +1,9 @@
 #include "ComputeTesting.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cmath>
+#include <limits>
 #include <map>
 
 using namespace wb;
@@ -664,4 +667,132 @@ TEST(KeptResults, AssembliesThatStandAtVeryManyPlacesAreGoneThroughOnce)
         return true;
     };
     EXPECT_GT(small.Compute(options).sums.size(), 2U);
+    // Where all sums are there already nobody stops because of the work that was done.
+    std::size_t asked = 0;
+    options.wantsSum = [&](std::uint32_t) {
+        ++asked;
+        return false;
+    };
+    EXPECT_TRUE(small.Compute(options).sums.empty());
+    EXPECT_EQ(asked, 40U);
+}
+
+TEST(KeptResults, TypeThatOnlyAKeptSumKnowsIsTheLastOne)
+{
+    const SmallProduct small = TwelveLeaves(1);
+    Kept kept = Stale(AllSums(small));
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    kept.at(*graph.FindPart("A", "A")).massTypes = {{"Guessed", 5}};
+    const std::vector<NamedShare> types = With(small, kept, 0).statistics.massTypes;
+    ASSERT_EQ(types.size(), 2U);
+    EXPECT_EQ(types[1].name, "Guessed");
+    EXPECT_EQ(types[1].mass, 5);
+}
+
+TEST(KeptResults, ListsOfASumHaveTheirOrder)
+{
+    SmallProduct small;
+    small.Put("A", "S");
+    small.Put("A", "T");
+    small.Set("S", "Weighed", {{Fact::Mass, 1}});
+    small.Set("T", "Weighed", {{Fact::Mass, 2}});
+    small.Of("S").code = "1";
+    small.Of("T").code = "2";
+    const KeptSum sum = AllSums(small).at(0);
+    ASSERT_EQ(sum.codes.size(), 2U);
+    EXPECT_EQ(sum.codes[0].name, "2");
+    EXPECT_EQ(sum.codes[1].name, "1");
+    for (const auto& [part, each] : AllSums(Rich())) {
+        EXPECT_TRUE(std::ranges::is_sorted(each.sharedErrors, {}, &KeptSum::SharedErrors::node));
+    }
+}
+
+TEST(KeptResults, ActiveSumLendsWhateverThePrecision)
+{
+    // L counts at x = 1 by its active values and at x = 5 by the others; A states a mass alone.
+    // What it is lent is made from what is there now, so nothing stale is in it.
+    SmallProduct small;
+    small.Put("R", "A");
+    small.Put("A", "B");
+    small.Put("B", "L");
+    small.Set("L", "Estimated", {{Fact::Mass, 1}, {Fact::CgX, 1}, {Fact::CgY, 0}, {Fact::CgZ, 0}});
+    small.Set("L", "Weighed", {{Fact::Mass, 1}, {Fact::CgX, 5}, {Fact::CgY, 0}, {Fact::CgZ, 0}});
+    small.Of("L").activeType = "Estimated";
+    small.Set("A", "Weighed", {{Fact::Mass, 50}});
+    const ComputeOptions weighed = wbtest::Specified("Weighed");
+    const ComputeResult result = With(small, Stale(AllSums(small, weighed)), 0, weighed);
+    EXPECT_EQ(result.total.body.mass, 50);
+    EXPECT_EQ(result.total.body.centre[0], 1);
+    EXPECT_EQ(result.staleTaken, 0U);
+    EXPECT_TRUE(result.looksAtStale);
+}
+
+TEST(KeptResults, InertiaOfWhatStandsNowhereIsKnownIfThatOfEachIs)
+{
+    // Nothing has a centre: 3 + 4 where both state an inertia; unknown where one does not.
+    SmallProduct small;
+    small.Put("R", "B");
+    small.Put("B", "L");
+    small.Put("B", "M");
+    const auto facts = [](double inertia) {
+        return SmallProduct::Made("Weighed", {{Fact::Mass, 1},
+                                              {Fact::Ixx, inertia},
+                                              {Fact::Iyy, inertia},
+                                              {Fact::Izz, inertia},
+                                              {Fact::Ixy, 0},
+                                              {Fact::Ixz, 0},
+                                              {Fact::Iyz, 0}});
+    };
+    small.Of("L").sets.push_back(facts(3));
+    SmallProduct lacking = small;
+    small.Of("M").sets.push_back(facts(4));
+    lacking.Set("M", "Weighed", {{Fact::Mass, 1}});
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    const std::uint32_t below = *graph.FindPart("B", "A");
+    EXPECT_EQ(TotalOf(AllSums(small).at(below)).body.inertia[0], 7);
+    EXPECT_FALSE(IsKnown(TotalOf(AllSums(lacking).at(below)).body.inertia[0]));
+}
+
+TEST(KeptResults, PartAtTwoLevelsCountsInEachAsItsLevelSays)
+{
+    // A stands at level 1, and below C at level 2; its D so at 2 and at 3. A piece of D weighs 1 kg
+    // as kept and 2 kg as new: at level 2 it is new in the former and as kept in the latter.
+    const auto product = [](double mass) {
+        SmallProduct small;
+        small.Put("R", "A");
+        small.Put("R", "C");
+        small.Put("C", "A");
+        small.Put("A", "D");
+        small.Put("D", "L");
+        small.Set("L", "Weighed", {{Fact::Mass, mass}});
+        return small;
+    };
+    const Kept old = Stale(AllSums(product(1)));
+    EXPECT_EQ(With(product(2), old, 1).total.body.mass, 2);
+    EXPECT_EQ(With(product(2), old, 2).total.body.mass, 3);
+    EXPECT_EQ(With(product(2), old, 3).total.body.mass, 4);
+}
+
+TEST(KeptResults, LevelMayBeDeeperThanAnyProduct)
+{
+    // Forty levels of two each: 2^40 places of the last one, as kept or new.
+    const auto product = [](double mass) {
+        SmallProduct small;
+        for (int depth = 0; depth < 40; ++depth) {
+            for (int use = 0; use < 2; ++use) {
+                small.Put("N" + std::to_string(depth), "N" + std::to_string(depth + 1));
+            }
+        }
+        small.Put("N40", "L");
+        small.Set("L", "Weighed", {{Fact::Mass, mass}});
+        return small;
+    };
+    const SmallProduct now = product(2);
+    const ProductGraph graph(now.product, ShippedMassTypes());
+    // A kept sum of the last one that holds nothing: where it counted the mass would be another
+    // one.
+    Kept kept;
+    kept[*graph.FindPart("N40", "A")].isStale = true;
+    EXPECT_EQ(With(now, kept, std::numeric_limits<std::int64_t>::max()).total.body.mass,
+              std::ldexp(2.0, 40));
 }

@@ -233,7 +233,8 @@ TEST_F(StoreKept, AllResultsAreKeptOrNone)
 TEST_F(StoreKept, FileOfTheFirstVersionIsBroughtUp)
 {
     m_store.reset();
-    const char* const toFirst = "DROP TABLE kept_result; PRAGMA user_version = 1";
+    const char* const toFirst =
+        "DROP TABLE kept_result; DROP TABLE outdated_set; PRAGMA user_version = 1";
     ASSERT_EQ(SqlConnection(Path()).Run(toFirst), SQLITE_OK);
     m_store = Store::Open(Path()).store;
     ASSERT_NE(m_store, nullptr);
@@ -246,7 +247,8 @@ TEST_F(StoreKept, FileOfTheFirstVersionIsBroughtUp)
 TEST_F(StoreKept, FileOfTheFirstVersionThatIsLockedWorksWithoutKeeping)
 {
     m_store.reset();
-    ASSERT_EQ(SqlConnection(Path()).Run("DROP TABLE kept_result; PRAGMA user_version = 1"),
+    ASSERT_EQ(SqlConnection(Path()).Run(
+                  "DROP TABLE kept_result; DROP TABLE outdated_set; PRAGMA user_version = 1"),
               SQLITE_OK);
     {
         SqlConnection other(Path());
@@ -262,7 +264,8 @@ TEST_F(StoreKept, FileOfTheFirstVersionThatIsLockedWorksWithoutKeeping)
 TEST_F(StoreKept, CopyBringsUpItselfAndLeavesTheFile)
 {
     m_store.reset();
-    ASSERT_EQ(SqlConnection(Path()).Run("DROP TABLE kept_result; PRAGMA user_version = 1"),
+    ASSERT_EQ(SqlConnection(Path()).Run(
+                  "DROP TABLE kept_result; DROP TABLE outdated_set; PRAGMA user_version = 1"),
               SQLITE_OK);
     const auto copy = Store::OpenCopy(Path());
     ASSERT_NE(copy.store, nullptr);

@@ -130,6 +130,14 @@ TEST(ValueDetails, RecordOfALeafHasNoComputedUntilSomebodyComputes)
         {"1", "0", "0", "2", "1", "(no code)", "2", "1", "Calculated", "2", "0", "0", "1"});
 }
 
+TEST(ValueDetails, SumWithoutAnyMassIsUnknown)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part\n,,A\nA,S.1,S\nS,1,P\n");
+    EXPECT_EQ(OriginsOf(wbtest::DetailsOfComputation(served, {.place = "S.1|S|A|0"}), "Computed"),
+              (Texts{"0", "0", "0", kNull, kNull, "0"}));
+}
+
 TEST(ValueDetails, PrecisionIsStatedOrTheTypesDefaultOrNone)
 {
     ServedProduct served;

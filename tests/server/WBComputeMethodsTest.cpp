@@ -86,7 +86,8 @@ TEST(WBComputeMethods, MassTypesAndPropertyNamesComeAsXml)
     wbtest::ServedProduct served;
     const std::string shipped =
         "<massTypesAndAttrNames><massType name=\"Computed\"/><massType name=\"Estimated\"/>"
-        "<massType name=\"Calculated\"/><massType name=\"Supplier\"/><massType name=\"Weighed\"/>";
+        "<massType name=\"Calculated\"/><massType name=\"Supplier\"/><massType name=\"Weighed\"/>"
+        "<massType name=\"Target\"/>";
     EXPECT_EQ(served.Call("WBGetMassTypesAndAttrNames", ""), shipped + "</massTypesAndAttrNames>");
     served.ImportTable("parent,instance,part,p:Vendor,i:Location\n,,R,,\nR,p,P,x,y\nR,q,P,,y\n");
     EXPECT_EQ(served.Call("WBGetMassTypesAndAttrNames", ""),

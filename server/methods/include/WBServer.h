@@ -86,8 +86,8 @@ struct CallContext
 ///
 /// "WBGetMassTypesAndAttrNames": request ignored. Answers XML: below the document element an
 ///   element "massType" for each type that a computation can be asked for, "Computed" first, then
-///   the claims by order, and an element "attrName" for each property that users gave to parts and
-///   uses, by name. The attribute "name" holds the name.
+///   the claims by order, then the goals, and an element "attrName" for each property that users
+///   gave to parts and uses, by name. The attribute "name" holds the name.
 ///
 /// "WBComputeVPMValues": a computation of a whole product, in the grammar below with entity 1.
 ///   Answers mass, lower and upper deviation, centre of gravity, Ixx, Iyy, Izz, Iyz, Ixz, Ixy about

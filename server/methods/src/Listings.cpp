@@ -91,10 +91,13 @@ std::string GetMassTypesAndAttrNames(const MethodCall& call, std::string_view)
 {
     std::string xml = "<massTypesAndAttrNames>";
     AppendElement(xml, "massType", CATENOWBCSCommonDefinitions::Computed);
-    // A goal is a wish: nobody asks what a product weighs by it.
-    for (const MassType& type : call.store.MassTypes()) {
-        if (type.kind == MassType::Kind::Claim) {
-            AppendElement(xml, "massType", type.name);
+    // A budget is asked for less often than what somebody claims.
+    const std::vector<MassType> types = call.store.MassTypes();
+    for (const MassType::Kind kind : {MassType::Kind::Claim, MassType::Kind::Goal}) {
+        for (const MassType& type : types) {
+            if (type.kind == kind) {
+                AppendElement(xml, "massType", type.name);
+            }
         }
     }
     for (const std::string& name : call.store.PropertyNames()) {

@@ -53,6 +53,8 @@ struct ValueSet
     std::string note;
     std::string typed;
     FactLines lines;
+    /// Something below the assembly that it stands for has changed since it was stated.
+    bool isOutdated = false;
 
     ValueSet() { numbers.fill(kUnknown); }
     double& operator[](Fact fact) { return numbers[static_cast<std::size_t>(fact)]; }

@@ -41,6 +41,7 @@ struct Claim
     Dimension dimension = Dimension::Volume;
     bool followsSize = false;     // no mass stated: it is size times density
     bool precisionStated = false; // the deviations are not the mass type's default
+    bool isOutdated = false;      // something below has changed since these were stated
 
     bool HasMass() const { return IsKnown(body.mass); }
     bool HasCentre() const { return IsKnown(body.centre[0]); }

@@ -282,6 +282,7 @@ Claim ProductGraph::MakeClaim(const ValueSet& set, const DensityChoice& densitie
     claim.density = IsKnown(density) ? density : 0.0;
     claim.followsSize = SizedBy(set).has_value();
     claim.precisionStated = StatesPrecision(set);
+    claim.isOutdated = set.isOutdated;
     if (set.Has(Fact::Mass)) {
         ValueSet sizeAlone = set;
         sizeAlone[Fact::Mass] = kUnknown;

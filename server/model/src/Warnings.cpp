@@ -116,6 +116,7 @@ struct Items
     std::vector<ItemLine> noMass;
     std::vector<ItemLine> impossible;
     std::vector<ItemLine> cut;
+    std::vector<ItemLine> outdated;
     std::vector<ItemLine> offBelow;
     std::vector<ItemLine> noCentre;
     std::vector<ItemLine> noInertia;
@@ -142,6 +143,10 @@ void LookAtTaken(const NodeResult& result, const ProductGraph::PartRow& part, co
         std::abs(mass - claim.massOfSize) > kSizeTolerance * std::abs(claim.massOfSize)) {
         add(items.remarks, "states " + Short(mass) + " kg, its size and density give " +
                                Short(claim.massOfSize) + " kg");
+    }
+    // A standard part is what its catalogue says, whatever changes below it.
+    if (claim.isOutdated && below != nullptr && !part.standard) {
+        add(items.outdated, "has values that are older than a change below it");
     }
     // Below an assembly that says it all, nothing with a mass is no contradiction.
     if (below != nullptr && below->mass != 0.0 && IsOff(claim.body, *below)) {
@@ -202,8 +207,8 @@ std::vector<std::string> WarningsOf(const Selection& selection, const Walk& walk
     std::vector<std::string> warnings;
     AddSums(result, warnings);
     Items items = LookAtItems(selection, walk, pieces);
-    for (auto* list : {&items.noMass, &items.impossible, &items.cut, &items.offBelow,
-                       &items.noCentre, &items.noInertia, &items.remarks}) {
+    for (auto* list : {&items.noMass, &items.impossible, &items.cut, &items.outdated,
+                       &items.offBelow, &items.noCentre, &items.noInertia, &items.remarks}) {
         std::ranges::sort(*list, [](const ItemLine& left, const ItemLine& right) {
             return left.effect != right.effect ? left.effect > right.effect
                                                : left.text < right.text;

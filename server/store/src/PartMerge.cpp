@@ -279,11 +279,17 @@ void PartMerge::Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>&
         if (found == stored.end()) {
             stored.push_back(set);
             Added(Weight::InSums);
+            m_restatedSets.push_back(set.massType);
         } else {
             const std::string subject = m_subject;
+            const bool touchedBefore = std::exchange(m_touchesSums, false);
             m_subject += ", mass type " + set.massType;
             Set(*found, set);
             m_subject = subject;
+            if (m_touchesSums) {
+                m_restatedSets.push_back(set.massType);
+            }
+            m_touchesSums = m_touchesSums || touchedBefore;
         }
     }
 }

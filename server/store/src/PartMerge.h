@@ -31,7 +31,13 @@ public:
     bool Changed() const { return m_changed; }
     /// Something changed that sums depend on; names, notes, revisions and properties are not.
     bool TouchesSums() const { return m_touchesSums; }
-    void Forget() { m_changed = m_touchesSums = false; }
+    /// The mass types of the sets that were added or whose numbers changed.
+    const std::vector<std::string>& RestatedSets() const { return m_restatedSets; }
+    void Forget()
+    {
+        m_changed = m_touchesSums = false;
+        m_restatedSets.clear();
+    }
 
 private:
     enum class Weight
@@ -77,6 +83,7 @@ private:
     ImportErrors& m_errors;
     std::vector<ChangedFact> m_changedFacts;
     std::string m_subject;
+    std::vector<std::string> m_restatedSets;
     bool m_changed = false;
     bool m_touchesSums = false;
 };

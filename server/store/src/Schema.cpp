@@ -112,6 +112,16 @@ CREATE TABLE kept_result (
 CREATE INDEX kept_key ON kept_result (key, part, change_number);
 )sql";
 
+/// Value sets of assemblies that were stated before the last change of something below them.
+constexpr const char* kOutdatedTable = R"sql(
+CREATE TABLE outdated_set (
+    of_use INTEGER NOT NULL CHECK (of_use BETWEEN 0 AND 1),
+    owner INTEGER NOT NULL,
+    mass_type INTEGER NOT NULL REFERENCES mass_type (id),
+    PRIMARY KEY (of_use, owner, mass_type)
+) WITHOUT ROWID;
+)sql";
+
 /// The value sets of parts and of uses are alike; so are their properties. The checks use no IN
 /// with a list: SQLite would build a table of the list for every inserted row.
 std::string OwnedTables(const std::string& owner)
@@ -160,6 +170,7 @@ void CreateSchema(Database& database)
     Transaction transaction(database);
     database.Execute(kTables);
     database.Execute(kKeptTable);
+    database.Execute(kOutdatedTable);
     database.Execute(kUseIndexes);
     database.Execute(OwnedTables("part") + OwnedTables("use"));
     const auto insert = database.Prepare(
@@ -212,6 +223,7 @@ void UpdateSchema(Database& database)
         // Another program may have been faster.
         if (database.Ask("PRAGMA user_version") < kSchemaVersion) {
             database.Execute(kKeptTable);
+            database.Execute(kOutdatedTable);
             database.Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
         }
         transaction.Commit();

@@ -20,7 +20,8 @@ StoreImport::StoreImport(Store& store, Database& database, const Product& produc
       m_merge(options.known, m_errors),
       m_rules(store, database, product, m_errors),
       m_removal(store, database, m_known, product, options.replace),
-      m_writer(database)
+      m_writer(database),
+      m_outdated(database)
 {}
 
 ImportOutcome StoreImport::Run()
@@ -82,11 +83,15 @@ void StoreImport::ImportMaterials()
 /// A material that gained a density changes the mass of every part that is made of it.
 void StoreImport::TouchUsersOf(RowId material)
 {
-    Statement& rows = m_database.Kept("SELECT id FROM part WHERE material = ?1 UNION "
-                                      "SELECT parent FROM use WHERE material = ?1");
-    rows.Bind(material);
-    while (rows.Step()) {
-        m_touched.push_back(rows.Integer());
+    Statement& parts = m_database.Kept("SELECT id FROM part WHERE material = ?");
+    parts.Bind(material);
+    while (parts.Step()) {
+        m_outdated.Changed(parts.Integer());
+    }
+    Statement& parents = m_database.Kept("SELECT parent FROM use WHERE material = ?");
+    parents.Bind(material);
+    while (parents.Step()) {
+        m_outdated.ChangedBelow(parents.Integer());
     }
 }
 
@@ -121,7 +126,8 @@ void StoreImport::ImportKnownPart(const Part& part, RowId row)
         m_writer.UpdatePart(row, stored);
     }
     if (m_merge.TouchesSums()) {
-        m_touched.push_back(row);
+        m_outdated.Changed(row);
+        m_outdated.Restated(false, row, m_merge.RestatedSets());
     }
 }
 
@@ -153,7 +159,7 @@ void StoreImport::ImportUse(const Use& use)
     }
     ++m_counts.newUses;
     if (!isNewParent) {
-        m_touched.push_back(parent);
+        m_outdated.ChangedBelow(parent);
         m_rules.CheckParent(use);
     }
     m_writer.InsertUse(use, parent, m_partIds[use.part]);
@@ -183,7 +189,8 @@ void StoreImport::ImportKnownUse(const Use& use, const UseLine& known)
         m_writer.UpdateUse(known.id, stored);
     }
     if (m_merge.TouchesSums()) {
-        m_touched.push_back(m_partIds[use.parent]);
+        m_outdated.ChangedBelow(m_partIds[use.parent]);
+        m_outdated.Restated(true, known.id, m_merge.RestatedSets());
     }
 }
 
@@ -219,20 +226,10 @@ bool StoreImport::IsUsed(RowId part)
 /// The touched parts and everything above them are no longer what was summed before.
 void StoreImport::RaiseChangeNumbers()
 {
-    m_database.Execute("CREATE TEMP TABLE IF NOT EXISTS touched (id INTEGER PRIMARY KEY);"
-                       "DELETE FROM touched");
-    const auto insert = m_database.Prepare("INSERT OR IGNORE INTO touched VALUES (?)");
-    for (const std::vector<RowId>* parts : {&std::as_const(m_touched), &m_removal.Bereft()}) {
-        for (const RowId part : *parts) {
-            insert->Start().Bind(part).Run();
-        }
+    for (const RowId part : m_removal.Bereft()) {
+        m_outdated.ChangedBelow(part);
     }
-    m_database
-        .Kept("WITH RECURSIVE above (id) AS (SELECT id FROM touched UNION SELECT u.parent FROM "
-              "above a JOIN use u ON u.part = a.id) "
-              "UPDATE part SET change_number = ? WHERE id IN (SELECT id FROM above)")
-        .Bind(m_changeNumber)
-        .Run();
+    m_outdated.Keep(m_changeNumber);
     m_database.Kept("UPDATE meta SET value = ? WHERE key = 'change_number'")
         .Bind(m_changeNumber)
         .Run();

@@ -3,6 +3,7 @@
 #include "Database.h"
 #include "ImportErrors.h"
 #include "KnownParts.h"
+#include "OutdatedSets.h"
 #include "PartMerge.h"
 #include "StoreWrites.h"
 #include "StoredRules.h"
@@ -50,10 +51,10 @@ private:
     StoredRules m_rules;
     UseRemoval m_removal;
     PartWriter m_writer;
+    OutdatedSets m_outdated;
     std::int64_t m_changeNumber = 0;
     std::vector<RowId> m_partIds; // per part of the product
     std::vector<bool> m_isNew;    // per part of the product
-    std::vector<RowId> m_touched; // parts that are no longer what was summed before
     bool m_materialsChanged = false;
     bool m_changes = false;
 };

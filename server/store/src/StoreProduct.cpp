@@ -1,4 +1,5 @@
 #include "Database.h"
+#include "OutdatedSets.h"
 #include "WBStore.h"
 
 #include <set>
@@ -115,6 +116,7 @@ ReadProductRows Store::ReadRows(RowId root, const std::function<bool(double)>& g
             product.materials.push_back(std::move(*material));
         }
     }
+    MarkOutdatedSets(*m_database, rows);
     return rows;
 }
 } // namespace wb
