@@ -3,6 +3,8 @@
 #include "WBPanelControls.h"
 #include "WBSumTexts.h"
 
+#include "CATWBAllDataBuffer.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -63,8 +65,10 @@ void WBComputeBar::Offer(const CATWBAllDataBuffer* record, const CATUnicodeStrin
     const CATUnicodeString chosen = Choice().precision;
     m_precisions = {WBComputationChoice::kActive, WBComputationChoice::kMostPrecise};
     if (record != nullptr) {
-        const std::vector<CATUnicodeString> massTypes = WBComputableMassTypes(*record);
-        m_precisions.insert(m_precisions.end(), massTypes.begin(), massTypes.end());
+        CATListValCATUnicodeString massTypes;
+        record->GetMassTypes(massTypes);
+        const auto& names = massTypes.Items();
+        m_precisions.insert(m_precisions.end(), names.begin(), names.end());
     }
     m_precision->RemoveAll();
     for (std::size_t index = 0; index < m_precisions.size(); ++index) {

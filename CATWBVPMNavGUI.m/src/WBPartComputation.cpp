@@ -3,14 +3,11 @@
 #include "WBRootFilter.h"
 
 #include "CATHandle.h"
-#include "CATVariant.h"
 #include "CATWBAllDataBuffer.h"
 #include "CATWBToken.h"
 #include "CATWBVPMNavFilterPanel.h"
-#include "RunServerCode.h"
 
 #include <algorithm>
-#include <set>
 #include <string>
 
 namespace
@@ -130,30 +127,4 @@ bool WBIsKeptAsTheSum(const CATWBAllDataBuffer& record, const WBComputationChoic
            choice.precision == WBComputationChoice::kActive &&
            choice.storedSums != WBStoredSums::Assume && filter == kWBNoFilter &&
            precision == Definitions::NoPrecision;
-}
-
-std::vector<CATUnicodeString> WBComputableMassTypes(const CATWBAllDataBuffer& record)
-{
-    CATVariant output;
-    CATUnicodeString answer;
-    RunServerCode("WBListMassTypes", CATVariant(), output);
-    ConvertVariant(output, answer);
-    const std::vector<std::string> fields = FieldsOf(answer);
-    constexpr std::size_t kFieldsOfMassType = 7; // name, order, kind, then what does not count here
-    constexpr std::size_t kKind = 2;
-    std::set<std::string> goals;
-    for (std::size_t name = 1; name + kKind < fields.size(); name += kFieldsOfMassType) {
-        if (fields[name + kKind] == "goal") {
-            goals.insert(fields[name]);
-        }
-    }
-    CATListValCATUnicodeString all;
-    record.GetMassTypes(all);
-    std::vector<CATUnicodeString> computable;
-    for (const CATUnicodeString& massType : all.Items()) {
-        if (!goals.contains(massType.ToStdString())) {
-            computable.push_back(massType);
-        }
-    }
-    return computable;
 }

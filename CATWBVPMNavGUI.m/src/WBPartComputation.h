@@ -48,7 +48,3 @@ bool WBIsComputedAnswer(const CATUnicodeString& answer);
 /// Whether the server keeps what it computes so as the sum that the record's up-to-date flag is
 /// about.
 bool WBIsKeptAsTheSum(const CATWBAllDataBuffer& record, const WBComputationChoice& choice);
-
-/// The mass types that a computation can be asked for: all of the record's but goals, which the
-/// server names ("WBListMassTypes"). When it does not, none is left out.
-std::vector<CATUnicodeString> WBComputableMassTypes(const CATWBAllDataBuffer& record);

@@ -39,8 +39,6 @@ protected:
         CATSetFatalErrorHandler([](const CATFatalError& error) { throw error; });
         CATSession::SetFaultReporter(
             [this](const CATUnicodeString&, const CATUnicodeString&) { ++faults; });
-        server->answers["WBListMassTypes"] = "2|Estimated|10|claim|estimated|10|20|__null__|"
-                                             "Supplier|25|goal|actual|2|3|__null__|";
         server->answers["WBCompPartCompute"] = Answer("2");
         server->details = DetailsSaid{"Firewall", {{"Computed", "0|0|0|"}}}.Text();
         server->computedDetails = DetailsSaid{"Firewall", {{"Computed", "4|4|4|"}}}.Text();
@@ -114,9 +112,9 @@ TEST_F(WBMainPanelComputeTest, OffersWhatARecordCanBeAskedFor)
     };
     EXPECT_THAT(lines("Entity"), ElementsAre("this instance with what is below",
                                              "the whole product", "the part alone"));
-    // As the record lists them, without Supplier, which is a goal here.
+    // As the record lists them.
     EXPECT_THAT(lines("Precision"), ElementsAre("active values", "most precise values", "Computed",
-                                                "Estimated", "Calculated", "Weighed"));
+                                                "Estimated", "Calculated", "Weighed", "Supplier"));
     EXPECT_THAT(lines("StoredSums"), ElementsAre("update what changed", "compute all anew",
                                                  "take as stored below level"));
     EXPECT_EQ(Find<CATDlgCombo>("Precision")->SelectedIndex(), 0);

@@ -165,21 +165,3 @@ TEST_F(WBPartComputationTest, OnlyThePlainSumIsTheOneThatTheRecordsFlagIsAbout)
     record->SetPrecisionType("Computed", Definitions::PrecisionDefined);
     EXPECT_FALSE(WBIsKeptAsTheSum(*record, choice));
 }
-
-TEST_F(WBPartComputationTest, GoalsAreNotComputed)
-{
-    const RecordHandle record = RecordOf(FirewallStream());
-    server->answers["WBListMassTypes"] = "3|Estimated|10|claim|estimated|10|20|__null__|"
-                                         "Weighed|1|goal|__null__|0|0|a goal|"
-                                         "Supplier|25|claim|actual|2|3|__null__|";
-    EXPECT_THAT(WBComputableMassTypes(*record),
-                ElementsAre(CATUnicodeString("Computed"), CATUnicodeString("Estimated"),
-                            CATUnicodeString("Calculated"), CATUnicodeString("Supplier")));
-}
-
-TEST_F(WBPartComputationTest, ServerThatNamesNoGoalsLeavesEveryTypeToChoose)
-{
-    EXPECT_EQ(WBComputableMassTypes(*RecordOf(FirewallStream())).size(), 5U);
-    server->answers["WBListMassTypes"] = "#WB_ERROR#The database cannot be read.";
-    EXPECT_EQ(WBComputableMassTypes(*RecordOf(FirewallStream())).size(), 5U);
-}

@@ -134,6 +134,16 @@ expect CATWBComputeCmd/MassEditor 101.426kg
 expect CATWBComputeCmd/UpperDeviationEditor 0.195kg
 expect CATWBComputeCmd/CGyEditor 87.836mm
 expect CATWBComputeCmd/IyzEditor -3.285627kg.m2
+# A goal is asked for by its name alone: the budget of the whole, which borrows its inertia from the sum below.
+select CATWBComputeCmd/SpecifiedMassTypeCombo Target
+answer Yes
+click CATWBComputeCmd/ComputeButton
+expect-box "states 385 kg"
+expect CATWBComputeCmd/MassEditor 385kg
+expect CATWBComputeCmd/UpperDeviationEditor 0kg
+expect CATWBComputeCmd/CGxEditor 930.082mm
+expect CATWBComputeCmd/IxxEditor 742.378413kg.m2
+
 # Stored results: computed anew, and taken below a level. Enter computes too.
 check CATWBComputeCmd/ActiveButton on
 check CATWBComputeCmd/ForceUpdateButton on
