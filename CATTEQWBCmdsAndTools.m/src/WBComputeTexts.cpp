@@ -73,6 +73,7 @@ std::vector<CATListValCATUnicodeString> WBStatisticsTable(const std::vector<WBSt
     Shower surfacic("SURFACICMASS");
     Shower mass("MASS");
     std::vector<CATListValCATUnicodeString> table;
+    table.reserve(rows.size());
     for (const WBStatisticsRow& row : rows) {
         Shower& density = row.kind == kVolumic ? volumic : surfacic;
         table.push_back(
@@ -87,6 +88,7 @@ std::vector<CATListValCATUnicodeString> WBMassTypeTable(const std::vector<WBMass
 {
     Shower mass("MASS");
     std::vector<CATListValCATUnicodeString> table;
+    table.reserve(rows.size());
     for (const WBMassTypeRow& row : rows) {
         table.push_back({row.name, mass.Text(row.mass), ShareText(row.mass, totalMass)});
     }
