@@ -692,16 +692,16 @@ TEST(KeptResults, TypeThatOnlyAKeptSumKnowsIsTheLastOne)
 TEST(KeptResults, ListsOfASumHaveTheirOrder)
 {
     SmallProduct small;
-    small.Put("A", "S");
-    small.Put("A", "T");
-    small.Set("S", "Weighed", {{Fact::Mass, 1}});
-    small.Set("T", "Weighed", {{Fact::Mass, 2}});
-    small.Of("S").code = "1";
-    small.Of("T").code = "2";
-    const KeptSum sum = AllSums(small).at(0);
-    ASSERT_EQ(sum.codes.size(), 2U);
-    EXPECT_EQ(sum.codes[0].name, "2");
-    EXPECT_EQ(sum.codes[1].name, "1");
+    for (const auto& [part, mass] : {std::pair("S", 2.0), {"T", 3.0}, {"U", 1.0}}) {
+        small.Put("A", part);
+        small.Set(part, "Weighed", {{Fact::Mass, mass}});
+        small.Of(part).code = part;
+    }
+    std::string codes;
+    for (const NamedShare& share : AllSums(small).at(0).codes) {
+        codes += share.name;
+    }
+    EXPECT_EQ(codes, "TSU");
     for (const auto& [part, each] : AllSums(Rich())) {
         EXPECT_TRUE(std::ranges::is_sorted(each.sharedErrors, {}, &KeptSum::SharedErrors::node));
     }
