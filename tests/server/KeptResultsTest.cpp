@@ -697,8 +697,9 @@ TEST(KeptResults, ListsOfASumHaveTheirOrder)
         small.Set(part, "Weighed", {{Fact::Mass, mass}});
         small.Of(part).code = part;
     }
+    const KeptSum sum = AllSums(small).at(0);
     std::string codes;
-    for (const NamedShare& share : AllSums(small).at(0).codes) {
+    for (const NamedShare& share : sum.codes) {
         codes += share.name;
     }
     EXPECT_EQ(codes, "TSU");
