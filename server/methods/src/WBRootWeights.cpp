@@ -31,6 +31,7 @@ std::vector<std::string> CompareWeights(const std::map<std::string, std::string>
         return found == weights.end() ? "not there" : found->second;
     };
     std::vector<std::string> sentences;
+    sentences.reserve(roots.size());
     for (const auto& [root, weight] : roots) {
         sentences.push_back("product " + root + ": before " + told(before, root) + "; after " +
                             told(after, root));

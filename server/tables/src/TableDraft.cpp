@@ -11,7 +11,7 @@ namespace wb
 {
 namespace
 {
-std::string HeaderWith(std::string name, const Unit* unit)
+std::string HeaderWith(const std::string& name, const Unit* unit)
 {
     return unit == nullptr ? name : name + " [" + unit->symbol + "]";
 }
@@ -53,7 +53,7 @@ std::string HeaderOf(bool ofUse, const Property& property, const Unit* unit)
         break;
     }
     // A symbol of several magnitudes, as N.m, does not say which one is meant.
-    const bool shared = MagnitudesOfUnit(unit->symbol).size() > 1;
+    const bool shared = unit != nullptr && MagnitudesOfUnit(unit->symbol).size() > 1;
     return HeaderWith(header + (shared ? ":" + property.magnitude : ""), unit);
 }
 } // namespace

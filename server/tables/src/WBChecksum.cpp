@@ -80,8 +80,9 @@ std::string ChecksumMaker::Finish()
         length[kLength - i] = static_cast<char>(bits & 0xFFU);
     }
     Add("\x80");
+    constexpr char kZero = '\0';
     while (m_size % kBlock != kBlock - kLength) {
-        Add(std::string_view("", 1));
+        Add({&kZero, 1});
     }
     Add({length.data(), kLength});
     std::string digits;

@@ -17,7 +17,7 @@ namespace wb
 namespace
 {
 /// Some thousand rows: their uses stay in the caches until they are stored.
-constexpr std::size_t kPieceBytes = 256 * 1024;
+constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
 
 class KnownTypes : public KnownProducts
 {
