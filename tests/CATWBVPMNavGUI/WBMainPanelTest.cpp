@@ -1,6 +1,7 @@
 #include "WBMainPanel.h"
 
 #include "MainPanelSession.h"
+#include "Toolkit.h"
 
 #include "CATDlgMultiList.h"
 #include "CATFatalError.h"
@@ -26,23 +27,6 @@ extern "C" void CATWBVPMNavGUIRegister();
 namespace
 {
 
-/// The toolkit, once for all tests of the program.
-class Toolkit : public testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        m_application = std::make_unique<CATDlgApplication>(m_count, m_arguments.data());
-        CATUseNumberLocale("C");
-    }
-    void TearDown() override { m_application.reset(); }
-
-private:
-    int m_count = 1;
-    std::array<char, 5> m_program{'t', 'e', 's', 't', '\0'};
-    std::array<char*, 2> m_arguments{m_program.data(), nullptr};
-    std::unique_ptr<CATDlgApplication> m_application;
-};
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
 using WBMainPanelTest = MainPanelSession;

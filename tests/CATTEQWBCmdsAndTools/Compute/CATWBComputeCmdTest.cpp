@@ -1,6 +1,7 @@
 #include "CATWBComputeCmd.h"
 
 #include "ComputeSession.h"
+#include "Toolkit.h"
 
 #include "CATWBVPMNavFilterPanel.h"
 
@@ -20,24 +21,6 @@ using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
-/// The toolkit, once for all tests of the program.
-class Toolkit : public testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        CATMsgCatalog::SetLanguage("en");
-        m_application = std::make_unique<CATDlgApplication>(m_count, m_arguments.data());
-        CATUseNumberLocale("C");
-    }
-    void TearDown() override { m_application.reset(); }
-
-private:
-    int m_count = 1;
-    std::array<char, 5> m_program{'t', 'e', 's', 't', '\0'};
-    std::array<char*, 2> m_arguments{m_program.data(), nullptr};
-    std::unique_ptr<CATDlgApplication> m_application;
-};
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
 using ComputeCommand = ComputeSession;

@@ -1,13 +1,12 @@
 #include "CATTEQWBComputePartCmd.h"
 
 #include "ComputePartSession.h"
+#include "Toolkit.h"
 
-#include "CATDlgApplication.h"
 #include "CATMsgCatalog.h"
 #include "CATWBVPMNavFilterPanel.h"
 
 #include <algorithm>
-#include <array>
 
 namespace
 {
@@ -17,24 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-/// The toolkit, once for all tests of the program.
-class Toolkit : public testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        CATMsgCatalog::SetLanguage("en");
-        m_application = std::make_unique<CATDlgApplication>(m_count, m_arguments.data());
-        CATUseNumberLocale("C");
-    }
-    void TearDown() override { m_application.reset(); }
-
-private:
-    int m_count = 1;
-    std::array<char, 5> m_program{'t', 'e', 's', 't', '\0'};
-    std::array<char*, 2> m_arguments{m_program.data(), nullptr};
-    std::unique_ptr<CATDlgApplication> m_application;
-};
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
 using ComputePartCommand = ComputePart;
