@@ -7,6 +7,7 @@
 class CATCommand;
 class CATWBAllDataBuffer;
 class CATWBVPMMainPanel;
+class CATWBVPMNavReportPanel;
 class CATWBVPMNavUnitsConversion;
 struct CATWBReportConversion;
 
@@ -28,6 +29,8 @@ struct CATWBVPMNavGUITable
                           const CATWBReportConversion& conversion) = nullptr;
     /// The filter of a root as users read it.
     CATUnicodeString (*getDisplayFilter)(const CATUnicodeString& rootIdentifier) = nullptr;
+    /// Makes a report panel, hidden and without controls.
+    CATWBVPMNavReportPanel* (*createReportPanel)(CATCommand* parent) = nullptr;
 };
 
 /// Registers a table and returns the one that stood there. Members may be null: then the contract's
