@@ -18,7 +18,6 @@
 #include "CATImmIdentifierAcquisitionAgent.h"
 #include "CATMsgCatalog.h"
 #include "CATPDMServices.h"
-#include "CATVariant.h"
 #include "RunServerCode.h"
 
 #include <array>
@@ -91,12 +90,7 @@ std::optional<CATUnicodeString> AskObjectService(WBPickedObject& picked)
 std::optional<CATUnicodeString> AskForValues(const CATUnicodeString& request)
 {
     CATDiagnosticOutput().Line("String to send to the server : ", request);
-    CATVariant input;
-    CATVariant output;
-    CATUnicodeString answer;
-    BuildVariant(request, input);
-    RunServerCode("WBCompPartGetInitialValues", input, output);
-    ConvertVariant(output, answer);
+    const CATUnicodeString answer = RunServerCode("WBCompPartGetInitialValues", request);
     CATDiagnosticOutput().Line("Server's response: <", answer, ">");
     if (answer.IsEmpty()) {
         TellError(Message("CommunicationError.Title", "@Communication Error"),

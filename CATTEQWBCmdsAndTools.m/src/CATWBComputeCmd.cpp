@@ -16,7 +16,6 @@
 #include "CATApplicationFrame.h"
 #include "CATDiagnostics.h"
 #include "CATPDMServices.h"
-#include "CATVariant.h"
 #include "RunServerCode.h"
 
 #include <array>
@@ -40,17 +39,6 @@ CATDlgDialog* MainWindow()
 {
     const CATApplicationFrame* frame = CATApplicationFrame::GetFrame();
     return frame == nullptr ? nullptr : frame->MainWindow();
-}
-
-CATUnicodeString CallServer(const char* method, const CATUnicodeString& request)
-{
-    CATVariant input;
-    CATVariant output;
-    CATUnicodeString answer;
-    BuildVariant(request, input);
-    RunServerCode(method, input, output);
-    ConvertVariant(output, answer);
-    return answer;
 }
 
 void ShowTexts(std::span<CATDlgEditor* const> editors, const std::vector<CATUnicodeString>& texts)
@@ -197,7 +185,7 @@ void CATWBComputeCmd::ShowSelection()
 
 void CATWBComputeCmd::GetSpecifiedMassTypes()
 {
-    const CATUnicodeString answer = CallServer("WBGetMassTypesAndAttrNames", "");
+    const CATUnicodeString answer = RunServerCode("WBGetMassTypesAndAttrNames", "");
     CATIDOMDocument_var document;
     CATENOWBCSCommonServices::GetDOMFromXMLStringBuffer(answer, document);
     if (document.IsNull()) {
@@ -239,7 +227,7 @@ void CATWBComputeCmd::OnComputeButtonPushBActivateNotification()
     }
     const CATUnicodeString request = ComputeRequest();
     CATDiagnosticOutput().Line("String to send to the server for compute : ", request);
-    const CATUnicodeString answer = CallServer("WBComputeVPMValues", request);
+    const CATUnicodeString answer = RunServerCode("WBComputeVPMValues", request);
     CATDiagnosticOutput().Line("SERVER ANSWER FOR VPMCOMPUTEVALUES : ", answer);
     const CATUnicodeString marker = CATENOWBCSCommonDefinitions::errMsgHeader;
     if (answer.Contains(marker)) {

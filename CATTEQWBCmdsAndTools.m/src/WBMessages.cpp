@@ -2,7 +2,6 @@
 
 #include "CATDlgNotify.h"
 #include "CATMsgCatalog.h"
-#include "CATVariant.h"
 #include "RunServerCode.h"
 
 #include <memory>
@@ -37,10 +36,5 @@ void ShowMessage(CATDialog& parent, const CATString& name, const CATUnicodeStrin
 
 CATUnicodeString PendingServerWarning()
 {
-    const CATVariant nothing;
-    CATVariant answer;
-    RunServerCode("WBWarningMsg", nothing, answer);
-    CATUnicodeString message;
-    ConvertVariant(answer, message);
-    return message;
+    return RunServerCode("WBWarningMsg");
 }

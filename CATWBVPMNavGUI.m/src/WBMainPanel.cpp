@@ -5,7 +5,6 @@
 #include "WBRootFilter.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
-#include "CATVariant.h"
 #include "CATWBServices.h"
 #include "CATWBVPMNavFilterPanel.h"
 #include "RunServerCode.h"
@@ -421,12 +420,7 @@ void WBMainPanel::Compute()
 
 std::optional<CATUnicodeString> WBMainPanel::AskForComputation(const CATUnicodeString& request)
 {
-    CATVariant input;
-    CATVariant output;
-    CATUnicodeString answer;
-    BuildVariant(request, input);
-    RunServerCode("WBCompPartCompute", input, output);
-    ConvertVariant(output, answer);
+    const CATUnicodeString answer = RunServerCode("WBCompPartCompute", request);
     const CATUnicodeString marker = Definitions::errMsgHeader;
     const auto refuse = [this](const CATUnicodeString& title, const CATUnicodeString& text) {
         CATWBServices::DisplayMsg(this, title, text, kErrorStyle);

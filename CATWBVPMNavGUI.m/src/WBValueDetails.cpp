@@ -1,7 +1,6 @@
 #include "WBValueDetails.h"
 
 #include "CATDiagnostics.h"
-#include "CATVariant.h"
 #include "CATWBToken.h"
 #include "RunServerCode.h"
 
@@ -169,14 +168,8 @@ const WBSetDetails* WBValueDetails::Of(const CATUnicodeString& massType) const
 
 WBValueDetails WBAskValueDetails(WBDetailsOf what, const CATUnicodeString& computationRequest)
 {
-    CATVariant input;
-    CATVariant output;
-    CATUnicodeString answer;
     const CATUnicodeString shown = what == WBDetailsOf::Computation ? "1|" : "0|";
-    BuildVariant(shown + computationRequest, input);
-    if (RunServerCode("WBGetValueDetails", input, output) == S_OK) {
-        ConvertVariant(output, answer);
-    }
+    const CATUnicodeString answer = RunServerCode("WBGetValueDetails", shown + computationRequest);
     std::optional<WBValueDetails> details = WBReadValueDetails(answer);
     if (!details) {
         CATDiagnosticErrors().Line("The server does not tell which values are known: ", answer);

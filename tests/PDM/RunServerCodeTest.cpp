@@ -52,6 +52,20 @@ TEST_F(RunServerCodeTest, AnEmptyInputIsTheEmptyText)
     EXPECT_EQ(server->calls[0].request, "");
 }
 
+TEST_F(RunServerCodeTest, GoesFromTextToTextToo)
+{
+    server->answer = "12.5|";
+    EXPECT_EQ(RunServerCode("WBListUses", "Räder|A|"), "12.5|");
+    EXPECT_EQ(RunServerCode("WBListRoots"), "12.5|");
+    ASSERT_EQ(server->calls.size(), 2U);
+    EXPECT_EQ(server->calls[0].method, "WBListUses");
+    EXPECT_EQ(server->calls[0].request, "Räder|A|");
+    EXPECT_EQ(server->calls[1].method, "WBListRoots");
+    EXPECT_EQ(server->calls[1].request, "");
+    CATSetServerCaller(nullptr);
+    EXPECT_EQ(RunServerCode("WBListRoots"), "");
+}
+
 TEST_F(RunServerCodeTest, TheServerRunsOnAThreadOfItsOwnWhichIsAlwaysTheSame)
 {
     std::set<std::thread::id> threads;

@@ -12,3 +12,7 @@
 /// text.
 WB_EXPORT long RunServerCode(const CATUnicodeString& method, const CATVariant& input,
                              CATVariant& output);
+
+/// The same from text to text: the answer, or the empty text when the call could not be made.
+WB_EXPORT CATUnicodeString RunServerCode(const CATUnicodeString& method,
+                                         const CATUnicodeString& request = {});

@@ -71,15 +71,11 @@ std::vector<CATProductRow> CallAndRead(const char* method, const CATUnicodeStrin
                                        RowReader readRow)
 {
     const CATUnicodeString marker = CATENOWBCSCommonDefinitions::errMsgHeader;
-    CATVariant input;
-    CATVariant output;
-    CATUnicodeString answer;
-    BuildVariant(request, input);
-    if (RunServerCode(method, input, output) != S_OK) {
+    const CATUnicodeString answer = RunServerCode(method, request);
+    if (answer.IsEmpty()) {
         CATReportPDMProblem(PDMText(kProductsNoAnswer));
         return {};
     }
-    ConvertVariant(output, answer);
     if (answer.Find(marker) == 0) {
         CATReportPDMProblem(PDMText(kProductsRefused, {answer.Part(marker.Length())}));
         return {};

@@ -35,3 +35,14 @@ long RunServerCode(const CATUnicodeString& method, const CATVariant& input, CATV
     }
     return BuildVariant(answer, output);
 }
+
+CATUnicodeString RunServerCode(const CATUnicodeString& method, const CATUnicodeString& request)
+{
+    CATVariant input;
+    CATVariant output;
+    CATUnicodeString answer;
+    BuildVariant(request, input);
+    RunServerCode(method, input, output);
+    ConvertVariant(output, answer);
+    return answer;
+}
