@@ -3,11 +3,18 @@
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <cstdio>
 #include <exception>
+#include <functional>
+#include <map>
+#include <memory>
 
 namespace
 {
+
+/// Does what the options of a subcommand say, when all of the command line has been read.
+using Run = std::function<int(int argc, char** argv)>;
 
 /// A shell variable that nobody set leaves an option empty; no file has such a name.
 std::string RefuseEmptyName(const std::string& name)
@@ -44,9 +51,11 @@ std::string WrongUseText(const CLI::App& app, const CLI::Error& error)
            "\"\nRun with --help for more information.\n";
 }
 
+constexpr const char* kLog = "--log";
+
 void AddLog(CLI::App& app, SessionOptions& session)
 {
-    app.add_option("--log", session.logFile, "Write the session's diagnostic lines to this file");
+    app.add_option(kLog, session.logFile, "Write the session's diagnostic lines to this file");
     app.add_flag("--verbose", session.verbose, "Write them to the standard error too");
 }
 
@@ -75,7 +84,7 @@ inverse is refused; one that is no rotation is used, with a warning.
 Numbers in options have "." for the decimal mark. A report may have either one; it is
 written with the one of your locale.)";
 
-void AddConvertReport(CLI::App& app, ConvertReportOptions& options)
+void AddConversion(CLI::App& app, ConvertReportOptions& options)
 {
     app.add_option("IN", options.input, "The report, an XML file; - is the standard input")
         ->type_name("")
@@ -108,6 +117,19 @@ void AddConvertReport(CLI::App& app, ConvertReportOptions& options)
         ->type_name("a11,a12,...,a33");
     AddLog(app, options.session);
     app.footer(kReportNotes);
+}
+
+Run AddConvertReport(CLI::App& app)
+{
+    const auto options = std::make_shared<ConvertReportOptions>();
+    AddConversion(app, *options);
+    app.callback([options] {
+        RefuseSharedFile(kLog, options->session.logFile,
+                         {{"the report", options->input}, {"its outcome", options->output}});
+    });
+    return [options](int, char**) {
+        return RunConvertReport(*options);
+    };
 }
 
 constexpr const char* kComputeNotes =
@@ -198,20 +220,177 @@ void AddComputeOutput(CLI::App& app, ComputeCommandOptions& options)
     app.add_flag("--csv", options.csv, "As one CSV table")->excludes(json);
 }
 
-void AddCompute(CLI::App& app, ComputeCommandOptions& options)
+Run AddCompute(CLI::App& app)
 {
-    app.add_option("path", options.path, "ROOT/INSTANCE/INSTANCE")->type_name("PATH");
-    app.add_option("--db", options.session.database, "Database: one SQLite file")
+    const auto options = std::make_shared<ComputeCommandOptions>();
+    app.add_option("path", options->path, "ROOT/INSTANCE/INSTANCE")->type_name("PATH");
+    app.add_option("--db", options->session.database, "Database: one SQLite file")
         ->check(IsName())
         ->required();
-    app.add_option("--root-version", options.rootVersion,
+    app.add_option("--root-version", options->rootVersion,
                    "Version of the root (default: the one that was\n"
                    "stored last)");
-    AddComputeChoices(app, options);
-    AddComputeOutput(app, options);
-    AddLog(app, options.session);
+    AddComputeChoices(app, *options);
+    AddComputeOutput(app, *options);
+    AddLog(app, options->session);
     app.footer(kComputeNotes);
+    app.callback([options] {
+        RefuseSharedFile(kLog, options->session.logFile,
+                         {{"the database", options->session.database}});
+    });
+    return [options](int, char**) {
+        return RunCompute(*options);
+    };
 }
+
+Run AddWorkbench(CLI::App& app)
+{
+    const auto options = std::make_shared<WorkbenchOptions>();
+    AddSession(app, options->session, false);
+    app.add_option("product", options->product,
+                   "A product root of the database, or a CSV file to open without a database "
+                   "(default: the sample aeroplane LA1, or the database's first root)");
+    app.add_option("--play", options->story,
+                   "Play a story of steps and return; 0 when every step held. Runs with or without "
+                   "a display");
+    app.callback([options] {
+        RefuseSharedFile(kLog, options->session.logFile,
+                         {{"the database", options->session.database},
+                          {"the product", options->product},
+                          {"the story", options->story}});
+    });
+    return [options](int argc, char** argv) {
+        return RunWorkbench(argc, argv, *options);
+    };
+}
+
+Run AddPart(CLI::App& app)
+{
+    const auto options = std::make_shared<PartOptions>();
+    AddSession(app, options->session, true);
+    app.add_option("path", options->path, "ROOT/INSTANCE/INSTANCE")->required();
+    app.add_flag("--json", options->json, "As JSON, in storage units");
+    app.callback([options] {
+        RefuseSharedFile(kLog, options->session.logFile,
+                         {{"the database", options->session.database}});
+    });
+    return [options](int argc, char** argv) {
+        return RunPart(argc, argv, *options);
+    };
+}
+
+Run AddImport(CLI::App& app)
+{
+    const auto options = std::make_shared<ImportOptions>();
+    app.add_option("file", options->files, "CSV files in the table form; - is the standard input")
+        ->type_name("FILE.csv")
+        ->check(IsName())
+        ->required();
+    app.add_option("--into", options->database, "Database: one SQLite file, made when missing")
+        ->type_name("DB")
+        ->check(IsName())
+        ->required();
+    app.add_flag("--check", options->check, "Say what would change, and change nothing");
+    app.add_flag(
+        "--update,!--no-update", options->update,
+        "Facts of the files take the place of what the database holds; blank cells leave it\n"
+        "(the default). With --no-update a fact that differs is refused");
+    app.add_option("--replace", options->replace,
+                   "Remove the uses in this product that the file lacks, so that its structure\n"
+                   "is that of the file. One file")
+        ->type_name("ROOT");
+    app.add_option("--mass-types", options->massTypes,
+                   "Add or change the mass types of this CSV file first")
+        ->type_name("TYPES.csv");
+    app.add_option("--mass-type", options->massType, "Mass type of values whose row names none")
+        ->type_name("NAME");
+    app.add_option("--poi-sign", options->poiSign,
+                   "Sign of products of inertia where a row does not say it")
+        ->check(CLI::IsMember({"positive", "negative"}));
+    app.add_option("--user", options->user, "Who imports (default: your login name)")
+        ->type_name("NAME");
+    app.callback([options] {
+        if (!options->replace.empty() && options->files.size() > 1) {
+            throw CLI::ValidationError("--replace", "expected one file, since a use that one file "
+                                                    "lacks may stand in another");
+        }
+    });
+    return [options](int, char**) {
+        return RunImport(*options);
+    };
+}
+
+Run AddExport(CLI::App& app)
+{
+    const auto options = std::make_shared<ExportOptions>();
+    app.add_option("root", options->root, "A part that nobody uses: a product")
+        ->type_name("ROOT")
+        ->required();
+    app.add_option("--db", options->database, "Database: one SQLite file")
+        ->type_name("DB")
+        ->check(IsName())
+        ->required();
+    app.add_option("--out", options->output,
+                   "The CSV file, written whole or not at all; - is the standard output")
+        ->type_name("FILE.csv")
+        ->check(IsName())
+        ->required();
+    app.add_option("--root-version", options->version,
+                   "Version of the root (default: the one that was stored last)")
+        ->type_name("VERSION");
+    app.add_option("--mass-types", options->massTypes,
+                   "Write the mass types of the database too, for the option of wb import")
+        ->type_name("TYPES.csv");
+    app.callback([options] {
+        constexpr const char* kMassTypes = "--mass-types";
+        if (options->output == "-" && options->massTypes == "-") {
+            throw CLI::ValidationError(kMassTypes, "expected a file, since the product goes to the "
+                                                   "standard output");
+        }
+        const NamedFile database{"the database", options->database};
+        RefuseSharedFile("--out", options->output, {database});
+        RefuseSharedFile(kMassTypes, options->massTypes,
+                         {database, {"the file of the product", options->output}});
+    });
+    return [options](int, char**) {
+        return RunExport(*options);
+    };
+}
+
+Run AddMassTypes(CLI::App& app)
+{
+    const auto options = std::make_shared<MassTypesOptions>();
+    app.add_option("--db", options->database, "Database: one SQLite file")
+        ->check(IsName())
+        ->required();
+    app.add_option("--mass-types", options->file, "Add or change the mass types of this CSV file");
+    return [options](int, char**) {
+        return RunMassTypes(*options);
+    };
+}
+
+struct SubcommandRow
+{
+    const char* name;
+    const char* help;
+    Run (*add)(CLI::App& app);
+};
+
+// In the order of the help text.
+constexpr std::array kSubcommands{
+    SubcommandRow{"workbench", "Open the desktop: navigator, product structure, panels",
+                  AddWorkbench},
+    SubcommandRow{"part", "Print everything that is known about one part or instance", AddPart},
+    SubcommandRow{"import", "Read products from CSV files into a database", AddImport},
+    SubcommandRow{"export", "Write a product as a CSV file that wb import reads back alike",
+                  AddExport},
+    SubcommandRow{"compute", "Sum up a product or a node of it: mass, centre of gravity, inertia",
+                  AddCompute},
+    SubcommandRow{"convert-report",
+                  "Bring a report's numbers into your units, axes and reference point",
+                  AddConvertReport},
+    SubcommandRow{"mass-types", "List the mass types of a database, or add some", AddMassTypes},
+};
 
 } // namespace
 
@@ -224,154 +403,19 @@ int main(int argc, char** argv)
     app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
         return WrongUseText(*failed, error);
     });
-
-    WorkbenchOptions workbench;
-    CLI::App* workbenchApp =
-        app.add_subcommand("workbench", "Open the desktop: navigator, product structure, panels");
-    AddSession(*workbenchApp, workbench.session, false);
-    workbenchApp->add_option(
-        "product", workbench.product,
-        "A product root of the database, or a CSV file to open without a database "
-        "(default: the sample aeroplane LA1, or the database's first root)");
-    workbenchApp->add_option(
-        "--play", workbench.story,
-        "Play a story of steps and return; 0 when every step held. Runs with or without a display");
-
-    PartOptions part;
-    CLI::App* partApp =
-        app.add_subcommand("part", "Print everything that is known about one part or instance");
-    AddSession(*partApp, part.session, true);
-    partApp->add_option("path", part.path, "ROOT/INSTANCE/INSTANCE")->required();
-    partApp->add_flag("--json", part.json, "As JSON, in storage units");
-
-    ImportOptions import;
-    CLI::App* importApp =
-        app.add_subcommand("import", "Read products from CSV files into a database");
-    importApp
-        ->add_option("file", import.files, "CSV files in the table form; - is the standard input")
-        ->type_name("FILE.csv")
-        ->check(IsName())
-        ->required();
-    importApp->add_option("--into", import.database, "Database: one SQLite file, made when missing")
-        ->type_name("DB")
-        ->check(IsName())
-        ->required();
-    importApp->add_flag("--check", import.check, "Say what would change, and change nothing");
-    importApp->add_flag(
-        "--update,!--no-update", import.update,
-        "Facts of the files take the place of what the database holds; blank cells leave it\n"
-        "(the default). With --no-update a fact that differs is refused");
-    importApp
-        ->add_option("--replace", import.replace,
-                     "Remove the uses in this product that the file lacks, so that its structure\n"
-                     "is that of the file. One file")
-        ->type_name("ROOT");
-    importApp
-        ->add_option("--mass-types", import.massTypes,
-                     "Add or change the mass types of this CSV file first")
-        ->type_name("TYPES.csv");
-    importApp
-        ->add_option("--mass-type", import.massType, "Mass type of values whose row names none")
-        ->type_name("NAME");
-    importApp
-        ->add_option("--poi-sign", import.poiSign,
-                     "Sign of products of inertia where a row does not say it")
-        ->check(CLI::IsMember({"positive", "negative"}));
-    importApp->add_option("--user", import.user, "Who imports (default: your login name)")
-        ->type_name("NAME");
-
-    ExportOptions exports;
-    CLI::App* exportApp = app.add_subcommand(
-        "export", "Write a product as a CSV file that wb import reads back alike");
-    exportApp->add_option("root", exports.root, "A part that nobody uses: a product")
-        ->type_name("ROOT")
-        ->required();
-    exportApp->add_option("--db", exports.database, "Database: one SQLite file")
-        ->type_name("DB")
-        ->check(IsName())
-        ->required();
-    exportApp
-        ->add_option("--out", exports.output,
-                     "The CSV file, written whole or not at all; - is the standard output")
-        ->type_name("FILE.csv")
-        ->check(IsName())
-        ->required();
-    exportApp
-        ->add_option("--root-version", exports.version,
-                     "Version of the root (default: the one that was stored last)")
-        ->type_name("VERSION");
-    exportApp
-        ->add_option("--mass-types", exports.massTypes,
-                     "Write the mass types of the database too, for the option of wb import")
-        ->type_name("TYPES.csv");
-
-    ComputeCommandOptions compute;
-    CLI::App* computeApp = app.add_subcommand(
-        "compute", "Sum up a product or a node of it: mass, centre of gravity, inertia");
-    AddCompute(*computeApp, compute);
-
-    ConvertReportOptions report;
-    CLI::App* reportApp = app.add_subcommand(
-        "convert-report", "Bring a report's numbers into your units, axes and reference point");
-    AddConvertReport(*reportApp, report);
-
-    MassTypesOptions massTypes;
-    CLI::App* massTypesApp =
-        app.add_subcommand("mass-types", "List the mass types of a database, or add some");
-    massTypesApp->add_option("--db", massTypes.database, "Database: one SQLite file")
-        ->check(IsName())
-        ->required();
-    massTypesApp->add_option("--mass-types", massTypes.file,
-                             "Add or change the mass types of this CSV file");
-
+    std::map<const CLI::App*, Run> runs;
+    for (const SubcommandRow& row : kSubcommands) {
+        CLI::App* subcommand = app.add_subcommand(row.name, row.help);
+        runs[subcommand] = row.add(*subcommand);
+    }
     try {
         app.parse(argc, argv);
-        if (!import.replace.empty() && import.files.size() > 1) {
-            throw CLI::ValidationError("--replace", "expected one file, since a use that one file "
-                                                    "lacks may stand in another");
-        }
-        if (exports.output == "-" && exports.massTypes == "-") {
-            throw CLI::ValidationError("--mass-types", "expected a file, since the product goes to "
-                                                       "the standard output");
-        }
-        const NamedFile database{"the database", exports.database};
-        RefuseSharedFile("--out", exports.output, {database});
-        RefuseSharedFile("--mass-types", exports.massTypes,
-                         {database, {"the file of the product", exports.output}});
-        constexpr const char* kLog = "--log";
-        RefuseSharedFile(kLog, workbench.session.logFile,
-                         {{"the database", workbench.session.database},
-                          {"the product", workbench.product},
-                          {"the story", workbench.story}});
-        RefuseSharedFile(kLog, part.session.logFile, {{"the database", part.session.database}});
-        RefuseSharedFile(kLog, compute.session.logFile,
-                         {{"the database", compute.session.database}});
-        RefuseSharedFile(kLog, report.session.logFile,
-                         {{"the report", report.input}, {"its outcome", report.output}});
     } catch (const CLI::ParseError& error) {
         const int code = app.exit(error);
         return code == 0 ? 0 : 2;
     }
     try {
-        if (*workbenchApp) {
-            return RunWorkbench(argc, argv, workbench);
-        }
-        if (*partApp) {
-            return RunPart(argc, argv, part);
-        }
-        if (*importApp) {
-            return RunImport(import);
-        }
-        if (*exportApp) {
-            return RunExport(exports);
-        }
-        if (*computeApp) {
-            return RunCompute(compute);
-        }
-        if (*reportApp) {
-            return RunConvertReport(report);
-        }
-        return RunMassTypes(massTypes);
+        return runs.at(app.get_subcommands().front())(argc, argv);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "wb: %s\n", error.what());
         return 1;
