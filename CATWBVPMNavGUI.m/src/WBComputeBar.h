@@ -1,9 +1,6 @@
 #pragma once
 
-#include "CATDlgControls.h"
-#include "WBPartComputation.h"
-
-#include <vector>
+#include "WBSumChoices.h"
 
 class CATWBAllDataBuffer;
 
@@ -18,21 +15,15 @@ public:
     /// Null: there is nothing to compute.
     void Offer(const CATWBAllDataBuffer* record, const CATUnicodeString& shownFilter);
     WBComputationChoice Choice() const;
-    /// After the user chose how stored sums count: only one way takes a level.
-    void ShowWhetherALevelCounts();
 
+    WBSumChoices& Sums() { return m_sums; }
     CATDlgPushButton* Button() const { return m_compute; }
-    CATDlgCombo* StoredSums() const { return m_storedSums; }
 
 private:
     // Controls belong to the controls that they stand in.
     CATDlgFrame* m_frame;
-    CATDlgCombo* m_entity = nullptr;
-    CATDlgCombo* m_precision = nullptr;
-    CATDlgCombo* m_storedSums = nullptr;
-    CATDlgEditor* m_level = nullptr;
-    CATDlgLabel* m_filter = nullptr;
-    CATDlgPushButton* m_compute = nullptr;
-
-    std::vector<CATUnicodeString> m_precisions; // as requests say them, a line of the combo each
+    CATDlgCombo* m_entity;
+    WBSumChoices m_sums;
+    CATDlgLabel* m_filter;
+    CATDlgPushButton* m_compute;
 };

@@ -3,6 +3,7 @@
 #include "WBListTable.h"
 #include "WBPanelControls.h"
 #include "WBRootFilter.h"
+#include "WBServerAnswer.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATWBServices.h"
@@ -17,14 +18,7 @@ using Definitions = CATENOWBCSCommonDefinitions;
 constexpr int kPreferredWidth = 1000;
 constexpr int kPreferredHeight = 700;
 constexpr int kErrorStyle = 0x10000000;
-constexpr int kWarningStyle = 0x8000000;
 constexpr int kMatrixRows = 3;
-/// A line that begins so says that there is no result to speak of, in every language.
-bool HasErrors(const CATUnicodeString& warning)
-{
-    constexpr std::string_view kError = "ERROR";
-    return warning.View().starts_with(kError) || warning.Contains("\n" + CATUnicodeString(kError));
-}
 
 } // namespace
 
@@ -259,8 +253,8 @@ void WBMainPanel::BuildComputeBar()
     m_computeBar = std::make_unique<WBComputeBar>(this, 2);
     Subscribe(m_computeBar->Button(), CATDlgPushButton::Activated,
               [this](const CATNotification&) { Compute(); });
-    Subscribe(m_computeBar->StoredSums(), CATDlgCombo::Selected,
-              [this](const CATNotification&) { m_computeBar->ShowWhetherALevelCounts(); });
+    Subscribe(m_computeBar->Sums().StoredSums(), CATDlgCombo::Selected,
+              [this](const CATNotification&) { m_computeBar->Sums().ShowWhetherALevelCounts(); });
 }
 
 void WBMainPanel::BuildLastLine()
@@ -392,12 +386,7 @@ const WBPanelMassType* WBMainPanel::SelectedIn(const WBPanelRecord& record) cons
 void WBMainPanel::Compute()
 {
     const WBComputationChoice choice = m_computeBar->Choice();
-    if (choice.storedSums == WBStoredSums::Assume && !WBIsLevel(choice.level)) {
-        CATWBServices::DisplayMsg(this, WBPanelText("LevelError.Title", "@Level"),
-                                  WBPanelText("LevelError.Text",
-                                              "@The level must be a whole number from 0 on; 0 is "
-                                              "what is computed itself."),
-                                  kErrorStyle);
+    if (!m_computeBar->Sums().CheckLevel(this)) {
         return;
     }
     WBFillChoices(*m_record, choice);
@@ -415,34 +404,26 @@ void WBMainPanel::Compute()
     m_request = request;
     Read();
     ShowRecord(WBRewriteTable);
-    ShowWarning(warning);
+    WBShowWarning(this, warning,
+                  {WBPanelText("Warnings.Title", "@Warnings of the computation"),
+                   WBPanelText("Errors.Title", "@Errors in the computation")});
 }
 
 std::optional<CATUnicodeString> WBMainPanel::AskForComputation(const CATUnicodeString& request)
 {
-    const CATUnicodeString answer = RunServerCode("WBCompPartCompute", request);
-    const CATUnicodeString marker = Definitions::errMsgHeader;
-    const auto refuse = [this](const CATUnicodeString& title, const CATUnicodeString& text) {
-        CATWBServices::DisplayMsg(this, title, text, kErrorStyle);
+    const std::optional<CATUnicodeString> answer = WBCheckedAnswer(
+        this, RunServerCode("WBCompPartCompute", request),
+        WBPanelText("CommunicationError.Text",
+                    "@The server did not answer, so nothing was computed. Check that it "
+                    "is running, then compute again."));
+    if (answer && !WBIsComputedAnswer(*answer)) {
+        CATWBServices::DisplayMsg(
+            this, WBPanelText("AnswerError.Title", "@The answer cannot be read"),
+            WBPanelText("AnswerError.Text",
+                        "@The answer of the server is incomplete or damaged, so nothing "
+                        "was taken from it: what is shown is as it was before."),
+            kErrorStyle);
         return std::nullopt;
-    };
-    if (answer.Contains(marker)) {
-        // As everywhere, as many characters as the marker has are cut off the start.
-        return refuse(WBPanelText("ServerError.Title", "@The server reports an error"),
-                      answer.Part(marker.Length()));
-    }
-    if (answer.IsEmpty()) {
-        return refuse(
-            WBPanelText("CommunicationError.Title", "@No answer from the server"),
-            WBPanelText("CommunicationError.Text",
-                        "@The server did not answer, so nothing was computed. Check that it "
-                        "is running, then compute again."));
-    }
-    if (!WBIsComputedAnswer(answer)) {
-        return refuse(WBPanelText("AnswerError.Title", "@The answer cannot be read"),
-                      WBPanelText("AnswerError.Text",
-                                  "@The answer of the server is incomplete or damaged, so nothing "
-                                  "was taken from it: what is shown is as it was before."));
     }
     return answer;
 }
@@ -459,19 +440,4 @@ void WBMainPanel::Take(const CATUnicodeString& answer, const WBComputationChoice
         copy->SetUpToDateFlag(true);
     }
     *m_record = *copy;
-}
-
-void WBMainPanel::ShowWarning(const CATUnicodeString& warning)
-{
-    if (warning.IsEmpty()) {
-        return;
-    }
-    CATUnicodeString shown;
-    CATWBServices::CleanWarningForDisplay(warning, shown);
-    const bool isError = HasErrors(warning);
-    CATWBServices::DisplayMsg(this,
-                              isError
-                                  ? WBPanelText("Errors.Title", "@Errors in the computation")
-                                  : WBPanelText("Warnings.Title", "@Warnings of the computation"),
-                              shown, isError ? kErrorStyle : kWarningStyle);
 }

@@ -70,7 +70,6 @@ private:
     /// The server's answer; nothing, after a box, when it is none.
     std::optional<CATUnicodeString> AskForComputation(const CATUnicodeString& request);
     void Take(const CATUnicodeString& answer, const WBComputationChoice& choice);
-    void ShowWarning(const CATUnicodeString& warning);
 
     CATHandle<CATWBAllDataBuffer> m_record;
     WBPanelRecord m_shown;                 // what the record said when it was read

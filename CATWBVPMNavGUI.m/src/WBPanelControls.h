@@ -11,6 +11,8 @@ inline constexpr int kWBOwnSize = 4;
 /// Caption and value, side by side from `column` on. The caption's text comes from the resources.
 CATDlgLabel* WBAddFact(CATDialog* parent, const char* name, int row, int column = 0,
                        int valueColumns = 1);
+/// Caption and combo, likewise.
+CATDlgCombo* WBAddChoice(CATDialog* parent, const char* name, int row, int column);
 /// A quiet text that comes from the resources or is written by program.
 CATDlgLabel* WBAddNote(CATDialog* parent, const char* name, int row, int columns = 1);
 CATDlgMultiList* WBAddList(CATDialog* parent, const char* name, int row,
