@@ -158,6 +158,17 @@ TEST(CATIXMLDOMDocumentBuilder, FileIsReplacedByTheDocument)
     EXPECT_EQ(directory.FileCount(), 1U);
 }
 
+TEST(CATIXMLDOMDocumentBuilder, DirectoryAndFileMayBeJoinedByABackslash)
+{
+    const TemporaryDirectory directory;
+    const std::string text = std::string(kDeclaration) + "<r/>";
+    CATXMLProblem problem;
+    EXPECT_EQ(
+        NewBuilder()->WriteToFile(Parsed(text), directory.Path() + "\\r.xml", {}, {}, problem),
+        S_OK);
+    EXPECT_EQ(directory.Read("r.xml"), text);
+}
+
 TEST(CATIXMLDOMDocumentBuilder, RefusesOptionsThatItDoesNotKnow)
 {
     const TemporaryDirectory directory;

@@ -47,9 +47,10 @@ public:
     /// The document as UTF-8 text, with the XML declaration before it.
     virtual std::string WriteText(const CATIDOMDocument_var& document) = 0;
     /// Replaces the file by the document's text, so that a crash at any moment leaves the old file
-    /// or the new one, whole; a failure leaves the old one. The options come in two lists of the
-    /// same length; "Flush" = "no" gives up waiting for the disk (the file may then be old, not
-    /// broken, after a power cut). Any other option is E_INVALIDARG.
+    /// or the new one, whole; a failure leaves the old one. The path is read as CATFilePath reads
+    /// it. The options come in two lists of the same length; "Flush" = "no" gives up waiting for
+    /// the disk (the file may then be old, not broken, after a power cut). Any other option is
+    /// E_INVALIDARG.
     virtual long WriteToFile(const CATIDOMDocument_var& document, const CATUnicodeString& path,
                              const CATListValCATUnicodeString& optionNames,
                              const CATListValCATUnicodeString& optionValues,

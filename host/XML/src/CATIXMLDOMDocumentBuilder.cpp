@@ -1,5 +1,6 @@
 #include "CATIXMLDOMDocumentBuilder.h"
 
+#include "CATFileAccess.h"
 #include "CATFileReplacement.h"
 #include "DocumentReader.h"
 #include "DocumentWriter.h"
@@ -230,7 +231,7 @@ long Builder::WriteToFile(const CATIDOMDocument_var& document, const CATUnicodeS
     if (!options || document.IsNull()) {
         return E_INVALIDARG;
     }
-    CATFileReplacement file(path.ToStdString());
+    CATFileReplacement file(CATFilePath(path).ToStdString());
     ProgressTeller progress(m_progress, 0);
     const bool isWritten = file.Open() &&
                            WriteDocument(static_cast<const DomDocument&>(*document),
