@@ -4,6 +4,7 @@
 #include "CATEnvironment.h"
 #include "CATFindPath.h"
 #include "CATServerCaller.h"
+#include "CATTrace.h"
 #include "SampleProducts.h"
 #include "WBServer.h"
 #include "WBStore.h"
@@ -62,7 +63,7 @@ void SetPathUnlessSet(const char* variable, const std::string& directory)
 
 } // namespace
 
-/// The session's log file; lines of both streams, in the order they came.
+/// The session's log file: lines of both streams and of traces, in the order they came.
 struct HostSession::Log
 {
     std::FILE* file = nullptr;
@@ -104,6 +105,11 @@ HostSession::HostSession(const SessionOptions& options, const std::string& setti
     }
     CATDiagnosticOutput().SetListener(listener);
     CATDiagnosticErrors().SetListener(listener);
+    if (m_log->verbose) {
+        DSTrace::SetListener([log = m_log](std::string_view component, std::string_view line) {
+            log->Write(std::string(component).append(": ").append(line));
+        });
+    }
 
     if (settingsDirectory.empty()) {
         SetPathUnlessSet("CATUserSettingPath", UserSettingsDirectory());
@@ -120,6 +126,7 @@ HostSession::~HostSession()
     CATSetServerCaller(nullptr);
     CATDiagnosticOutput().SetListener({});
     CATDiagnosticErrors().SetListener({});
+    DSTrace::SetListener({});
 }
 
 bool HostSession::Connect(std::string& problem)

@@ -11,7 +11,8 @@ struct SessionOptions
     std::string database; ///< SQLite file
     std::string user;     ///< empty: the login name
     std::string logFile;  ///< empty: no log
-    bool verbose = false; ///< the log goes to the standard error too
+    /// The log goes to the standard error too, and takes what the components trace.
+    bool verbose = false;
 };
 
 /// What every session needs before a window or a command: where settings live, where diagnostic

@@ -143,6 +143,9 @@ QJsonObject DumpControl(const CATDialog& control)
     if (const auto* radio = dynamic_cast<const CATDlgRadioButton*>(&control)) {
         object["checked"] = radio->IsChecked();
     }
+    if (const auto* spinner = dynamic_cast<const CATDlgSpinner*>(&control)) {
+        object["value"] = spinner->Value();
+    }
     if (const auto* combo = dynamic_cast<const CATDlgCombo*>(&control)) {
         QJsonArray lines;
         for (int index = 0; index < combo->LineCount(); ++index) {
@@ -208,6 +211,9 @@ QString VisibleText(const CATDialog& control)
 {
     if (const auto* editor = dynamic_cast<const CATDlgEditor*>(&control)) {
         return ToQString(editor->Text());
+    }
+    if (const auto* spinner = dynamic_cast<const CATDlgSpinner*>(&control)) {
+        return ToQString(spinner->Text());
     }
     if (const auto* combo = dynamic_cast<const CATDlgCombo*>(&control)) {
         return combo->SelectedIndex() < 0 ? QString()

@@ -17,8 +17,8 @@ class QTableView;
 /// is meant. Null, with what was found instead.
 CATDialog* FindControl(std::string_view name, std::string& problem);
 
-/// What a person reads on a control: an editor's or label's text, a button's title, a combo's
-/// chosen line, "on" or "off" for a check or radio button.
+/// What a person reads on a control: an editor's, spinner's or label's text, a button's title, a
+/// combo's chosen line, "on" or "off" for a check or radio button.
 QString VisibleText(const CATDialog& control);
 
 /// The table that shows a list; null for another control.

@@ -39,10 +39,6 @@
 namespace
 {
 
-constexpr int kYes = 3;
-constexpr int kNo = 4;
-constexpr int kOther = 1;
-
 /// The parts of "ROOT/INSTANCE/INSTANCE".
 std::vector<QString> SplitPath(const std::string& path)
 {
@@ -103,6 +99,15 @@ std::string SelectLine(CATDlgCombo& combo, const std::string& text)
     return {};
 }
 
+/// The line that an editor or a spinner is typed into; null for another control.
+QLineEdit* LineOf(CATDialog& control)
+{
+    auto* line = qobject_cast<QLineEdit*>(control.Widget());
+    return line == nullptr && dynamic_cast<CATDlgSpinner*>(&control) != nullptr
+               ? control.Widget()->findChild<QLineEdit*>()
+               : line;
+}
+
 /// Clicks the first of the rows that are shown whose first cell is `text`.
 std::string ClickRow(CATDlgMultiList& list, const std::string& text)
 {
@@ -138,7 +143,7 @@ StoryPlayer::StoryPlayer(WorkbenchWindow& workbench) : m_workbench(workbench)
             m_answers.pop_front();
             m_boxes.back().expected = true;
         }
-        return answer == "Yes" ? kYes : answer == "No" ? kNo : kOther;
+        return answer == "No" ? box.no : box.yes;
     });
     // An empty path cancels the box.
     CATDlgFile::SetChooser(
@@ -360,14 +365,14 @@ std::string StoryPlayer::Type(const Words& words)
 {
     std::string problem;
     CATDialog* control = FindControl(words[1], problem);
-    auto* line = control == nullptr ? nullptr : qobject_cast<QLineEdit*>(control->Widget());
+    QLineEdit* line = control == nullptr ? nullptr : LineOf(*control);
     if (line == nullptr || line->isReadOnly() || !line->isEnabled()) {
         return problem.empty() ? "this control takes no text" : problem;
     }
     line->setFocus();
     line->selectAll();
     QTest::keyClicks(line, QString::fromStdString(words[2]));
-    QTest::keyClick(line, Qt::Key_Tab);
+    QTest::keyClick(control->Widget(), Qt::Key_Tab);
     return {};
 }
 

@@ -19,7 +19,8 @@ class QWidget;
 ///
 /// Without a running toolkit (a script) windows and controls exist, keep name, style words and
 /// title, and have no widget: every other operation does nothing and answers as for an empty
-/// control. The same holds for a control without a parent.
+/// control. Check buttons and spinners keep their value, since dialogs store the user's choices
+/// when they go. The same holds for a control without a parent.
 ///
 /// The toolkit's object carries the control's name as its object name. The words of style and
 /// justification are kept as given (Style) and read in one table per kind of control; words that

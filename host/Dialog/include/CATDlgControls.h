@@ -2,7 +2,14 @@
 
 #include "CATDialog.h"
 
-// Events tell what the user did; a value that the program sets sends none.
+// Events tell what the user did; a value that the program sets sends none, unless it asks for it.
+
+/// Whether a value that the program sets is told as one that the user sets.
+enum class CATDlgTelling
+{
+    Silent,
+    Notify ///< also when the control had that value already
+};
 
 /// A box of controls. Style 1 draws a titled border; 0x80001, 0x40001 and words not listed draw
 /// none.
@@ -98,8 +105,48 @@ class WB_EXPORT CATDlgCheckButton : public CATDialog
 public:
     CATDlgCheckButton(CATDialog* parent, const CATString& name, int style = 0);
     static const CATEvent Modified; ///< the detail is 1 or 0
-    void SetChecked(bool checked);
-    bool IsChecked() const;
+    void SetChecked(bool checked, CATDlgTelling telling = CATDlgTelling::Silent);
+    bool IsChecked() const { return m_isChecked; }
+
+private:
+    bool m_isChecked = false;
+};
+
+/// A number with two buttons that step through its range; arrow and page keys do the same, and a
+/// number can be typed, with either decimal separator. What is typed beyond the range becomes the
+/// end of the range.
+class WB_EXPORT CATDlgSpinner : public CATDialog
+{
+public:
+    CATDlgSpinner(CATDialog* parent, const CATString& name, int style = 0);
+    static const CATEvent Modified; ///< the detail is the value without its decimals
+
+    /// From `low` to `high` in so many steps: 0 to 8 in 8 steps goes up by one. Until it is set 0
+    /// to 100 in 100 steps. The value is brought into the range without telling.
+    void SetRange(double low, double high, int steps);
+    /// One "%g" conversion, as CATUnicodeString::FromReal takes it.
+    void SetFormat(const CATUnicodeString& format);
+    /// Width in characters that the spinner asks for.
+    void SetVisibleTextWidth(int characters);
+    /// Beyond the range: its nearer end.
+    void SetValue(double value, CATDlgTelling telling = CATDlgTelling::Silent);
+    double Value() const { return m_value; }
+    /// The value as it is shown, with the session's decimal separator.
+    CATUnicodeString Text() const;
+
+    /// A word that is kept as given; 16 makes the up button usable at the end of the range too,
+    /// where it changes nothing.
+    void SetUpSensitivity(int sensitivity);
+    int UpSensitivity() const { return m_upSensitivity; }
+
+private:
+    void TakeValue(double value);
+
+    double m_low = 0.0;
+    double m_high = 100.0;
+    double m_value = 0.0;
+    CATUnicodeString m_format{"%g"};
+    int m_upSensitivity = 0;
 };
 
 /// Pages behind tabs.

@@ -27,7 +27,8 @@ public:
     void SetFileType(const CATUnicodeString& title, const CATUnicodeString& extension);
     /// The name that stands in the box at first.
     void SetSuggestedName(const CATUnicodeString& name);
-    /// The directory that the box shows at first; the current one when it is not there.
+    /// The directory that the box shows at first, read as CATFilePath reads it; the current one
+    /// when it is not there.
     void SetDirectory(const CATUnicodeString& directory);
 
     /// Shows the box and goes on; FileChosen or Cancelled follows from the event loop.
@@ -46,6 +47,7 @@ public:
         Mode mode;
         CATUnicodeString suggestedName;
         CATUnicodeString extension;
+        CATUnicodeString directory; ///< as it was read
     };
     /// Chooses in the user's place: called with every box before it is shown; a path keeps it from
     /// being shown, an empty path cancels. A test or a story puts its own; an empty one asks the

@@ -7,20 +7,25 @@
 #include <optional>
 
 /// A message box. Its name is its title until SetTitle says otherwise. Style words: 0x10000000 an
-/// error, 0x8000000 a warning, 0 a plain message, and 0x8800200 a question with Yes and No. Without
-/// a running toolkit a box that nobody answers goes to the diagnostic error stream, and a question
-/// is answered by no.
+/// error, 0x8000000 a warning, 0 a plain message, and two for a question with Yes and No:
+/// kQuestion, and 0x8800200, a notification that lets choose. They differ in their answers alone.
+/// Without a running toolkit a box that nobody answers goes to the diagnostic error stream, and a
+/// question is answered by no.
 class WB_EXPORT CATDlgNotify : public CATDlgDialog
 {
 public:
+    /// The style of a question that answers 1 for yes and 2 for no.
+    static constexpr int kQuestion = 0x20000000;
+
     CATDlgNotify(CATCommand* parent, const CATString& name, int style);
     ~CATDlgNotify() override;
     void SetText(const CATUnicodeString& text);
 
     /// Shows the box and goes on; the box deletes itself when it is closed.
     void DisplayNonBlocking();
-    /// Shows the box and waits for the user. A question answers 3 for yes and 4 for no (closing the
-    /// box is no); other boxes answer 1. The caller deletes the box, or lets the parent do it.
+    /// Shows the box and waits for the user. kQuestion answers 1 for yes and 2 for no, 0x8800200 3
+    /// for yes and 4 for no (closing the box is no); other boxes answer 1. The caller deletes the
+    /// box, or lets the parent do it.
     int DisplayBlocking();
 
     /// Answers boxes in the user's place: called with every box before it is shown; an answer keeps
@@ -32,6 +37,8 @@ public:
         CATUnicodeString text;
         int style;
         bool blocking;
+        int yes; ///< the answer of the Yes button, or of OK
+        int no;  ///< the answer of the No button, or of OK
     };
     using Answerer = std::function<std::optional<int>(const Shown& box)>;
     static void SetAnswerer(Answerer answerer);

@@ -11,21 +11,21 @@ CATDlgCheckButton::CATDlgCheckButton(CATDialog* parent, const CATString& name, i
     if (QWidget* inside = Inside(parent)) {
         auto* button = new QCheckBox(inside);
         Adopt(button);
-        QObject::connect(button, &QCheckBox::toggled, button,
-                         [this](bool checked) { SendFromUser(*this, Modified, checked ? 1 : 0); });
+        QObject::connect(button, &QCheckBox::toggled, button, [this](bool checked) {
+            m_isChecked = checked;
+            SendFromUser(*this, Modified, checked ? 1 : 0);
+        });
     }
 }
 
-void CATDlgCheckButton::SetChecked(bool checked)
+void CATDlgCheckButton::SetChecked(bool checked, CATDlgTelling telling)
 {
+    m_isChecked = checked;
     if (auto* button = qobject_cast<QCheckBox*>(Widget())) {
         const Quiet quiet;
         button->setChecked(checked);
     }
-}
-
-bool CATDlgCheckButton::IsChecked() const
-{
-    auto* button = qobject_cast<QCheckBox*>(Widget());
-    return button != nullptr && button->isChecked();
+    if (telling == CATDlgTelling::Notify) {
+        Send(Modified, checked ? 1 : 0);
+    }
 }

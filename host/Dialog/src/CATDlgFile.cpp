@@ -1,5 +1,6 @@
 #include "CATDlgFile.h"
 
+#include "CATFileAccess.h"
 #include "CATSession.h"
 #include "Toolkit.h"
 
@@ -61,14 +62,14 @@ void CATDlgFile::SetSuggestedName(const CATUnicodeString& name)
 
 void CATDlgFile::SetDirectory(const CATUnicodeString& directory)
 {
-    m_choice->directory = directory;
+    m_choice->directory = CATFilePath(directory);
 }
 
 std::optional<CATUnicodeString> CATDlgFile::AskChooser() const
 {
     if (TheChooser()) {
-        if (auto path = TheChooser()(
-                {Name(), Title(), m_choice->mode, m_choice->suggestedName, m_choice->extension})) {
+        if (auto path = TheChooser()({Name(), Title(), m_choice->mode, m_choice->suggestedName,
+                                      m_choice->extension, m_choice->directory})) {
             return path;
         }
     }

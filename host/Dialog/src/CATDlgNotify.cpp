@@ -28,11 +28,13 @@ enum class Kind
     Message,
     Warning,
     Error,
+    Choice,
     Question
 };
 constexpr std::array kNotifyWords{
     StyleWord<Kind>{0, Kind::Message}, StyleWord<Kind>{0x8000000, Kind::Warning},
-    StyleWord<Kind>{0x10000000, Kind::Error}, StyleWord<Kind>{0x8800200, Kind::Question}};
+    StyleWord<Kind>{0x10000000, Kind::Error}, StyleWord<Kind>{0x8800200, Kind::Choice},
+    StyleWord<Kind>{CATDlgNotify::kQuestion, Kind::Question}};
 
 struct Button
 {
@@ -42,28 +44,31 @@ struct Button
     QDialogButtonBox::ButtonRole role;
     int answer;
 };
-constexpr int kOk = 1;
-constexpr int kYes = 3;
-constexpr int kNo = 4;
+using Buttons = std::span<const Button>;
 constexpr std::array kOkButton{
-    Button{"OkButton", "Button.Ok", "@OK", QDialogButtonBox::AcceptRole, kOk}};
-constexpr std::array kYesNoButtons{
-    Button{"YesButton", "Button.Yes", "@Yes", QDialogButtonBox::YesRole, kYes},
-    Button{"NoButton", "Button.No", "@No", QDialogButtonBox::NoRole, kNo}};
+    Button{"OkButton", "Button.Ok", "@OK", QDialogButtonBox::AcceptRole, 1}};
+constexpr std::array kChoiceButtons{
+    Button{"YesButton", "Button.Yes", "@Yes", QDialogButtonBox::YesRole, 3},
+    Button{"NoButton", "Button.No", "@No", QDialogButtonBox::NoRole, 4}};
+constexpr std::array kQuestionButtons{
+    Button{"YesButton", "Button.Yes", "@Yes", QDialogButtonBox::YesRole, 1},
+    Button{"NoButton", "Button.No", "@No", QDialogButtonBox::NoRole, 2}};
 
 struct KindLook
 {
     QStyle::StandardPixmap icon;
-    std::span<const Button> buttons;
-    int closed; ///< the answer when the box is closed by its frame or by Esc
+    Buttons buttons; ///< the first is the usual one; a box that is closed answers as the last
+    int Yes() const { return buttons.front().answer; }
+    int No() const { return buttons.back().answer; }
 };
 
 // In the order of Kind.
 constexpr std::array kLooks{
-    KindLook{QStyle::SP_MessageBoxInformation, kOkButton, kOk},
-    KindLook{QStyle::SP_MessageBoxWarning, kOkButton, kOk},
-    KindLook{QStyle::SP_MessageBoxCritical, kOkButton, kOk},
-    KindLook{QStyle::SP_MessageBoxQuestion, kYesNoButtons, kNo},
+    KindLook{QStyle::SP_MessageBoxInformation, kOkButton},
+    KindLook{QStyle::SP_MessageBoxWarning, kOkButton},
+    KindLook{QStyle::SP_MessageBoxCritical, kOkButton},
+    KindLook{QStyle::SP_MessageBoxQuestion, kChoiceButtons},
+    KindLook{QStyle::SP_MessageBoxQuestion, kQuestionButtons},
 };
 
 const KindLook& LookOfStyle(int style)
@@ -141,7 +146,7 @@ CATDlgNotify::CATDlgNotify(CATCommand* parent, const CATString& name, int style)
         return;
     }
     const KindLook& look = LookOfStyle(style);
-    m_box->answer = look.closed;
+    m_box->answer = look.No();
     auto* grid = qobject_cast<QGridLayout*>(window->Content()->layout());
     auto* icon = new QLabel(window->Content());
     const int size = window->style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
@@ -156,7 +161,7 @@ CATDlgNotify::CATDlgNotify(CATCommand* parent, const CATString& name, int style)
             window->Buttons()->addButton(DialogMessage(row.key, row.defaultText), row.role);
         button->setObjectName(QString::fromUtf8(row.objectName));
         button->setAutoDefault(false);
-        if (row.answer == look.buttons.front().answer) {
+        if (row.answer == look.Yes()) {
             button->setFocus();
         }
         QObject::connect(button, &QPushButton::clicked, window,
@@ -185,13 +190,15 @@ void CATDlgNotify::SetText(const CATUnicodeString& text)
 std::optional<int> CATDlgNotify::AskAnswerer(bool blocking) const
 {
     if (TheAnswerer()) {
-        if (auto answer = TheAnswerer()({Name(), Title(), m_box->text, Style(), blocking})) {
+        const KindLook& look = LookOfStyle(Style());
+        if (auto answer = TheAnswerer()(
+                {Name(), Title(), m_box->text, Style(), blocking, look.Yes(), look.No()})) {
             return answer;
         }
     }
     if (Widget() == nullptr) {
         CATDiagnosticErrors().Line(Title(), ": ", m_box->text);
-        return LookOfStyle(Style()).closed;
+        return LookOfStyle(Style()).No();
     }
     return std::nullopt;
 }
@@ -212,7 +219,7 @@ int CATDlgNotify::DisplayBlocking()
         return *answer;
     }
     m_box->isBlocking = true;
-    m_box->answer = LookOfStyle(Style()).closed;
+    m_box->answer = LookOfStyle(Style()).No();
     auto* window = dynamic_cast<DialogWindow*>(Widget());
     window->setWindowModality(Qt::ApplicationModal);
     const CATSession::NestedLoop nested;

@@ -2,6 +2,7 @@
 
 #include "TextLabel.h"
 
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTableView>
@@ -17,7 +18,8 @@ constexpr const char* kNamedByProgram = "wbNamedByProgram";
 QWidget* FieldIn(QWidget* placed)
 {
     if (qobject_cast<QLineEdit*>(placed) != nullptr ||
-        qobject_cast<QComboBox*>(placed) != nullptr) {
+        qobject_cast<QComboBox*>(placed) != nullptr ||
+        qobject_cast<QAbstractSpinBox*>(placed) != nullptr) {
         return placed;
     }
     return placed == nullptr
