@@ -134,9 +134,7 @@ long KR4WBClientSettings::ReadListSetting(const CATUnicodeString& key,
         return E_FAIL;
     }
     int count = 0;
-    if (GetListCount(key + kWBCountSuffix, count) != S_OK) {
-        count = 0; // a list that was never written is an empty one
-    }
+    GetListCount(key + kWBCountSuffix, count); // stays 0 for a list that was never written
     return WBReadSettingItems(*repository, key, count, list);
 }
 
