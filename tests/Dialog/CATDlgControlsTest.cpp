@@ -349,6 +349,17 @@ TEST_F(CATDlgControlsTest, CheckButtonTellsItsNewState)
     EXPECT_EQ(notes, (std::vector<int>{0, 1}));
 }
 
+TEST_F(CATDlgControlsTest, CheckButtonTellsWhatTheProgramAsksItToTell)
+{
+    auto* check = new CATDlgCheckButton(&m_window, "Check");
+    const auto& notes = Notes(*check, CATDlgCheckButton::Modified);
+    check->SetChecked(true, CATDlgTelling::Notify);
+    check->SetChecked(true, CATDlgTelling::Notify); // also when nothing changes
+    check->SetChecked(false, CATDlgTelling::Notify);
+    EXPECT_EQ(notes, (std::vector<int>{1, 1, 0}));
+    EXPECT_FALSE(check->IsChecked());
+}
+
 TEST_F(CATDlgControlsTest, TabsTellWhichPageTheUserTurnedTo)
 {
     auto* tabs = new CATDlgTabContainer(&m_window, "Tabs");

@@ -1,6 +1,7 @@
 #include "CATDlgFile.h"
 #include "DialogSession.h"
 #include "TemporaryDirectory.h"
+#include "TestEnvironment.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -46,6 +47,16 @@ TEST_F(CATDlgFileTest, ChooserStandsInForTheUser)
     EXPECT_EQ(asked[0].mode, CATDlgFile::Mode::Open);
     EXPECT_EQ(asked[0].suggestedName, "report");
     EXPECT_EQ(asked[0].extension, "xml");
+    EXPECT_EQ(asked[0].directory.ToStdString(), m_directory.Path());
+}
+
+TEST_F(CATDlgFileTest, DefaultDirectoryIsTheTemporaryOne)
+{
+    const TestEnvironment environment;
+    CATDlgFile& box = Box(CATDlgFile::Mode::Save);
+    box.SetDirectory("C:\\Temp");
+    box.Display();
+    EXPECT_EQ(Shown()->directory().absolutePath(), "/tmp");
 }
 
 TEST_F(CATDlgFileTest, NameToSaveToGetsTheEndingThatItLacks)

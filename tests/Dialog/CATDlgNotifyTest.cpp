@@ -12,7 +12,8 @@ namespace
 {
 
 constexpr int kError = 0x10000000;
-constexpr int kQuestion = 0x8800200;
+constexpr int kChoice = 0x8800200;
+constexpr int kQuestion = CATDlgNotify::kQuestion;
 
 class CATDlgNotifyTest : public DialogSession
 {
@@ -71,13 +72,34 @@ TEST_F(CATDlgNotifyTest, NonBlockingBoxDeletesItselfOnEscToo)
     EXPECT_TRUE(widget.isNull());
 }
 
-TEST_F(CATDlgNotifyTest, QuestionAnswersThreeForYesAndFourForNo)
+TEST_F(CATDlgNotifyTest, QuestionAnswersOneForYesAndTwoForNo)
 {
-    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { Press(box, "YesButton"); }), 3);
-    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { Press(box, "NoButton"); }), 4);
+    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { Press(box, "YesButton"); }), 1);
+    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { Press(box, "NoButton"); }), 2);
     EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
-              4);
-    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { box.close(); }), 4);
+              2);
+    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { box.close(); }), 2);
+}
+
+TEST_F(CATDlgNotifyTest, NotificationWithAChoiceAnswersThreeForYesAndFourForNo)
+{
+    EXPECT_EQ(Answer(Box(kChoice), [](QWidget& box) { Press(box, "YesButton"); }), 3);
+    EXPECT_EQ(Answer(Box(kChoice), [](QWidget& box) { Press(box, "NoButton"); }), 4);
+    EXPECT_EQ(Answer(Box(kChoice), [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }), 4);
+    EXPECT_EQ(Answer(Box(kChoice), [](QWidget& box) { box.close(); }), 4);
+}
+
+TEST_F(CATDlgNotifyTest, AnswererHearsWhatTheButtonsAnswer)
+{
+    std::vector<std::pair<int, int>> answers;
+    CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
+        answers.emplace_back(box.yes, box.no);
+        return box.no;
+    });
+    for (const int style : {kQuestion, kChoice, 0}) {
+        Box(style).DisplayBlocking();
+    }
+    EXPECT_EQ(answers, (std::vector<std::pair<int, int>>{{1, 2}, {3, 4}, {1, 1}}));
 }
 
 TEST_F(CATDlgNotifyTest, OtherBoxesAnswerOne)
@@ -90,7 +112,7 @@ TEST_F(CATDlgNotifyTest, OtherBoxesAnswerOne)
 
 TEST_F(CATDlgNotifyTest, BoxCanBeAskedTwice)
 {
-    CATDlgNotify& box = Box(kQuestion);
+    CATDlgNotify& box = Box(kChoice);
     EXPECT_EQ(Answer(box, [](QWidget& shown) { Press(shown, "YesButton"); }), 3);
     EXPECT_EQ(Answer(box, [](QWidget& shown) { shown.close(); }), 4);
     EXPECT_FALSE(box.IsVisible());
@@ -120,7 +142,7 @@ TEST_F(CATDlgNotifyTest, AnswererStandsInForTheUser)
         shown.push_back(box);
         return 3;
     });
-    EXPECT_EQ(Box(kQuestion).DisplayBlocking(), 3);
+    EXPECT_EQ(Box(kChoice).DisplayBlocking(), 3);
     CATDlgNotify& second = Box(kError);
     const QPointer<QWidget> widget(second.Widget());
     second.DisplayNonBlocking();
@@ -131,7 +153,7 @@ TEST_F(CATDlgNotifyTest, AnswererStandsInForTheUser)
     EXPECT_EQ(shown[0].name, "Box");
     EXPECT_EQ(shown[0].title, "ServerError");
     EXPECT_EQ(shown[0].text, "The part has no mass.");
-    EXPECT_EQ(shown[0].style, kQuestion);
+    EXPECT_EQ(shown[0].style, kChoice);
     EXPECT_TRUE(shown[0].blocking);
     EXPECT_FALSE(shown[1].blocking);
 }
@@ -140,7 +162,7 @@ TEST_F(CATDlgNotifyTest, AnswererThatHasNoAnswerLeavesItToTheUser)
 {
     CATDlgNotify::SetAnswerer(
         [](const CATDlgNotify::Shown&) -> std::optional<int> { return std::nullopt; });
-    EXPECT_EQ(Answer(Box(kQuestion), [](QWidget& box) { Press(box, "YesButton"); }), 3);
+    EXPECT_EQ(Answer(Box(kChoice), [](QWidget& box) { Press(box, "YesButton"); }), 3);
 }
 
 TEST_F(CATDlgNotifyTest, LongTextScrollsWithinTheScreen)

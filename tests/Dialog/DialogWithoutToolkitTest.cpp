@@ -61,13 +61,46 @@ TEST_F(DialogWithoutToolkit, ControlsAnswerAsEmptyOnes)
     auto* tabs = new CATDlgTabContainer(frame, "Tabs");
     EXPECT_EQ((new CATDlgTabPage(tabs, "Page"))->Widget(), nullptr);
     EXPECT_EQ(tabs->SelectedPage(), -1);
-    auto* check = new CATDlgCheckButton(frame, "Check");
-    check->SetChecked(true);
-    EXPECT_FALSE(check->IsChecked());
     auto* radio = new CATDlgRadioButton(frame, "Radio");
     radio->SetChecked(true);
     EXPECT_FALSE(radio->IsChecked());
     (new CATDlgLabel(frame, "Label"))->SetRole(CATDlgLabel::Role::Good);
+}
+
+TEST_F(DialogWithoutToolkit, CheckButtonKeepsItsValueAndTellsIt)
+{
+    auto* check = new CATDlgCheckButton(&m_window, "Check");
+    int told = -1;
+    m_window.Subscribe(
+        check, CATDlgCheckButton::Modified,
+        [&told](const CATNotification& notification) { told = notification.detail; });
+    check->SetChecked(true);
+    EXPECT_TRUE(check->IsChecked());
+    EXPECT_EQ(told, -1);
+    check->SetChecked(true, CATDlgTelling::Notify);
+    EXPECT_EQ(told, 1);
+}
+
+TEST_F(DialogWithoutToolkit, SpinnerKeepsItsValueAndTellsIt)
+{
+    auto* spinner = new CATDlgSpinner(&m_window, "Spinner");
+    int told = -1;
+    m_window.Subscribe(
+        spinner, CATDlgSpinner::Modified,
+        [&told](const CATNotification& notification) { told = notification.detail; });
+    spinner->SetRange(0.0, 8.0, 8);
+    spinner->SetFormat("%.2g");
+    spinner->SetVisibleTextWidth(2);
+    spinner->SetUpSensitivity(16);
+    spinner->SetVisibility(false);
+    spinner->SetValue(9.0);
+    EXPECT_EQ(spinner->Value(), 8.0);
+    EXPECT_EQ(told, -1);
+    spinner->SetValue(2.5, CATDlgTelling::Notify);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(spinner->Text(), "2.5");
+    EXPECT_EQ(spinner->UpSensitivity(), 16);
+    EXPECT_EQ(spinner->Widget(), nullptr);
 }
 
 TEST_F(DialogWithoutToolkit, ListTakesNoRows)
@@ -95,6 +128,7 @@ TEST_F(DialogWithoutToolkit, BoxGoesToTheErrorStreamAndAQuestionIsAnsweredByNo)
     EXPECT_EQ(CATSession::PendingDestructions(), 1);
     auto* question = new CATDlgNotify(&m_window, "Question", 0x8800200);
     EXPECT_EQ(question->DisplayBlocking(), 4);
+    EXPECT_EQ((new CATDlgNotify(&m_window, "Q", CATDlgNotify::kQuestion))->DisplayBlocking(), 2);
     EXPECT_EQ((new CATDlgNotify(&m_window, "Plain", 0))->DisplayBlocking(), 1);
 }
 
