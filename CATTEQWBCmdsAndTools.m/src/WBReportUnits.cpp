@@ -127,22 +127,16 @@ private:
             if (m_task == WBUnitsTask::Convert && row.header != nullptr) {
                 WriteUnitSymbol(*m_documentElement, row.header, magnitude);
             }
-            const std::optional<WBUnitDisplay> display = DisplayOf(magnitude);
+            const std::optional<WBUnitDisplay> display = DisplayOf(magnitude, m_task, m_options);
             const bool isPair = row.form == Form::Densities;
             const std::optional<WBUnitDisplay> volumic =
-                isPair ? DisplayOf(KnownMagnitude(kVolumicDensity)) : std::nullopt;
+                isPair ? DisplayOf(KnownMagnitude(kVolumicDensity), m_task, m_options)
+                       : std::nullopt;
             if (display && (volumic || !isPair)) {
                 ready.push_back({row.form, NamesIn(m_document, row.attributes), *display, volumic});
             }
         }
         return ready;
-    }
-
-    /// Nothing when the magnitude is not known or lacks a unit.
-    std::optional<WBUnitDisplay> DisplayOf(const CATICkeMagnitude_var& magnitude) const
-    {
-        const WBUnitPair units = magnitude.IsNull() ? WBUnitPair() : UnitsFor(*magnitude, m_task);
-        return units.IsComplete() ? std::optional(WBUnitDisplay(units, m_options)) : std::nullopt;
     }
 
     const CATIDOMDocument& m_document;

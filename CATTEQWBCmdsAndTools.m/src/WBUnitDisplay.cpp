@@ -127,6 +127,13 @@ void WBUnitDisplay::Prepare()
     m_isPrepared = true;
 }
 
+std::optional<WBUnitDisplay> DisplayOf(const CATICkeMagnitude_var& magnitude, WBUnitsTask task,
+                                       WBShowOptions options)
+{
+    const WBUnitPair units = magnitude.IsNull() ? WBUnitPair() : UnitsFor(*magnitude, task);
+    return units.IsComplete() ? std::optional(WBUnitDisplay(units, options)) : std::nullopt;
+}
+
 std::string ShownList(std::string_view list, WBUnitDisplay& display)
 {
     return ShownItems(list, [&display](std::string_view item) { return display.ShowNumber(item); });

@@ -3,31 +3,19 @@
 #include "WBPreviewColumns.h"
 #include "WBReportAttributes.h"
 
-#include "CATCollections.h"
 #include "CATDlgMultiList.h"
 #include "CATIDOMDocument.h"
 #include "CATTrace.h"
 
-#include <functional>
-#include <optional>
-
 /// How the previews' lists get their columns and rows from a report. Rows count from 0 here; the
 /// list's own count from 1.
 
-/// Called with the index of an attribute that an element announces and does not have.
-using WBOnMissingAttribute = std::function<void(int index)>;
-
-/// The names of the element's attributes, in order. Nothing when they cannot be read.
-std::optional<CATListValCATUnicodeString> AttributeNames(const CATIDOMElement& element,
-                                                         const WBOnMissingAttribute& onMissing);
-/// The names of the attributes of all elements of the list, each once, in the order in which they
-/// are met. Nothing when those of one element cannot be read.
-std::optional<CATListValCATUnicodeString>
-DistinctAttributeNames(const CATIDOMNodeList& nodes, const WBOnMissingAttribute& onMissing);
-
-/// Gives a list its columns; those of numbers are right-aligned, the one before them too.
+/// Gives a list its columns; those of single numbers are right-aligned, the one before them too.
 void ShowColumns(const WBPreviewColumns& columns, const CATUnicodeString& firstTitle,
                  CATDlgMultiList& list);
+
+/// The first element "PRC"; null where there is none.
+CATIDOMElement_var FirstRoot(const CATIDOMDocument& document);
 
 /// Writes an attribute, as the document holds it, into a cell; the row is made when it is the next
 /// one. E_FAIL, with a trace line and no cell, when the element has no such attribute; S_OK
@@ -45,9 +33,10 @@ template <class Visit>
 void ForLeadingElements(const CATIDOMNodeList& nodes, Visit visit)
 {
     int index = 0;
-    for (CATIDOMNode_var node = nodes.Item(index); ElementOf(node) != nullptr;
-         node = nodes.Item(index)) {
+    CATIDOMNode_var node = nodes.Item(index);
+    while (ElementOf(node) != nullptr) {
         visit(CATIDOMElement_var(node->AsElement()), index);
         ++index;
+        node = nodes.Item(index);
     }
 }

@@ -3,6 +3,7 @@
 #include "CATICkeMagnitude.h"
 #include "CATUnicodeString.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -71,6 +72,10 @@ private:
     bool m_isPrepared = false;
     CATUnicodeString m_symbol; // where it is not wanted
 };
+
+/// How values of the magnitude are written in that task; nothing when it is null or lacks a unit.
+std::optional<WBUnitDisplay> DisplayOf(const CATICkeMagnitude_var& magnitude, WBUnitsTask task,
+                                       WBShowOptions options);
 
 /// A list of numbers between ";", up to its first empty item, written with "; ".
 std::string ShownList(std::string_view list, WBUnitDisplay& display);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "CATDlgControls.h"
+#include "CATDlgDialog.h"
+#include "CATDlgMultiList.h"
+#include "CATTrace.h"
+
+#include <functional>
+#include <initializer_list>
+
+/// What the windows of the previews have in common around their lists. The window owns all
+/// controls.
+
+/// A place in a grid, from 0.
+struct WBPreviewCell
+{
+    int row;
+    int column;
+    int columns = 1;
+};
+
+/// A line that says what the report was made for.
+CATDlgEditor* AddPreviewSelection(CATDlgDialog& window, const WBPreviewCell& cell,
+                                  const CATUnicodeString& selectionText);
+
+/// A list below those that the frame has; 100 characters wide, and as many lines high.
+CATDlgMultiList* AddPreviewList(CATDlgFrame& frame, const char* name, int row, int lines);
+
+struct WBPreviewButton
+{
+    const char* name;
+    std::function<void()> onPressed;
+};
+/// A row of buttons at the right.
+void AddPreviewButtons(CATDlgDialog& window, const char* frameName, const WBPreviewCell& cell,
+                       std::initializer_list<WBPreviewButton> buttons);
+
+/// Whether reports shall be shown in the navigator's stable order. When that cannot be told, the
+/// user reads why, and the answer is false.
+bool AsksForStableOrder(CATDlgDialog& window, const DSTrace& trace);
