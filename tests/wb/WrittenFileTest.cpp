@@ -44,6 +44,13 @@ TEST_F(WrittenFile, IsFoundBeforeItIsMade)
     EXPECT_EQ(Problem(folder.At("new.csv"), folder.At("newer.csv")), "");
 }
 
+TEST_F(WrittenFile, IsFoundWithAndWithoutAFolderBeforeItIsMade)
+{
+    const std::string name = "nobody-makes-this.csv";
+    EXPECT_NE(Problem("./" + name, name), "");
+    EXPECT_NE(Problem(name, std::filesystem::absolute(name).string()), "");
+}
+
 TEST_F(WrittenFile, DevicesAndStreamsAndMissingNamesAreNone)
 {
     for (const char* name : {"/dev/null", "-", ""}) {

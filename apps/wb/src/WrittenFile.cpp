@@ -22,8 +22,9 @@ bool IsSameFile(const std::string& left, const std::string& right)
     if (fs::equivalent(left, right, code)) {
         return true;
     }
-    const fs::path place = fs::weakly_canonical(left, code);
-    return !place.empty() && place == fs::weakly_canonical(right, code);
+    // A path without a folder stays without one unless it is made whole first.
+    const fs::path place = fs::weakly_canonical(fs::absolute(left, code), code);
+    return !place.empty() && place == fs::weakly_canonical(fs::absolute(right, code), code);
 }
 } // namespace
 
