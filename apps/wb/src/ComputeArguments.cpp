@@ -6,6 +6,7 @@
 
 #include "CATENOWBCSCommonDefinitions.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
@@ -17,48 +18,23 @@ using wb::LowerCase;
 
 constexpr std::size_t kUsualContributors = 10;
 
-template <class Value>
-struct Word
-{
-    std::string_view name;
-    Value value;
-};
-
 constexpr std::array kEntities{
-    Word<wb::ComputeOptions::Asked>{"instance", wb::ComputeOptions::Asked::Node},
-    Word<wb::ComputeOptions::Asked>{"root", wb::ComputeOptions::Asked::Root},
-    Word<wb::ComputeOptions::Asked>{"part", wb::ComputeOptions::Asked::Alone},
+    OptionWord<wb::ComputeOptions::Asked>{"instance", wb::ComputeOptions::Asked::Node},
+    OptionWord<wb::ComputeOptions::Asked>{"root", wb::ComputeOptions::Asked::Root},
+    OptionWord<wb::ComputeOptions::Asked>{"part", wb::ComputeOptions::Asked::Alone},
 };
 constexpr std::array kDensityOrders{
-    Word<wb::DensityPriority>{"wb", Common::WBDensityFirst},
-    Word<wb::DensityPriority>{"material", Common::MaterialDensityFirst},
+    OptionWord<wb::DensityPriority>{"wb", Common::WBDensityFirst},
+    OptionWord<wb::DensityPriority>{"material", Common::MaterialDensityFirst},
 };
 constexpr std::array kPoints{
-    Word<ComputeArguments::Point>{"cg", ComputeArguments::Point::Centre},
-    Word<ComputeArguments::Point>{"origin", ComputeArguments::Point::Origin},
+    OptionWord<ComputeArguments::Point>{"cg", ComputeArguments::Point::Centre},
+    OptionWord<ComputeArguments::Point>{"origin", ComputeArguments::Point::Origin},
 };
 constexpr std::array kPolicies{
-    Word<ComputeArguments::Update>{"check", ComputeArguments::Update::Check},
-    Word<ComputeArguments::Update>{"force", ComputeArguments::Update::Force},
+    OptionWord<ComputeArguments::Update>{"check", ComputeArguments::Update::Check},
+    OptionWord<ComputeArguments::Update>{"force", ComputeArguments::Update::Force},
 };
-
-/// The value of a word in any letter case, or nothing.
-template <class Words>
-auto FindWord(const Words& words, std::string_view typed)
-    -> std::optional<decltype(words.front().value)>
-{
-    for (const auto& word : words) {
-        if (LowerCase(typed) == word.name) {
-            return word.value;
-        }
-    }
-    return std::nullopt;
-}
-
-std::string Expected(const char* option, const char* expected, const std::string& typed)
-{
-    return std::string(option) + ": expected " + expected + ", found \"" + typed + "\"";
-}
 
 template <class Words, class Value>
 bool ReadWord(const Words& words, const std::string& typed, Value& value)
@@ -255,4 +231,19 @@ std::optional<ComputeArguments> ReadComputeArguments(const ComputeCommandOptions
     // The share of each contributor is one in the uncertainty of the whole.
     compute.uncertainty = arguments.uncertainty || compute.contributors > 0;
     return arguments;
+}
+
+std::string MassTypeProblem(const std::vector<wb::MassType>& types,
+                            const wb::ComputeOptions& compute)
+{
+    if (compute.precision != wb::ComputeOptions::Precision::Specified ||
+        compute.massType == Common::Computed ||
+        std::ranges::find(types, compute.massType, &wb::MassType::name) != types.end()) {
+        return {};
+    }
+    std::string known = "active, most-precise, Computed";
+    for (const wb::MassType& type : types) {
+        known += ", " + type.name;
+    }
+    return Expected("--precision", known, compute.massType);
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// What `wb compute` is asked to do, before anything is known of the product.
 struct ComputeArguments
@@ -33,3 +34,7 @@ struct ComputeArguments
 /// Nothing, with a sentence, when an option holds what nobody can mean.
 std::optional<ComputeArguments> ReadComputeArguments(const ComputeCommandOptions& options,
                                                      std::string& problem);
+
+/// Empty, or a sentence when the precision names a mass type that is not among the known ones.
+std::string MassTypeProblem(const std::vector<wb::MassType>& types,
+                            const wb::ComputeOptions& compute);

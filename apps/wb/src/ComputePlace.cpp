@@ -33,9 +33,9 @@ std::string TakeName(std::string_view& path, const IsKnownName& isKnownName)
     return std::string(path.substr(0, first));
 }
 
-std::string NoRoot(const wb::Store& store, const std::string& name,
-                   const std::vector<wb::PartLine>& roots)
+std::string NoRoot(const wb::Store& store, const std::string& name)
 {
+    const std::vector<wb::PartLine> roots = store.Roots();
     if (roots.empty()) {
         return store.Path() + ": the database holds no product";
     }
@@ -61,38 +61,6 @@ std::string NoUse(const wb::ProductGraph& graph, const wb::AskedPath& path, std:
     std::string text = Quoted(PathText(graph, path)) + " has no instance " + Quoted(name);
     return text + (names.empty() ? ": there is nothing below it"
                                  : ", expected one of " + NearestNames(name, std::move(names)));
-}
-
-/// A whole path, with the root.
-std::optional<wb::AskedPath> FindWholePath(const wb::ProductGraph& graph, const char* option,
-                                           std::string_view path, std::string& problem)
-{
-    const std::string& root = graph.Parts().front().identifier;
-    std::string_view below = path;
-    if (TakeName(below, [&](const std::string& name) { return name == root; }) != root) {
-        problem.assign(option).append(": expected a path in the product, ").append(root);
-        problem.append("/INSTANCE/INSTANCE, found ").append(Quoted(path));
-        return std::nullopt;
-    }
-    auto found = FindComputeNode(graph, below, problem);
-    if (!found) {
-        problem = std::string(option) + ": " + problem;
-    }
-    return found;
-}
-
-wb::Filter::Line LineOf(const wb::ProductGraph& graph, const std::vector<std::uint32_t>& uses,
-                        bool in)
-{
-    const wb::ProductGraph::PartRow& part = graph.PartOf(graph.NodeAt({0, uses}));
-    wb::Filter::Line line{in, {}, part.identifier, part.version, {}};
-    if (!uses.empty()) {
-        line.instance = graph.InstanceOf(uses.back());
-    }
-    for (std::size_t i = uses.size(); i-- > 1;) {
-        line.path.push_back(graph.InstanceOf(uses[i - 1]));
-    }
-    return line;
 }
 
 using Sides = std::map<std::vector<std::uint32_t>, bool>; // by uses; true: let in
@@ -137,20 +105,12 @@ std::string PathText(const wb::ProductGraph& graph, const wb::AskedPath& path)
 std::optional<ComputeRoot> FindComputeRoot(const wb::Store& store, const std::string& path,
                                            const std::string& version, std::string& problem)
 {
-    const std::vector<wb::PartLine> roots = store.Roots();
     std::string_view below = path;
-    const std::string name = TakeName(below, [&](const std::string& candidate) {
-        return std::ranges::find(roots, candidate, &wb::PartLine::identifier) != roots.end();
-    });
-    const wb::PartLine* found = nullptr;
-    for (const wb::PartLine& root : roots) {
-        const bool isLater = found == nullptr || found->id < root.id;
-        if (root.identifier == name && (version.empty() ? isLater : root.version == version)) {
-            found = &root;
-        }
-    }
-    if (found == nullptr) {
-        problem = NoRoot(store, version.empty() ? name : name + ' ' + version, roots);
+    const std::string name = TakeName(
+        below, [&](const std::string& candidate) { return store.FindRoot(candidate).has_value(); });
+    const std::optional<wb::PartLine> found = store.FindRoot(name, version);
+    if (!found) {
+        problem = NoRoot(store, version.empty() ? name : name + ' ' + version);
         return std::nullopt;
     }
     return ComputeRoot{*found, std::string(below)};
@@ -175,6 +135,37 @@ std::optional<wb::AskedPath> FindComputeNode(const wb::ProductGraph& graph, std:
     return path;
 }
 
+std::optional<wb::AskedPath> FindWholePath(const wb::ProductGraph& graph, const char* option,
+                                           std::string_view path, std::string& problem)
+{
+    const std::string& root = graph.Parts().front().identifier;
+    std::string_view below = path;
+    if (TakeName(below, [&](const std::string& name) { return name == root; }) != root) {
+        problem.assign(option).append(": expected a path in the product, ").append(root);
+        problem.append("/INSTANCE/INSTANCE, found ").append(Quoted(path));
+        return std::nullopt;
+    }
+    auto found = FindComputeNode(graph, below, problem);
+    if (!found) {
+        problem = std::string(option) + ": " + problem;
+    }
+    return found;
+}
+
+wb::Filter::Line FilterLineOf(const wb::ProductGraph& graph, const std::vector<std::uint32_t>& uses,
+                              bool in)
+{
+    const wb::ProductGraph::PartRow& part = graph.PartOf(graph.NodeAt({0, uses}));
+    wb::Filter::Line line{in, {}, part.identifier, part.version, {}};
+    if (!uses.empty()) {
+        line.instance = graph.InstanceOf(uses.back());
+    }
+    for (std::size_t i = uses.size(); i-- > 1;) {
+        line.path.push_back(graph.InstanceOf(uses[i - 1]));
+    }
+    return line;
+}
+
 std::optional<wb::Filter> FilterOfPaths(const wb::ProductGraph& graph,
                                         const std::vector<std::string>& included,
                                         const std::vector<std::string>& excluded,
@@ -197,12 +188,12 @@ std::optional<wb::Filter> FilterOfPaths(const wb::ProductGraph& graph,
     wb::Filter filter;
     bool isLimited = false;
     for (const auto& [uses, in] : sides) {
-        filter.lines.push_back(LineOf(graph, uses, in));
+        filter.lines.push_back(FilterLineOf(graph, uses, in));
         isLimited = isLimited || (in && IsTopmost(sides, uses));
     }
     // A filter with a line that lets something in leaves out all the rest, unless told otherwise.
     if (!included.empty() && !isLimited) {
-        filter.lines.insert(filter.lines.begin(), LineOf(graph, {}, true));
+        filter.lines.insert(filter.lines.begin(), FilterLineOf(graph, {}, true));
     }
     return filter;
 }

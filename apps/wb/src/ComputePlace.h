@@ -4,6 +4,7 @@
 #include "WBProductGraph.h"
 #include "WBStore.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,11 @@ std::optional<ComputeRoot> FindComputeRoot(const wb::Store& store, const std::st
 std::optional<wb::AskedPath> FindComputeNode(const wb::ProductGraph& graph, std::string_view below,
                                              std::string& problem);
 
+/// The node that a whole path leads to, "ROOT/INSTANCE/...". Nothing, with a sentence that names
+/// the option that holds it.
+std::optional<wb::AskedPath> FindWholePath(const wb::ProductGraph& graph, const char* option,
+                                           std::string_view path, std::string& problem);
+
 /// A filter of whole paths, "ROOT/INSTANCE/...". The longest path that leads to a node or to
 /// something above it decides about it. What no path names is left out where a path that stands
 /// below no other lets something in, and counts otherwise. Nothing, with a sentence, when a path
@@ -37,6 +43,10 @@ std::optional<wb::Filter> FilterOfPaths(const wb::ProductGraph& graph,
                                         const std::vector<std::string>& included,
                                         const std::vector<std::string>& excluded,
                                         std::string& problem);
+
+/// The node as a line of a filter that has a say about it and everything below.
+wb::Filter::Line FilterLineOf(const wb::ProductGraph& graph, const std::vector<std::uint32_t>& uses,
+                              bool in);
 
 /// "LA1/WNG-000.1/WNG-200R.1".
 std::string PathText(const wb::ProductGraph& graph, const wb::AskedPath& path);

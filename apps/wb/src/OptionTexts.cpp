@@ -20,3 +20,8 @@ std::vector<std::string_view> SplitAtCommas(std::string_view text)
     items.push_back(WithoutBlanks(text));
     return items;
 }
+
+std::string Expected(const char* option, const std::string& expected, std::string_view typed)
+{
+    return std::string(option) + ": expected " + expected + ", found \"" + std::string(typed) + '"';
+}

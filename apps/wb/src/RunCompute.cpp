@@ -5,18 +5,14 @@
 #include "ComputeCsv.h"
 #include "ComputeJson.h"
 #include "ComputePlace.h"
+#include "ComputeProgress.h"
 #include "ComputeTable.h"
-#include "ProgressBar.h"
 #include "ReportUnits.h"
 #include "StandardOutput.h"
 #include "WBProductComputation.h"
 #include "WBStore.h"
 
-#include <unistd.h>
-
-#include <cstdint>
 #include <cstdio>
-#include <string_view>
 #include <utility>
 
 namespace
@@ -47,15 +43,6 @@ bool ChooseUnits(const ComputeCommandOptions& options, std::string& problem)
     return !options.units || UseReportUnits(*options.units, problem);
 }
 
-std::string UnknownMassType(const wb::ProductGraph& graph, const std::string& name)
-{
-    std::string text = "--precision: expected active, most-precise, Computed";
-    for (const wb::MassType& type : graph.Types()) {
-        text += ", " + type.name;
-    }
-    return text + ", found \"" + name + '"';
-}
-
 /// Those of the product are named; the database may hold more.
 std::string UnknownMaterial(const wb::ProductGraph& graph, const std::string& name)
 {
@@ -67,13 +54,6 @@ std::string UnknownMaterial(const wb::ProductGraph& graph, const std::string& na
     std::string text = "--material: \"" + name + "\" is no material of the database";
     return names.empty() ? text
                          : text + "; the product has " + NearestNames(name, std::move(names));
-}
-
-bool IsUnknownType(const wb::ProductGraph& graph, const wb::ComputeOptions& options)
-{
-    return options.precision == wb::ComputeOptions::Precision::Specified &&
-           options.massType != CATENOWBCSCommonDefinitions::Computed &&
-           graph.FindType(options.massType) < 0;
 }
 
 /// Another material and another order of densities count for the own values of the asked part, and
@@ -92,8 +72,8 @@ std::optional<wb::AskedPath> Prepare(const wb::ProductGraph& graph, const std::s
                                      ComputeArguments& arguments, std::string& problem)
 {
     problem = graph.Error();
-    if (problem.empty() && IsUnknownType(graph, arguments.compute)) {
-        problem = UnknownMassType(graph, arguments.compute.massType);
+    if (problem.empty()) {
+        problem = MassTypeProblem(graph.Types(), arguments.compute);
     }
     if (!problem.empty()) {
         return std::nullopt;
@@ -118,26 +98,6 @@ bool Print(const ComputeReport& report, const ComputeCommandOptions& options)
     return WriteStandardOutput(text);
 }
 
-/// Shows on the terminal how far a long computation has come.
-class Progress
-{
-public:
-    /// Diagnostic lines and a bar would write over each other.
-    explicit Progress(bool isVerbose)
-        : m_bar(isatty(STDERR_FILENO) != 0 && !isVerbose ? stderr : nullptr)
-    {}
-    wb::ProductComputation::Progress Listener()
-    {
-        return [this](double done, std::string_view what) {
-            constexpr std::uint64_t kSteps = 1000;
-            m_bar.Show(what, static_cast<std::uint64_t>(done * kSteps), kSteps);
-        };
-    }
-
-private:
-    ProgressBar m_bar; // leaves the line blank when it goes away
-};
-
 /// Computes what the arguments ask for. Nothing, with a sentence, when that cannot be.
 std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptions& options,
                                      ComputeArguments arguments, std::string& problem)
@@ -146,7 +106,7 @@ std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptio
     if (!root) {
         return std::nullopt;
     }
-    Progress progress(options.session.verbose);
+    ComputeProgress progress(options.session.verbose);
     wb::ProductComputation computation(store, root->root, LoginName(), progress.Listener());
     const wb::ProductGraph& graph = computation.Graph();
     const std::string& material = arguments.compute.material;

@@ -10,6 +10,7 @@
 #include "PostponedEnd.h"
 #include "ProgressBar.h"
 #include "ReportArguments.h"
+#include "ReportSize.h"
 #include "ReportUnits.h"
 #include "StandardOutput.h"
 
@@ -74,7 +75,7 @@ public:
     UntreatedProperties(const UntreatedProperties&) = delete;
     UntreatedProperties& operator=(const UntreatedProperties&) = delete;
 
-    int Count() const { return m_count; }
+    std::size_t Count() const { return m_count; }
 
 private:
     void Hear(std::string_view line)
@@ -88,26 +89,15 @@ private:
     }
 
     CATLineStream::Listener m_before;
-    int m_count = 0;
-};
-
-std::string Counted(int count, const std::string& thing)
-{
-    return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
-}
-
-struct ReportSize
-{
-    int roots = 0;
-    int instances = 0;
-    int sections = 0;
+    std::size_t m_count = 0;
 };
 
 ReportSize SizeOf(const CATIDOMDocument_var& document)
 {
-    return {document->ElementsByTagName("PRC")->Length(),
-            document->ElementsByTagName("PartInstance")->Length(),
-            document->ElementsByTagName("WB_Section")->Length()};
+    const auto count = [&](const char* name) {
+        return static_cast<std::size_t>(document->ElementsByTagName(name)->Length());
+    };
+    return {count("PRC"), count("PartInstance"), count("WB_Section")};
 }
 
 bool WriteToStandardOutput(const CATIXMLDOMDocumentBuilder_var& builder,
@@ -184,10 +174,7 @@ public:
                  ": there is no PRC, PartInstance or WB_Section in it: nothing was converted");
         }
         if (m_options.output != kStandardStream) {
-            std::printf("%s: %s, %s, %s\n", m_options.output.c_str(),
-                        Counted(size.roots, "root").c_str(),
-                        Counted(size.instances, "part instance").c_str(),
-                        Counted(size.sections, "section").c_str());
+            std::printf("%s: %s\n", m_options.output.c_str(), InWords(size).c_str());
         }
     }
 
