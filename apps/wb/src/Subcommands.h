@@ -79,6 +79,24 @@ struct ComputeCommandOptions
 /// it. They are printed all the same.
 int RunCompute(const ComputeCommandOptions& options);
 
+/// What a user typed for `wb report`; ReadReportRequest says what it means.
+struct ReportCommandOptions
+{
+    /// Of the root, the path: database and log, which values count, how much is computed anew and
+    /// what is left out. Its other options stay as they are.
+    ComputeCommandOptions computation;
+    std::string kind = "report";         ///< or "distributive", "material-statistics"
+    std::vector<std::string> picked;     ///< paths; empty: all of the root
+    std::optional<std::string> values;   ///< "Deviations,Centre", "none"; none: all
+    std::vector<std::string> properties; ///< names; empty: all, unless
+    bool noProperties = false;
+    bool statistics = false;   ///< those of every part instance too
+    bool storedFilter = false; ///< what is left out is what the workbench leaves out
+    std::string output;        ///< a file; "-": the standard output
+};
+/// Returns 2 for wrong use, names that there are not included.
+int RunReport(const ReportCommandOptions& options);
+
 struct MassTypesOptions
 {
     std::string database;

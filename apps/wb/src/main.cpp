@@ -145,7 +145,7 @@ then, whatever --update says.
 The status is 0; 3 when something has no mass, so that the total leaves it out
 (all is printed then too); 1 when nothing could be computed; 2 for wrong use.)";
 
-void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
+void AddPrecision(CLI::App& app, ComputeCommandOptions& options)
 {
     app.add_option("--precision", options.precision,
                    "Whose values count: active (default),\n"
@@ -153,20 +153,19 @@ void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
                    "leaves, nothing imposed above them), or one\n"
                    "mass type alone")
         ->type_name("WORD");
-    app.add_option("--or", options.orElse,
-                   "active: beside a mass type, leaves without it\n"
-                   "take their active values")
-        ->type_name("active");
+}
+
+void AddUpdate(CLI::App& app, ComputeCommandOptions& options)
+{
     app.add_option("--update", options.update,
                    "check (default): what is not up to date is\n"
                    "computed; force: everything is; assume:LEVEL:\n"
                    "what lies deeper is taken as it was kept")
         ->type_name("POLICY");
-    app.add_option("--entity", options.entity,
-                   "instance (default): the node with all below it;\n"
-                   "root: the whole product; part: the part alone,\n"
-                   "with its own values")
-        ->type_name("WORD");
+}
+
+void AddFilter(CLI::App& app, ComputeCommandOptions& options)
+{
     app.add_option("--include", options.included,
                    "Count this node with all below it; may be\n"
                    "repeated. The longest path that names a node or\n"
@@ -180,16 +179,37 @@ void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
                    "A filter as requests carry it, such as\n"
                    "\"1|Name|X|WNG-000.1|WNG-000|A|0\"")
         ->type_name("TEXT");
+}
+
+void AddDeviations(CLI::App& app, ComputeCommandOptions& options)
+{
+    app.add_option("--deviations", options.deviations,
+                   "Lower and upper deviation of the total in place\n"
+                   "of the computed ones: 2,3% of its mass or 2,3kg")
+        ->type_name("L,U");
+}
+
+void AddComputeChoices(CLI::App& app, ComputeCommandOptions& options)
+{
+    AddPrecision(app, options);
+    app.add_option("--or", options.orElse,
+                   "active: beside a mass type, leaves without it\n"
+                   "take their active values")
+        ->type_name("active");
+    AddUpdate(app, options);
+    app.add_option("--entity", options.entity,
+                   "instance (default): the node with all below it;\n"
+                   "root: the whole product; part: the part alone,\n"
+                   "with its own values")
+        ->type_name("WORD");
+    AddFilter(app, options);
     app.add_option("--density-first", options.densityFirst,
                    "Of the asked part: which density goes first,\n"
                    "wb (its own) or material")
         ->type_name("WORD");
     app.add_option("--material", options.material, "Of the asked part: as if it were made of this")
         ->type_name("NAME");
-    app.add_option("--deviations", options.deviations,
-                   "Lower and upper deviation of the total in place\n"
-                   "of the computed ones: 2,3% of its mass or 2,3kg")
-        ->type_name("L,U");
+    AddDeviations(app, options);
 }
 
 void AddComputeOutput(CLI::App& app, ComputeCommandOptions& options)
@@ -240,6 +260,79 @@ Run AddCompute(CLI::App& app)
     });
     return [options](int, char**) {
         return RunCompute(*options);
+    };
+}
+
+constexpr const char* kMakeReportNotes =
+    R"(The report is in kg, mm, kg.m2, kg/m3, kg/m2 and m3, in the axes of the root, and
+its numbers have "." for the decimal mark. "wb convert-report" brings it into your
+units: wb report LA1 --db DB --out - | wb convert-report - LA1.xml
+
+The status is 0; 1 when there is no such database, nothing could be computed or
+the file could not be written (it stays as it was then); 2 for wrong use, also
+where a root, path, mass type or property is named that there is not.)";
+
+void AddReportContents(CLI::App& app, ReportCommandOptions& options)
+{
+    app.add_option("--kind", options.kind,
+                   "report (default): instances nested as in the\n"
+                   "product; distributive: one list of them;\n"
+                   "material-statistics: masses by material and by\n"
+                   "mass type")
+        ->type_name("KIND");
+    app.add_option("--pick", options.picked,
+                   "Report this instance with all below it, beside\n"
+                   "the root's totals; may be repeated (default: all\n"
+                   "of the root)")
+        ->type_name("PATH")
+        ->allow_extra_args(false);
+    app.add_option("--values", options.values,
+                   "Which values besides the mass: all (default),\n"
+                   "none or some of Deviations, Centre, Inertia,\n"
+                   "Density, Materials, Volume, Types, Date")
+        ->type_name("LIST");
+    CLI::Option* property = app.add_option("--property", options.properties,
+                                           "Report this property; may be repeated (default:\n"
+                                           "all of them)")
+                                ->type_name("NAME")
+                                ->allow_extra_args(false);
+    app.add_flag("--no-properties", options.noProperties, "Report no properties")
+        ->excludes(property);
+    app.add_flag("--statistics", options.statistics,
+                 "Material statistics of every instance too, not\n"
+                 "of the root alone");
+}
+
+Run AddReport(CLI::App& app)
+{
+    const auto options = std::make_shared<ReportCommandOptions>();
+    ComputeCommandOptions& computation = options->computation;
+    app.add_option("root", computation.path, "A part that nobody uses: a product")
+        ->type_name("ROOT")
+        ->required();
+    AddSession(app, computation.session, true);
+    app.add_option("--out", options->output,
+                   "The XML file, written whole or not at all; - is\n"
+                   "the standard output")
+        ->type_name("FILE.xml")
+        ->check(IsName())
+        ->required();
+    AddReportContents(app, *options);
+    AddPrecision(app, computation);
+    AddUpdate(app, computation);
+    AddFilter(app, computation);
+    app.add_flag("--stored-filter", options->storedFilter,
+                 "The filter that the workbench keeps for the root");
+    AddDeviations(app, computation);
+    app.footer(kMakeReportNotes);
+    app.callback([options] {
+        const SessionOptions& session = options->computation.session;
+        const NamedFile database{"the database", session.database};
+        RefuseSharedFile("--out", options->output, {database});
+        RefuseSharedFile(kLog, session.logFile, {database, {"the report", options->output}});
+    });
+    return [options](int, char**) {
+        return RunReport(*options);
     };
 }
 
@@ -386,6 +479,7 @@ constexpr std::array kSubcommands{
                   AddExport},
     SubcommandRow{"compute", "Sum up a product or a node of it: mass, centre of gravity, inertia",
                   AddCompute},
+    SubcommandRow{"report", "Write a product's mass properties as an XML report", AddReport},
     SubcommandRow{"convert-report",
                   "Bring a report's numbers into your units, axes and reference point",
                   AddConvertReport},
