@@ -1,6 +1,7 @@
 #include "CATTEQWBComputePartCmd.h"
 
 #include "WBInitialValuesTexts.h"
+#include "WBObjectService.h"
 #include "WBPickedObject.h"
 
 #include "CATWBAllDataBuffer.h"
@@ -17,11 +18,9 @@
 #include "CATIProduct.h"
 #include "CATImmIdentifierAcquisitionAgent.h"
 #include "CATMsgCatalog.h"
-#include "CATPDMServices.h"
 #include "RunServerCode.h"
 
 #include <array>
-#include <memory>
 #include <optional>
 
 namespace
@@ -73,17 +72,13 @@ std::optional<CATUnicodeString> AskObjectService(WBPickedObject& picked)
     const CATUnicodeString input = WBObjectServiceInput(
         picked.rootIdentifier, CATWBVPMNavFilterPanel::selectedPRCConfigHandler, picked.fieldA,
         picked.fieldB);
-    CATListIdentificators found;
-    char* characters = nullptr;
-    CATPDMCSServices::RunObjectService("ENOVIA5_GetObjectIdentifier", picked.identificators,
-                                       input.Text(), found, characters);
-    const std::unique_ptr<char[]> owned(characters);
-    if (owned == nullptr) {
+    std::optional<CATUnicodeString> answer = WBAskObjectService(picked.identificators, input).text;
+    if (!answer) {
         CATDiagnosticErrors().Line("The character pointer returned by the server is NULL!");
         return std::nullopt;
     }
-    CATDiagnosticOutput().Line("Returned by RunObjectService(): ", owned.get());
-    return CATUnicodeString(owned.get());
+    CATDiagnosticOutput().Line("Returned by RunObjectService(): ", *answer);
+    return answer;
 }
 
 /// The server's values; nothing, after a box that says why, when there are none.
