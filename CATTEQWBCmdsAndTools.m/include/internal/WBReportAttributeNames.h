@@ -1,0 +1,27 @@
+#pragma once
+
+#include "CATCollections.h"
+#include "CATIDOMDocument.h"
+#include "CATTrace.h"
+
+#include <optional>
+
+// What the elements of a report are described by, as a preview needs it for its columns. Where
+// something cannot be read the trace says what, and there is no answer.
+
+/// The attributes of the part instances, each once and in the order in which they are met.
+struct WBInstanceAttributes
+{
+    CATListValCATUnicodeString columns;    ///< what is shown
+    CATListValCATUnicodeString magnitudes; ///< names that begin with "__magnitude__"
+};
+
+/// Without the date of the last computation when `withoutDate` says so, and without
+/// "instIdAttrAlias", which serves the order alone. An attribute that cannot be had is traced and
+/// passed over.
+std::optional<WBInstanceAttributes>
+ReadInstanceAttributes(const DSTrace& trace, const CATIDOMDocument& document, bool withoutDate);
+
+/// All attributes of the first element "PRC".
+std::optional<CATListValCATUnicodeString> ReadRootAttributes(const DSTrace& trace,
+                                                             const CATIDOMDocument& document);

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CATCollections.h"
+#include "CATDlgFile.h"
+#include "CATIDOMDocument.h"
+#include "CATTrace.h"
+
+#include <functional>
+
+/// How a preview writes its report: the file that it takes when the user names none, the box that
+/// asks for one, and the writing itself with what the user reads about it.
+///
+/// The texts stand in the preview's catalog under the keys "SaveReport.MsgWindow.Title",
+/// "SaveReport.FileExists.Text01", "SaveReport.SuccessMsg.Text01", "SaveReport.ErrorMsg.Text01" and
+/// "SaveReport.FileBox.Title".
+class WBReportFile
+{
+public:
+    /// The dialog stands above all boxes and outlives this object, as does the catalog's name.
+    WBReportFile(CATDlgDialog& dialog, const DSTrace& trace, const char* catalog)
+        : m_dialog(dialog), m_trace(trace), m_catalog(catalog)
+    {}
+
+    /// "WBReport_", what the report was made for, "_", the present time and ".xml".
+    void SetDefaultName(const CATUnicodeString& selectionText);
+    /// What the variable "ZALKR4REPORTPATH" says, else "C:\Temp", which the host's file layer takes
+    /// as the system's directory for such files.
+    void SetDefaultDirectory();
+    const CATUnicodeString& DefaultName() const { return m_defaultName; }
+    const CATUnicodeString& DefaultDirectory() const { return m_defaultDirectory; }
+    /// The default name in the default directory.
+    CATUnicodeString DefaultPath() const;
+
+    /// Writes the document to the target and tells the user how it went. When there is a file at
+    /// `askedPath`, the user is asked first and may refuse. That is the path that the user chose;
+    /// whoever writes to the default path leaves it empty, so that this never asks.
+    void Write(const CATIDOMDocument_var& document, const CATUnicodeString& askedPath,
+               const CATUnicodeString& target) const;
+
+    /// Shows the box that asks for a file to save to, beginning with the default name in the
+    /// default directory. One of the two is called when the user is done. A box that is open
+    /// already goes away.
+    void OpenBox(std::function<void()> onChosen, std::function<void()> onCancelled);
+    /// The file that the user chose, with ".xml" at its end; empty for none. The box goes away.
+    CATUnicodeString TakeChosenPath();
+    /// The box goes away.
+    void CloseBox();
+    bool HasBox() const { return m_box != nullptr; }
+
+private:
+    CATUnicodeString Text(const char* key, const char* defaultText,
+                          const CATListValCATUnicodeString& parameters = {}) const;
+    bool MayReplace(const CATUnicodeString& path) const;
+
+    CATDlgDialog& m_dialog;
+    const DSTrace& m_trace;
+    const char* m_catalog;
+    CATUnicodeString m_defaultName;
+    CATUnicodeString m_defaultDirectory;
+    CATDlgFile* m_box = nullptr; // a child of the dialog
+};

@@ -1,0 +1,119 @@
+#include "WBReportFile.h"
+
+#include "CATWBServices.h"
+
+#include "CATDlgNotify.h"
+#include "CATEnvironment.h"
+#include "CATFileAccess.h"
+#include "CATIXMLDOMDocumentBuilder.h"
+#include "CATMsgCatalog.h"
+#include "CATTime.h"
+
+#include <memory>
+#include <utility>
+
+namespace
+{
+
+constexpr const char* kExtension = ".xml";
+constexpr int kExists = 0;
+constexpr int kInformationStyle = 0;
+constexpr int kErrorStyle = 0x10000000;
+constexpr int kNo = 2; // of a question
+
+} // namespace
+
+CATUnicodeString WBReportFile::Text(const char* key, const char* defaultText,
+                                    const CATListValCATUnicodeString& parameters) const
+{
+    return CATMsgCatalog::BuildMessage(m_catalog, key, defaultText, parameters);
+}
+
+void WBReportFile::SetDefaultName(const CATUnicodeString& selectionText)
+{
+    m_defaultName =
+        "WBReport_" + selectionText + "_" + CATTime::Now().ToText("%Y%m%d%H%M%S") + kExtension;
+}
+
+void WBReportFile::SetDefaultDirectory()
+{
+    if (CATGetEnvValue("ZALKR4REPORTPATH", m_defaultDirectory) != S_OK) {
+        m_defaultDirectory = "C:\\Temp";
+    }
+}
+
+CATUnicodeString WBReportFile::DefaultPath() const
+{
+    return m_defaultDirectory + "\\" + m_defaultName;
+}
+
+bool WBReportFile::MayReplace(const CATUnicodeString& path) const
+{
+    const auto box =
+        std::make_unique<CATDlgNotify>(&m_dialog, "ReplaceReport", CATDlgNotify::kQuestion);
+    box->SetTitle(Text("SaveReport.MsgWindow.Title", "@Save the report"));
+    box->SetText(Text("SaveReport.FileExists.Text01",
+                      "@/p1\nis there already. Shall it be replaced?", {path}));
+    return box->DisplayBlocking() != kNo;
+}
+
+void WBReportFile::Write(const CATIDOMDocument_var& document, const CATUnicodeString& askedPath,
+                         const CATUnicodeString& target) const
+{
+    if (CATFileAccess(askedPath, kExists) == S_OK && !MayReplace(askedPath)) {
+        return;
+    }
+    const CATUnicodeString title = Text("SaveReport.MsgWindow.Title", "@Save the report");
+    CATXMLProblem problem;
+    if (CreateCATIXMLDOMDocumentBuilder()->WriteToFile(document, target, {}, {}, problem) == S_OK) {
+        CATWBServices::DisplayMsg(
+            &m_dialog, title,
+            Text("SaveReport.SuccessMsg.Text01", "@The report was saved as ") + target,
+            kInformationStyle);
+        return;
+    }
+    m_trace.Line(problem.sentence);
+    CATWBServices::DisplayMsg(
+        &m_dialog, title,
+        Text("SaveReport.ErrorMsg.Text01", "@The report could not be saved as ") + target,
+        kErrorStyle);
+}
+
+void WBReportFile::OpenBox(std::function<void()> onChosen, std::function<void()> onCancelled)
+{
+    CloseBox();
+    m_box = new CATDlgFile(&m_dialog, "Choose a directory", CATDlgFile::Mode::Save);
+    m_box->SetTitle(Text("SaveReport.FileBox.Title", "@Save the report"));
+    m_box->SetFileType("xml", "xml");
+    m_box->SetSuggestedName(m_defaultName);
+    m_box->SetDirectory(m_defaultDirectory);
+    const auto listen = [this](const CATEvent& event, std::function<void()> handler) {
+        m_dialog.Subscribe(m_box, event,
+                           [handler = std::move(handler)](const CATNotification&) { handler(); });
+    };
+    listen(CATDlgFile::FileChosen, std::move(onChosen));
+    listen(CATDlgFile::Cancelled, std::move(onCancelled));
+    m_box->Display();
+}
+
+CATUnicodeString WBReportFile::TakeChosenPath()
+{
+    CATUnicodeString path = m_box == nullptr ? CATUnicodeString() : m_box->Path();
+    m_trace.Line("Selected directory: ", path);
+    CloseBox();
+    if (path.IsEmpty()) {
+        return path;
+    }
+    // Any letter case of the ending is one.
+    const int endingLength = CATUnicodeString(kExtension).Length();
+    if (path.Part(path.Length() - endingLength).Compare(kExtension) == 0) {
+        path.Append(kExtension);
+    }
+    return path;
+}
+
+void WBReportFile::CloseBox()
+{
+    CATRequestDelayedDestruction(m_box);
+    m_box = nullptr;
+}
