@@ -47,6 +47,13 @@ CATDlgMultiList* AddPreviewList(CATDlgFrame& frame, const char* name, int row, i
     return list;
 }
 
+void TakeListTexts(CATDlgMultiList& list, const char* catalog)
+{
+    const CATUnicodeString path = list.Parent()->Name() + "." + list.Name() + ".";
+    list.SetAccessibleName(CATMsgCatalog::BuildMessage(catalog, path + "Name", "@" + list.Name()));
+    list.SetEmptyText(CATMsgCatalog::BuildMessage(catalog, path + "EmptyText", "@Nothing to show"));
+}
+
 void AddPreviewButtons(CATDlgDialog& window, const char* frameName, const WBPreviewCell& cell,
                        std::initializer_list<WBPreviewButton> buttons)
 {

@@ -26,6 +26,23 @@ constexpr Faults kInstanceFaults{
 constexpr Faults kRootFaults{
     "Could not retrieve the list of attributes that the element PRC node has!",
     "Could not obtain a valid CATUnicodeString dynamic array (for PRC node)!", "PRC node: Item "};
+constexpr Faults kSectionFaults{
+    "Could not retrieve the list of attributes that a section node has!",
+    "Could not obtain a valid CATUnicodeString dynamic array (for a section node)!",
+    "Section node: Item "};
+
+const Faults& FaultsOf(WBReportElement which)
+{
+    switch (which) {
+    case WBReportElement::Root:
+        return kRootFaults;
+    case WBReportElement::Section:
+        return kSectionFaults;
+    case WBReportElement::PartInstance:
+        break;
+    }
+    return kInstanceFaults;
+}
 
 /// Visits the name of each attribute of a node; false when the node has no attributes to read.
 template <class Visit>
@@ -129,9 +146,16 @@ std::optional<CATListValCATUnicodeString> ReadRootAttributes(const DSTrace& trac
         trace.Line("Unable to retrieve the first node (of type PRC) from the list!");
         return std::nullopt;
     }
+    return ReadAttributes(trace, root, WBReportElement::Root);
+}
+
+std::optional<CATListValCATUnicodeString>
+ReadAttributes(const DSTrace& trace, const CATIDOMNode_var& element, WBReportElement which)
+{
     CATListValCATUnicodeString names;
-    const bool isRead = ForEachName(trace, root, kRootFaults, [&document, &names](CATDOMName name) {
-        names.Append(document.NameText(name));
-    });
+    const bool isRead =
+        ForEachName(trace, element, FaultsOf(which), [&element, &names](CATDOMName name) {
+            names.Append(element->OwnerDocument()->NameText(name));
+        });
     return isRead ? std::optional(names) : std::nullopt;
 }

@@ -25,6 +25,9 @@ CATDlgEditor* AddPreviewSelection(CATDlgDialog& window, const WBPreviewCell& cel
 
 /// A list below those that the frame has; 100 characters wide, and as many lines high.
 CATDlgMultiList* AddPreviewList(CATDlgFrame& frame, const char* name, int row, int lines);
+/// Takes from the catalog what the list is called for those who hear it, and what is shown in its
+/// place while it has no rows: "Name" and "EmptyText" below the names of its frame and its own.
+void TakeListTexts(CATDlgMultiList& list, const char* catalog);
 
 struct WBPreviewButton
 {

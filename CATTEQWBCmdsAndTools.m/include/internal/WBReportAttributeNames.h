@@ -25,3 +25,14 @@ ReadInstanceAttributes(const DSTrace& trace, const CATIDOMDocument& document, bo
 /// All attributes of the first element "PRC".
 std::optional<CATListValCATUnicodeString> ReadRootAttributes(const DSTrace& trace,
                                                              const CATIDOMDocument& document);
+
+/// What an element is in the report, for the trace.
+enum class WBReportElement
+{
+    Root,
+    Section,
+    PartInstance
+};
+/// All attributes of the element. One that cannot be had is traced and passed over.
+std::optional<CATListValCATUnicodeString>
+ReadAttributes(const DSTrace& trace, const CATIDOMNode_var& element, WBReportElement which);
