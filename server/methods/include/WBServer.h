@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -22,6 +23,8 @@ struct CallContext
     const std::atomic<bool>* cancel = nullptr;
     /// Share done, 0 to 1, and what is being done.
     std::function<void(double, std::string_view)> progress;
+    /// What time it is; empty: the system's clock.
+    std::function<std::chrono::system_clock::time_point()> now = {};
 };
 
 /// Answers requests by method name, text to text. Fields are separated by "|"; no text that is

@@ -159,10 +159,21 @@ AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked)
     return std::move(*path);
 }
 
-const ProductGraph& Computations::GraphOf(RowId root, ComputationRequest::Policy policy,
-                                          const CallContext& context)
+PartLine AskedRoot(const Store& store, const ComputationRequest& request)
 {
-    return *m_products.Of(root, policy == ComputationRequest::Policy::Force, context).graph;
+    CheckIsRoot(request.options.asked);
+    auto root = store.FindRoot(request.root);
+    if (!root) {
+        throw RequestError("The field root of the request names \"" + request.root +
+                           "\", which is no product root of the database.");
+    }
+    return *std::move(root);
+}
+
+const ResidentProduct& Computations::ProductOf(RowId root, ComputationRequest::Policy policy,
+                                               const CallContext& context)
+{
+    return m_products.Of(root, policy == ComputationRequest::Policy::Force, context);
 }
 
 std::unordered_map<std::uint32_t, KeptSum>
@@ -301,21 +312,16 @@ std::string Computations::ComputeValues(std::string_view text, const CallContext
 {
     ForgetWarnings(context.user);
     const ComputationRequest request = ReadComputationRequest(text);
-    CheckIsRoot(request.options.asked);
-    const auto root = m_store.FindRoot(request.root);
-    if (!root) {
-        throw RequestError("The field root of the request names \"" + request.root +
-                           "\", which is no product root of the database.");
-    }
-    if (auto kept = KeptAnswer(root->id, request, context)) {
+    const PartLine root = AskedRoot(m_store, request);
+    if (auto kept = KeptAnswer(root.id, request, context)) {
         return std::move(*kept);
     }
-    Computation computation = Make({*root, {}, {}}, request, context);
+    Computation computation = Make({root, {}, {}}, request, context);
     const ComputeResult& result = computation.result;
     std::string answer = AnswerOf(result);
     const std::string warnings = WarningsOf(result);
     if (IsKept(request.options) && !result.looksAtStale) {
-        computation.kept.push_back({root->id, AnswerKey(request.options), computation.changeNumber,
+        computation.kept.push_back({root.id, AnswerKey(request.options), computation.changeNumber,
                                     WriteTexts({answer, warnings})});
     }
     m_store.Keep(computation.kept, context.user);

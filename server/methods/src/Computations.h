@@ -29,6 +29,10 @@ struct KeptComputed
 /// changed since the place was found, or goes round in a circle.
 AskedPath PathTo(const ProductGraph& graph, const PickedPart& picked);
 
+/// The product root of a computation that only a whole product has. Throws RequestError where
+/// another entity is asked, or a root that is not there.
+PartLine AskedRoot(const Store& store, const ComputationRequest& request);
+
 /// Computes products and keeps what came of it: the answer of a whole product, and the sums below
 /// its assemblies, for whoever later assumes that they hold. What is kept is derived: where it
 /// cannot be written or read, it is just made again.
@@ -51,8 +55,13 @@ public:
 
     /// The product below a root, or below any other part, in memory; the part is number 0 there.
     /// Good until the next call.
+    const ResidentProduct& ProductOf(RowId root, ComputationRequest::Policy policy,
+                                     const CallContext& context);
     const ProductGraph& GraphOf(RowId root, ComputationRequest::Policy policy,
-                                const CallContext& context);
+                                const CallContext& context)
+    {
+        return *ProductOf(root, policy, context).graph;
+    }
     /// Computes a place of a product by the request's policy, level and options; the request's
     /// place and root are not looked at. What cannot be computed throws RequestError, so the
     /// result's error is empty.

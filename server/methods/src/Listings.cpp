@@ -1,5 +1,6 @@
 #include "Methods.h"
 #include "Request.h"
+#include "XmlText.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
 
@@ -9,23 +10,9 @@ namespace
 {
 void AppendElement(std::string& xml, const char* tag, std::string_view name)
 {
-    xml.append("<").append(tag).append(" name=\"");
-    for (const char character : name) {
-        switch (character) {
-        case '&':
-            xml += "&amp;";
-            break;
-        case '<':
-            xml += "&lt;";
-            break;
-        case '"':
-            xml += "&quot;";
-            break;
-        default:
-            xml += character;
-        }
-    }
-    xml += "\"/>";
+    xml.append("<").append(tag);
+    XmlAttributes(xml).Add("name", name);
+    xml += "/>";
 }
 } // namespace
 

@@ -25,6 +25,7 @@ std::string GetInitialValues(const MethodCall& call, std::string_view request);
 std::string GetValueDetails(const MethodCall& call, std::string_view request);
 std::string ComputePart(const MethodCall& call, std::string_view request);
 std::string ComputeValues(const MethodCall& call, std::string_view request);
+std::string MakeReport(const MethodCall& call, std::string_view request);
 std::string ListRoots(const MethodCall& call, std::string_view request);
 std::string ListUses(const MethodCall& call, std::string_view request);
 std::string ListMassTypes(const MethodCall& call, std::string_view request);

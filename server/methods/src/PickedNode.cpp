@@ -11,15 +11,6 @@ using Common = CATENOWBCSCommonDefinitions;
 /// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
 constexpr std::int64_t kDeepest = 10000;
 
-void CheckName(const char* field, std::string_view asked, const std::string& stored)
-{
-    if (asked != stored) {
-        throw RequestError(std::string("The field ") + field + " of the request names \"" +
-                           std::string(asked) + "\", but the instance is one of \"" + stored +
-                           "\".");
-    }
-}
-
 DensityPair MaterialDensities(const Store& store, const std::string& name)
 {
     const auto material = name.empty() ? std::nullopt : store.FindMaterial(name);
@@ -35,6 +26,15 @@ ValueSet Node::CompleteSet(std::string_view massType) const
     }
     const ValueSet* ofPart = FindSet(part.sets, massType);
     return ofPart == nullptr ? ValueSet() : WithMass(*ofPart, densities);
+}
+
+void CheckName(const char* field, std::string_view asked, const std::string& stored)
+{
+    if (asked != stored) {
+        throw RequestError(std::string("The field ") + field + " of the request names \"" +
+                           std::string(asked) + "\", but the instance is one of \"" + stored +
+                           "\".");
+    }
 }
 
 PickedPart FindPicked(const Store& store, const PlaceFields& place)

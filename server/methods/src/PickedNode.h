@@ -42,6 +42,9 @@ struct PlaceFields
     std::vector<std::string_view> path; // instances above, leaf side first
 };
 
+/// Throws RequestError where a field names another part or version than the one that is there.
+void CheckName(const char* field, std::string_view asked, const std::string& stored);
+
 /// Walks there. Throws RequestError when the fields lead nowhere or to another part than they name.
 PickedPart FindPicked(const Store& store, const PlaceFields& place);
 

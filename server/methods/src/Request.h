@@ -36,6 +36,8 @@ public:
     bool Flag(const char* name);
     /// That nothing follows but one empty field.
     void End();
+    /// Everything that was not read yet, for a reader of another kind of request.
+    std::string_view Rest() const { return m_rest; }
 
 private:
     std::string_view Next(const char* name);

@@ -90,6 +90,7 @@ ResidentProduct ResidentProducts::Read(RowId root, const CallContext& context) c
             throw RequestError(product.graph->Error());
         }
         product.rows = RowsOfNodes(*product.graph, read.parts, read.uses);
+        product.uses = std::move(read.uses);
         product.changeNumbers = std::move(read.changeNumbers);
         return product;
     } catch (const ReadingStopped&) {

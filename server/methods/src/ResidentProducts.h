@@ -21,6 +21,7 @@ struct ResidentProduct
     /// Parallel to the graph's nodes: a part by its row, a use that states something of its own by
     /// its row with the other sign.
     std::vector<RowId> rows;
+    std::vector<RowId> uses; // parallel to the graph's uses: their rows
     std::uint64_t lastUsed = 0;
 };
 

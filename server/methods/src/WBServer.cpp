@@ -23,6 +23,7 @@ constexpr std::array kMethods{MethodRow{"WBCompPartGetInitialValues", GetInitial
                               MethodRow{"WBCompPartCompute", ComputePart},
                               MethodRow{"WBGetValueDetails", GetValueDetails},
                               MethodRow{"WBComputeVPMValues", ComputeValues},
+                              MethodRow{"WBMakeReport", MakeReport},
                               MethodRow{"WBListRoots", ListRoots},
                               MethodRow{"WBListUses", ListUses},
                               MethodRow{"WBListMassTypes", ListMassTypes},

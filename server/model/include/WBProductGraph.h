@@ -94,7 +94,9 @@ public:
         std::uint32_t firstClaim = 0; // its claims stand together, the most mature first
         std::uint32_t claimCount = 0;
         std::int32_t active = -1;   // mass type; -1: Computed
+        std::int32_t chosen = -1;   // the mass type that somebody made active; -1: none, or Computed
         std::int32_t material = -1; // position in Materials()
+        double density = kUnknown;  // kg/m3; stated of the use, else of the part
         bool ofUse = false;         // a use that states something of its own
     };
 
@@ -131,6 +133,12 @@ public:
     const Sigmas* SigmasOf(const Claim& claim) const
     {
         return claim.sigmas < 0 ? nullptr : &m_sigmas[static_cast<std::size_t>(claim.sigmas)];
+    }
+    /// The volume that a claim states, in m3; unknown where it states none.
+    double VolumeOf(const Claim& claim) const
+    {
+        return claim.sized < 0 ? kUnknown
+                               : m_sized[static_cast<std::size_t>(claim.sized)].set[Fact::Volume];
     }
     /// All nodes, each after everything below it.
     std::span<const std::uint32_t> ChildrenFirst() const { return m_childrenFirst; }

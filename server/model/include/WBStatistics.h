@@ -42,6 +42,9 @@ struct MaterialShare
     double mass = 0.0;    // kg
 };
 
+/// False where the name stands for what has no material.
+bool IsOfMaterial(const MaterialShare& share);
+
 struct NamedShare
 {
     std::string name;

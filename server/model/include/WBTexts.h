@@ -15,6 +15,9 @@ std::optional<std::string_view> ForbiddenText(std::string_view text);
 /// True for names that no mass type may bear: they are words of the requests, or derived.
 bool IsReservedMassType(std::string_view name);
 
+/// True for names that a report writes as attributes of its own, so that no property may bear them.
+bool IsReportName(std::string_view name);
+
 /// The offset of the first byte that is not UTF-8, or nothing.
 std::optional<std::size_t> FirstNonUtf8(std::string_view text);
 

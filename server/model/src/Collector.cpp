@@ -16,13 +16,44 @@ constexpr const char* kNoMaterialName = "(no material)";
 constexpr const char* kImposedName = "(imposed)";
 } // namespace
 
-std::size_t Collector::MaterialHash::operator()(const MaterialKey& key) const
+std::size_t MaterialHash::operator()(const MaterialKey& key) const
 {
     constexpr std::size_t kSpread = 0x9E3779B97F4A7C15U;
     return (std::hash<double>()(key.density) * kSpread +
             static_cast<std::size_t>(key.material + 2)) *
                kSpread +
            static_cast<std::size_t>(key.dimension);
+}
+
+MaterialKey MaterialKeyOf(const ProductGraph::PartRow& part, const Claim& claim,
+                          std::int32_t material)
+{
+    return material < 0 ? MaterialKey{part.IsLeaf() ? kNoMaterial : kImposed}
+                        : MaterialKey{material, claim.dimension, claim.density};
+}
+
+std::string MaterialNameOf(const ProductGraph& graph, std::int32_t material)
+{
+    if (material < 0) {
+        return material == kNoMaterial ? kNoMaterialName : kImposedName;
+    }
+    return graph.Materials()[static_cast<std::size_t>(material)].name;
+}
+
+bool IsOfMaterial(const MaterialShare& share)
+{
+    return share.material != kNoMaterialName && share.material != kImposedName;
+}
+
+void SortByMass(std::vector<MaterialShare>& shares)
+{
+    std::ranges::sort(shares, [](const MaterialShare& left, const MaterialShare& right) {
+        if (left.mass != right.mass) {
+            return left.mass > right.mass;
+        }
+        return std::tie(left.material, left.dimension, left.density) <
+               std::tie(right.material, right.dimension, right.density);
+    });
 }
 
 Collector::Pair& Collector::Pair::operator+=(const Pair& other)
@@ -56,11 +87,7 @@ void Collector::Taken(const NodeResult& result, std::uint32_t node, std::int32_t
     counts.leaves += pieces;
     counts.massWithoutCentre += result.noCentre ? mass : 0.0;
     counts.massWithoutInertia += result.noInertia ? mass : 0.0;
-    // A leaf without material and an imposed assembly without one have no density that means
-    // anything.
-    const MaterialKey key = material < 0 ? MaterialKey{part.IsLeaf() ? kNoMaterial : kImposed}
-                                         : MaterialKey{material, claim.dimension, claim.density};
-    m_materials[key] += mass;
+    m_materials[MaterialKeyOf(part, claim, material)] += mass;
     m_types.Add(claim.type, mass);
     if (IsKnown(part.growthPct)) {
         m_sum.growthAllowance += mass * part.growthPct / 100.0;
@@ -131,12 +158,9 @@ std::size_t Collector::CodeNumber(const std::string& name)
 
 std::string Collector::MaterialName(std::int32_t material) const
 {
-    if (material < 0) {
-        return material == kNoMaterial ? kNoMaterialName : kImposedName;
-    }
-    const auto number = static_cast<std::size_t>(material);
-    const std::string* other = m_otherMaterials.Other(number);
-    return other == nullptr ? m_graph.Materials()[number].name : *other;
+    const std::string* other =
+        material < 0 ? nullptr : m_otherMaterials.Other(static_cast<std::size_t>(material));
+    return other == nullptr ? MaterialNameOf(m_graph, material) : *other;
 }
 
 void Collector::FinishTypes()
@@ -165,13 +189,7 @@ KeptSum Collector::Finish(double withoutCode)
         m_sum.materials.push_back({MaterialName(key.material), key.dimension, key.density, mass});
     }
     m_materials.clear();
-    std::ranges::sort(m_sum.materials, [](const MaterialShare& left, const MaterialShare& right) {
-        if (left.mass != right.mass) {
-            return left.mass > right.mass;
-        }
-        return std::tie(left.material, left.dimension, left.density) <
-               std::tie(right.material, right.dimension, right.density);
-    });
+    SortByMass(m_sum.materials);
     FinishTypes();
     m_codes.TakeAll([&](std::size_t code, double mass) {
         const std::string* other = m_otherCodes.Other(code);

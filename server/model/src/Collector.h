@@ -73,6 +73,29 @@ private:
     std::unordered_map<std::string, std::size_t> m_numbers;
 };
 
+/// What the mass of a stop is counted under.
+struct MaterialKey
+{
+    std::int32_t material = 0; // position in the graph; below 0: none, or imposed on an assembly
+    Dimension dimension = Dimension::Volume;
+    double density = 0.0;
+
+    bool operator==(const MaterialKey&) const = default;
+};
+struct MaterialHash
+{
+    std::size_t operator()(const MaterialKey& key) const;
+};
+
+/// Of a node whose values were taken; material: the one that it is made of there. A leaf without
+/// material and an imposed assembly without one have no density that means anything.
+MaterialKey MaterialKeyOf(const ProductGraph::PartRow& part, const Claim& claim,
+                          std::int32_t material);
+/// A material of the graph, or what stands in its place.
+std::string MaterialNameOf(const ProductGraph& graph, std::int32_t material);
+/// Largest first, then by name.
+void SortByMass(std::vector<MaterialShare>& shares);
+
 /// Collects what every stop of a walk contributes to a sum beside its body.
 class Collector
 {
@@ -89,18 +112,6 @@ public:
     KeptSum Finish(double withoutCode);
 
 private:
-    struct MaterialKey
-    {
-        std::int32_t material = 0;
-        Dimension dimension = Dimension::Volume;
-        double density = 0.0;
-
-        bool operator==(const MaterialKey&) const = default;
-    };
-    struct MaterialHash
-    {
-        std::size_t operator()(const MaterialKey& key) const;
-    };
     struct Pair
     {
         double lower = 0.0;

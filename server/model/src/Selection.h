@@ -40,6 +40,26 @@ struct Selection
     }
     std::size_t Count() const { return graph->Nodes().size() + own.size(); }
 
+    struct Child
+    {
+        std::uint32_t number = 0;
+        std::uint32_t use = 0; // of the graph
+    };
+    std::size_t ChildCount(std::uint32_t number) const
+    {
+        return IsOwn(number) && Own(number).listed ? Own(number).uses.size()
+                                                   : graph->PartOf(GraphNode(number)).useCount;
+    }
+    Child ChildAt(std::uint32_t number, std::size_t position) const
+    {
+        if (IsOwn(number) && Own(number).listed) {
+            return {Own(number).children[position], Own(number).uses[position]};
+        }
+        const std::uint32_t use =
+            graph->PartOf(GraphNode(number)).firstUse + static_cast<std::uint32_t>(position);
+        return {graph->UseAt(use).node, use};
+    }
+
     /// Calls take(child's number, use) for everything that stands right below a node.
     template <typename Take>
     void ForEachChild(std::uint32_t number, const Take& take) const

@@ -1,5 +1,6 @@
 #include "WBCompute.h"
 
+#include "AskedTotal.h"
 #include "Completion.h"
 #include "Propagation.h"
 #include "Selection.h"
@@ -29,28 +30,6 @@ struct Job
     std::vector<bool> keptParts; // parallel to the graph's parts; empty: none
     std::int64_t level = 0;
 };
-
-std::string RuleOf(const ProductGraph& graph, const ComputeOptions& options, WalkRule& rule)
-{
-    rule.orActive = options.orActive;
-    switch (options.precision) {
-    case ComputeOptions::Precision::Active:
-        rule = {};
-        return {};
-    case ComputeOptions::Precision::MostPrecise:
-        rule.precision = WalkRule::Precision::MostPrecise;
-        return {};
-    case ComputeOptions::Precision::Specified:
-        break;
-    }
-    if (options.massType == Common::Computed) {
-        rule.precision = WalkRule::Precision::Computed;
-        return {};
-    }
-    rule.precision = WalkRule::Precision::Specified;
-    rule.type = graph.FindType(options.massType);
-    return rule.type < 0 ? "The mass type \"" + options.massType + "\" is not known." : "";
-}
 
 std::string AskedRuleOf(const ProductGraph& graph, std::uint32_t node,
                         const ComputeOptions& options, AskedRule& asked)
@@ -88,22 +67,6 @@ std::int32_t CodeAbove(const ProductGraph& graph, const AskedPath& path)
         above = graph.UseAt(use).node;
     }
     return code;
-}
-
-/// The walk's total, with what nobody knows as unknown: nothing has a mass, the asked node's own
-/// values lack a figure that nobody lends, or all that was summed up are points that stand nobody
-/// knows where.
-Body KnownTotal(const Walk& walk, std::uint32_t asked, const Counts& counts)
-{
-    Body body = walk.Total(asked);
-    const NodeResult& result = walk.At(asked);
-    if (counts.IsWithoutAnyMass()) {
-        body.mass = kUnknown;
-    }
-    if (result.outcome == Outcome::Taken && result.noInertia) {
-        body.inertia.fill(kUnknown);
-    }
-    return body;
 }
 
 /// What is asked and what stands below it; sums that were kept count where they may.

@@ -231,6 +231,7 @@ void ProductGraph::AddNode(const Part& part, std::uint32_t number, const Use* us
         densities.use = {use->density, use->surfaceDensity};
     }
     densities.part = {part.density, part.surfaceDensity};
+    node.density = IsKnown(densities.use.volumic) ? densities.use.volumic : densities.part.volumic;
     densities.useMaterial = DensitiesOf(useMaterial);
     densities.partMaterial = DensitiesOf(partMaterial);
     densities.first = part.densityFirst == DensityOrder::Material ? Common::MaterialDensityFirst
@@ -259,6 +260,8 @@ void ProductGraph::AddNode(const Part& part, std::uint32_t number, const Use* us
               [&](const Claim& left, const Claim& right) {
                   return m_types[left.type].order > m_types[right.type].order;
               });
+    const bool choosesItself = use != nullptr && !use->activeType.empty();
+    node.chosen = FindType(choosesItself ? use->activeType : part.activeType);
     node.active = FindType(ActiveType(sets, use == nullptr ? std::string() : use->activeType,
                                       part.activeType, m_parts[number].IsLeaf(), m_types));
     if (node.active >= 0 &&

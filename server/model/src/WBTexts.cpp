@@ -41,6 +41,61 @@ bool IsReservedMassType(std::string_view name)
 
 namespace
 {
+// A report writes these as attributes of its own; a property of the same name would be taken for
+// them.
+constexpr std::array<std::string_view, 44> kReportNames{"COGx",
+                                                        "COGy",
+                                                        "COGz",
+                                                        "WB_Mass",
+                                                        "WB_Lower_deviation",
+                                                        "WB_Upper_deviation",
+                                                        "WB_Mass_Details",
+                                                        "MOIxx",
+                                                        "MOIyy",
+                                                        "MOIzz",
+                                                        "POIxy",
+                                                        "POIxz",
+                                                        "POIyz",
+                                                        "WB_Density",
+                                                        "Density",
+                                                        "Density_dimension",
+                                                        "Cut_Volume",
+                                                        "LengthUnit",
+                                                        "MassUnit",
+                                                        "InertiaMomentUnit",
+                                                        "DensityUnit",
+                                                        "SurfacicDensityUnit",
+                                                        "VolumeUnit",
+                                                        "PRC_ID",
+                                                        "Part_ID",
+                                                        "Instance_ID",
+                                                        "InstanceID",
+                                                        "Name",
+                                                        "Version",
+                                                        "Quantity",
+                                                        "Mass",
+                                                        "Mass_ratio",
+                                                        "InstancePath",
+                                                        "Dimension",
+                                                        "Material",
+                                                        "Code",
+                                                        "Source",
+                                                        "WB_Status",
+                                                        "instIdAttrAlias",
+                                                        "WB_Last_calculation_date",
+                                                        "WBLastImposedMassTypeID",
+                                                        "WBActiveMassTypeID",
+                                                        "WBActiveDocumentID",
+                                                        "Unit_mass"};
+} // namespace
+
+bool IsReportName(std::string_view name)
+{
+    return std::ranges::find(kReportNames, name) != kReportNames.end();
+}
+
+namespace
+{
 /// Bytes of the sequence that starts here; 0 where none does.
 std::size_t SequenceLength(std::string_view text)
 {

@@ -73,6 +73,18 @@ std::vector<ValueSet> ReadSets(Database& database, const char* owner, RowId id)
     return sets;
 }
 
+Property ReadProperty(Statement& row)
+{
+    Property property;
+    property.name = row.Text();
+    property.type = static_cast<Property::Type>(row.Integer());
+    property.isDate = row.Integer() != 0;
+    property.value = row.Text();
+    property.magnitude = row.Text();
+    property.typed = row.Text();
+    return property;
+}
+
 std::vector<Property> ReadProperties(Database& database, const char* owner, RowId id)
 {
     std::vector<Property> properties;
@@ -81,13 +93,7 @@ std::vector<Property> ReadProperties(Database& database, const char* owner, RowI
                                     owner + "_property WHERE owner = ? ORDER BY position");
     rows.Bind(id);
     while (rows.Step()) {
-        Property& property = properties.emplace_back();
-        property.name = rows.Text();
-        property.type = static_cast<Property::Type>(rows.Integer());
-        property.isDate = rows.Integer() != 0;
-        property.value = rows.Text();
-        property.magnitude = rows.Text();
-        property.typed = rows.Text();
+        properties.push_back(ReadProperty(rows));
     }
     return properties;
 }
@@ -394,6 +400,17 @@ std::vector<std::string> Store::PropertyNames() const
         names.push_back(rows.Text());
     }
     return names;
+}
+
+void Store::UseProperties(
+    const std::function<void(RowId use, const Property& property)>& take) const
+{
+    Statement& rows = m_database->Kept("SELECT owner, name, type, is_date, value, magnitude, typed "
+                                       "FROM use_property ORDER BY owner, position");
+    while (rows.Step()) {
+        const RowId use = rows.Integer();
+        take(use, ReadProperty(rows));
+    }
 }
 
 std::int64_t Store::ChangeNumber(RowId part) const

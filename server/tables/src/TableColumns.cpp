@@ -98,44 +98,6 @@ constexpr std::array<ColumnRow, kColumns> kRows{{
     {"doc_mass", "MASS"},
 }};
 
-// A report writes these as attributes of its own; a property of the same name would be taken for
-// them.
-constexpr std::array kReportNames{"COGx",
-                                  "COGy",
-                                  "COGz",
-                                  "WB_Mass",
-                                  "WB_Lower_deviation",
-                                  "WB_Upper_deviation",
-                                  "WB_Mass_Details",
-                                  "MOIxx",
-                                  "MOIyy",
-                                  "MOIzz",
-                                  "POIxy",
-                                  "POIxz",
-                                  "POIyz",
-                                  "WB_Density",
-                                  "Density",
-                                  "Density_dimension",
-                                  "Cut_Volume",
-                                  "LengthUnit",
-                                  "MassUnit",
-                                  "InertiaMomentUnit",
-                                  "DensityUnit",
-                                  "SurfacicDensityUnit",
-                                  "VolumeUnit",
-                                  "InstanceID",
-                                  "Name",
-                                  "Mass",
-                                  "Mass_ratio",
-                                  "InstancePath",
-                                  "Dimension",
-                                  "instIdAttrAlias",
-                                  "WB_Last_calculation_date",
-                                  "WBLastImposedMassTypeID",
-                                  "WBActiveMassTypeID",
-                                  "WBActiveDocumentID",
-                                  "Unit_mass"};
-
 std::string_view Trimmed(std::string_view text)
 {
     const std::size_t first = text.find_first_not_of(" \t");
@@ -349,7 +311,7 @@ void TableColumns::ReadProperty(std::size_t position, const std::string& header,
                           "\".\"");
         return;
     }
-    if (std::ranges::find(kReportNames, property.name) != kReportNames.end()) {
+    if (IsReportName(property.name)) {
         errors.Column(line, header,
                       Quoted(property.name) + " is a name of the report, expected another name");
         return;

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+namespace wb
+{
+/// A moment as reports write it, in the time of the place where the server runs:
+/// "yyyy/mm/dd hh:mm:ss".
+std::string ReportTime(std::chrono::system_clock::time_point moment);
+} // namespace wb
