@@ -5,20 +5,37 @@
 namespace
 {
 
+std::string Csv(const ListLine& line)
+{
+    std::string text;
+    AppendCsvLine(text, line);
+    return text;
+}
+
+std::string Tabbed(const ListLine& line)
+{
+    std::string text;
+    AppendTabbedLine(text, line);
+    return text;
+}
+
 TEST(ListCsv, TextsWithSpecialCharactersStandInQuotationMarks)
 {
-    EXPECT_EQ(CsvText({{"Name", "Mass"}, {"a,b", "1,5kg"}, {"say \"x\"", "two\nlines"}}),
-              "Name,Mass\r\n\"a,b\",\"1,5kg\"\r\n\"say \"\"x\"\"\",\"two\nlines\"\r\n");
+    EXPECT_EQ(Csv({"Name", "Mass"}), "Name,Mass\r\n");
+    EXPECT_EQ(Csv({"a,b", "1,5kg"}), "\"a,b\",\"1,5kg\"\r\n");
+    EXPECT_EQ(Csv({"say \"x\"", "two\nlines", "a\rb"}),
+              "\"say \"\"x\"\"\",\"two\nlines\",\"a\rb\"\r\n");
+    EXPECT_EQ(Csv({"", ""}), ",\r\n");
 }
 
 TEST(ListCsv, LettersAreWrittenAsUtf8)
 {
-    EXPECT_EQ(CsvText({{QString::fromUtf8("Höhe")}}), "Höhe\r\n");
+    EXPECT_EQ(Csv({"Höhe"}), "Höhe\r\n");
 }
 
 TEST(ListCsv, TabbedTextKeepsItsCellsApart)
 {
-    EXPECT_EQ(TabbedText({{"Name", "Mass"}, {"a\tb", "two\nlines"}}), "Name\tMass\na b\ttwo lines");
+    EXPECT_EQ(Tabbed({"a\tb", "two\r\nlines", "", "end\n"}), "a b\ttwo lines\t\tend ");
 }
 
 } // namespace

@@ -15,7 +15,9 @@ public:
     ~CATDlgMultiList() override;
     static const CATEvent RowSelected; ///< the user went to another row; the detail is the row
 
-    /// Titles fix the number of columns. A column of numbers is right-aligned, title and cells.
+    /// Titles fix the number of columns. A column of numbers is right-aligned, title and cells: one
+    /// that the owner calls so, and one of which it says nothing and whose every filled cell begins
+    /// with a number.
     void SetColumnTitles(const CATListValCATUnicodeString& titles);
     CATListValCATUnicodeString ColumnTitles() const;
     void SetColumnIsNumber(int column, bool isNumber);
@@ -24,12 +26,17 @@ public:
     /// Option of SetCell: appends the row when it is not there (the one after the last).
     static constexpr int kAppendRow = 64;
     /// Without the option, a cell of a row that is not there is not written: S_FALSE, as with it
-    /// for a row beyond the next. E_INVALIDARG for a row below 1 or a column that has no title.
+    /// for a row beyond the next. E_INVALIDARG for a row below 1 or a column that has no title,
+    /// E_FAIL for a text that there is no room for (about a thousand rows hold 4 GiB).
     long SetCell(int column, int row, const CATUnicodeString& text, int option = kAppendRow);
     /// The text as the owner wrote it; empty for a cell that is not there.
     CATUnicodeString Cell(int column, int row) const;
-    /// Whole rows at once, replacing all: faster than cell by cell.
+    /// Whole rows at once, replacing all; none is selected then.
     void SetRows(std::vector<CATListValCATUnicodeString> rows);
+    /// Takes all rows away. When they are written anew at once, with other texts (an option of
+    /// their display has changed), everything that the user did stays: sorting, filter, selection,
+    /// column widths and place. They are taken for the same rows when they are as many and the
+    /// selected one begins with the same cell.
     void RemoveAll();
     int RowCount() const;
     int ColumnCount() const;

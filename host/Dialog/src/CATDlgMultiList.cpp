@@ -2,16 +2,18 @@
 
 #include "CATDlgFile.h"
 #include "CATDlgNotify.h"
+#include "CATFileReplacement.h"
 #include "CATStatus.h"
-#include "ListCsv.h"
 #include "ListModel.h"
 #include "ListView.h"
 #include "Toolkit.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QPointer>
-#include <QSaveFile>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
 
 const CATEvent CATDlgMultiList::RowSelected("RowSelected");
 
@@ -19,15 +21,15 @@ namespace
 {
 
 constexpr int kErrorStyle = 0x10000000;
-constexpr int kQuestionStyle = 0x8800200;
-constexpr int kYes = 3;
+constexpr int kYes = 1;
+constexpr std::size_t kPieceBytes = 1 << 20; // written at once
 
 bool MayReplace(CATDialog& list, const QString& path)
 {
     if (!QFileInfo::exists(path)) {
         return true;
     }
-    auto* question = new CATDlgNotify(&list, "ReplaceFile", kQuestionStyle);
+    auto* question = new CATDlgNotify(&list, "ReplaceFile", CATDlgNotify::kQuestion);
     question->SetTitle(
         FromQt(DialogMessage("List.ExportTitle", "@Export the list as it is shown")));
     question->SetText(FromQt(DialogMessage(
@@ -46,6 +48,47 @@ void TellFailure(CATDialog& list, const QString& path, const QString& reason)
     box->DisplayNonBlocking();
 }
 
+/// What the user can do something about, in the user's language.
+QString ReasonOf(int error)
+{
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return DialogMessage("List.NoRoom", "@there is no room left on the disk");
+    case ENOENT:
+    case ENOTDIR:
+        return DialogMessage("List.NoDirectory", "@there is no such directory");
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return DialogMessage("List.NoPermission", "@you may not write there");
+    default:
+        return QString::fromStdString(std::generic_category().message(error));
+    }
+}
+
+/// The system's number of what failed, or 0. The old file stands until the new one is whole: a full
+/// disk does not cost it.
+int WriteAsShown(const ListView& view, const std::string& path)
+{
+    CATFileReplacement file(path);
+    if (!file.Open()) {
+        return file.Error();
+    }
+    std::string piece;
+    const bool isWritten = view.GiveShown([&](const ListLine& line) {
+        AppendCsvLine(piece, line);
+        if (piece.size() < kPieceBytes) {
+            return true;
+        }
+        return file.Write(std::exchange(piece, std::string()));
+    });
+    if (isWritten && file.Write(piece)) {
+        file.Commit();
+    }
+    return file.Error();
+}
+
 void ExportAsShown(CATDialog& list, ListView& view)
 {
     auto* box = new CATDlgFile(&list, "ExportFile", CATDlgFile::Mode::Save);
@@ -57,11 +100,8 @@ void ExportAsShown(CATDialog& list, ListView& view)
     if (path.isEmpty() || !MayReplace(list, path)) {
         return;
     }
-    // Written beside the old file and renamed: a full disk does not cost the old one.
-    QSaveFile file(path);
-    const QByteArray text = QByteArray::fromStdString(CsvText(view.ShownTable()));
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
-        TellFailure(list, path, file.errorString());
+    if (const int error = WriteAsShown(view, path.toStdString())) {
+        TellFailure(list, path, ReasonOf(error));
     }
 }
 
@@ -137,8 +177,10 @@ long CATDlgMultiList::SetCell(int column, int row, const CATUnicodeString& text,
     if (row > RowCount() && !(isNext && (option & kAppendRow) != 0)) {
         return S_FALSE;
     }
-    model->SetCell(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column), text);
-    return S_OK;
+    return model->SetCell(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column),
+                          text.View())
+               ? S_OK
+               : E_FAIL;
 }
 
 CATUnicodeString CATDlgMultiList::Cell(int column, int row) const
@@ -147,27 +189,29 @@ CATUnicodeString CATDlgMultiList::Cell(int column, int row) const
     if (model == nullptr || row < 1 || column < 0) {
         return {};
     }
-    return CellText(model->Rows(), static_cast<std::size_t>(row) - 1,
-                    static_cast<std::size_t>(column));
+    return model->Cells().Text(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column));
 }
 
 void CATDlgMultiList::SetRows(std::vector<CATListValCATUnicodeString> rows)
 {
     if (ListModel* model = m_model->Rows()) {
-        model->SetRows(std::move(rows));
+        model->SetRows(rows);
         m_model->box->View().ForgetSelection();
     }
 }
 
 void CATDlgMultiList::RemoveAll()
 {
-    SetRows({});
+    if (ListModel* model = m_model->Rows()) {
+        m_model->box->View().HoldSelection();
+        model->RemoveRows();
+    }
 }
 
 int CATDlgMultiList::RowCount() const
 {
     const ListModel* model = m_model->Rows();
-    return model == nullptr ? 0 : static_cast<int>(model->Rows().size());
+    return model == nullptr ? 0 : static_cast<int>(model->Cells().RowCount());
 }
 
 int CATDlgMultiList::ColumnCount() const

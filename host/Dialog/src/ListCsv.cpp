@@ -1,35 +1,50 @@
 #include "ListCsv.h"
 
-#include <QRegularExpression>
+#include <algorithm>
 
-std::string CsvText(const std::vector<QStringList>& lines)
+namespace
 {
-    static const QRegularExpression kNeedsQuotes(QStringLiteral("[,\"\r\n]"));
-    QString text;
-    for (const QStringList& line : lines) {
-        QStringList fields;
-        for (QString field : line) {
-            if (field.contains(kNeedsQuotes)) {
-                field = QLatin1Char('"') + field.replace(QLatin1Char('"'), QLatin1String("\"\"")) +
-                        QLatin1Char('"');
-            }
-            fields.append(field);
-        }
-        text += fields.join(QLatin1Char(',')) + QLatin1String("\r\n");
+
+constexpr std::string_view kBreaks = "\t\r\n";
+
+void AppendQuoted(std::string& text, std::string_view cell)
+{
+    text += '"';
+    for (const char letter : cell) {
+        text.append(letter == '"' ? 2 : 1, letter);
     }
-    return text.toStdString();
+    text += '"';
 }
 
-QString TabbedText(const std::vector<QStringList>& lines)
+void AppendUnbroken(std::string& text, std::string_view cell)
 {
-    static const QRegularExpression kBreaks(QStringLiteral("[\t\r\n]+"));
-    QStringList rows;
-    for (const QStringList& line : lines) {
-        QStringList fields;
-        for (QString field : line) {
-            fields.append(field.replace(kBreaks, QStringLiteral(" ")));
-        }
-        rows.append(fields.join(QLatin1Char('\t')));
+    for (std::size_t at = cell.find_first_of(kBreaks); at != std::string_view::npos;
+         at = cell.find_first_of(kBreaks)) {
+        text.append(cell.substr(0, at)) += ' ';
+        cell.remove_prefix(std::min(cell.size(), cell.find_first_not_of(kBreaks, at)));
     }
-    return rows.join(QLatin1Char('\n'));
+    text += cell;
+}
+
+} // namespace
+
+void AppendCsvLine(std::string& text, const ListLine& line)
+{
+    for (std::size_t column = 0; column < line.size(); ++column) {
+        text += column == 0 ? "" : ",";
+        if (line[column].find_first_of(",\"\r\n") == std::string_view::npos) {
+            text += line[column];
+        } else {
+            AppendQuoted(text, line[column]);
+        }
+    }
+    text += "\r\n";
+}
+
+void AppendTabbedLine(std::string& text, const ListLine& line)
+{
+    for (std::size_t column = 0; column < line.size(); ++column) {
+        text += column == 0 ? "" : "\t";
+        AppendUnbroken(text, line[column]);
+    }
 }

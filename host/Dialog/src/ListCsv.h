@@ -1,13 +1,15 @@
 #pragma once
 
-#include <QStringList>
-
 #include <string>
+#include <string_view>
 #include <vector>
 
-/// A table of texts as comma-separated values (RFC 4180): the header first, lines end in CR LF, a
-/// text with a comma, a quotation mark or a line end stands in quotation marks.
-std::string CsvText(const std::vector<QStringList>& lines);
-/// The same table separated by tabs, for pasting into a spreadsheet; tabs and line ends within a
-/// text become blanks.
-QString TabbedText(const std::vector<QStringList>& lines);
+/// The cells of a line, in UTF-8.
+using ListLine = std::vector<std::string_view>;
+
+/// Appends a line of comma-separated values (RFC 4180), its end included (CR LF): a text with a
+/// comma, a quotation mark or a line end stands in quotation marks.
+void AppendCsvLine(std::string& text, const ListLine& line);
+/// Appends the same line separated by tabs, without its end, for pasting into a spreadsheet; tabs
+/// and line ends within a cell become blanks.
+void AppendTabbedLine(std::string& text, const ListLine& line);

@@ -28,18 +28,22 @@ void ListModel::SetTitles(const CATListValCATUnicodeString& titles)
     }
     beginResetModel();
     m_titles = titles;
+    m_cells.WidenTo(static_cast<std::size_t>(titles.Size()));
     endResetModel();
     Expect(m_rowsChanged);
 }
 
 void ListModel::SetNumberColumn(int column, bool isNumber)
 {
-    if (isNumber) {
-        m_numberColumns.insert(column);
-    } else {
-        m_numberColumns.erase(column);
-    }
+    m_numberColumns[column] = isNumber;
     Expect(m_cellsChanged);
+}
+
+bool ListModel::IsNumberColumn(int column) const
+{
+    const auto found = m_numberColumns.find(column);
+    return found == m_numberColumns.end() ? m_cells.IsNumberColumn(static_cast<std::size_t>(column))
+                                          : found->second;
 }
 
 void ListModel::SetColumnTooltip(int column, const QString& tooltip)
@@ -47,28 +51,36 @@ void ListModel::SetColumnTooltip(int column, const QString& tooltip)
     m_columnTooltips[column] = tooltip;
 }
 
-void ListModel::SetCell(std::size_t row, std::size_t column, const CATUnicodeString& text)
+bool ListModel::SetCell(std::size_t row, std::size_t column, std::string_view text)
 {
-    if (row == m_rows.size()) {
-        m_rows.emplace_back();
-        m_rows.back().Resize(m_titles.Size());
+    if (row == m_cells.RowCount()) {
+        m_cells.AppendRow();
         Expect(m_rowsChanged);
     }
-    CATListValCATUnicodeString& cells = m_rows[row];
-    if (static_cast<int>(column) >= cells.Size()) {
-        cells.Resize(static_cast<int>(column) + 1);
-    }
-    cells[static_cast<int>(column) + 1] = text;
     Expect(m_cellsChanged);
+    return m_cells.SetText(row, column, text);
 }
 
-void ListModel::SetRows(ListRows rows)
+void ListModel::RemoveRows()
 {
-    m_rows = std::move(rows);
+    m_cells.Clear(static_cast<std::size_t>(m_titles.Size()));
     m_emphasised.clear();
     m_cellTooltips.clear();
     m_marked.clear();
     Expect(m_rowsChanged);
+}
+
+void ListModel::SetRows(const std::vector<CATListValCATUnicodeString>& rows)
+{
+    RemoveRows();
+    for (const CATListValCATUnicodeString& cells : rows) {
+        const std::size_t row = m_cells.RowCount();
+        m_cells.WidenTo(cells.Items().size());
+        m_cells.AppendRow();
+        for (std::size_t column = 0; column < cells.Items().size(); ++column) {
+            m_cells.SetText(row, column, cells.Items()[column].View());
+        }
+    }
 }
 
 void ListModel::SetEmphasis(std::size_t row, bool emphasised)
@@ -123,7 +135,7 @@ int ListModel::PlaceOf(int ownerRow) const
 
 void ListModel::ShowAgain()
 {
-    std::vector<int> shown = ShownRows(m_rows, m_filterWords, m_sort, m_sortColumn);
+    std::vector<int> shown = ShownRows(m_cells, m_filterWords, m_sort, m_sortColumn);
     const bool onlyAppends =
         shown.size() > m_shown.size() && std::equal(m_shown.begin(), m_shown.end(), shown.begin());
     if (onlyAppends) {
@@ -153,10 +165,13 @@ void ListModel::Settle()
     const bool mayMove = m_rowsChanged || m_sort != ListSort::AsDelivered || IsFiltered();
     m_rowsChanged = false;
     m_cellsChanged = false;
+    m_cells.ReleaseSpare();
     if (mayMove) {
         ShowAgain();
     }
     if (!m_shown.empty() && m_titles.Size() > 0) {
+        // A title stands above its cells, at the right when they are numbers.
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     }
     if (m_onSettled) {
@@ -183,7 +198,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
     const auto column = static_cast<std::size_t>(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return ToQt(CellText(m_rows, row, column));
+        return ToQt(m_cells.Text(row, column));
     case kMarkRole:
         return IsMarked(row, column);
     case Qt::ToolTipRole:

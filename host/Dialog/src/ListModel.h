@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CATCollections.h"
+#include "ListCells.h"
 #include "ListOrder.h"
 
 #include <QAbstractTableModel>
@@ -20,15 +22,19 @@ public:
     explicit ListModel(QObject* parent) : QAbstractTableModel(parent) {}
 
     // The owner's side.
-    const ListRows& Rows() const { return m_rows; }
+    const ListCells& Cells() const { return m_cells; }
     const CATListValCATUnicodeString& Titles() const { return m_titles; }
     void SetTitles(const CATListValCATUnicodeString& titles);
+    /// What the owner says of a column. Of any other its cells tell: a column of numbers is one
+    /// whose every filled cell begins with a number.
     void SetNumberColumn(int column, bool isNumber);
-    bool IsNumberColumn(int column) const { return m_numberColumns.contains(column); }
+    bool IsNumberColumn(int column) const;
     void SetColumnTooltip(int column, const QString& tooltip);
-    /// The row is there or is the one after the last.
-    void SetCell(std::size_t row, std::size_t column, const CATUnicodeString& text);
-    void SetRows(ListRows rows);
+    /// The row is there or is the one after the last, the column has a title. False when there is
+    /// no room for the text.
+    bool SetCell(std::size_t row, std::size_t column, std::string_view text);
+    void SetRows(const std::vector<CATListValCATUnicodeString>& rows);
+    void RemoveRows();
     void SetEmphasis(std::size_t row, bool emphasised);
     bool IsEmphasised(std::size_t row) const { return m_emphasised.contains(row); }
     void SetCellTooltip(std::size_t row, std::size_t column, const QString& tooltip);
@@ -64,9 +70,9 @@ private:
     void Expect(bool& what);
     void ShowAgain();
 
-    ListRows m_rows;
+    ListCells m_cells;
     CATListValCATUnicodeString m_titles;
-    std::set<int> m_numberColumns;
+    std::map<int, bool> m_numberColumns;
     std::map<int, QString> m_columnTooltips;
     std::set<std::size_t> m_emphasised;
     std::map<CellKey, QString> m_cellTooltips;

@@ -1,13 +1,12 @@
 #include "ListOrder.h"
 
-#include "CATNumberLocale.h"
+#include "ListNumber.h"
 #include "Toolkit.h"
 
 #include <QCollator>
 #include <QLocale>
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 
 namespace
@@ -35,42 +34,48 @@ bool HoldsWord(std::string_view text, const std::string& word)
         .contains(QString::fromStdString(word));
 }
 
-bool IsEmptyCell(std::string_view text)
+/// A row with what it is sorted by.
+template <class Key>
+struct KeyedRow
 {
-    return text.empty() || text == "---";
-}
+    Key key;
+    int row;
+};
 
-/// The number that a cell begins with. Words that the C library would read as numbers ("nan",
-/// "inf", as in "Nancy") are texts here.
-std::optional<double> NumberOf(std::string_view text)
-{
-    const std::string_view separator = CATDecimalSeparator();
-    const bool begins = !text.empty() && (std::string_view("0123456789+-").find(text.front()) !=
-                                              std::string_view::npos ||
-                                          text.starts_with(separator));
-    double value = 0.0;
-    if (!begins || CATReadReal(text, value) != 1) {
-        return std::nullopt;
-    }
-    return value;
-}
-
-/// The row indices sorted by keys that are parallel to `shown`.
+/// The rows of the keys in order, and then those without one, as they came.
 template <class Key, class Less>
-std::vector<int> SortedBy(const std::vector<int>& shown,
-                          const std::vector<std::optional<Key>>& keys, ListSort sort, Less less)
+std::vector<int> Ordered(std::vector<KeyedRow<Key>> keyed, const std::vector<int>& withoutKey,
+                         ListSort sort, Less less)
 {
-    std::vector<std::size_t> places(shown.size());
-    std::iota(places.begin(), places.end(), std::size_t{0});
-    std::ranges::stable_sort(places, [&](std::size_t a, std::size_t b) {
-        if (!keys[a] || !keys[b]) {
-            return keys[a].has_value() && !keys[b].has_value();
-        }
-        return sort == ListSort::Up ? less(*keys[a], *keys[b]) : less(*keys[b], *keys[a]);
+    std::ranges::stable_sort(keyed, [&](const KeyedRow<Key>& a, const KeyedRow<Key>& b) {
+        return sort == ListSort::Up ? less(a.key, b.key) : less(b.key, a.key);
     });
-    std::vector<int> sorted(shown.size());
-    std::ranges::transform(places, sorted.begin(), [&](std::size_t place) { return shown[place]; });
-    return sorted;
+    std::vector<int> rows(keyed.size());
+    std::ranges::transform(keyed, rows.begin(),
+                           [](const KeyedRow<Key>& entry) { return entry.row; });
+    rows.insert(rows.end(), withoutKey.begin(), withoutKey.end());
+    return rows;
+}
+
+/// The rows by the numbers in their cells; none when one holds another text.
+std::optional<std::vector<int>> OrderedByNumber(const ListCells& cells,
+                                                const std::vector<int>& rows, ListSort sort,
+                                                std::size_t column)
+{
+    std::vector<KeyedRow<double>> keyed;
+    std::vector<int> withoutKey;
+    keyed.reserve(rows.size());
+    for (const int row : rows) {
+        const std::string_view text = cells.Text(static_cast<std::size_t>(row), column);
+        if (IsEmptyCell(text)) {
+            withoutKey.push_back(row);
+        } else if (const std::optional<double> number = NumberOf(text)) {
+            keyed.push_back({*number, row});
+        } else {
+            return std::nullopt;
+        }
+    }
+    return Ordered(std::move(keyed), withoutKey, sort, std::less<double>());
 }
 
 QCollator MakeCollator()
@@ -83,16 +88,27 @@ QCollator MakeCollator()
     return collator;
 }
 
-} // namespace
-
-const CATUnicodeString& CellText(const ListRows& rows, std::size_t row, std::size_t column)
+std::vector<int> OrderedByText(const ListCells& cells, const std::vector<int>& rows, ListSort sort,
+                               std::size_t column)
 {
-    static const CATUnicodeString kEmpty;
-    if (row >= rows.size() || column >= rows[row].Items().size()) {
-        return kEmpty;
+    const QCollator collator = MakeCollator();
+    std::vector<KeyedRow<QCollatorSortKey>> keyed;
+    std::vector<int> withoutKey;
+    keyed.reserve(rows.size());
+    for (const int row : rows) {
+        const std::string_view text = cells.Text(static_cast<std::size_t>(row), column);
+        if (IsEmptyCell(text)) {
+            withoutKey.push_back(row);
+        } else {
+            keyed.push_back({collator.sortKey(ToQt(text)), row});
+        }
     }
-    return rows[row].Items()[column];
+    return Ordered(
+        std::move(keyed), withoutKey, sort,
+        [](const QCollatorSortKey& a, const QCollatorSortKey& b) { return a.compare(b) < 0; });
 }
+
+} // namespace
 
 std::vector<std::string> FilterWords(const CATUnicodeString& filter)
 {
@@ -103,50 +119,31 @@ std::vector<std::string> FilterWords(const CATUnicodeString& filter)
     return words;
 }
 
-bool RowPasses(const CATListValCATUnicodeString& row, const std::vector<std::string>& words)
+bool RowPasses(const ListCells& cells, std::size_t row, const std::vector<std::string>& words)
 {
     return std::ranges::all_of(words, [&](const std::string& word) {
-        return std::ranges::any_of(row.Items(), [&](const CATUnicodeString& cell) {
-            return HoldsWord(cell.View(), word);
-        });
+        for (std::size_t column = 0; column < cells.ColumnCount(); ++column) {
+            if (HoldsWord(cells.Text(row, column), word)) {
+                return true;
+            }
+        }
+        return false;
     });
 }
 
-std::vector<int> ShownRows(const ListRows& rows, const std::vector<std::string>& filterWords,
+std::vector<int> ShownRows(const ListCells& cells, const std::vector<std::string>& filterWords,
                            ListSort sort, std::size_t column)
 {
     std::vector<int> shown;
-    shown.reserve(rows.size());
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        if (RowPasses(rows[row], filterWords)) {
+    shown.reserve(cells.RowCount());
+    for (std::size_t row = 0; row < cells.RowCount(); ++row) {
+        if (RowPasses(cells, row, filterWords)) {
             shown.push_back(static_cast<int>(row));
         }
     }
     if (sort == ListSort::AsDelivered) {
         return shown;
     }
-
-    std::vector<std::optional<double>> numbers;
-    numbers.reserve(shown.size());
-    bool allNumbers = true;
-    for (const int row : shown) {
-        const std::string_view text = CellText(rows, static_cast<std::size_t>(row), column).View();
-        numbers.push_back(NumberOf(text));
-        allNumbers = allNumbers && (numbers.back().has_value() || IsEmptyCell(text));
-    }
-    if (allNumbers) {
-        return SortedBy(shown, numbers, sort, std::less<double>());
-    }
-
-    const QCollator collator = MakeCollator();
-    std::vector<std::optional<QCollatorSortKey>> texts;
-    texts.reserve(shown.size());
-    for (const int row : shown) {
-        const CATUnicodeString& text = CellText(rows, static_cast<std::size_t>(row), column);
-        texts.push_back(IsEmptyCell(text.View()) ? std::nullopt
-                                                 : std::optional(collator.sortKey(ToQt(text))));
-    }
-    return SortedBy(shown, texts, sort, [](const QCollatorSortKey& a, const QCollatorSortKey& b) {
-        return a.compare(b) < 0;
-    });
+    const std::optional<std::vector<int>> byNumber = OrderedByNumber(cells, shown, sort, column);
+    return byNumber ? *byNumber : OrderedByText(cells, shown, sort, column);
 }

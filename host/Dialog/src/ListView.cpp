@@ -1,7 +1,6 @@
 #include "ListView.h"
 
 #include "Appearance.h"
-#include "ListCsv.h"
 #include "ListModel.h"
 #include "Toolkit.h"
 #include "WholeText.h"
@@ -163,15 +162,9 @@ void ListView::MakeActions()
         addAction(line);
     };
     AddAction("List.Copy", "@Copy with column titles", QKeySequence::Copy,
-              [this] { QApplication::clipboard()->setText(TabbedText(SelectedTable())); });
+              [this] { CopySelection(0); });
     AddAction("List.CopyPlain", "@Copy cells alone", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
-              [this] {
-                  std::vector<QStringList> table = SelectedTable();
-                  if (!table.empty()) {
-                      table.erase(table.begin());
-                  }
-                  QApplication::clipboard()->setText(TabbedText(table));
-              });
+              [this] { CopySelection(1); });
     AddAction("List.SelectAll", "@Select all", QKeySequence::SelectAll, [this] { selectAll(); });
     separate();
     AddAction("List.Filter", "@Find rows", QKeySequence::Find, [this] { onFind(); });
@@ -261,6 +254,7 @@ void ListView::NoteSelectedRow()
 void ListView::SelectOwnerRow(int row)
 {
     const Quiet quiet;
+    m_held.reset();
     m_currentRow = row;
     const int place = row < 0 ? -1 : m_model.PlaceOf(row);
     if (place < 0) {
@@ -276,13 +270,41 @@ void ListView::SelectOwnerRow(int row)
 void ListView::ForgetSelection()
 {
     const Quiet quiet;
+    m_held.reset();
     m_currentRow = -1;
     m_currentColumn = 0;
     selectionModel()->clear();
 }
 
+void ListView::HoldSelection()
+{
+    if (m_held) {
+        return; // of rows that are gone already
+    }
+    const ListCells& cells = m_model.Cells();
+    const auto row = static_cast<std::size_t>(m_currentRow);
+    m_held = {m_currentRow, cells.RowCount(), std::string(cells.Text(row, 0))};
+    m_currentRow = -1;
+}
+
+void ListView::TakeUpSelection()
+{
+    if (!m_held) {
+        return;
+    }
+    const ListCells& cells = m_model.Cells();
+    if (cells.RowCount() == m_held->rowCount &&
+        cells.Text(static_cast<std::size_t>(m_held->row), 0) == m_held->firstCell) {
+        m_currentRow = m_held->row;
+        m_held.reset();
+    } else {
+        ForgetSelection();
+    }
+}
+
 void ListView::Refresh()
 {
+    TakeUpSelection();
     FitColumns();
     const int place = m_currentRow < 0 ? -1 : m_model.PlaceOf(m_currentRow);
     if (place >= 0 && place != currentIndex().row()) {
@@ -299,12 +321,12 @@ int ListView::FittingWidth(int column) const
     const QFontMetrics bold(boldFont);
     const QString title = m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     int width = usual.horizontalAdvance(title) + kSortMarkRoom;
-    const ListRows& rows = m_model.Rows();
-    for (std::size_t row = 0; row < std::min(rows.size(), kSampledRows); ++row) {
+    const ListCells& cells = m_model.Cells();
+    for (std::size_t row = 0; row < std::min(cells.RowCount(), kSampledRows); ++row) {
         const auto index = static_cast<std::size_t>(column);
         const bool isBold = m_model.IsEmphasised(row) || m_model.IsMarked(row, index);
         const QFontMetrics& metrics = isBold ? bold : usual;
-        const QString text = ToQt(CellText(rows, row, index));
+        const QString text = ToQt(cells.Text(row, index));
         // An advance is rounded, and may be a part of a pixel short of what is painted.
         width = std::max(width, metrics.horizontalAdvance(text) + 1);
     }
@@ -406,34 +428,35 @@ std::vector<int> ListView::ColumnsAsShown() const
     return columns;
 }
 
-QStringList ListView::TitlesOf(const std::vector<int>& columns) const
+ListLine ListView::TitlesOf(const std::vector<int>& columns) const
 {
-    QStringList titles;
+    ListLine titles;
     for (const int column : columns) {
-        titles.append(m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        titles.push_back(m_model.Titles()[column + 1].View());
     }
     return titles;
 }
 
-std::vector<QStringList> ListView::ShownTable() const
+bool ListView::GiveShown(const TakeLine& take) const
 {
     const std::vector<int> columns = ColumnsAsShown();
-    std::vector<QStringList> table{TitlesOf(columns)};
-    for (int place = 0; place < m_model.rowCount(); ++place) {
-        QStringList line;
-        for (const int column : columns) {
-            line.append(m_model.index(place, column).data().toString());
-        }
-        table.push_back(line);
+    bool isTaken = take(TitlesOf(columns));
+    ListLine line(columns.size());
+    for (int place = 0; isTaken && place < m_model.rowCount(); ++place) {
+        const auto row = static_cast<std::size_t>(m_model.OwnerRow(place));
+        std::ranges::transform(columns, line.begin(), [&](int column) {
+            return m_model.Cells().Text(row, static_cast<std::size_t>(column));
+        });
+        isTaken = take(line);
     }
-    return table;
+    return isTaken;
 }
 
-std::vector<QStringList> ListView::SelectedTable() const
+void ListView::GiveSelected(const TakeLine& take) const
 {
     const QItemSelection selection = selectionModel()->selection();
     if (selection.isEmpty()) {
-        return {};
+        return;
     }
     std::vector<bool> columnIsIn(static_cast<std::size_t>(m_model.columnCount()), false);
     std::vector<bool> placeIsIn(static_cast<std::size_t>(m_model.rowCount()), false);
@@ -448,21 +471,37 @@ std::vector<QStringList> ListView::SelectedTable() const
     std::vector<int> columns = ColumnsAsShown();
     std::erase_if(columns,
                   [&](int column) { return !columnIsIn[static_cast<std::size_t>(column)]; });
-    std::vector<QStringList> table{TitlesOf(columns)};
-    for (int place = 0; place < m_model.rowCount(); ++place) {
+    bool isTaken = take(TitlesOf(columns));
+    ListLine line(columns.size());
+    for (int place = 0; isTaken && place < m_model.rowCount(); ++place) {
         if (!placeIsIn[static_cast<std::size_t>(place)]) {
             continue;
         }
-        QStringList line;
-        for (const int column : columns) {
-            const QModelIndex cell = m_model.index(place, column);
+        const auto row = static_cast<std::size_t>(m_model.OwnerRow(place));
+        std::ranges::transform(columns, line.begin(), [&](int column) {
             // One block of cells is selected as a whole; only several can leave gaps.
-            const bool isIn = selection.size() == 1 || selection.contains(cell);
-            line.append(isIn ? cell.data().toString() : QString());
-        }
-        table.push_back(line);
+            const bool isIn =
+                selection.size() == 1 || selection.contains(m_model.index(place, column));
+            return isIn ? m_model.Cells().Text(row, static_cast<std::size_t>(column))
+                        : std::string_view();
+        });
+        isTaken = take(line);
     }
-    return table;
+}
+
+void ListView::CopySelection(std::size_t linesToSkip) const
+{
+    std::string text;
+    GiveSelected([&](const ListLine& line) {
+        if (linesToSkip > 0) {
+            --linesToSkip;
+        } else {
+            text += text.empty() ? "" : "\n";
+            AppendTabbedLine(text, line);
+        }
+        return true;
+    });
+    QApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
 ListBox::ListBox(QWidget* parent, ListModel& model)
@@ -514,9 +553,9 @@ void ListBox::Refresh()
 {
     m_view->Refresh();
     m_filterRow->setVisible(m_isAskedFor || m_model.IsFiltered() ||
-                            m_model.Rows().size() > kRowsWithoutFilter);
+                            m_model.Cells().RowCount() > kRowsWithoutFilter);
     const QStringList counts{QString::number(m_model.rowCount()),
-                             QString::number(m_model.Rows().size())};
+                             QString::number(m_model.Cells().RowCount())};
     m_count->setVisible(m_model.IsFiltered());
     m_count->setText(m_model.IsFiltered()
                          ? DialogMessage("List.FilterCount", "@/p1 of /p2 rows", counts)

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "ListCsv.h"
+
 #include <QTableView>
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 class ListModel;
@@ -27,14 +31,21 @@ public:
     void SelectOwnerRow(int row);
     /// After the owner has replaced the rows: none is selected.
     void ForgetSelection();
+    /// Before the owner takes the rows away, maybe to write them anew: none is selected until the
+    /// model has settled. When as many rows are there again, and the selected one begins with the
+    /// same cell, they are taken for the same rows, and the selection for the user's.
+    void HoldSelection();
     /// After the model has settled: the widths fit, and the selected row is where it belongs.
     void Refresh();
 
-    /// All that is shown, titles first, columns in the order on the screen.
-    std::vector<QStringList> ShownTable() const;
-    /// The selected cells with the titles of their columns; a cell between them that is not
+    /// Takes a line of cells; false when it wants no more.
+    using TakeLine = std::function<bool(const ListLine& line)>;
+    /// Gives all that is shown line by line, titles first, columns in the order on the screen;
+    /// false when they were not all taken.
+    bool GiveShown(const TakeLine& take) const;
+    /// Gives the selected cells with the titles of their columns; a cell between them that is not
     /// selected is empty.
-    std::vector<QStringList> SelectedTable() const;
+    void GiveSelected(const TakeLine& take) const;
 
     std::function<void(int ownerRow)> onRowSelected;
     std::function<void()> onExport;
@@ -53,7 +64,16 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    struct HeldSelection
+    {
+        int row; ///< -1: none was selected
+        std::size_t rowCount;
+        std::string firstCell;
+    };
+
     void NoteSelectedRow();
+    void TakeUpSelection();
+    void CopySelection(std::size_t linesToSkip) const;
     void MakeActions();
     QAction* AddAction(const char* key, const char* defaultText, const QKeySequence& shortcut,
                        const std::function<void()>& action);
@@ -61,7 +81,7 @@ private:
     int FittingWidth(int column) const;
     void FillWidth();
     std::vector<int> ColumnsAsShown() const;
-    QStringList TitlesOf(const std::vector<int>& columns) const;
+    ListLine TitlesOf(const std::vector<int>& columns) const;
     void SortByCurrentColumn(Qt::SortOrder order);
 
     ListModel& m_model;
@@ -70,6 +90,7 @@ private:
     int m_visibleCharacters;
     int m_currentRow = -1;
     int m_currentColumn = 0;
+    std::optional<HeldSelection> m_held;
     bool m_isFitting = false;
     bool m_userHasSized = false;
     int m_lastColumnFit = 0;

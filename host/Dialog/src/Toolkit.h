@@ -8,10 +8,14 @@
 /// Whether there is a toolkit to make windows with.
 bool HasToolkit();
 
+inline QString ToQt(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
 inline QString ToQt(const CATUnicodeString& text)
 {
-    const std::string_view bytes = text.View();
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    return ToQt(text.View());
 }
 
 inline CATUnicodeString FromQt(const QString& text)
