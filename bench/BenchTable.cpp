@@ -23,9 +23,9 @@ namespace
 constexpr const char* kHelp =
     "Prints one table: ours, peer, ratio, and the ratio that must not be passed.\n"
     "\n"
-    "  --large                    the lines of products and reports alone, with ten times the\n"
-    "                             instances and one turn in place of five; takes many minutes and\n"
-    "                             gigabytes of memory\n"
+    "  --large                    the lines of products, reports and lists alone, with ten times\n"
+    "                             the instances and one turn in place of five; takes many\n"
+    "                             minutes and gigabytes of memory\n"
     "  --benchmark_filter=REGEX   a part of the lines, by the names of their benchmarks\n"
     "  --benchmark_list_tests     these names\n"
     "  --help                     this text\n"
@@ -190,7 +190,7 @@ int main(int argc, char** argv)
                                       large ? "--benchmark_repetitions=1"
                                             : "--benchmark_repetitions=5"};
     if (large) {
-        defaults.emplace_back("--benchmark_filter=^(Product|Report)");
+        defaults.emplace_back("--benchmark_filter=^(Product|Report|List)");
         UseLargeProducts();
         UseLargeReports();
     }

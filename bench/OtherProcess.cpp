@@ -14,11 +14,9 @@ struct MeasureRow
     const char* what;
     std::vector<double> (*take)(const std::string& path);
 };
-constexpr MeasureRow kMeasures[] = {{"memory", &MeasureMemory},
-                                    {"parse", &MeasureParse},
-                                    {"pugixml", &MeasurePugiParse},
-                                    {"libxml2", &MeasureLibxmlParse},
-                                    {"import", &MeasureImport}};
+constexpr MeasureRow kMeasures[] = {
+    {"memory", &MeasureMemory},       {"parse", &MeasureParse},   {"pugixml", &MeasurePugiParse},
+    {"libxml2", &MeasureLibxmlParse}, {"import", &MeasureImport}, {"list", &MeasureList}};
 
 std::filesystem::path ThisProgram()
 {

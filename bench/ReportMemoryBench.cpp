@@ -20,18 +20,6 @@ namespace
 
 constexpr int kPasses = 100;
 
-/// The bytes of this process that stand in real memory. What is free goes back to the system
-/// first, so that only what is held counts.
-double HeldBytes()
-{
-    malloc_trim(0);
-    std::ifstream file("/proc/self/statm");
-    double total = 0.0;
-    double resident = 0.0;
-    file >> total >> resident;
-    return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
-}
-
 struct DisplayChoice
 {
     unsigned char withSymbol;
@@ -81,6 +69,16 @@ const RegisterBenchLine kManyPasses({"a document after 100 passes of display / a
                                      1.1, BenchUnit::MebiBytes});
 
 } // namespace
+
+double HeldBytes()
+{
+    malloc_trim(0);
+    std::ifstream file("/proc/self/statm");
+    double total = 0.0;
+    double resident = 0.0;
+    file >> total >> resident;
+    return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
+}
 
 std::vector<double> MeasureMemory(const std::string& path)
 {
