@@ -1,8 +1,8 @@
 #include "CATWBVPMNavReport.h"
 
+#include "WBMainWindow.h"
 #include "WBNavigatorSelection.h"
 
-#include "CATApplicationFrame.h"
 #include "CATImmIdentifierAcquisitionAgent.h"
 #include "CATMsgCatalog.h"
 
@@ -12,15 +12,9 @@ namespace
 constexpr const char* kCommandName = "CATWBVPMNavReport";
 constexpr int kBehaviour = 0x40a40010; // takes several picked instances at once
 
-CATDlgDialog* MainWindow()
-{
-    const CATApplicationFrame* frame = CATApplicationFrame::GetFrame();
-    return frame == nullptr ? nullptr : frame->MainWindow();
-}
-
 CATWBVPMNavReportPanel* OpenPanel()
 {
-    CATDlgDialog* window = MainWindow();
+    CATDlgDialog* window = WBMainWindow();
     // Without a window to belong to, nobody would destroy the panel.
     CATWBVPMNavReportPanel* panel =
         window == nullptr ? nullptr : CATWBVPMNavReportPanel::Create(window);
