@@ -46,6 +46,12 @@ TEST(ProgressLine, KnownEndIsABarAndAPercentage)
               "writing     [##############################] 100 %");
 }
 
+TEST(ProgressLine, LongStageStandsApartFromItsBar)
+{
+    EXPECT_EQ(ProgressLine("reading the product", 0, 200),
+              "reading the product [------------------------------]   0 %");
+}
+
 TEST(ProgressLine, MoreThanTheEndIsTheEnd)
 {
     EXPECT_EQ(ProgressLine("reading", 300, 200), ProgressLine("reading", 200, 200));

@@ -17,7 +17,7 @@ std::string ProgressLine(std::string_view stage, std::uint64_t done, std::uint64
     if (total == 0 && done == 0) {
         return line;
     }
-    line.resize(std::max(line.size(), kStageWidth), ' ');
+    line.resize(std::max(line.size() + 1, kStageWidth), ' ');
     if (total == 0) {
         return line + std::to_string(done / kMegabyte) + " MB";
     }
