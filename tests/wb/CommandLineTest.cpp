@@ -370,7 +370,7 @@ TEST_F(CommandLine, ASubcommandThatDoesNotExistIsNamed)
     const Outcome outcome = Run("comptue LA1 --db a.db");
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err, "wb: expected a subcommand (workbench, part, import, export, compute, "
-                           "convert-report, mass-types), found \"comptue\"\n"
+                           "report, convert-report, mass-types), found \"comptue\"\n"
                            "Run with --help for more information.\n");
     EXPECT_THAT(Run("").err, StartsWith("wb: A subcommand is required\n"));
 }

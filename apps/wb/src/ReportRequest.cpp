@@ -29,6 +29,14 @@ constexpr std::array kKinds{
 constexpr std::array kValues{"Deviations", "Centre", "Inertia", "Density",
                              "Materials",  "Volume", "Types",   "Date"};
 
+/// Who names something twice means it once.
+void AddOnce(std::vector<std::string>& names, const std::string& name)
+{
+    if (std::ranges::find(names, name) == names.end()) {
+        names.push_back(name);
+    }
+}
+
 std::string ReadValue(std::string_view typed, std::vector<std::string>& values)
 {
     const auto known = std::ranges::find_if(
@@ -38,7 +46,7 @@ std::string ReadValue(std::string_view typed, std::vector<std::string>& values)
             "--values",
             "all, none or some of " + NearestNames(typed, {kValues.begin(), kValues.end()}), typed);
     }
-    values.emplace_back(*known);
+    AddOnce(values, *known);
     return {};
 }
 
@@ -101,9 +109,11 @@ std::string ReadAll(const ReportCommandOptions& options, ReportRequest& request)
     }
     request.kind = *kind;
     request.statistics = options.statistics;
-    if (!options.noProperties) {
-        request.properties =
-            options.properties.empty() ? std::vector<std::string>{kAll} : options.properties;
+    for (const std::string& name : options.properties) {
+        AddOnce(request.properties, name);
+    }
+    if (options.properties.empty() && !options.noProperties) {
+        request.properties = {kAll};
     }
     std::string problem = KindProblem(options, *kind);
     if (problem.empty()) {
@@ -205,7 +215,7 @@ std::string PropertyProblem(const std::vector<std::string>& wanted,
                             const std::vector<std::string>& known)
 {
     for (const std::string& name : wanted) {
-        if (name != kAll && std::ranges::find(known, name) == known.end()) {
+        if (std::ranges::find(known, name) == known.end()) {
             return "--property: \"" + name + "\" is no property of the database" +
                    (known.empty() ? ", which has none"
                                   : ", expected one of " + NearestNames(name, known));

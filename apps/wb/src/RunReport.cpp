@@ -3,6 +3,7 @@
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATFileReplacement.h"
 #include "CATSettingRepository.h"
+#include "CATStatus.h"
 #include "ComputePlace.h"
 #include "ComputeProgress.h"
 #include "OptionTexts.h"
@@ -38,21 +39,22 @@ void TellUser(const CATUnicodeString& sentence)
     std::fprintf(stderr, "wb: %s\n", sentence.Text());
 }
 
-/// The filter that the workbench keeps for a root; one without lines where it keeps none. False,
-/// with a sentence, when what it keeps is no filter.
-bool ReadStoredFilter(const std::string& root, wb::Filter& filter, std::string& problem)
+/// The filter that the workbench keeps for a root; one without lines where it keeps none. Empty, or
+/// a sentence when what it keeps is no filter.
+std::string ReadStoredFilter(const std::string& root, wb::Filter& filter)
 {
     CATUnicodeString text("0|No Filter");
-    const auto* settings = CATSettingRepository::GetRepository("CATWBVPMNavFilterPanel");
-    if (settings != nullptr) {
-        settings->ReadSetting(CATUnicodeString(root + ".Filter"), text);
+    const CATSettingRepository* settings =
+        CATSettingRepository::GetRepository("CATWBVPMNavFilterPanel");
+    // What is no text is no filter either.
+    if (settings != nullptr &&
+        settings->ReadSetting(CATUnicodeString(root + ".Filter"), text) == E_FAIL) {
+        text = "";
     }
     const std::string error = wb::ReadFilterText(text.ToStdString(), filter);
-    if (!error.empty()) {
-        problem =
-            "--stored-filter: the filter that is stored for " + root + " cannot be read: " + error;
-    }
-    return error.empty();
+    return error.empty()
+               ? ""
+               : "--stored-filter: what is stored for " + root + " is no filter: " + error;
 }
 
 /// What a filter of paths is called in the report: the options that made it.
@@ -88,60 +90,61 @@ bool AddPicks(const wb::ProductGraph& graph, const ReportCommandOptions& options
     return true;
 }
 
-/// Paths become places of the product, which is read only where there are some.
-bool AddPaths(wb::Store& store, const wb::PartLine& root, const ReportCommandOptions& options,
-              ComputeProgress& progress, ReportRequest& request, std::string& problem)
+/// Paths become places of the product, which is read only where there are some. 0, or the exit
+/// status with a sentence.
+int AddPaths(wb::Store& store, const wb::PartLine& root, const ReportCommandOptions& options,
+             ComputeProgress& progress, ReportRequest& request, std::string& problem)
 {
     const ComputeCommandOptions& computation = options.computation;
     const bool isFiltered = !computation.included.empty() || !computation.excluded.empty();
     if (!isFiltered && options.picked.empty()) {
-        return true;
+        return kDone;
     }
     wb::ProductComputation product(store, root, LoginName(), progress.Listener());
     const wb::ProductGraph& graph = product.Graph();
     problem = graph.Error();
-    if (!problem.empty() || !AddPicks(graph, options, request, problem)) {
-        return false;
+    if (!problem.empty()) {
+        return kFailed;
+    }
+    if (!AddPicks(graph, options, request, problem)) {
+        return kWrongUse;
     }
     if (isFiltered) {
         auto filter = FilterOfPaths(graph, computation.included, computation.excluded, problem);
         if (!filter) {
-            return false;
+            return kWrongUse;
         }
         filter->name = NameOfPaths(computation);
         request.computation.compute.filter = *std::move(filter);
     }
-    return true;
+    return kDone;
 }
 
-/// What only the database can say about the options. False, with a sentence, where they name what
-/// there is not.
-bool Complete(wb::Store& store, const ReportCommandOptions& options, ComputeProgress& progress,
-              ReportRequest& request, std::string& problem)
+/// What only the database can say about the options. 0, or the exit status with a sentence that
+/// says what they name and there is not.
+int Complete(wb::Store& store, const ReportCommandOptions& options, ComputeProgress& progress,
+             ReportRequest& request, std::string& problem)
 {
     const std::string& typed = options.computation.path;
     const auto root = FindComputeRoot(store, typed, {}, problem);
     if (!root) {
-        return false;
+        return kWrongUse;
     }
     if (!root->below.empty()) {
         problem = "ROOT: expected a product alone, found \"" + typed + "\"; --pick " + typed +
                   " reports that instance";
-        return false;
+        return kWrongUse;
     }
     request.root = root->root.identifier;
     problem = MassTypeProblem(store.MassTypes(), request.computation.compute);
     if (problem.empty()) {
         problem = PropertyProblem(options.properties, store.PropertyNames());
     }
-    if (!problem.empty()) {
-        return false;
+    if (problem.empty() && options.storedFilter) {
+        problem = ReadStoredFilter(request.root, request.computation.compute.filter);
     }
-    if (options.storedFilter &&
-        !ReadStoredFilter(request.root, request.computation.compute.filter, problem)) {
-        return false;
-    }
-    return AddPaths(store, root->root, options, progress, request, problem);
+    return problem.empty() ? AddPaths(store, root->root, options, progress, request, problem)
+                           : kWrongUse;
 }
 
 /// False, with the server's sentence, when it made none.
@@ -226,9 +229,10 @@ int RunReport(const ReportCommandOptions& options)
         return Refuse(kFailed, opened.error);
     }
     ComputeProgress progress(who.verbose);
-    if (!Complete(*opened.store, options, progress, *request, problem)) {
+    const int status = Complete(*opened.store, options, progress, *request, problem);
+    if (status != kDone) {
         progress.Bar().Clear();
-        return Refuse(kWrongUse, problem);
+        return Refuse(status, problem);
     }
     wb::Server server(*opened.store);
     wb::CallContext context;
@@ -243,7 +247,7 @@ int RunReport(const ReportCommandOptions& options)
     }
     const std::string warnings = server.Call("WBWarningMsg", {}, context);
     if (!warnings.empty()) {
-        std::fprintf(stderr, "%s\n", warnings.c_str());
+        std::fprintf(stderr, "Warnings\n%s\n", warnings.c_str());
     }
     SayWhatWasWritten(options.output, report);
     return kDone;
