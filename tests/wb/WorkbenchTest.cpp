@@ -158,6 +158,28 @@ TEST_F(Workbench, OpenTableFileThatIsCancelledChangesNothing)
     EXPECT_EQ(DocumentLine(), "Document of LA1, in the database");
 }
 
+TEST_F(Workbench, EveryCommandHasItsShortcutATooltipAndAPicture)
+{
+    const struct
+    {
+        const char* title;
+        const char* shortcut;
+        bool alsoInTheStructure;
+    } commands[] = {{"Part or assembly", "Ctrl+1", true},
+                    {"Compute product", "Ctrl+2", false},
+                    {"Report", "Ctrl+3", false}};
+    for (const auto& each : commands) {
+        Action("Navigator").trigger();
+        const QAction& command = Action(each.title);
+        EXPECT_EQ(command.shortcut(), QKeySequence(each.shortcut)) << each.title;
+        EXPECT_NE(command.toolTip(), each.title); // what it shows without one
+        EXPECT_FALSE(command.icon().pixmap(32, 32).isNull()) << each.title;
+        EXPECT_TRUE(command.isEnabled()) << each.title;
+        Action("Product structure").trigger();
+        EXPECT_EQ(command.isEnabled(), each.alsoInTheStructure) << each.title;
+    }
+}
+
 TEST_F(Workbench, TheRunningCommandIsCheckedAndCanBeStopped)
 {
     QAction& command = Action("Part or assembly");
