@@ -2,6 +2,7 @@
 #include "WBMainPanel.h"
 #include "WBRecordTables.h"
 #include "WBReportConversion.h"
+#include "WBReportPanel.h"
 #include "WBRootFilter.h"
 #include "WBUnitsPanel.h"
 
@@ -21,5 +22,8 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
     table.convertReport = WBConvertReport;
     table.getFilter = WBFilterOfRoot;
     table.getDisplayFilter = WBShownFilterOfRoot;
+    table.createReportPanel = [](CATCommand* parent) -> CATWBVPMNavReportPanel* {
+        return new WBReportPanel(parent); // the parent owns it
+    };
     CATWBVPMNavGUISetTable(table);
 }

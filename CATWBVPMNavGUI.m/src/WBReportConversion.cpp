@@ -1,5 +1,7 @@
 #include "WBReportConversion.h"
 
+#include "WBReportUnknowns.h"
+
 #include "CATIDOMElement.h"
 #include "CATIDOMNodeList.h"
 #include "CATWBServices.h"
@@ -70,9 +72,18 @@ void WBConvertReport(CATIDOMDocument_var& document, const CATWBReportConversion&
 {
     std::optional<CATMath3x3Matrix> axes = conversion.axes;
     std::optional<CATMathPoint> reference = conversion.reference;
+    std::optional<WBReportUnknowns> unknowns;
+    if (conversion.leavesUnknown && (axes || reference)) {
+        unknowns.emplace(document);
+    }
     // Either one that is not asked for is a null pointer, which leaves the document as it is.
     CATWBServices::InertiaDirectionConversion(document, PointerTo(axes));
     CATWBServices::InertiaReferencePointConversion(document, PointerTo(reference), PointerTo(axes),
                                                    conversion.keepInertiaAtCentre ? 1 : 0);
+    if (unknowns) {
+        const bool isMoved = reference && !conversion.keepInertiaAtCentre;
+        unknowns->Restore(document, isMoved ? WBReportUnknowns::Inertia::Moved
+                                            : WBReportUnknowns::Inertia::AtCentre);
+    }
     ConvertUnits(document, conversion);
 }

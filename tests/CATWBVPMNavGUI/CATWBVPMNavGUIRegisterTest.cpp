@@ -42,11 +42,12 @@ const CATWBRecordTable* Find(const std::vector<CATWBRecordTable>& tables, const 
 
 } // namespace
 
-TEST_F(CATWBVPMNavGUIRegisterTest, OffersBothPanelsAndARecordsTables)
+TEST_F(CATWBVPMNavGUIRegisterTest, OffersItsPanelsAndARecordsTables)
 {
     EXPECT_NE(table.createMainPanel, nullptr);
     EXPECT_NE(table.describeRecord, nullptr);
     EXPECT_NE(table.unitsPanel, nullptr);
+    EXPECT_NE(table.createReportPanel, nullptr);
 }
 
 TEST_F(CATWBVPMNavGUIRegisterTest, FiltersComeFromTheSettingsOfTheirRoot)

@@ -188,3 +188,92 @@ TEST_F(WBReportConversion, CommaLocaleReadsPointsAndWritesCommas)
                   {.reference = CATMathPoint(1, 0, 0), .keepInertiaAtCentre = true}),
         "Name=A COGx=0,5 COGy=2,5 COGz=0 MOIxx=0 MOIyy=0 MOIzz=0 POIxy=0 POIxz=0 POIyz=0");
 }
+
+namespace
+{
+
+/// Parts of which something is unknown, each with what is known.
+constexpr const char* kLackingReport =
+    R"(<Report><PRC Name="R" WB_Mass="9"/>)"
+    R"(<PartInstance Name="Bare" WB_Mass="2"/>)"
+    R"(<PartInstance Name="NoInertia" WB_Mass="2" COGx="1" COGy="2" COGz="3"/>)"
+    R"(<PartInstance Name="NoCentre" WB_Mass="2" MOIxx="1" MOIyy="2" MOIzz="3" POIxy="0" )"
+    R"(POIxz="0" POIyz="0"/>)"
+    R"(<PartInstance Name="NoMass" COGx="1" COGy="2" COGz="3" MOIxx="1" MOIyy="2" MOIzz="3" )"
+    R"(POIxy="0" POIxz="0" POIyz="0"/>)"
+    R"(<PartInstance Name="Partial" WB_Mass="2" COGx="1" COGy="2" MOIxx="1"/>)"
+    R"(<WB_Section Name="S" WB_Mass="4"/></Report>)";
+
+/// Every element of that name, a line each.
+std::string LinesOf(const CATIDOMDocument_var& document, const char* tag)
+{
+    std::string lines;
+    const CATIDOMNodeList_var elements = document->ElementsByTagName(tag);
+    for (int index = 0; index < elements->Length(); ++index) {
+        const CATIDOMNode_var node = elements->Item(index);
+        const CATIDOMElement* element = node->AsElement();
+        for (int attribute = 0; attribute < element->AttributeCount(); ++attribute) {
+            lines += std::string(document->NameText(element->AttributeName(attribute))) + "=" +
+                     std::string(element->AttributeText(attribute)) + " ";
+        }
+        lines += "\n";
+    }
+    return lines;
+}
+
+} // namespace
+
+TEST_F(WBReportConversion, UnknownStaysUnknownWhereAsked)
+{
+    CATIDOMDocument_var document = DocumentOf(kLackingReport);
+    convert(document, {.axes = kQuarterTurn, .leavesUnknown = true});
+    EXPECT_EQ(LinesOf(document, "PRC"), "Name=R WB_Mass=9 \n");
+    EXPECT_EQ(LinesOf(document, "WB_Section"), "Name=S WB_Mass=4 \n");
+    // The quarter turn brings (1, 2, 3) to (-2, 1, 3) and changes the moments about x and y.
+    EXPECT_EQ(LinesOf(document, "PartInstance"),
+              "Name=Bare WB_Mass=2 \n"
+              "Name=NoInertia WB_Mass=2 COGx=-2 COGy=1 COGz=3 \n"
+              "Name=NoCentre WB_Mass=2 MOIxx=2 MOIyy=1 MOIzz=3 POIxy=0 POIxz=0 POIyz=0 \n"
+              "Name=NoMass COGx=-2 COGy=1 COGz=3 MOIxx=2 MOIyy=1 MOIzz=3 POIxy=0 POIxz=0 "
+              "POIyz=0 \n"
+              "Name=Partial WB_Mass=2 \n");
+}
+
+TEST_F(WBReportConversion, InertiaThatCannotBeMovedIsUnknown)
+{
+    CATIDOMDocument_var document = DocumentOf(kLackingReport);
+    convert(document, {.reference = CATMathPoint(1, 0, 0), .leavesUnknown = true});
+    EXPECT_EQ(LinesOf(document, "PartInstance"), "Name=Bare WB_Mass=2 \n"
+                                                 "Name=NoInertia WB_Mass=2 COGx=0 COGy=2 COGz=3 \n"
+                                                 "Name=NoCentre WB_Mass=2 \n"
+                                                 "Name=NoMass COGx=0 COGy=2 COGz=3 \n"
+                                                 "Name=Partial WB_Mass=2 \n");
+    document = DocumentOf(kLackingReport);
+    convert(
+        document,
+        {.reference = CATMathPoint(1, 0, 0), .keepInertiaAtCentre = true, .leavesUnknown = true});
+    EXPECT_EQ(LinesOf(document, "PartInstance"),
+              "Name=Bare WB_Mass=2 \n"
+              "Name=NoInertia WB_Mass=2 COGx=0 COGy=2 COGz=3 \n"
+              "Name=NoCentre WB_Mass=2 MOIxx=1 MOIyy=2 MOIzz=3 POIxy=0 POIxz=0 POIyz=0 \n"
+              "Name=NoMass COGx=0 COGy=2 COGz=3 MOIxx=1 MOIyy=2 MOIzz=3 POIxy=0 POIxz=0 POIyz=0 "
+              "\n"
+              "Name=Partial WB_Mass=2 \n");
+}
+
+TEST_F(WBReportConversion, NothingIsTakenAwayWithoutAxesAndReferencePoint)
+{
+    CATIDOMDocument_var document =
+        DocumentOf(R"(<Report><PartInstance Name="A" COGx="1" MOIxx="2"/></Report>)");
+    convert(document, {.leavesUnknown = true});
+    EXPECT_EQ(LinesOf(document, "PartInstance"), "Name=A COGx=1 MOIxx=2 \n");
+}
+
+TEST_F(WBReportConversion, KnownFiguresAreMovedAsEver)
+{
+    EXPECT_EQ(Converted(kTurnedReport, {.axes = kQuarterTurn,
+                                        .reference = CATMathPoint(10, 0, 0),
+                                        .leavesUnknown = true}),
+              "Name=A COGx=0 COGy=90 COGz=0 WB_Mass=2 MOIxx=2.0162 MOIyy=1 MOIzz=3.0162 "
+              "POIxy=0 POIxz=0 POIyz=0");
+}
