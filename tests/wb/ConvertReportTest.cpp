@@ -127,7 +127,7 @@ TEST_F(ConvertReport, BringsEveryValueIntoTheChosenUnits)
         R"(<MaterialStat Name="A &amp; B" Mass="1"/></PartInstance></PRC>)"
         R"(<WB_Section Name="Wing" COGx="1" WB_Mass="1" Cut_Volume="0.001"/>)"
         R"(</Report>)");
-    EXPECT_THAT(err, IsEmpty());
+    EXPECT_EQ(err, "wb: in.xml: its MaterialStat and MassTypeStat stay in kg, kg/m3 and kg/m2\n");
 }
 
 TEST_F(ConvertReport, SaysWhatItWrote)
@@ -153,6 +153,15 @@ TEST_F(ConvertReport, DistributiveReportHasVolumesAndNoUserProperties)
         R"(<WB_Section WB_Mass="1" WB_Mass_Details="1" WB_Density="2.78" Density="2.78; 1.5" )"
         R"(Density_dimension="3;2" Cut_Volume="1"/><PartInstance Name="A" )"
         R"(__magnitude__Span="LENGTH" Span="609.6" Cut_Volume="2"/></PRC></Report>)");
+}
+
+TEST_F(ConvertReport, ReportThatSaysItIsDistributiveIsTakenAsOne)
+{
+    const std::string rest = R"(><PRC Cut_Volume="0.001"/></WB_Report>)";
+    EXPECT_THAT(Converted(R"(<WB_Report Kind="distributive")" + rest, "--units VOLUME=L"),
+                HasSubstr(R"(Cut_Volume="1")"));
+    EXPECT_THAT(Converted(R"(<WB_Report Kind="report")" + rest, "--units VOLUME=L"),
+                HasSubstr(R"(Cut_Volume="0.001")"));
 }
 
 TEST_F(ConvertReport, SymbolsStandBehindTheValues)

@@ -173,6 +173,19 @@ TEST_F(ReportUnits, ReportInOtherUnitsThanItIsShownInIsSaid)
                     HasSubstr("--units SURFACICMASS=g/m2 ")));
 }
 
+TEST_F(ReportUnits, StatisticsThatStayInStorageUnitsAreSaid)
+{
+    const std::string said = "its MaterialStat and MassTypeStat stay in kg, kg/m3 and kg/m2";
+    const std::string materials = "<R><MaterialStat Mass='1'/></R>";
+    EXPECT_THAT(Warnings(materials, Values::Stored), IsEmpty());
+    Use("LENGTH=in");
+    EXPECT_THAT(Warnings(materials, Values::Stored), IsEmpty());
+    Use("DENSITY=g/cm3");
+    EXPECT_THAT(Warnings(materials, Values::Stored), ElementsAre(said));
+    EXPECT_THAT(Warnings("<R><MassTypeStat Mass='1'/></R>", Values::Stored), ElementsAre(said));
+    EXPECT_THAT(Warnings("<R MassUnit='kg'/>", Values::Stored), IsEmpty());
+}
+
 TEST_F(ReportUnits, ReportOfTheServerNamesNoUnits)
 {
     EXPECT_THAT(Warnings("<R/>", Values::Stored), IsEmpty());

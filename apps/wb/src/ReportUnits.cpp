@@ -96,6 +96,20 @@ bool NamesNoUnits(const CATIDOMDocument_var& document)
     });
 }
 
+/// Masses and densities of statistics are no business of a conversion, and stay in storage units.
+bool LeavesStatisticsBehind(const CATIDOMDocument_var& document)
+{
+    const bool hasStatistics = document->ElementsByTagName("MaterialStat")->Length() +
+                                   document->ElementsByTagName("MassTypeStat")->Length() >
+                               0;
+    constexpr std::array kMagnitudes{"MASS", "DENSITY", "SURFACICMASS"};
+    return hasStatistics && std::ranges::any_of(kMagnitudes, [](const char* name) {
+               const CATICkeMagnitude_var magnitude = FindMagnitude(name);
+               return !magnitude.IsNull() &&
+                      SymbolOf(magnitude->StorageUnit()) != SymbolOf(magnitude->CurrentUnit());
+           });
+}
+
 } // namespace
 
 bool UseReportUnits(const std::string& choices, std::string& problem)
@@ -149,6 +163,9 @@ std::vector<std::string> UnitWarnings(const CATIDOMDocument_var& document,
         warnings.push_back("the report names no units, as one that was never converted; --display "
                            "takes its numbers as they stand: " +
                            unitsOfItsOwn);
+    }
+    if (LeavesStatisticsBehind(document)) {
+        warnings.emplace_back("its MaterialStat and MassTypeStat stay in kg, kg/m3 and kg/m2");
     }
     for (const CATWBUnitHeaderRow& row : kCATWBUnitHeader) {
         CATUnicodeString said;

@@ -16,6 +16,7 @@ std::string ReferenceProblem(const CATWBReportConversion& conversion);
 
 /// A sentence for each unit that the report names for its own numbers and that is not the one in
 /// which the conversion takes them: most likely the report was converted before. One more where a
-/// report that names no units at all, as the server's do, is taken in others than the server's.
+/// report that names no units at all, as the server's do, is taken in others than the server's, and
+/// one where statistics stay behind that no conversion treats.
 std::vector<std::string> UnitWarnings(const CATIDOMDocument_var& document,
                                       CATWBReportConversion::Values values);

@@ -126,6 +126,7 @@ public:
         ShowProgressAs("reading");
         CATXMLProblem wrong;
         if (m_builder->ParseFile(m_input, m_document, wrong) == S_OK) {
+            TakeKind();
             return true;
         }
         problem = wrong.sentence.ToStdString();
@@ -179,6 +180,15 @@ public:
     }
 
 private:
+    /// Reports that the server has made say so when they are distributive ones.
+    void TakeKind()
+    {
+        CATUnicodeString kind;
+        if (m_document->DocumentElement()->GetAttribute("Kind", kind) == S_OK &&
+            kind == "distributive") {
+            m_what.kind = CATWBReportConversion::Kind::Distributive;
+        }
+    }
     /// `then` is done each time that the stage has come further.
     void ShowProgressAs(
         const char* stage, std::function<void()> then = [] {})
@@ -192,7 +202,7 @@ private:
     }
 
     const ConvertReportOptions& m_options;
-    const CATWBReportConversion& m_what;
+    CATWBReportConversion m_what;
     const std::string m_input; ///< a path
     CATIXMLDOMDocumentBuilder_var m_builder = CreateCATIXMLDOMDocumentBuilder();
     CATIDOMDocument_var m_document;
