@@ -77,9 +77,8 @@ TEST_F(ReportRequestOptions, NoValuesAndNoPropertiesLeaveTheMass)
 TEST_F(ReportRequestOptions, ComputationIsThatOfTheOptions)
 {
     options.computation.precision = "Weighed";
-    options.computation.update = "assume:2";
     options.computation.deviations = "1.5,2%";
-    EXPECT_EQ(Text(), "0|0|0|1|*|1|*|1||R||0|0|__null__|Weighed|2|2|1|R|0|No Filter|1|0|1.5|2|");
+    EXPECT_EQ(Text(), "0|0|0|1|*|1|*|1||R||0|0|__null__|Weighed|0|1|R|0|No Filter|1|0|1.5|2|");
     options.computation.precision = "most-precise";
     options.computation.update = "force";
     options.computation.deviations = "1,0.25kg";
@@ -115,6 +114,9 @@ TEST_F(ReportRequestOptions, WhatNobodyCanMeanIsRefused)
     EXPECT_EQ(Problem(), "--values: expected all, none or some of Centre, Date, Inertia, "
                          "Density, Types, Volume, Materials, Deviations, found \"Center\"");
     options.values.reset();
+    options.computation.update = "assume:1";
+    EXPECT_EQ(Problem(), "--update: expected check or force, found \"assume:1\"");
+    options.computation.update = "check";
     options.computation.precision = "";
     EXPECT_EQ(Problem(), "--precision: expected active, most-precise or a mass type, found \"\"");
 }

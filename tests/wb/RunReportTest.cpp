@@ -332,7 +332,6 @@ TEST_F(RunReport, EveryUpdateGivesTheSameReportOfAFreshProduct)
     const std::string checked = written("check");
     EXPECT_THAT(checked, HasSubstr("WB_Mass=\"6\""));
     EXPECT_EQ(written("force"), checked);
-    EXPECT_EQ(written("assume:1"), checked);
 }
 
 TEST_F(RunReport, WarningsOfTheComputationAreSaidBesideIt)
@@ -377,8 +376,9 @@ TEST_F(RunReport, DistributiveReportIsConvertedToo)
 {
     Import(kNested);
     EXPECT_EQ(Report("R --kind distributive").status, 0);
-    const Outcome outcome = Run("convert-report out.xml mine.xml --distributive --units MASS=g");
+    const Outcome outcome = Run("convert-report out.xml mine.xml --units MASS=g,VOLUME=L");
     EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(Value(ReadAgain("mine.xml"), "VolumeUnit"), "L");
     EXPECT_EQ(Value(ReadAgain("mine.xml").child("PRC"), "WB_Mass"), "6000");
 }
 
@@ -416,6 +416,7 @@ TEST_F(RunReport, WrongUseIsStatus2)
     Import(kNested);
     EXPECT_THAT(Refusal("R --kind summary", 2), StartsWith("wb: --kind: expected report, "));
     EXPECT_THAT(Refusal("R --values Center", 2), StartsWith("wb: --values: expected all, none "));
+    EXPECT_THAT(Refusal("R --update assume:1", 2), StartsWith("wb: --update: expected check or "));
     EXPECT_THAT(Refusal("R --statistics", 2), StartsWith("wb: --statistics: expected --kind "));
     EXPECT_THAT(Refusal("R --no-properties --property Vendor", 2), HasSubstr("excludes"));
     EXPECT_THAT(Refusal("", 2), StartsWith("wb: root is required\n"));

@@ -101,6 +101,13 @@ std::string FilterProblem(const ReportCommandOptions& options)
                : "";
 }
 
+/// Every node stands in a report, so none can be taken as it was kept.
+std::string UpdateProblem(const std::string& typed)
+{
+    const std::string word = wb::LowerCase(typed);
+    return word == "check" || word == "force" ? "" : Expected("--update", "check or force", typed);
+}
+
 std::string ReadAll(const ReportCommandOptions& options, ReportRequest& request)
 {
     const std::optional<Kind> kind = FindWord(kKinds, options.kind);
@@ -121,6 +128,9 @@ std::string ReadAll(const ReportCommandOptions& options, ReportRequest& request)
     }
     if (problem.empty()) {
         problem = ReadValues(options.values.value_or("all"), request.values);
+    }
+    if (problem.empty()) {
+        problem = UpdateProblem(options.computation.update);
     }
     if (problem.empty()) {
         request.computation =
@@ -165,16 +175,6 @@ std::string PrecisionText(const wb::ComputeOptions& compute)
                                                          : compute.massType;
 }
 
-void AddUpdate(const ComputeArguments& computation, RequestFields& fields)
-{
-    using Update = ComputeArguments::Update;
-    if (computation.update == Update::Assume) {
-        fields.Add("2").Add(std::to_string(computation.level));
-    } else {
-        fields.Add(computation.update == Update::Force ? "1" : "0");
-    }
-}
-
 void AddDeviations(const std::optional<wb::ComputeOptions::DefinedPrecision>& defined,
                    RequestFields& fields)
 {
@@ -196,7 +196,7 @@ void AddComputation(const ReportRequest& request, RequestFields& fields)
     place.part = request.root;
     fields.Add("1").AddPlace(place).Add("0").Add(kOwnMaterial);
     fields.Add(PrecisionText(computation.compute));
-    AddUpdate(computation, fields);
+    fields.Add(computation.update == ComputeArguments::Update::Force ? "1" : "0");
     fields.Add(std::to_string(Common::Root)).Add(request.root);
     fields.Add(FilterText(computation.compute.filter));
     AddDeviations(computation.compute.definedPrecision, fields);

@@ -101,7 +101,7 @@ void AddConversion(CLI::App& app, ConvertReportOptions& options)
                  "The values stand in these units already: show them anew, convert nothing");
     app.add_flag("--distributive", options.distributive,
                  "The report is a distributive one: densities and volumes on every element,\n"
-                 "no user-defined properties");
+                 "no user-defined properties. Reports of wb report say so themselves");
     app.add_flag("--symbols", options.symbols, "Write each unit behind its value: 12.5kg");
     app.add_option("--decimals", options.decimals,
                    "0: the unit's own way, without trailing zeros (default);\n"
@@ -319,7 +319,11 @@ Run AddReport(CLI::App& app)
         ->required();
     AddReportContents(app, *options);
     AddPrecision(app, computation);
-    AddUpdate(app, computation);
+    app.add_option("--update", computation.update,
+                   "check (default): what is not up to date is\n"
+                   "computed; force: everything is, from the\n"
+                   "database on")
+        ->type_name("POLICY");
     AddFilter(app, computation);
     app.add_flag("--stored-filter", options->storedFilter,
                  "The filter that the workbench keeps for the root");
