@@ -15,6 +15,7 @@
 #include <QToolTip>
 
 #include <chrono>
+#include <filesystem>
 
 namespace
 {
@@ -228,6 +229,33 @@ TEST_F(CATDlgMultiListTest, NumbersStandAtTheRightWithTheirTitle)
     EXPECT_FALSE(right(model.headerData(0, Qt::Horizontal, Qt::TextAlignmentRole)));
     m_list.SetColumnIsNumber(1, false);
     EXPECT_FALSE(right(model.index(0, 1).data(Qt::TextAlignmentRole)));
+}
+
+TEST_F(CATDlgMultiListTest, ColumnOfNumbersIsSeenByItsCells)
+{
+    CATDlgMultiList& list = *new CATDlgMultiList(&m_window, "Other");
+    list.SetColumnTitles({"Name", "Mass"});
+    const auto right = [&list](int column) {
+        const QAbstractItemModel& model = *qobject_cast<QTableView*>(list.Widget())->model();
+        const auto isRight = [](const QVariant& alignment) {
+            return (alignment.toInt() & static_cast<int>(Qt::AlignRight)) != 0;
+        };
+        const bool title = isRight(model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole));
+        EXPECT_EQ(isRight(model.index(0, column).data(Qt::TextAlignmentRole)), title);
+        return title;
+    };
+    list.SetRows({{"wheel", "2kg"}, {"wing", "---"}, {"rudder", ""}, {"seat", "-1.5 kg"}});
+    Settle();
+    EXPECT_FALSE(right(0));
+    EXPECT_TRUE(right(1));
+    list.SetCell(1, 3, "unknown");
+    EXPECT_FALSE(right(1));
+    list.SetCell(1, 3, "3kg");
+    EXPECT_TRUE(right(1));
+    list.SetColumnIsNumber(1, false); // the owner knows better
+    EXPECT_FALSE(right(1));
+    list.SetColumnIsNumber(0, true);
+    EXPECT_TRUE(right(0));
 }
 
 TEST_F(CATDlgMultiListTest, EmphasisedRowIsBoldAlsoWhereSortingPutsIt)
@@ -490,6 +518,176 @@ TEST_F(CATDlgMultiListTest, FilterHidesRowsWithoutTakingThemAway)
     EXPECT_EQ(Shown(), (Names{"wheel", "wing", "rudder", "window", "seat"}));
 }
 
+/// Rows that are taken away and written anew at once, as when an option of their display changes.
+class RefilledList : public CATDlgMultiListTest
+{
+protected:
+    RefilledList()
+    {
+        WriteRows("kg");
+        Show();
+    }
+    void WriteRows(const std::string& unit, int count = 200)
+    {
+        for (int row = 1; row <= count; ++row) {
+            m_list.SetCell(0, row, "part " + std::to_string(row));
+            m_list.SetCell(1, row, std::to_string(count - row) + unit);
+        }
+    }
+    void Refill(const std::string& unit, int count = 200)
+    {
+        m_list.RemoveAll();
+        WriteRows(unit, count);
+        Settle();
+    }
+    std::string TopCell()
+    {
+        return View().model()->index(View().rowAt(2), 1).data().toString().toStdString();
+    }
+};
+
+TEST_F(RefilledList, KeepsTheOrderThatTheUserAskedFor)
+{
+    ClickTitle(1);
+    EXPECT_EQ(Shown().front(), "part 200");
+    Refill("");
+    EXPECT_EQ(Shown().front(), "part 200");
+    EXPECT_EQ(Shown().back(), "part 1");
+    EXPECT_EQ(TopCell(), "0");
+}
+
+TEST_F(RefilledList, KeepsTheFilter)
+{
+    QTest::keyClicks(&Filter(), "19");
+    const Names before = Shown();
+    // Twelve names, with 19, 119 and 190 to 199, and the twelve masses with the same.
+    EXPECT_EQ(before.size(), 24U);
+    Refill("");
+    EXPECT_EQ(Shown(), before);
+    EXPECT_EQ(Filter().text(), "19");
+}
+
+TEST_F(RefilledList, KeepsTheSelectionWithoutTellingAnybody)
+{
+    ClickTitle(1);
+    ClickCell(3, 0);
+    const auto& rows = Notes(m_list, CATDlgMultiList::RowSelected);
+    EXPECT_EQ(m_list.SelectedRow(), 197);
+    m_list.RemoveAll();
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    WriteRows("lb");
+    Settle();
+    EXPECT_EQ(m_list.SelectedRow(), 197);
+    EXPECT_TRUE(View().selectionModel()->isSelected(View().model()->index(3, 0)));
+    EXPECT_TRUE(rows.empty());
+    Refill("g");
+    EXPECT_EQ(m_list.SelectedRow(), 197);
+}
+
+TEST_F(RefilledList, ForgetsTheSelectionOfOtherRows)
+{
+    ClickCell(3, 0);
+    Refill("kg", 199);
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    EXPECT_FALSE(View().selectionModel()->hasSelection());
+    Refill("kg");
+    ClickCell(3, 0);
+    m_list.RemoveAll();
+    WriteRows("kg");
+    m_list.SetCell(0, 4, "another part");
+    Settle();
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+    EXPECT_FALSE(View().selectionModel()->hasSelection());
+}
+
+TEST_F(RefilledList, TakesTheRowThatTheProgramSelectsInstead)
+{
+    ClickCell(3, 0);
+    m_list.RemoveAll();
+    WriteRows("lb");
+    m_list.SelectRow(7);
+    Settle();
+    EXPECT_EQ(m_list.SelectedRow(), 7);
+}
+
+TEST_F(RefilledList, KeepsThePlaceAndTheWidths)
+{
+    View().setColumnWidth(0, 222);
+    View().verticalScrollBar()->setValue(View().verticalScrollBar()->maximum() / 2);
+    const int place = View().verticalScrollBar()->value();
+    const std::string top = TopCell();
+    ASSERT_GT(place, 0);
+    Refill("kg");
+    EXPECT_EQ(View().verticalScrollBar()->value(), place);
+    EXPECT_EQ(View().columnWidth(0), 222);
+    EXPECT_EQ(TopCell(), top);
+}
+
+TEST_F(RefilledList, LosesItsMarksAndTooltips)
+{
+    m_list.SetCellMark(0, 1, true);
+    m_list.SetRowEmphasis(2, true);
+    m_list.SetCellTooltip(0, 1, "before: wing");
+    Refill("kg");
+    EXPECT_FALSE(View().model()->index(0, 0).data(Qt::FontRole).isValid());
+    EXPECT_FALSE(View().model()->index(1, 0).data(Qt::FontRole).isValid());
+    EXPECT_FALSE(View().model()->index(0, 0).data(Qt::ToolTipRole).isValid());
+}
+
+TEST_F(RefilledList, ShowsNothingOfRowsThatAreGone)
+{
+    m_list.RemoveAll();
+    // The view asks before it has heard of it.
+    EXPECT_EQ(View().model()->index(150, 0).data().toString(), "");
+    Settle();
+    EXPECT_EQ(Shown(), Names{});
+    EXPECT_EQ(m_list.SelectedRow(), 0);
+}
+
+TEST_F(CATDlgMultiListTest, SortingLeavesTheWidthsAlone)
+{
+    Fill({{"b", "2kg"}, {"c", "3kg"}, {"a", "1kg"}});
+    Show();
+    View().horizontalHeader()->blockSignals(true); // not a width that the user gave
+    View().setColumnWidth(0, 99);
+    View().horizontalHeader()->blockSignals(false);
+    ClickTitle(1);
+    EXPECT_EQ(View().columnWidth(0), 99);
+}
+
+TEST_F(CATDlgMultiListTest, WidestTextOfManyRowsFits)
+{
+    for (int row = 1; row <= 150; ++row) {
+        m_list.SetCell(0, row, row == 120 ? "a name with some length" : "short");
+        m_list.SetCellMark(0, row, row < 100);
+    }
+    Settle();
+    Show();
+    EXPECT_GE(View().columnWidth(0),
+              View().fontMetrics().horizontalAdvance("a name with some length"));
+}
+
+TEST_F(CATDlgMultiListTest, ColumnsMoreThanBeforeKeepTheirCells)
+{
+    Fill({{"wheel", "2kg"}});
+    m_list.SetColumnTitles({"Name", "Mass", "Material"});
+    m_list.SetCell(2, 1, "steel");
+    Settle();
+    EXPECT_EQ(m_list.Cell(0, 1), "wheel");
+    EXPECT_EQ(m_list.Cell(1, 1), "2kg");
+    EXPECT_EQ(View().model()->index(0, 2).data().toString(), "steel");
+}
+
+TEST_F(CATDlgMultiListTest, RowsMayBeWrittenBeforeTheirTitles)
+{
+    auto* list = new CATDlgMultiList(&m_window, "Other");
+    list->SetRows({{"wheel"}, {"wing", "30kg"}});
+    list->SetColumnTitles({"Name", "Mass"});
+    EXPECT_EQ(list->RowCount(), 2);
+    EXPECT_EQ(list->Cell(0, 1), "wheel");
+    EXPECT_EQ(list->Cell(1, 2), "30kg");
+}
+
 TEST_F(CATDlgMultiListTest, CellsAreCopiedWithTheirTitles)
 {
     Fill({{"b", "2kg"}, {"a", "1kg"}});
@@ -598,21 +796,56 @@ TEST_F(CATDlgMultiListTest, ExportAsksBeforeItReplacesAFile)
     EXPECT_EQ(directory.Read("out.csv"), "Name,Mass\r\nwing,2kg\r\n");
 }
 
-TEST_F(CATDlgMultiListTest, ExportThatFailsNamesTheFile)
+TEST_F(CATDlgMultiListTest, ExportThatFailsNamesTheFileAndTheReason)
 {
-    CATDlgFile::SetChooser(
-        [](const CATDlgFile::Request&) { return CATUnicodeString("/no/such/directory/out.csv"); });
-    std::vector<CATDlgNotify::Shown> boxes;
-    CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
-        boxes.push_back(box);
-        return 1;
-    });
+    const TemporaryDirectory directory;
+    struct Case
+    {
+        std::string path;
+        const char* reason;
+    };
+    const std::vector<Case> cases{
+        {"/no/such/directory/out.csv", "there is no such directory"},
+        {directory.Write("file", "x") + "/out.csv", "there is no such directory"},
+        {directory.At("full.csv"), "there is no room left on the disk"},
+        {"/proc/out.csv", "there is no such directory"},
+        {directory.At("folder.csv"), "Is a directory"},
+    };
+    std::filesystem::create_symlink("/dev/full", directory.At("full.csv"));
+    std::filesystem::create_directory(directory.At("folder.csv"));
     Fill({{"wing", "2kg"}});
     Show();
+    for (const Case& row : cases) {
+        CATDlgFile::SetChooser(
+            [&](const CATDlgFile::Request&) { return CATUnicodeString(row.path); });
+        std::vector<CATDlgNotify::Shown> boxes;
+        CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
+            boxes.push_back(box);
+            return 1;
+        });
+        QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
+        ASSERT_FALSE(boxes.empty()) << row.path;
+        EXPECT_EQ(boxes.back().style, 0x10000000);
+        EXPECT_TRUE(boxes.back().text.Contains(row.path));
+        EXPECT_TRUE(boxes.back().text.Contains(row.reason)) << boxes.back().text.Text();
+    }
+}
+
+TEST_F(CATDlgMultiListTest, ExportWritesMoreThanItKeepsInMemory)
+{
+    const TemporaryDirectory directory;
+    CATDlgFile::SetChooser(
+        [&](const CATDlgFile::Request&) { return CATUnicodeString(directory.At("out.csv")); });
+    std::string expected = "Name,Mass\r\n";
+    for (int row = 1; row <= 3000; ++row) {
+        const std::string name = std::to_string(row) + std::string(1000, 'n');
+        m_list.SetCell(0, row, name);
+        expected += name + ",\r\n";
+    }
+    Show();
+    View().setFocus();
     QTest::keyClick(&View(), Qt::Key_E, Qt::ControlModifier);
-    ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes.front().style, 0x10000000);
-    EXPECT_TRUE(boxes.front().text.Contains("/no/such/directory/out.csv"));
+    EXPECT_EQ(directory.Read("out.csv"), expected);
 }
 
 TEST_F(CATDlgMultiListTest, ExportThatIsCancelledWritesNothing)

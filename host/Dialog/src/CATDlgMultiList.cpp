@@ -129,7 +129,7 @@ CATDlgMultiList::CATDlgMultiList(CATDialog* parent, const CATString& name, int s
     m_model->rows = model;
     Adopt(&box->View(), box);
     box->SetFilterName(ToQt(name) + QStringLiteral("Filter"));
-    model->SetOnSettled([box] { box->Refresh(); });
+    model->SetOnSettled([box](bool hasChanged) { box->Refresh(hasChanged); });
     box->View().onRowSelected = [this](int row) {
         SendFromUser(*this, RowSelected, row + 1);
     };
@@ -170,17 +170,15 @@ void CATDlgMultiList::SetColumnTooltip(int column, const CATUnicodeString& toolt
 long CATDlgMultiList::SetCell(int column, int row, const CATUnicodeString& text, int option)
 {
     ListModel* model = m_model->Rows();
-    if (row < 1 || column < 0 || column >= ColumnCount()) {
+    if (model == nullptr || row < 1 || column < 0 || column >= model->Titles().Size()) {
         return E_INVALIDARG;
     }
-    const bool isNext = row == RowCount() + 1;
-    if (row > RowCount() && !(isNext && (option & kAppendRow) != 0)) {
+    const auto index = static_cast<std::size_t>(row) - 1;
+    const std::size_t rowCount = model->Cells().RowCount();
+    if (index > rowCount || (index == rowCount && (option & kAppendRow) == 0)) {
         return S_FALSE;
     }
-    return model->SetCell(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column),
-                          text.View())
-               ? S_OK
-               : E_FAIL;
+    return model->SetCell(index, static_cast<std::size_t>(column), text.View()) ? S_OK : E_FAIL;
 }
 
 CATUnicodeString CATDlgMultiList::Cell(int column, int row) const

@@ -111,7 +111,7 @@ void ListModel::SetMark(std::size_t row, std::size_t column, bool marked)
 void ListModel::SetFilter(const CATUnicodeString& filter)
 {
     m_filterWords = FilterWords(filter);
-    m_rowsChanged = true;
+    m_orderChanged = true;
     Settle();
 }
 
@@ -123,7 +123,7 @@ void ListModel::sort(int column, Qt::SortOrder order)
         m_sort = order == Qt::AscendingOrder ? ListSort::Up : ListSort::Down;
         m_sortColumn = static_cast<std::size_t>(column);
     }
-    m_rowsChanged = true;
+    m_orderChanged = true;
     Settle();
 }
 
@@ -158,24 +158,34 @@ void ListModel::ShowAgain()
 void ListModel::Settle()
 {
     m_settleIsQueued = false;
-    if (!m_rowsChanged && !m_cellsChanged) {
+    const bool hasChanged = m_rowsChanged || m_cellsChanged;
+    if (!hasChanged && !m_orderChanged) {
         return;
     }
     // A changed text may belong elsewhere in a sorted or filtered list.
-    const bool mayMove = m_rowsChanged || m_sort != ListSort::AsDelivered || IsFiltered();
+    const bool mayMove =
+        m_rowsChanged || m_orderChanged || m_sort != ListSort::AsDelivered || IsFiltered();
     m_rowsChanged = false;
     m_cellsChanged = false;
-    m_cells.ReleaseSpare();
+    m_orderChanged = false;
     if (mayMove) {
         ShowAgain();
     }
+    if (hasChanged) {
+        m_cells.ReleaseSpare();
+        TellNewTexts();
+    }
+    if (m_onSettled) {
+        m_onSettled(hasChanged);
+    }
+}
+
+void ListModel::TellNewTexts()
+{
     if (!m_shown.empty() && m_titles.Size() > 0) {
         // A title stands above its cells, at the right when they are numbers.
         emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-    }
-    if (m_onSettled) {
-        m_onSettled();
     }
 }
 
@@ -210,7 +220,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return static_cast<int>((IsNumberColumn(index.column()) ? Qt::AlignRight : Qt::AlignLeft) |
                                 Qt::AlignVCenter);
     case Qt::FontRole:
-        if (m_emphasised.contains(row) || IsMarked(row, column)) {
+        if (IsBold(row, column)) {
             QFont font = QApplication::font();
             font.setBold(true);
             return font;

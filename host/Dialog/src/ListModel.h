@@ -43,6 +43,11 @@ public:
     {
         return m_marked.contains({row, column});
     }
+    /// Whether a cell is shown in bold: one that is marked, or in an emphasised row.
+    bool IsBold(std::size_t row, std::size_t column) const
+    {
+        return IsEmphasised(row) || IsMarked(row, column);
+    }
     /// The role under which a cell says whether it is marked.
     static constexpr int kMarkRole = Qt::UserRole;
 
@@ -57,8 +62,12 @@ public:
 
     /// Brings what the view knows up to what the owner wrote.
     void Settle();
-    /// Called after the rows that are shown, their order or their texts have changed.
-    void SetOnSettled(std::function<void()> onSettled) { m_onSettled = std::move(onSettled); }
+    /// Called after the rows that are shown or their order have changed, and told whether the owner
+    /// has changed their texts or looks too.
+    void SetOnSettled(std::function<void(bool hasChanged)> onSettled)
+    {
+        m_onSettled = std::move(onSettled);
+    }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -69,6 +78,7 @@ private:
     using CellKey = std::pair<std::size_t, std::size_t>;
     void Expect(bool& what);
     void ShowAgain();
+    void TellNewTexts();
 
     ListCells m_cells;
     CATListValCATUnicodeString m_titles;
@@ -86,5 +96,6 @@ private:
     bool m_settleIsQueued = false;
     bool m_rowsChanged = false;  ///< rows were added or all replaced
     bool m_cellsChanged = false; ///< texts or looks of rows that the view knows
-    std::function<void()> m_onSettled;
+    bool m_orderChanged = false; ///< the user asked for another order or filter
+    std::function<void(bool hasChanged)> m_onSettled;
 };

@@ -34,8 +34,9 @@ std::optional<double> NumberOf(std::string_view text)
 
 bool BeginsWithNumber(std::string_view text)
 {
+    const std::size_t first = !text.empty() && (text.front() == '-' || text.front() == '+') ? 1 : 0;
     // A digit is a number, unless it is the 0 of a hexadecimal one, of which there must be more.
-    const bool isPlain = !text.empty() && IsDigit(text.front()) &&
-                         (text.size() == 1 || (text[1] != 'x' && text[1] != 'X'));
+    const bool isPlain = first < text.size() && IsDigit(text[first]) &&
+                         (first + 1 == text.size() || (text[first + 1] | 0x20) != 'x');
     return isPlain || NumberOf(text).has_value();
 }

@@ -47,9 +47,15 @@ template <class Key, class Less>
 std::vector<int> Ordered(std::vector<KeyedRow<Key>> keyed, const std::vector<int>& withoutKey,
                          ListSort sort, Less less)
 {
-    std::ranges::stable_sort(keyed, [&](const KeyedRow<Key>& a, const KeyedRow<Key>& b) {
-        return sort == ListSort::Up ? less(a.key, b.key) : less(b.key, a.key);
-    });
+    const auto before = [&less](const KeyedRow<Key>& a, const KeyedRow<Key>& b) {
+        return less(a.key, b.key);
+    };
+    if (sort == ListSort::Up) {
+        std::stable_sort(keyed.begin(), keyed.end(), before);
+    } else {
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [&before](const auto& a, const auto& b) { return before(b, a); });
+    }
     std::vector<int> rows(keyed.size());
     std::ranges::transform(keyed, rows.begin(),
                            [](const KeyedRow<Key>& entry) { return entry.row; });

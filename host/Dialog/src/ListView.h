@@ -35,8 +35,9 @@ public:
     /// model has settled. When as many rows are there again, and the selected one begins with the
     /// same cell, they are taken for the same rows, and the selection for the user's.
     void HoldSelection();
-    /// After the model has settled: the widths fit, and the selected row is where it belongs.
-    void Refresh();
+    /// After the model has settled: the selected row is where it belongs, and where the owner has
+    /// changed texts the widths fit them.
+    void Refresh(bool hasChanged);
 
     /// Takes a line of cells; false when it wants no more.
     using TakeLine = std::function<bool(const ListLine& line)>;
@@ -79,6 +80,7 @@ private:
                        const std::function<void()>& action);
     void FitColumns();
     int FittingWidth(int column) const;
+    std::vector<std::size_t> RowsToMeasure(std::size_t column) const;
     void FillWidth();
     std::vector<int> ColumnsAsShown() const;
     ListLine TitlesOf(const std::vector<int>& columns) const;
@@ -105,7 +107,7 @@ public:
     ListView& View() { return *m_view; }
     void SetFilterName(const QString& objectName);
     /// After the model has settled.
-    void Refresh();
+    void Refresh(bool hasChanged);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
