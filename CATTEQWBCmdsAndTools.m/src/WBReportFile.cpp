@@ -57,26 +57,35 @@ bool WBReportFile::MayReplace(const CATUnicodeString& path) const
     return box->DisplayBlocking() != kNo;
 }
 
+bool WBReportFile::WriteFile(const CATIDOMDocument_var& document, bool isDefault,
+                             const CATUnicodeString& target) const
+{
+    // A "\" behind a directory that is not there is an ordinary character: without this look the
+    // report would go into a file of a strange name beside the place where the directory should be.
+    if (isDefault && CATFileAccess(m_defaultDirectory, kExists) != S_OK) {
+        m_trace.Line("There is no directory ", m_defaultDirectory);
+        return false;
+    }
+    CATXMLProblem problem;
+    if (CreateCATIXMLDOMDocumentBuilder()->WriteToFile(document, target, {}, {}, problem) != S_OK) {
+        m_trace.Line(problem.sentence);
+        return false;
+    }
+    return true;
+}
+
 void WBReportFile::Write(const CATIDOMDocument_var& document, const CATUnicodeString& askedPath,
                          const CATUnicodeString& target) const
 {
     if (CATFileAccess(askedPath, kExists) == S_OK && !MayReplace(askedPath)) {
         return;
     }
-    const CATUnicodeString title = Text("SaveReport.MsgWindow.Title", "@Save the report");
-    CATXMLProblem problem;
-    if (CreateCATIXMLDOMDocumentBuilder()->WriteToFile(document, target, {}, {}, problem) == S_OK) {
-        CATWBServices::DisplayMsg(
-            &m_dialog, title,
-            Text("SaveReport.SuccessMsg.Text01", "@The report was saved as ") + target,
-            kInformationStyle);
-        return;
-    }
-    m_trace.Line(problem.sentence);
-    CATWBServices::DisplayMsg(
-        &m_dialog, title,
-        Text("SaveReport.ErrorMsg.Text01", "@The report could not be saved as ") + target,
-        kErrorStyle);
+    const bool isWritten = WriteFile(document, askedPath.IsEmpty(), target);
+    const CATUnicodeString text =
+        isWritten ? Text("SaveReport.SuccessMsg.Text01", "@The report was saved as ")
+                  : Text("SaveReport.ErrorMsg.Text01", "@The report could not be saved as ");
+    CATWBServices::DisplayMsg(&m_dialog, Text("SaveReport.MsgWindow.Title", "@Save the report"),
+                              text + target, isWritten ? kInformationStyle : kErrorStyle);
 }
 
 void WBReportFile::OpenBox(std::function<void()> onChosen, std::function<void()> onCancelled)

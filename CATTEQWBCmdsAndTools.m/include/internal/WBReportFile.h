@@ -51,6 +51,8 @@ private:
     CATUnicodeString Text(const char* key, const char* defaultText,
                           const CATListValCATUnicodeString& parameters = {}) const;
     bool MayReplace(const CATUnicodeString& path) const;
+    bool WriteFile(const CATIDOMDocument_var& document, bool isDefault,
+                   const CATUnicodeString& target) const;
 
     CATDlgDialog& m_dialog;
     const DSTrace& m_trace;
