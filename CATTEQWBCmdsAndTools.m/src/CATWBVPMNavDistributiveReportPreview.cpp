@@ -180,7 +180,7 @@ bool CATWBVPMNavDistributiveReportPreview::ReadColumns()
 bool CATWBVPMNavDistributiveReportPreview::ReadRootColumns(const CATIDOMElement_var& root)
 {
     const std::optional<CATListValCATUnicodeString> names =
-        ReadAttributes(kTrace, root, WBReportElement::Root);
+        ReadAttributes(kTrace, *m_document, root, WBReportElement::Root);
     if (names) {
         TakeColumns(DistributiveRootColumns(*names), "", m_rootColumns, *m_rootList);
     }
@@ -195,7 +195,7 @@ bool CATWBVPMNavDistributiveReportPreview::ReadSectionColumns(const CATIDOMEleme
         return true;
     }
     const std::optional<CATListValCATUnicodeString> names =
-        ReadAttributes(kTrace, richest, WBReportElement::Section);
+        ReadAttributes(kTrace, *m_document, richest, WBReportElement::Section);
     if (names) {
         TakeColumns(DistributiveSectionColumns(*names), "", m_sectionColumns, *m_sectionList);
     }
@@ -213,7 +213,7 @@ bool CATWBVPMNavDistributiveReportPreview::ReadInstanceColumns()
         return false;
     }
     const std::optional<CATListValCATUnicodeString> names =
-        ReadAttributes(kTrace, first, WBReportElement::PartInstance);
+        ReadAttributes(kTrace, *m_document, first, WBReportElement::PartInstance);
     if (names) {
         TakeColumns(DistributiveInstanceColumns(*names), "Sr.No.", m_instanceColumns,
                     *m_instanceList);

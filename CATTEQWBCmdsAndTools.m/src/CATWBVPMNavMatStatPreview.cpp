@@ -99,6 +99,7 @@ CATWBVPMNavMatStatPreview::operator=(const CATWBVPMNavMatStatPreview& other)
     m_creatorFlag = other.m_creatorFlag;
     m_isConverted = other.m_isConverted;
     if (m_options->IsBuilt()) {
+        ClearLists();
         ConvertOnce();
         OnUnitsDisplayNotification();
     }
@@ -134,7 +135,8 @@ void CATWBVPMNavMatStatPreview::Build()
                       [this] { OnTrailingZeroNotification(); },
                       [this] {
                           OnTrailingDigitsNotification();
-                      }});
+                      }},
+                     2);
     AddPreviewButtons(*this, "PushButtonFrame", {2, 0, 2},
                       {{"SavePushButton",
                         [this] {
@@ -175,9 +177,13 @@ void CATWBVPMNavMatStatPreview::BuildLists()
     }
 }
 
+/// Brings the values to the user's units without symbols, from storage units or from what another
+/// window for the same report has made of them.
 void CATWBVPMNavMatStatPreview::ConvertOnce()
 {
-    if (!*m_isConverted) {
+    if (*m_isConverted) {
+        ManageUnitsDisplay(m_document, 0, 0);
+    } else {
         ManageUnitsConversion(m_document, 0, 0);
         *m_isConverted = true;
     }
@@ -189,12 +195,7 @@ void CATWBVPMNavMatStatPreview::UpdatePreviewPanelList()
     if (m_document.IsNull() || m_rootLists.materials == nullptr) {
         return;
     }
-    for (CATDlgMultiList* list : {m_rootLists.materials, m_rootLists.massTypes,
-                                  m_partLists.materials, m_partLists.massTypes}) {
-        if (list != nullptr) {
-            list->RemoveAll();
-        }
-    }
+    ClearLists();
     const CATIDOMElement_var root = FirstRoot(*m_document);
     if (root.IsNull()) {
         return;
@@ -202,6 +203,16 @@ void CATWBVPMNavMatStatPreview::UpdatePreviewPanelList()
     ShowStatistics(root, m_rootLists);
     if (m_partLists.materials != nullptr) {
         ShowPartInstances();
+    }
+}
+
+void CATWBVPMNavMatStatPreview::ClearLists()
+{
+    for (CATDlgMultiList* list : {m_rootLists.materials, m_rootLists.massTypes,
+                                  m_partLists.materials, m_partLists.massTypes}) {
+        if (list != nullptr) {
+            list->RemoveAll();
+        }
     }
 }
 

@@ -16,10 +16,11 @@ void Listen(CATDlgDialog& dialog, CATCommand* control, const CATEvent& event,
 
 } // namespace
 
-void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers)
+void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers,
+                             int columns)
 {
     auto* frame = new CATDlgFrame(&dialog, "OptionFrame"); // the dialog owns it
-    frame->SetPlacement(row, column);
+    frame->SetPlacement(row, column, 1, columns);
     frame->SetColumnStretch(2, 1); // the choices stand beside each other at the left
     m_units = new CATDlgCheckButton(frame, "UnitsDisplay");
     m_units->SetPlacement(1, 0);

@@ -146,16 +146,18 @@ std::optional<CATListValCATUnicodeString> ReadRootAttributes(const DSTrace& trac
         trace.Line("Unable to retrieve the first node (of type PRC) from the list!");
         return std::nullopt;
     }
-    return ReadAttributes(trace, root, WBReportElement::Root);
+    return ReadAttributes(trace, document, root, WBReportElement::Root);
 }
 
-std::optional<CATListValCATUnicodeString>
-ReadAttributes(const DSTrace& trace, const CATIDOMNode_var& element, WBReportElement which)
+std::optional<CATListValCATUnicodeString> ReadAttributes(const DSTrace& trace,
+                                                         const CATIDOMDocument& document,
+                                                         const CATIDOMNode_var& element,
+                                                         WBReportElement which)
 {
     CATListValCATUnicodeString names;
     const bool isRead =
-        ForEachName(trace, element, FaultsOf(which), [&element, &names](CATDOMName name) {
-            names.Append(element->OwnerDocument()->NameText(name));
+        ForEachName(trace, element, FaultsOf(which), [&document, &names](CATDOMName name) {
+            names.Append(document.NameText(name));
         });
     return isRead ? std::optional(names) : std::nullopt;
 }

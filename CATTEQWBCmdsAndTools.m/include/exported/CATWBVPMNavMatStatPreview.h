@@ -107,6 +107,7 @@ private:
     };
     void BuildLists();
     void ConvertOnce();
+    void ClearLists();
     bool ShowStatistics(const CATIDOMElement_var& element, const StatisticsLists& lists);
     void ShowPartInstances();
 

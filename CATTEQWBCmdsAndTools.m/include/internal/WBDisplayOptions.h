@@ -21,8 +21,10 @@ public:
         std::function<void()> onDigits;
     };
 
-    /// Makes the frame in that cell of the dialog's grid. The dialog owns the controls.
-    void Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers);
+    /// Makes the frame in that cell of the dialog's grid, over so many columns. The dialog owns the
+    /// controls.
+    void Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers,
+               int columns = 1);
     bool IsBuilt() const { return m_units != nullptr; }
 
     /// Puts the controls as they were remembered. Each that is thereby turned on tells its handler,

@@ -33,6 +33,8 @@ enum class WBReportElement
     Section,
     PartInstance
 };
-/// All attributes of the element. One that cannot be had is traced and passed over.
-std::optional<CATListValCATUnicodeString>
-ReadAttributes(const DSTrace& trace, const CATIDOMNode_var& element, WBReportElement which);
+/// All attributes of an element of the document. One that cannot be had is traced and passed over.
+std::optional<CATListValCATUnicodeString> ReadAttributes(const DSTrace& trace,
+                                                         const CATIDOMDocument& document,
+                                                         const CATIDOMNode_var& element,
+                                                         WBReportElement which);
