@@ -809,7 +809,7 @@ TEST_F(CATDlgMultiListTest, ExportThatFailsNamesTheFileAndTheReason)
         {directory.Write("file", "x") + "/out.csv", "there is no such directory"},
         {directory.At("full.csv"), "there is no room left on the disk"},
         {"/proc/out.csv", "there is no such directory"},
-        {directory.At("folder.csv"), "Is a directory"},
+        {directory.At("folder.csv"), "there is a directory of that name"},
     };
     std::filesystem::create_symlink("/dev/full", directory.At("full.csv"));
     std::filesystem::create_directory(directory.At("folder.csv"));

@@ -3,6 +3,7 @@
 #include "CATDlgApplication.h"
 #include "CATDlgControls.h"
 #include "CATDlgDialog.h"
+#include "CATDlgMultiList.h"
 #include "CATNumberLocale.h"
 #include "CATSession.h"
 #include "StoryPlayer.h"
@@ -35,6 +36,7 @@ protected:
     std::string Play(const std::string& steps)
     {
         m_window.SetVisibility(true);
+        CATDlgApplication::ProcessEvents();
         StoryPlayer player(*m_workbench);
         return player.Play(m_folder.Write("a.story", steps)) ? std::string() : player.Failure();
     }
@@ -52,6 +54,7 @@ TEST_F(StoryControlsTest, SpinnerIsTypedIntoExpectedAndDumped)
 {
     auto* spinner = new CATDlgSpinner(&m_window, "Digits");
     spinner->SetRange(0.0, 8.0, 8);
+    new CATDlgPushButton(&m_window, "Next"); // where Tab leads to
     int told = -1;
     m_window.Subscribe(
         spinner, CATDlgSpinner::Modified,
@@ -64,6 +67,77 @@ TEST_F(StoryControlsTest, SpinnerIsTypedIntoExpectedAndDumped)
     EXPECT_EQ(control["name"].toString(), "Digits");
     EXPECT_EQ(control["text"].toString(), "5");
     EXPECT_EQ(control["value"].toDouble(), 5.0);
+}
+
+/// A list of three rows beside the workbench.
+class ListStory : public StoryControlsTest
+{
+protected:
+    ListStory() : m_list(*new CATDlgMultiList(&m_window, "Parts"))
+    {
+        m_list.SetColumnTitles({"Name", "Mass"});
+        m_list.SetRows({{"wing", "30kg"}, {"rudder", "4kg"}, {"wheel, left", "5kg"}});
+    }
+
+    CATDlgMultiList& m_list;
+};
+
+TEST_F(ListStory, SortsFiltersAndExportsAsSeen)
+{
+    const std::string out = m_folder.At("out.csv");
+    EXPECT_EQ(Play("sort Parts Mass\n"
+                   "expect-cell Parts 1 Name rudder\n"
+                   "select Parts wing\n"
+                   "key Ctrl+F\n"
+                   "type PartsFilter W\n"
+                   "expect-cell Parts 1 Name \"wheel, left\"\n"
+                   "select Parts wing\n"
+                   "file " +
+                   out +
+                   "\n"
+                   "key Ctrl+E\n"
+                   "expect-file " +
+                   out + " wing\n"),
+              "");
+    EXPECT_EQ(m_folder.Read("out.csv"), "Name,Mass\r\n\"wheel, left\",5kg\r\nwing,30kg\r\n");
+}
+
+TEST_F(ListStory, AnExistingFileIsReplacedOnlyWhenTheAnswerIsYes)
+{
+    const std::string out = m_folder.Write("out.csv", "old");
+    const std::string exported = "click Parts\nfile " + out + "\nkey Ctrl+E\n";
+    EXPECT_EQ(Play("answer No\n" + exported + "expect-file " + out + " old\n"), "");
+    EXPECT_EQ(Play("answer Yes\n" + exported + "expect-file " + out + " wing\n"), "");
+}
+
+TEST_F(ListStory, ExportThatFailsShowsABox)
+{
+    EXPECT_EQ(Play("click Parts\nfile /no/such/directory/out.csv\nkey Ctrl+E\n"
+                   "expect-box \"there is no such directory\"\n"),
+              "");
+}
+
+TEST_F(ListStory, CopiesWithTitles)
+{
+    EXPECT_EQ(Play("select Parts rudder\nkey Ctrl+A\nkey Ctrl+C\n"
+                   "expect-copied \"Name\\tMass\\nwing\\t30kg\\nrudder\\t4kg\\n"
+                   "wheel, left\\t5kg\"\n"),
+              "");
+    EXPECT_NE(Play("expect-copied nothing\n").find("expected \"nothing\", seen \"Name\tMass"),
+              std::string::npos);
+}
+
+TEST_F(ListStory, WhatCannotBeTypedOrReadSaysWhy)
+{
+    const auto fails = [this](const std::string& step, const char* why) {
+        EXPECT_NE(Play(step).find(why), std::string::npos) << step << Play(step);
+    };
+    fails("type PartsFilter w\n", "the control is hidden or greyed"); // Ctrl+F shows it
+    fails("type OtherFilter w\n", "no open window has a control \"OtherFilter\"");
+    fails("type Filter w\n", "no open window has a control \"Filter\"");
+    fails("type Parts w\n", "this control takes no text");
+    fails("expect-file /no/such/file x\n", "/no/such/file cannot be read");
+    fails("expect-file " + m_folder.Write("a.txt", "abc") + " x\n", "does not hold \"x\"");
 }
 
 } // namespace

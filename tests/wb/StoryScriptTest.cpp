@@ -41,7 +41,7 @@ TEST(StoryScript, QuotedWordsHoldBlanksAndEscapes)
 {
     EXPECT_THAT(Split(R"(expect Part "Spar cap" "")"),
                 ElementsAre("expect", "Part", "Spar cap", ""));
-    EXPECT_THAT(Split(R"("a \"b\" \\ c\nd")"), ElementsAre("a \"b\" \\ c\nd"));
+    EXPECT_THAT(Split(R"("a \"b\" \\ c\nd\te")"), ElementsAre("a \"b\" \\ c\nd\te"));
 }
 
 TEST(StoryScript, AnOpenQuoteIsRefusedWithItsLine)

@@ -9,6 +9,7 @@
 
 #include <QAbstractItemModel>
 #include <QJsonArray>
+#include <QLineEdit>
 #include <QTableView>
 #include <QWidget>
 
@@ -88,6 +89,21 @@ CATDialog* FindInWindow(std::string_view windowName, std::string_view path, std:
         control = found;
     }
     return control;
+}
+
+/// The filter of a list, by the list's name with "Filter" behind; null when there is none.
+QLineEdit* FilterOf(const std::string& name)
+{
+    constexpr std::string_view kEnd = "Filter";
+    const std::size_t length = name.size() - std::min(name.size(), kEnd.size());
+    std::string problem;
+    const CATDialog* list =
+        name.substr(length) == kEnd ? FindControl(name.substr(0, length), problem) : nullptr;
+    // It stands in one box with the table.
+    return dynamic_cast<const CATDlgMultiList*>(list) == nullptr
+               ? nullptr
+               : list->Widget()->parentWidget()->findChild<QLineEdit*>(
+                     ToQString(list->Name() + kEnd));
 }
 
 QString HeaderText(const QAbstractItemModel& model, int column)
@@ -195,6 +211,18 @@ CATDialog* FindControl(std::string_view name, std::string& problem)
         problem = "no open window has a control \"" + std::string(name) + "\"";
     }
     return found;
+}
+
+QLineEdit* FindLine(const std::string& name, std::string& problem)
+{
+    CATDialog* control = FindControl(name, problem);
+    if (control == nullptr) {
+        return FilterOf(name);
+    }
+    problem = "this control takes no text";
+    QWidget* widget = control->Widget();
+    return dynamic_cast<CATDlgSpinner*>(control) != nullptr ? widget->findChild<QLineEdit*>()
+                                                            : qobject_cast<QLineEdit*>(widget);
 }
 
 const QTableView* SeenTable(const CATDialog& list)

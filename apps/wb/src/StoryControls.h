@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+class QLineEdit;
 class QTableView;
 
 /// Finding controls by name and saying what they show: the story player's eyes.
@@ -20,6 +21,10 @@ CATDialog* FindControl(std::string_view name, std::string& problem);
 /// What a person reads on a control: an editor's, spinner's or label's text, a button's title, a
 /// combo's chosen line, "on" or "off" for a check or radio button.
 QString VisibleText(const CATDialog& control);
+
+/// The line that a control is typed into: an editor's, a spinner's, or the filter of a list, which
+/// is named like its list with "Filter" behind. Null, with what was found instead.
+QLineEdit* FindLine(const std::string& name, std::string& problem);
 
 /// The table that shows a list; null for another control.
 const QTableView* SeenTable(const CATDialog& list);

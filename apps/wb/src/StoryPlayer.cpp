@@ -18,6 +18,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
@@ -97,15 +98,6 @@ std::string SelectLine(CATDlgCombo& combo, const std::string& text)
     }
     widget->setCurrentIndex(line);
     return {};
-}
-
-/// The line that an editor or a spinner is typed into; null for another control.
-QLineEdit* LineOf(CATDialog& control)
-{
-    auto* line = qobject_cast<QLineEdit*>(control.Widget());
-    return line == nullptr && dynamic_cast<CATDlgSpinner*>(&control) != nullptr
-               ? control.Widget()->findChild<QLineEdit*>()
-               : line;
 }
 
 /// Clicks the first of the rows that are shown whose first cell is `text`.
@@ -238,6 +230,8 @@ std::string StoryPlayer::Run(const StoryStep& step)
         {"expect-cell", &StoryPlayer::ExpectCell},
         {"expect-tooltip", &StoryPlayer::ExpectTooltip},
         {"expect-box", &StoryPlayer::ExpectBox},
+        {"expect-copied", &StoryPlayer::ExpectCopied},
+        {"expect-file", &StoryPlayer::ExpectFile},
         {"answer", &StoryPlayer::Answer},
         {"file", &StoryPlayer::File},
         {"close", &StoryPlayer::Close},
@@ -364,15 +358,18 @@ std::string StoryPlayer::Check(const Words& words)
 std::string StoryPlayer::Type(const Words& words)
 {
     std::string problem;
-    CATDialog* control = FindControl(words[1], problem);
-    QLineEdit* line = control == nullptr ? nullptr : LineOf(*control);
-    if (line == nullptr || line->isReadOnly() || !line->isEnabled()) {
-        return problem.empty() ? "this control takes no text" : problem;
+    QLineEdit* line = FindLine(words[1], problem);
+    if (line == nullptr) {
+        return problem;
+    }
+    if (line->isReadOnly() || !line->isEnabled() || !line->isVisible()) {
+        return "the control is hidden or greyed, or shows its text alone";
     }
     line->setFocus();
     line->selectAll();
     QTest::keyClicks(line, QString::fromStdString(words[2]));
-    QTest::keyClick(control->Widget(), Qt::Key_Tab);
+    // The line of a spinner leaves its keys to the spinner.
+    QTest::keyClick(line->focusProxy() != nullptr ? line->focusProxy() : line, Qt::Key_Tab);
     return {};
 }
 
@@ -521,6 +518,24 @@ std::string StoryPlayer::ExpectBox(const Words& words)
         seen += box.expected ? "" : "\n" + box.text;
     }
     return seen.empty() ? "no box came" : "the boxes that came say:" + seen;
+}
+
+std::string StoryPlayer::ExpectCopied(const Words& words)
+{
+    const std::string seen = QApplication::clipboard()->text().toStdString();
+    return seen == words[1] ? std::string()
+                            : "expected \"" + words[1] + "\", seen \"" + seen + "\"";
+}
+
+std::string StoryPlayer::ExpectFile(const Words& words)
+{
+    QFile file(QString::fromStdString(words[1]));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return words[1] + " cannot be read: " + file.errorString().toStdString();
+    }
+    return file.readAll().contains(QByteArray::fromStdString(words[2]))
+               ? std::string()
+               : words[1] + " does not hold \"" + words[2] + "\"";
 }
 
 std::string StoryPlayer::Answer(const Words& words)

@@ -61,6 +61,8 @@ private:
     std::string ExpectCell(const Words& words);
     std::string ExpectTooltip(const Words& words);
     std::string ExpectBox(const Words& words);
+    std::string ExpectCopied(const Words& words);
+    std::string ExpectFile(const Words& words);
     std::string Answer(const Words& words);
     std::string File(const Words& words);
     std::string Close(const Words& words);

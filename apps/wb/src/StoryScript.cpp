@@ -34,6 +34,8 @@ constexpr std::array kVerbs{
     Verb{"expect-cell", 4, 4, "expect-cell LIST ROW COLUMN TEXT"},
     Verb{"expect-tooltip", 2, 2, "expect-tooltip CONTROL TEXT"},
     Verb{"expect-box", 1, 1, "expect-box TEXT"},
+    Verb{"expect-copied", 1, 1, "expect-copied TEXT"},
+    Verb{"expect-file", 2, 2, "expect-file PATH TEXT"},
     Verb{"answer", 1, 1, "answer BUTTON"},
     Verb{"file", 1, 1, "file PATH|cancel"},
     Verb{"close", 1, 1, "close DIALOG"},
@@ -61,7 +63,7 @@ bool SplitStoryLine(std::string_view line, std::vector<std::string>& words)
                     closed = true;
                 } else if (line[at] == '\\' && at + 1 < line.size()) {
                     ++at;
-                    word += line[at] == 'n' ? '\n' : line[at];
+                    word += line[at] == 'n' ? '\n' : line[at] == 't' ? '\t' : line[at];
                 } else {
                     word += line[at];
                 }

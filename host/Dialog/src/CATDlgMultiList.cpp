@@ -58,6 +58,8 @@ QString ReasonOf(int error)
     case ENOENT:
     case ENOTDIR:
         return DialogMessage("List.NoDirectory", "@there is no such directory");
+    case EISDIR:
+        return DialogMessage("List.IsDirectory", "@there is a directory of that name");
     case EACCES:
     case EPERM:
     case EROFS:
