@@ -79,10 +79,14 @@ WBPanelTable WBPickedInstances::Table() const
                       WBReportText("Path.Tooltip", "@From the product down to the instance"),
                       false}};
     for (const WBPickedInstance& picked : m_items) {
-        table.rows.push_back(
-            {picked.instance, picked.part, picked.version, ShownPath(m_root, picked)});
+        table.rows.push_back(Row(picked));
     }
     return table;
+}
+
+WBPanelRow WBPickedInstances::Row(const WBPickedInstance& picked) const
+{
+    return {picked.instance, picked.part, picked.version, ShownPath(m_root, picked)};
 }
 
 CATUnicodeString WBPickedInstances::EmptyText() const

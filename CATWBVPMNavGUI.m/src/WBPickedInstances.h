@@ -20,6 +20,8 @@ public:
     const std::vector<WBPickedInstance>& Items() const { return m_items; }
     /// A row an instance: its name, part, version and path, root first.
     WBPanelTable Table() const;
+    /// The row of one of them.
+    WBPanelRow Row(const WBPickedInstance& picked) const;
     /// What stands in the table's place while nothing is picked.
     CATUnicodeString EmptyText() const;
     /// What a report of them is called, also in names of files: the root, the first instance and

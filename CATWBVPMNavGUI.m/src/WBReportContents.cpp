@@ -75,6 +75,7 @@ void WBReportContents::BuildProperties()
         WBAddList(m_propertiesFrame, "List", 0, WBReportText("Properties.None", "@No properties"));
     constexpr int kLeastLines = 2;
     m_properties->SetVisibleLines(kLeastLines);
+    m_properties->SetAccessibleName(WBReportText("Properties.Spoken", "@Properties"));
     auto* buttons = new CATDlgFrame(m_propertiesFrame, "Buttons", kWBPlainFrame);
     buttons->SetPlacement(0, 1);
     int row = 0;

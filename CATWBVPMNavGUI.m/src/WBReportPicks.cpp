@@ -16,6 +16,7 @@ WBReportPicks::WBReportPicks(CATDialog* window)
 {
     constexpr int kLeastLines = 3;
     m_list->SetVisibleLines(kLeastLines);
+    m_list->SetAccessibleName(WBReportText("Instances.Spoken", "@Picked instances"));
     auto* buttons = new CATDlgFrame(this, "Buttons", kWBPlainFrame);
     buttons->SetPlacement(1, 0);
     buttons->SetColumnStretch(0, 1);
@@ -39,8 +40,15 @@ bool WBReportPicks::IsInputActive() const
 bool WBReportPicks::Add(const WBPickedInstance& picked)
 {
     const bool isNew = m_picked.Add(picked);
-    Show();
     const auto& items = m_picked.Items();
+    if (isNew) {
+        // One row alone: a user may pick thousands at once, and they come one by one.
+        const WBPanelRow cells = m_picked.Row(picked);
+        for (int column = 0; column < cells.Size(); ++column) {
+            m_list->SetCell(column, static_cast<int>(items.size()), cells[column + 1]);
+        }
+        ShowWhatCanBeTakenOut();
+    }
     const auto found = std::ranges::find(items, picked);
     m_list->SelectRow(static_cast<int>(found - items.begin()) + 1);
     return isNew;
@@ -48,10 +56,13 @@ bool WBReportPicks::Add(const WBPickedInstance& picked)
 
 bool WBReportPicks::SetRoot(const CATUnicodeString& root)
 {
+    if (root == m_picked.Root()) {
+        return true; // what the user sorted and selected in the list stays
+    }
     const bool hadInstances = !m_picked.Items().empty();
     m_picked.SetRoot(root);
     Show();
-    return !hadInstances || !m_picked.Items().empty();
+    return !hadInstances;
 }
 
 void WBReportPicks::Remove()
@@ -74,6 +85,11 @@ void WBReportPicks::Show()
 {
     m_list->SetEmptyText(m_picked.EmptyText());
     WBShowTable(*m_list, m_picked.Table());
+    ShowWhatCanBeTakenOut();
+}
+
+void WBReportPicks::ShowWhatCanBeTakenOut()
+{
     const bool hasInstances = !m_picked.Items().empty();
     m_remove->SetSensitivity(hasInstances);
     m_clear->SetSensitivity(hasInstances);

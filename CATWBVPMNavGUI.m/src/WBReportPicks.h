@@ -24,6 +24,7 @@ private:
     void Remove();
     void Clear();
     void Show();
+    void ShowWhatCanBeTakenOut();
 
     WBPickedInstances m_picked;
 

@@ -31,6 +31,11 @@ constexpr std::array kTurns{FieldRow{"TurnX", "TurnX.Name", "@Turn about x"},
                             FieldRow{"TurnY", "TurnY.Name", "@Turn about y"},
                             FieldRow{"TurnZ", "TurnZ.Name", "@Turn about z"}};
 
+CATUnicodeString NameOf(const FieldRow& field)
+{
+    return WBReportText(field.key, field.defaultName);
+}
+
 CATICkeUnit_var CurrentLengthUnit()
 {
     const CATICkeMagnitude_var length =
@@ -73,7 +78,7 @@ CATUnicodeString NoNumber(const FieldRow& field, const CATDlgEditor& editor,
     return WBReportText("NumberError.Text",
                         "@/p1: \"/p2\" is no number. Expected a number in /p3 from -1000000000 to "
                         "1000000000, such as 2500, 2500.5 or 2500/2, or nothing for 0.",
-                        {WBReportText(field.key, field.defaultName), editor.Text(), unit});
+                        {NameOf(field), editor.Text(), unit});
 }
 
 } // namespace
@@ -113,6 +118,7 @@ void WBReportPlacing::BuildAxes()
     for (std::size_t axis = 0; axis < kAxes; ++axis, column += 2) {
         AddCaption(m_axesFrame, kTurns[axis].name, column);
         m_angles[axis] = AddField(m_axesFrame, kTurns[axis].name, column);
+        m_angles[axis]->SetAccessibleName(NameOf(kTurns[axis]));
         m_axesFrame->SetColumnStretch(column + 1, 1);
     }
     WBAddNote(m_axesFrame, "Note", 1, column);
@@ -163,6 +169,7 @@ void WBReportPlacing::FollowLengthUnit()
     constexpr std::array kNames{"X", "Y", "Z"};
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         m_pointLabels[axis]->SetTitle(WBTitleWithUnit(kNames[axis], kLength));
+        m_point[axis]->SetAccessibleName(WBTitleWithUnit(NameOf(kPoint[axis]), kLength));
         // What is no number stays for the user to mend, and nothing stays nothing.
         if (!isSame && before[axis] && !IsEmpty(*m_point[axis])) {
             m_written[axis] = {WBNumberInUnit(unit, *before[axis]), *before[axis]};

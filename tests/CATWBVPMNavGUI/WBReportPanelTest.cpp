@@ -3,6 +3,8 @@
 #include "CATCommandWatch.h"
 #include "CATDlgMultiList.h"
 
+#include <chrono>
+
 extern "C" void CATWBVPMNavGUIRegister();
 
 namespace
@@ -120,6 +122,44 @@ TEST_F(WBReportPanelTest, InstancesAreRemovedOneByOneOrAllAtOnce)
     EXPECT_EQ(Instances()->RowCount(), 0);
     EXPECT_FALSE(IsUsable("RemoveButton"));
     EXPECT_FALSE(IsUsable("ClearButton"));
+}
+
+TEST_F(WBReportPanelTest, WhatTheUserSelectedStaysWhileReportsAreGenerated)
+{
+    Open();
+    Pick("A.1");
+    Pick("B.1");
+    Instances()->SelectRow(1);
+    Click("GenerateButton");
+    EXPECT_EQ(Instances()->SelectedRow(), 1);
+}
+
+TEST_F(WBReportPanelTest, ThousandsOfInstancesAreTakenAtOnce)
+{
+    Open();
+    const auto begin = std::chrono::steady_clock::now();
+    constexpr int kPicked = 3000;
+    for (int number = 0; number < kPicked; ++number) {
+        Pick(("P." + std::to_string(number)).c_str());
+    }
+    EXPECT_EQ(Instances()->RowCount(), kPicked);
+    EXPECT_EQ(Instances()->Cell(3, kPicked), "LA1/P.2999");
+    // Writing the whole list anew for each would take minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+}
+
+TEST_F(WBReportPanelTest, ListsAndFieldsCanBeHeard)
+{
+    Open();
+    const auto spoken = [](const CATDialog* control) {
+        return control->Widget()->accessibleName().toStdString();
+    };
+    EXPECT_EQ(spoken(Instances()), "Picked instances");
+    EXPECT_EQ(spoken(Properties()), "Properties");
+    EXPECT_EQ(spoken(Find<CATDlgEditor>("PointX")), "X of the reference point [mm]");
+    EXPECT_EQ(spoken(Find<CATDlgEditor>("TurnZ")), "Turn about z");
+    ShowIn("LENGTH", "in");
+    EXPECT_EQ(spoken(Find<CATDlgEditor>("PointZ")), "Z of the reference point [in]");
 }
 
 TEST_F(WBReportPanelTest, EmptyListSaysWhatTheReportIsAbout)
