@@ -411,7 +411,7 @@ void WBMainPanel::Compute()
 
 std::optional<CATUnicodeString> WBMainPanel::AskForComputation(const CATUnicodeString& request)
 {
-    const std::optional<CATUnicodeString> answer = WBCheckedAnswer(
+    std::optional<CATUnicodeString> answer = WBCheckedAnswer(
         this, RunServerCode("WBCompPartCompute", request),
         WBPanelText("CommunicationError.Text",
                     "@The server did not answer, so nothing was computed. Check that it "
