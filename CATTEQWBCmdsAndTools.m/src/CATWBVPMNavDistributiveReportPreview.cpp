@@ -23,6 +23,9 @@ constexpr int kPlainFrame = 0x80001; // no title, no border
 constexpr int kRootLines = 3;
 constexpr int kSectionLines = 15;
 constexpr int kInstanceLines = 20;
+// A report has two dozen columns: wider than the lists ask for.
+constexpr int kWindowWidth = 1024;
+constexpr int kWindowHeight = 760;
 
 const DSTrace kTrace("CATWBDistributiveRepPreview");
 
@@ -78,6 +81,9 @@ CATWBVPMNavDistributiveReportPreview&
 CATWBVPMNavDistributiveReportPreview::operator=(const CATWBVPMNavDistributiveReportPreview& other)
 {
     kTrace.Line("operator=");
+    if (this == &other) {
+        return *this;
+    }
     m_selectionText = other.m_selectionText;
     m_document = other.m_document;
     m_creatorFlag = other.m_creatorFlag;
@@ -116,30 +122,18 @@ void CATWBVPMNavDistributiveReportPreview::Build()
         kTrace.Line("_hDOMDocument is null! Can't continue");
         return;
     }
+    SetPreferredSize(kWindowWidth, kWindowHeight);
     m_selection = AddPreviewSelection(*this, {0, 0}, m_selectionText);
     BuildLists();
     const bool hasColumns = ReadColumns();
     if (hasColumns) {
-        m_options->Build(*this, 2, 0,
-                         {[this] { OnUnitsDisplayNotification(); },
-                          [this] { OnTrailingZeroNotification(); },
-                          [this] {
-                              OnTrailingDigitsNotification();
-                          }});
+        m_options->Build(*this, 2, 0, WBDisplayOptions::HandlersOf(*this));
     }
     // Last, so that the Tab key comes to them last.
     AddPreviewButtons(*this, "ButtonsFrame", {3, 0},
-                      {{"SavePushB",
-                        [this] {
-                            OnSaveNotification();
-                        }},
-                       {"SaveToPushB",
-                        [this] {
-                            OnSaveAsNotification();
-                        }},
-                       {"ClosePushB", [this] {
-                            OnCloseNotification();
-                        }}});
+                      {{"SavePushB", &CATWBVPMNavDistributiveReportPreview::OnSaveNotification},
+                       {"SaveToPushB", &CATWBVPMNavDistributiveReportPreview::OnSaveAsNotification},
+                       {"ClosePushB", &CATWBVPMNavDistributiveReportPreview::OnCloseNotification}});
     Subscribe(this, WindowClosed, [this](const CATNotification&) { OnCloseNotification(); });
     if (!hasColumns) {
         return;
@@ -237,7 +231,7 @@ void CATWBVPMNavDistributiveReportPreview::UpdatePreviewPanelList()
     if (root.IsNull()) {
         return;
     }
-    ShowRow(root, m_rootColumns, 0, m_rootList); // its first column stays empty
+    PrintRow(*this, root, m_rootColumns, 0, m_rootList); // its first column stays empty
     if (ShowSections(root)) {
         ShowInstances();
     }
@@ -284,18 +278,7 @@ void CATWBVPMNavDistributiveReportPreview::ShowNumberedRow(
     CATDlgMultiList* list)
 {
     list->SetCell(0, row + 1, CATUnicodeString::FromInt(row + 1), CATDlgMultiList::kAppendRow);
-    ShowRow(element, columns, row, list);
-}
-
-void CATWBVPMNavDistributiveReportPreview::ShowRow(const CATIDOMElement_var& element,
-                                                   const CATListValCATUnicodeString& columns,
-                                                   int row, CATDlgMultiList* list)
-{
-    int column = 1;
-    for (const CATUnicodeString& name : columns.Items()) {
-        PrintNode(element, name, column, row, list);
-        ++column;
-    }
+    PrintRow(*this, element, columns, row, list);
 }
 
 void CATWBVPMNavDistributiveReportPreview::CountAncestors(const CATIDOMNode_var& node, int& count)
@@ -397,13 +380,7 @@ void CATWBVPMNavDistributiveReportPreview::SetDefaultFileDir()
 void CATWBVPMNavDistributiveReportPreview::WriteReportToFile(const CATUnicodeString& path)
 {
     kTrace.Line("WriteReportToFile");
-    CATUnicodeString target = path;
-    if (path.IsEmpty()) {
-        SetDefaultFileName();
-        SetDefaultFileDir();
-        target = m_file->DefaultPath();
-    }
-    m_file->Write(m_document, path, target);
+    m_file->Write(m_document, path, m_selectionText);
 }
 
 void CATWBVPMNavDistributiveReportPreview::OnCloseNotification()

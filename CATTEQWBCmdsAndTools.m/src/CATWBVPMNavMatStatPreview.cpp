@@ -94,11 +94,15 @@ CATWBVPMNavMatStatPreview&
 CATWBVPMNavMatStatPreview::operator=(const CATWBVPMNavMatStatPreview& other)
 {
     kTrace.Line("operator=");
+    if (this == &other) {
+        return *this;
+    }
     m_selectionText = other.m_selectionText;
     m_document = other.m_document;
     m_creatorFlag = other.m_creatorFlag;
     m_isConverted = other.m_isConverted;
     if (m_options->IsBuilt()) {
+        TellWhatFor();
         ClearLists();
         ConvertOnce();
         OnUnitsDisplayNotification();
@@ -129,30 +133,24 @@ void CATWBVPMNavMatStatPreview::Build()
         kTrace.Line("_hDOMDocument is null! We cannot continue");
         return;
     }
+    TellWhatFor();
     BuildLists();
-    m_options->Build(*this, 1, 0,
-                     {[this] { OnUnitsDisplayNotification(); },
-                      [this] { OnTrailingZeroNotification(); },
-                      [this] {
-                          OnTrailingDigitsNotification();
-                      }},
-                     2);
+    m_options->Build(*this, 1, 0, WBDisplayOptions::HandlersOf(*this), 2);
     AddPreviewButtons(*this, "PushButtonFrame", {2, 0, 2},
-                      {{"SavePushButton",
-                        [this] {
-                            OnSaveNotification();
-                        }},
-                       {"SaveAsPushButton",
-                        [this] {
-                            OnSaveAsNotification();
-                        }},
-                       {"ClosePushButton", [this] {
-                            OnCloseNotification();
-                        }}});
+                      {{"SavePushButton", &CATWBVPMNavMatStatPreview::OnSaveNotification},
+                       {"SaveAsPushButton", &CATWBVPMNavMatStatPreview::OnSaveAsNotification},
+                       {"ClosePushButton", &CATWBVPMNavMatStatPreview::OnCloseNotification}});
     Subscribe(this, WindowClosed, [this](const CATNotification&) { OnCloseNotification(); });
     ConvertOnce();
     UpdatePreviewPanelList();
     m_options->ApplySaved();
+}
+
+// There is no line for it in this window: its title says what the statistics were made for.
+void CATWBVPMNavMatStatPreview::TellWhatFor()
+{
+    SetTitle(CATMsgCatalog::BuildMessage(kName, "Window.Title", "@Material statistics of /p1",
+                                         {m_selectionText}));
 }
 
 void CATWBVPMNavMatStatPreview::BuildLists()
@@ -162,8 +160,8 @@ void CATWBVPMNavMatStatPreview::BuildLists()
     auto* massTypes = new CATDlgFrame(this, "MultiListMassTypeFrame"); // the window owns it
     massTypes->SetPlacement(0, 1);
     SetRowStretch(0, 1);
-    SetColumnStretch(0, 1);
-    SetColumnStretch(1, 1);
+    SetColumnStretch(0, static_cast<int>(kMaterialColumns.size()));
+    SetColumnStretch(1, static_cast<int>(kMassTypeColumns.size()));
     SetPreferredSize(kWindowWidth, kWindowHeight);
     m_rootLists = {AddStatisticsList(*materials, "MatStatPRCMultiList", 0, kRootLines,
                                      kMaterialColumns, kMaterialColumns.size() - 1),
@@ -357,13 +355,7 @@ void CATWBVPMNavMatStatPreview::SetDefaultFileDir()
 void CATWBVPMNavMatStatPreview::WriteReportToFile(const CATUnicodeString& path)
 {
     kTrace.Line("WriteReportToFile");
-    CATUnicodeString target = path;
-    if (path.IsEmpty()) {
-        SetDefaultFileName();
-        SetDefaultFileDir();
-        target = m_file->DefaultPath();
-    }
-    m_file->Write(m_document, path, target);
+    m_file->Write(m_document, path, m_selectionText);
 }
 
 void CATWBVPMNavMatStatPreview::OnCloseNotification()

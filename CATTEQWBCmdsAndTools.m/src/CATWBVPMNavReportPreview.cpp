@@ -28,6 +28,9 @@ constexpr int kWindowStyle = 0x4201; // no standard buttons
 constexpr int kPlainFrame = 0x80001; // no title, no border
 constexpr int kRootLines = 3;
 constexpr int kInstanceLines = 30;
+// A report has two dozen columns: wider than the lists ask for.
+constexpr int kWindowWidth = 1024;
+constexpr int kWindowHeight = 760;
 
 const DSTrace kTrace("CATWBRepPreview");
 
@@ -62,6 +65,9 @@ CATWBVPMNavReportPreview::CATWBVPMNavReportPreview(const CATWBVPMNavReportPrevie
 CATWBVPMNavReportPreview& CATWBVPMNavReportPreview::operator=(const CATWBVPMNavReportPreview& other)
 {
     kTrace.Line("operator=");
+    if (this == &other) {
+        return *this;
+    }
     m_selectionText = other.m_selectionText;
     m_document = other.m_document;
     m_creatorFlag = other.m_creatorFlag;
@@ -99,13 +105,19 @@ void CATWBVPMNavReportPreview::Build()
         kTrace.Line("_hDOMDocument is null! We cannot continue");
         return;
     }
+    SetPreferredSize(kWindowWidth, kWindowHeight);
     m_selection = AddPreviewSelection(*this, {0, 0}, m_selectionText);
     BuildLists();
     const bool hasColumns = ReadColumns();
     if (hasColumns) {
-        BuildOptions();
+        m_options->Build(*this, 2, 0, WBDisplayOptions::HandlersOf(*this));
     }
-    BuildButtons(); // last, so that the Tab key comes to them last
+    // Last, so that the Tab key comes to them last.
+    AddPreviewButtons(*this, "ButtonsFrame", {3, 0},
+                      {{"SavePushB", &CATWBVPMNavReportPreview::OnSaveNotification},
+                       {"SaveToPushB", &CATWBVPMNavReportPreview::OnSaveToNotification},
+                       {"ClosePushB", &CATWBVPMNavReportPreview::OnCloseNotification}});
+    Subscribe(this, WindowClosed, [this](const CATNotification&) { OnCloseNotification(); });
     if (!hasColumns) {
         return;
     }
@@ -122,33 +134,6 @@ void CATWBVPMNavReportPreview::BuildLists()
     m_rootList = AddPreviewList(*frame, "ReportMultiListPRC", 0, kRootLines);
     m_instanceList = AddPreviewList(*frame, "ReportMultiListInst", 1, kInstanceLines);
     frame->SetRowStretch(1, 1); // what room there is belongs to the instances
-}
-
-void CATWBVPMNavReportPreview::BuildOptions()
-{
-    m_options->Build(*this, 2, 0,
-                     {[this] { OnUnitsDisplayNotification(); },
-                      [this] { OnTrailingZeroNotification(); },
-                      [this] {
-                          OnTrailingDigitsNotification();
-                      }});
-}
-
-void CATWBVPMNavReportPreview::BuildButtons()
-{
-    AddPreviewButtons(*this, "ButtonsFrame", {3, 0},
-                      {{"SavePushB",
-                        [this] {
-                            OnSaveNotification();
-                        }},
-                       {"SaveToPushB",
-                        [this] {
-                            OnSaveToNotification();
-                        }},
-                       {"ClosePushB", [this] {
-                            OnCloseNotification();
-                        }}});
-    Subscribe(this, WindowClosed, [this](const CATNotification&) { OnCloseNotification(); });
 }
 
 bool CATWBVPMNavReportPreview::ReadColumns()
@@ -230,11 +215,7 @@ void CATWBVPMNavReportPreview::UpdatePreviewPanelList()
     const auto print = [this](const CATIDOMElement_var& element, int row, int level,
                               const CATListValCATUnicodeString& columns, CATDlgMultiList* list) {
         list->SetCell(0, row + 1, CATUnicodeString::FromInt(level), CATDlgMultiList::kAppendRow);
-        int column = 1;
-        for (const CATUnicodeString& name : columns.Items()) {
-            PrintNode(element, name, column, row, list);
-            ++column;
-        }
+        PrintRow(*this, element, columns, row, list);
     };
     print(root, 0, 0, m_rootColumns, m_rootList);
     const CATIDOMNodeList_var instances = m_document->ElementsByTagName(kPartInstanceElement);
@@ -333,13 +314,7 @@ void CATWBVPMNavReportPreview::SetDefaultFileDir()
 void CATWBVPMNavReportPreview::WriteReportToFile(const CATUnicodeString& path)
 {
     kTrace.Line("WriteReportToFile");
-    CATUnicodeString target = path;
-    if (path.IsEmpty()) {
-        SetDefaultFileName();
-        SetDefaultFileDir();
-        target = m_file->DefaultPath();
-    }
-    m_file->Write(m_document, path, target);
+    m_file->Write(m_document, path, m_selectionText);
 }
 
 void CATWBVPMNavReportPreview::OnCloseNotification()

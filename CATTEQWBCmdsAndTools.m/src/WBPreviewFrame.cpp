@@ -4,6 +4,8 @@
 
 #include "CATMsgCatalog.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -14,13 +16,6 @@ constexpr int kKeepSize = 4;
 constexpr int kErrorStyle = 0x10000000;
 constexpr int kSelectionWidth = 30;
 constexpr int kListWidth = 100;
-
-/// Calls the handler whenever the publisher sends the event.
-void Listen(CATDlgDialog& window, CATCommand* publisher, const CATEvent& event,
-            const std::function<void()>& handler)
-{
-    window.Subscribe(publisher, event, [handler](const CATNotification&) { handler(); });
-}
 
 } // namespace
 
@@ -54,18 +49,21 @@ void TakeListTexts(CATDlgMultiList& list, const char* catalog)
     list.SetEmptyText(CATMsgCatalog::BuildMessage(catalog, path + "EmptyText", "@Nothing to show"));
 }
 
-void AddPreviewButtons(CATDlgDialog& window, const char* frameName, const WBPreviewCell& cell,
-                       std::initializer_list<WBPreviewButton> buttons)
+CATDlgFrame* AddPreviewButtonFrame(CATDlgDialog& window, const char* name,
+                                   const WBPreviewCell& cell)
 {
-    auto* frame = new CATDlgFrame(&window, frameName, kPlainFrame);
+    auto* frame = new CATDlgFrame(&window, name, kPlainFrame);
     frame->SetPlacement(cell.row, cell.column, 1, cell.columns, kKeepSize);
-    int column = 0;
-    for (const WBPreviewButton& each : buttons) {
-        auto* button = new CATDlgPushButton(frame, each.name);
-        button->SetPlacement(0, column, 1, 1, kFillCell);
-        Listen(window, button, CATDlgPushButton::Activated, each.onPressed);
-        ++column;
-    }
+    return frame;
+}
+
+void AddPreviewButton(CATDlgDialog& window, CATDlgFrame& frame, const char* name, int column,
+                      std::function<void()> onPressed)
+{
+    auto* button = new CATDlgPushButton(&frame, name);
+    button->SetPlacement(0, column, 1, 1, kFillCell);
+    window.Subscribe(button, CATDlgPushButton::Activated,
+                     [onPressed = std::move(onPressed)](const CATNotification&) { onPressed(); });
 }
 
 bool AsksForStableOrder(CATDlgDialog& window, const DSTrace& trace)

@@ -42,11 +42,6 @@ void WBReportFile::SetDefaultDirectory()
     }
 }
 
-CATUnicodeString WBReportFile::DefaultPath() const
-{
-    return m_defaultDirectory + "\\" + m_defaultName;
-}
-
 bool WBReportFile::MayReplace(const CATUnicodeString& path) const
 {
     const auto box =
@@ -74,13 +69,21 @@ bool WBReportFile::WriteFile(const CATIDOMDocument_var& document, bool isDefault
     return true;
 }
 
-void WBReportFile::Write(const CATIDOMDocument_var& document, const CATUnicodeString& askedPath,
-                         const CATUnicodeString& target) const
+void WBReportFile::Write(const CATIDOMDocument_var& document, const CATUnicodeString& path,
+                         const CATUnicodeString& selectionText)
 {
-    if (CATFileAccess(askedPath, kExists) == S_OK && !MayReplace(askedPath)) {
+    const bool isDefault = path.IsEmpty();
+    CATUnicodeString target = path;
+    if (isDefault) {
+        SetDefaultName(selectionText);
+        SetDefaultDirectory();
+        target = m_defaultDirectory + "\\" + m_defaultName;
+    }
+    // A path of the user's alone is looked for: a default name has its time in it.
+    if (CATFileAccess(path, kExists) == S_OK && !MayReplace(path)) {
         return;
     }
-    const bool isWritten = WriteFile(document, askedPath.IsEmpty(), target);
+    const bool isWritten = WriteFile(document, isDefault, target);
     const CATUnicodeString text =
         isWritten ? Text("SaveReport.SuccessMsg.Text01", "@The report was saved as ")
                   : Text("SaveReport.ErrorMsg.Text01", "@The report could not be saved as ");

@@ -111,8 +111,6 @@ private:
     bool ReadRootColumns(const CATIDOMElement_var& root);
     bool ReadSectionColumns(const CATIDOMElement_var& root);
     bool ReadInstanceColumns();
-    void ShowRow(const CATIDOMElement_var& element, const CATListValCATUnicodeString& columns,
-                 int row, CATDlgMultiList* list);
     void ShowNumberedRow(const CATIDOMElement_var& element,
                          const CATListValCATUnicodeString& columns, int row, CATDlgMultiList* list);
     bool ShowSections(const CATIDOMElement_var& root);

@@ -105,6 +105,7 @@ private:
         CATDlgMultiList* materials = nullptr;
         CATDlgMultiList* massTypes = nullptr;
     };
+    void TellWhatFor();
     void BuildLists();
     void ConvertOnce();
     void ClearLists();

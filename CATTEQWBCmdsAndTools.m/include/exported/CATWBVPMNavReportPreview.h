@@ -93,8 +93,6 @@ public:
 
 private:
     void BuildLists();
-    void BuildOptions();
-    void BuildButtons();
     bool ReadColumns();
     bool ReadInstanceColumns();
     bool ReadRootColumns();

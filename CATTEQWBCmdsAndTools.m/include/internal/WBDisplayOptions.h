@@ -21,6 +21,17 @@ public:
         std::function<void()> onDigits;
     };
 
+    /// The three operations that every preview has for this.
+    template <class Preview>
+    static Handlers HandlersOf(Preview& preview)
+    {
+        return {[&preview] { preview.OnUnitsDisplayNotification(); },
+                [&preview] { preview.OnTrailingZeroNotification(); },
+                [&preview] {
+                    preview.OnTrailingDigitsNotification();
+                }};
+    }
+
     /// Makes the frame in that cell of the dialog's grid, over so many columns. The dialog owns the
     /// controls.
     void Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers,

@@ -29,14 +29,30 @@ CATDlgMultiList* AddPreviewList(CATDlgFrame& frame, const char* name, int row, i
 /// place while it has no rows: "Name" and "EmptyText" below the names of its frame and its own.
 void TakeListTexts(CATDlgMultiList& list, const char* catalog);
 
+/// A row of buttons at the right.
+CATDlgFrame* AddPreviewButtonFrame(CATDlgDialog& window, const char* name,
+                                   const WBPreviewCell& cell);
+void AddPreviewButton(CATDlgDialog& window, CATDlgFrame& frame, const char* name, int column,
+                      std::function<void()> onPressed);
+
+template <class Preview>
 struct WBPreviewButton
 {
     const char* name;
-    std::function<void()> onPressed;
+    void (Preview::*handler)();
 };
-/// A row of buttons at the right.
-void AddPreviewButtons(CATDlgDialog& window, const char* frameName, const WBPreviewCell& cell,
-                       std::initializer_list<WBPreviewButton> buttons);
+template <class Preview>
+void AddPreviewButtons(Preview& window, const char* frameName, const WBPreviewCell& cell,
+                       std::initializer_list<WBPreviewButton<Preview>> buttons)
+{
+    CATDlgFrame* const frame = AddPreviewButtonFrame(window, frameName, cell);
+    int column = 0;
+    for (const WBPreviewButton<Preview>& each : buttons) {
+        AddPreviewButton(window, *frame, each.name, column,
+                         [&window, handler = each.handler] { (window.*handler)(); });
+        ++column;
+    }
+}
 
 /// Whether reports shall be shown in the navigator's stable order. When that cannot be told, the
 /// user reads why, and the answer is false.

@@ -23,6 +23,18 @@ CATIDOMElement_var FirstRoot(const CATIDOMDocument& document);
 long PrintAttribute(const DSTrace& trace, const CATIDOMElement& element,
                     const CATUnicodeString& name, int column, int row, CATDlgMultiList& list);
 
+/// Has the preview print the attributes into the row, beginning at the column behind the first.
+template <class Preview>
+void PrintRow(Preview& preview, const CATIDOMElement_var& element,
+              const CATListValCATUnicodeString& attributes, int row, CATDlgMultiList* list)
+{
+    int column = 1;
+    for (const CATUnicodeString& name : attributes.Items()) {
+        preview.PrintNode(element, name, column, row, list);
+        ++column;
+    }
+}
+
 /// Adds to `count` how many steps above the node the root stands; a node below no root counts every
 /// node above it, the document included, and itself.
 void CountStepsToRoot(CATIDOMNode_var node, int& count);

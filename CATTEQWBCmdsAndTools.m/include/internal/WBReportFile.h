@@ -26,16 +26,12 @@ public:
     /// What the variable "ZALKR4REPORTPATH" says, else "C:\Temp", which the host's file layer takes
     /// as the system's directory for such files.
     void SetDefaultDirectory();
-    const CATUnicodeString& DefaultName() const { return m_defaultName; }
-    const CATUnicodeString& DefaultDirectory() const { return m_defaultDirectory; }
-    /// The default name in the default directory.
-    CATUnicodeString DefaultPath() const;
 
-    /// Writes the document to the target and tells the user how it went. When there is a file at
-    /// `askedPath`, the user is asked first and may refuse. That is the path that the user chose;
-    /// whoever writes to the default path leaves it empty, so that this never asks.
-    void Write(const CATIDOMDocument_var& document, const CATUnicodeString& askedPath,
-               const CATUnicodeString& target) const;
+    /// Writes the document to `path` and tells the user how it went. When there is a file already,
+    /// the user is asked first and may refuse. An empty path is the default name, made for
+    /// `selectionText`, in the default directory, where nobody is asked.
+    void Write(const CATIDOMDocument_var& document, const CATUnicodeString& path,
+               const CATUnicodeString& selectionText);
 
     /// Shows the box that asks for a file to save to, beginning with the default name in the
     /// default directory. One of the two is called when the user is done. A box that is open
@@ -45,7 +41,6 @@ public:
     CATUnicodeString TakeChosenPath();
     /// The box goes away.
     void CloseBox();
-    bool HasBox() const { return m_box != nullptr; }
 
 private:
     CATUnicodeString Text(const char* key, const char* defaultText,

@@ -3,6 +3,7 @@
 #include "PreviewDoubles.h"
 #include "ReportPreviewSession.h"
 
+#include <QAbstractSpinBox>
 #include <QLabel>
 #include <QTableView>
 #include <QtTest/QTest>
@@ -138,6 +139,20 @@ TEST_F(ReportPreview, SpinnerIsHiddenAndGoesFromNoneToEightDigits)
     Digits().SetValue(-1);
     EXPECT_EQ(Digits().Value(), 0);
     EXPECT_EQ(Digits().Text(), "0");
+    auto* box = qobject_cast<QAbstractSpinBox*>(Digits().Widget());
+    box->stepUp();
+    EXPECT_EQ(Digits().Value(), 1);
+    const auto usual =
+        std::make_unique<CATDlgSpinner>(&Find<CATDlgFrame>(*preview, "OptionFrame"), "UsualWidth");
+    EXPECT_LT(box->sizeHint().width(), usual->Widget()->sizeHint().width());
+}
+
+TEST_F(ReportPreview, ChoicesStandBesideEachOther)
+{
+    Built().SetVisibility(true);
+    preview->Widget()->resize(1024, 700);
+    Process();
+    EXPECT_LT(Zeros().Widget()->mapTo(preview->Widget(), QPoint()).x(), 200);
 }
 
 struct ShownText
@@ -197,6 +212,14 @@ TEST_F(ReportPreview, InstancesHaveTheRoomAndTheRootHasALine)
     Process();
     EXPECT_EQ(Roots().Widget()->height(), rootHeight);
     EXPECT_GT(Instances().Widget()->height(), 700);
+}
+
+// The screen of the tests is 800 pixels wide and high, of which the window's frame takes some.
+TEST_F(ReportPreview, OpensAsWideAsTheScreenAllows)
+{
+    Built().SetVisibility(true);
+    EXPECT_EQ(preview->Widget()->width(), 800);
+    EXPECT_EQ(preview->Widget()->height(), 760);
 }
 
 TEST_F(ReportPreview, TabKeyComesToTheButtonsLast)
@@ -494,6 +517,16 @@ TEST_F(ReportPreview, AssignedReportWithoutARootLeavesEmptyLists)
     *preview = *empty;
     preview->UpdatePreviewPanelList();
     EXPECT_THAT(Rows(Roots()), IsEmpty());
+}
+
+TEST_F(ReportPreview, AssigningAPreviewToItselfChangesNothing)
+{
+    Built();
+    preview->calls.clear();
+    const CATWBVPMNavReportPreview& same = *preview;
+    *preview = same;
+    EXPECT_THAT(preview->calls, IsEmpty());
+    EXPECT_EQ(Instances().RowCount(), 3);
 }
 
 TEST_F(ReportPreview, PreviewThatIsNotBuiltTakesOverTheReport)

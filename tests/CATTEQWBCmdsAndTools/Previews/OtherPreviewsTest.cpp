@@ -450,6 +450,26 @@ TYPED_TEST(OtherPreviews, AnAssignedPreviewOfNothingLeavesEmptyLists)
     EXPECT_EQ(this->List(TestFixture::Differs::list).RowCount(), 0);
 }
 
+TYPED_TEST(OtherPreviews, AssigningAPreviewToItselfChangesNothing)
+{
+    this->Show();
+    this->preview->calls.clear();
+    const TypeParam& same = *this->preview;
+    *this->preview = same;
+    EXPECT_THAT(this->preview->calls, IsEmpty());
+    EXPECT_EQ(this->Cell(), "1");
+}
+
+// The screen of the tests is 800 pixels wide and high; the window fits it and leaves nothing out.
+TYPED_TEST(OtherPreviews, OpensAsWideAsTheScreenAllows)
+{
+    this->Show();
+    this->preview->SetVisibility(true);
+    EXPECT_EQ(this->preview->Widget()->width(), 800);
+    EXPECT_GE(this->preview->Widget()->height(), 600);
+    EXPECT_LE(this->preview->Widget()->height(), 800);
+}
+
 TYPED_TEST(OtherPreviews, OneThatIsNotBuiltTakesOverTheReport)
 {
     this->Make(TestFixture::Differs::report);
