@@ -120,10 +120,9 @@ long KR4WBClientSettings::WriteListSetting(const CATUnicodeString& key,
 long KR4WBClientSettings::GetListCount(const CATUnicodeString& key, int& count)
 {
     CATSettingRepository* repository = nullptr;
-    if (GetSettingRepository(repository) != S_OK) {
-        return E_FAIL;
-    }
-    return repository->ReadSetting(key, count) == S_OK ? S_OK : E_FAIL;
+    const bool isRead =
+        GetSettingRepository(repository) == S_OK && repository->ReadSetting(key, count) == S_OK;
+    return isRead ? S_OK : E_FAIL;
 }
 
 long KR4WBClientSettings::ReadListSetting(const CATUnicodeString& key,
@@ -134,7 +133,9 @@ long KR4WBClientSettings::ReadListSetting(const CATUnicodeString& key,
         return E_FAIL;
     }
     int count = 0;
-    GetListCount(key + kWBCountSuffix, count); // stays 0 for a list that was never written
+    if (GetListCount(key + kWBCountSuffix, count) != S_OK) {
+        return S_OK; // a list that was never written is an empty one
+    }
     return WBReadSettingItems(*repository, key, count, list);
 }
 
