@@ -133,6 +133,9 @@ void CATWBVPMNavReportPreview::BuildLists()
     SetRowStretch(1, 1);
     m_rootList = AddPreviewList(*frame, "ReportMultiListPRC", 0, kRootLines);
     m_instanceList = AddPreviewList(*frame, "ReportMultiListInst", 1, kInstanceLines);
+    for (CATDlgMultiList* list : {m_rootList, m_instanceList}) {
+        TakeListTexts(*list, kName);
+    }
     frame->SetRowStretch(1, 1); // what room there is belongs to the instances
 }
 

@@ -174,6 +174,8 @@ TEST_F(ReportPreview, TextsAreEnglish)
 {
     Built().SetVisibility(true);
     EXPECT_EQ(preview->Title(), "Report preview");
+    EXPECT_EQ(Roots().Widget()->accessibleName(), "Product");
+    EXPECT_EQ(Instances().Widget()->accessibleName(), "Part instances");
     for (const ShownText& text : kTexts) {
         EXPECT_EQ(Find<CATDialog>(*preview, text.control).Title(), text.english);
     }
@@ -187,6 +189,8 @@ TEST_F(ReportPreview, TextsAreGermanForThoseWhoSpeakIt)
     for (const ShownText& text : kTexts) {
         EXPECT_EQ(Find<CATDialog>(*preview, text.control).Title(), text.german);
     }
+    EXPECT_EQ(Roots().Widget()->accessibleName(), "Produkt");
+    EXPECT_EQ(Instances().Widget()->accessibleName(), "Teileinstanzen");
     EXPECT_EQ(Titles(Instances()).front(), "Ebene");
     EXPECT_EQ(Titles(Roots()).front(), "Ebene");
 }
