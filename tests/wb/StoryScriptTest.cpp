@@ -77,7 +77,7 @@ TEST(StoryScript, EveryVerbSaysItsFormWhenWordsAreMissing)
          {"open",        "workshop",       "start",      "menu",   "pick",   "click", "check",
           "type",        "select",         "key",        "sort",   "resize", "units", "expect",
           "expect-cell", "expect-tooltip", "expect-box", "answer", "file",   "close", "shot",
-          "dump"}) {
+          "dump",        "expect-copied",  "expect-file"}) {
         EXPECT_THAT(ProblemOf(verb), HasSubstr(std::string("a.story:1: expected: ") + verb + " "))
             << verb;
     }

@@ -32,7 +32,7 @@ public:
     /// The text as the owner wrote it; empty for a cell that is not there.
     CATUnicodeString Cell(int column, int row) const;
     /// Whole rows at once, replacing all; none is selected then.
-    void SetRows(std::vector<CATListValCATUnicodeString> rows);
+    void SetRows(const std::vector<CATListValCATUnicodeString>& rows);
     /// Takes all rows away. When they are written anew at once, with other texts (an option of
     /// their display has changed), everything that the user did stays: sorting, filter, selection,
     /// column widths and place. They are taken for the same rows when they are as many and the

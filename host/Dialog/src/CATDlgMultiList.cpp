@@ -192,7 +192,7 @@ CATUnicodeString CATDlgMultiList::Cell(int column, int row) const
     return model->Cells().Text(static_cast<std::size_t>(row) - 1, static_cast<std::size_t>(column));
 }
 
-void CATDlgMultiList::SetRows(std::vector<CATListValCATUnicodeString> rows)
+void CATDlgMultiList::SetRows(const std::vector<CATListValCATUnicodeString>& rows)
 {
     if (ListModel* model = m_model->Rows()) {
         model->SetRows(rows);

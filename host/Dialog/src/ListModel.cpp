@@ -110,6 +110,7 @@ void ListModel::SetMark(std::size_t row, std::size_t column, bool marked)
 
 void ListModel::SetFilter(const CATUnicodeString& filter)
 {
+    m_filter = filter;
     m_filterWords = FilterWords(filter);
     m_orderChanged = true;
     Settle();

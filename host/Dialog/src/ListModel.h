@@ -53,6 +53,7 @@ public:
 
     // The user's side.
     void SetFilter(const CATUnicodeString& filter);
+    const CATUnicodeString& Filter() const { return m_filter; }
     bool IsFiltered() const { return !m_filterWords.empty(); }
     void sort(int column, Qt::SortOrder order) override;
     ListSort Sorting() const { return m_sort; }
@@ -89,6 +90,7 @@ private:
     std::set<CellKey> m_marked;
 
     std::vector<int> m_shown;
+    CATUnicodeString m_filter;
     std::vector<std::string> m_filterWords;
     ListSort m_sort = ListSort::AsDelivered;
     std::size_t m_sortColumn = 0;

@@ -426,15 +426,26 @@ bool ListView::viewportEvent(QEvent* event)
     return QTableView::viewportEvent(event);
 }
 
+QString ListView::TextInPlaceOfRows() const
+{
+    if (m_model.rowCount() > 0) {
+        return {};
+    }
+    return m_model.Cells().RowCount() == 0
+               ? m_emptyText
+               : DialogMessage("List.NoMatch", "@No row holds \"/p1\".", {ToQt(m_model.Filter())});
+}
+
 void ListView::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
-    if (m_model.rowCount() == 0 && !m_emptyText.isEmpty()) {
+    const QString text = TextInPlaceOfRows();
+    if (!text.isEmpty()) {
         QPainter painter(viewport());
         painter.setPen(QuietColour());
         painter.drawText(viewport()->rect().adjusted(kCellMargin, 0, -kCellMargin, 0),
                          static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap),
-                         m_emptyText);
+                         text);
     }
 }
 

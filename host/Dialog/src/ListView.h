@@ -72,6 +72,7 @@ private:
         std::string firstCell;
     };
 
+    QString TextInPlaceOfRows() const;
     void NoteSelectedRow();
     void TakeUpSelection();
     void CopySelection(std::size_t linesToSkip) const;
