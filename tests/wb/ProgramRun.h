@@ -27,10 +27,11 @@ protected:
     Outcome RunShell(const std::string& line) const
     {
         // One shell of its own for the line, so that its variables hold for every program in it.
-        const std::string command = "cd '" + folder.Path() + "' && export XDG_CONFIG_HOME='" +
-                                    folder.At("config") + "' XDG_DATA_HOME='" +
-                                    folder.At("data-home") + "' " + environment + " && { " + line +
-                                    "; } 2>'" + folder.At("stderr") + "'";
+        // A session that another test had in this process has left its settings directory.
+        const std::string command =
+            "unset CATUserSettingPath; cd '" + folder.Path() + "' && export XDG_CONFIG_HOME='" +
+            folder.At("config") + "' XDG_DATA_HOME='" + folder.At("data-home") + "' " +
+            environment + " && { " + line + "; } 2>'" + folder.At("stderr") + "'";
         Outcome outcome;
         std::FILE* pipe = popen(command.c_str(), "r");
         std::array<char, 4096> block{};
