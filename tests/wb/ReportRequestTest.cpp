@@ -1,9 +1,6 @@
 #include "ReportRequest.h"
 
-#include <gmock/gmock.h>
-
-using testing::ElementsAre;
-using testing::IsEmpty;
+#include <gtest/gtest.h>
 
 namespace
 {

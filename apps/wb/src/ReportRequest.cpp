@@ -61,7 +61,7 @@ std::string ReadValues(const std::string& typed, std::vector<std::string>& value
         return {};
     }
     for (const std::string_view item : SplitAtCommas(typed)) {
-        const std::string problem = ReadValue(item, values);
+        std::string problem = ReadValue(item, values);
         if (!problem.empty()) {
             return problem;
         }

@@ -169,7 +169,7 @@ bool WriteFile(const std::string& path, std::string_view report, ProgressBar& ba
     CATFileReplacement file(path);
     bool isGood = file.Open();
     for (std::size_t done = 0; isGood && done < report.size(); done += kPiece) {
-        bar.Show("writing", done, report.size());
+        bar.Show("saving", done, report.size());
         end.LeaveWhenAsked();
         isGood = file.Write(report.substr(done, kPiece));
     }
