@@ -56,6 +56,13 @@ protected:
         EXPECT_EQ(folder.Read("out.xml"), "as it was") << arguments;
         return outcome.err;
     }
+    /// What a report of R shows on a terminal: "script" has one of its own.
+    std::string OnTerminal(const std::string& arguments) const
+    {
+        return RunShell("script -qec \"'" WB_PROGRAM "' report R --db a.db " + arguments +
+                        "\" /dev/null")
+            .out;
+    }
     void StoreFilter(const std::string& setting) const
     {
         folder.Write("config/wb/CATWBVPMNavFilterPanel.CATSettings", setting + "\n");
@@ -496,16 +503,20 @@ TEST_F(RunReport, InterruptedWritingLeavesNothingBehind)
 TEST_F(RunReport, ProgressIsShownOnATerminalAlone)
 {
     Import(kBeam);
-    const auto onTerminal = [this](const std::string& arguments) {
-        return RunShell("script -qec \"'" WB_PROGRAM "' report R --db a.db " + arguments +
-                        "\" /dev/null")
-            .out;
-    };
     EXPECT_THAT(Report("R").err, Not(HasSubstr("%")));
-    EXPECT_THAT(onTerminal("--out out.xml"),
+    EXPECT_THAT(OnTerminal("--out out.xml"),
                 AllOf(HasSubstr("\rsumming up  ["), HasSubstr("\rsaving      ["),
                       EndsWith("\rout.xml: 1 root, 2 part instances, 1 section\r\n")));
-    EXPECT_THAT(onTerminal("--out out.xml --verbose"), Not(HasSubstr(" %")));
+    EXPECT_THAT(OnTerminal("--out out.xml --verbose"), Not(HasSubstr(" %")));
+}
+
+TEST_F(RunReport, NothingSharesItsLineWithABar)
+{
+    Import(kBeam);
+    EXPECT_THAT(OnTerminal("--out -"), HasSubstr(" \r<WB_Report "));
+    EXPECT_THAT(OnTerminal("--out out.xml --pick R/x"),
+                AllOf(HasSubstr(" %"), HasSubstr(" \rwb: --pick: \"R\" has no instance \"x\"")));
+    EXPECT_THAT(OnTerminal("--out nowhere/out.xml"), HasSubstr(" \rwb: nowhere/out.xml: cannot"));
 }
 
 TEST_F(RunReport, HelpNamesEveryOption)

@@ -170,10 +170,9 @@ bool WriteFile(const std::string& path, std::string_view report, ProgressBar& ba
     bool isGood = file.Open();
     for (std::size_t done = 0; isGood && done < report.size(); done += kPiece) {
         bar.Show("saving", done, report.size());
-        end.LeaveWhenAsked();
         isGood = file.Write(report.substr(done, kPiece));
+        end.LeaveWhenAsked();
     }
-    end.LeaveWhenAsked();
     isGood = isGood && file.Commit();
     if (!isGood) {
         problem = path + ": cannot be written: " + std::generic_category().message(file.Error());
