@@ -130,7 +130,6 @@ void CATWBVPMNavReportPreview::BuildLists()
 {
     auto* frame = new CATDlgFrame(this, "ReportFrame", kPlainFrame); // the window owns it
     frame->SetPlacement(1, 0);
-    SetRowStretch(1, 1);
     m_rootList = AddPreviewList(*frame, "ReportMultiListPRC", 0, kRootLines);
     m_instanceList = AddPreviewList(*frame, "ReportMultiListInst", 1, kInstanceLines);
     for (CATDlgMultiList* list : {m_rootList, m_instanceList}) {
