@@ -146,6 +146,41 @@ TEST_F(DistributiveReportPreview, ListsHaveTheRoomAndTheRootHasALine)
     EXPECT_LE(bottom, 700);
 }
 
+TEST_F(DistributiveReportPreview, ListsAskForThreeFifteenAndTwentyLinesOfAHundredCharacters)
+{
+    Built(kReport);
+    auto* usual = new CATDlgMultiList(new CATDlgDialog(frame->MainWindow(), "Other", 0), "Usual");
+    usual->SetColumnTitles({"Title"});
+    usual->SetVisibleTextWidth(100);
+    const auto asksFor = [this, usual](const char* name, int lines) {
+        usual->SetVisibleLines(lines);
+        return List(name).Widget()->sizeHint() == usual->Widget()->sizeHint();
+    };
+    EXPECT_TRUE(asksFor(kRootList, 3));
+    EXPECT_TRUE(asksFor(kSectionList, 15));
+    EXPECT_TRUE(asksFor(kInstanceList, 20));
+    EXPECT_FALSE(asksFor(kInstanceList, 15));
+}
+
+TEST_F(DistributiveReportPreview, TheSelectionAsksForThirtyCharacters)
+{
+    Built(kReport);
+    auto* usual = new CATDlgEditor(new CATDlgDialog(frame->MainWindow(), "Other", 0), "Usual");
+    const QWidget* editor = Find<CATDialog>(*preview, "SelectionEditor").Widget();
+    usual->SetVisibleTextWidth(30);
+    EXPECT_EQ(editor->sizeHint().width(), usual->Widget()->sizeHint().width());
+    usual->SetVisibleTextWidth(31);
+    EXPECT_NE(editor->sizeHint().width(), usual->Widget()->sizeHint().width());
+}
+
+TEST_F(DistributiveReportPreview, EmptyListsSayWhatTheyLack)
+{
+    Built(R"(<R><PRC>text</PRC><PartInstance/></R>)").SetVisibility(true);
+    ExpectEmptyText(List(kRootList), "No product");
+    ExpectEmptyText(List(kSectionList), "No sections");
+    ExpectEmptyText(List(kInstanceList), "No part instances");
+}
+
 TEST_F(DistributiveReportPreview, TheTabKeyComesToTheButtonsLast)
 {
     Built(kReport);

@@ -177,6 +177,15 @@ TEST_F(MatStatPreview, ListsAreSpokenOfByWhatTheyHold)
     EXPECT_EQ(List(kPartMassTypes).Widget()->accessibleName(), "Mass types of part instances");
 }
 
+TEST_F(MatStatPreview, EmptyListsSayWhatTheyLack)
+{
+    Built("<R><PRC/></R>", kWithParts).SetVisibility(true);
+    ExpectEmptyText(List(kRootMaterials), "No materials");
+    ExpectEmptyText(List(kPartMaterials), "No materials");
+    ExpectEmptyText(List(kRootMassTypes), "No mass types");
+    ExpectEmptyText(List(kPartMassTypes), "No mass types");
+}
+
 TEST_F(MatStatPreview, ListsShareTheRoomSideBySide)
 {
     Built(kDesk, kWithParts).SetVisibility(true);

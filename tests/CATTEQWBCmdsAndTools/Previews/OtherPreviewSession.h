@@ -5,6 +5,9 @@
 #include "CATWBVPMNavDistributiveReportPreview.h"
 #include "CATWBVPMNavMatStatPreview.h"
 
+#include <QImage>
+#include <QPixmap>
+
 /// A preview that says which of its operations were called.
 template <class Preview>
 class HeardOther : public Preview
@@ -84,6 +87,18 @@ protected:
     Heard* preview = nullptr;
     CATCommandWatch<Preview> watch;
 };
+
+/// The empty list, which is shown, looks as it does with that text in its place.
+inline void ExpectEmptyText(CATDlgMultiList& list, const char* text)
+{
+    CATDlgApplication::ProcessEvents();
+    ASSERT_EQ(list.RowCount(), 0);
+    const QImage asBuilt = list.Widget()->grab().toImage();
+    list.SetEmptyText("");
+    EXPECT_NE(asBuilt, list.Widget()->grab().toImage()) << text;
+    list.SetEmptyText(text);
+    EXPECT_EQ(asBuilt, list.Widget()->grab().toImage()) << text;
+}
 
 /// A control and where it stands: its parent, and row, column, rows and columns of its grid.
 struct PlacedControl
