@@ -289,6 +289,27 @@ TEST(ReportRequest, CancelEndsItAndProgressRises)
               "#WB_ERROR#");
 }
 
+TEST(ReportRequest, EveryInstanceOfVeryManyPartsIsItsOwn)
+{
+    constexpr int kParts = 20'100;
+    ServedProduct served;
+    std::string table = "parent,instance,part,mass_type,mass [kg]\n,,A,,\n";
+    for (int i = 1; i <= kParts; ++i) {
+        const std::string number = std::to_string(i);
+        table += "A," + number + ",P" + number + ",Weighed," + number + "\n";
+    }
+    served.ImportTable(table);
+    const ReadReport report(served, {});
+    int count = 0;
+    for (const auto& instance : report.Prc().children("PartInstance")) {
+        const std::string number = std::to_string(++count);
+        ASSERT_EQ(Value(instance, "Instance_ID"), number);
+        ASSERT_EQ(Value(instance, "Part_ID"), "P" + number);
+        ASSERT_EQ(Value(instance, "WB_Mass"), number);
+    }
+    EXPECT_EQ(count, kParts);
+}
+
 TEST(ReportRequest, ReportOfMoreInstancesThanAReaderCanTakeIsRefused)
 {
     ServedProduct served;

@@ -269,6 +269,11 @@ void ExpectSectionsMakeUp(const ReportWalk& walk, const ComputeResult& result)
     for (std::size_t axis = 0; axis < 3; ++axis) {
         EXPECT_NEAR(moment[axis], total.body.mass * total.body.centre[axis], kShare * size * 1e4);
     }
+    if (walk.TakenOf(walk.Root().number) != nullptr) {
+        ASSERT_EQ(sections.size(), 1U);
+        ExpectExactly(sections[0].total, total);
+        return;
+    }
     for (std::size_t term = 0; term < 6; ++term) {
         EXPECT_NEAR(inertia[term], total.body.inertia[term], 1e-7 * size * 10) << term;
     }
@@ -470,6 +475,26 @@ TEST(ReportWalk, StructureBelowOwnValuesGoesOnButTheSectionsCountTheOwnValues)
     ASSERT_EQ(sections.size(), 1U);
     EXPECT_EQ(sections[0].code, "(no code)");
     EXPECT_EQ(sections[0].total.body.mass, 18);
+}
+
+TEST(ReportWalk, SectionOfARootWhoseOwnValuesCountIsTheRoot)
+{
+    SmallProduct small = Turned();
+    small.Set("R", "Weighed",
+              {{Fact::Mass, 9},
+               {Fact::CgX, 1},
+               {Fact::CgY, 2},
+               {Fact::CgZ, 3},
+               {Fact::Lower, 0},
+               {Fact::Upper, 0}});
+    small.Of("R").code = "ALL";
+    small.Of("R").activeType = "Weighed";
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    const auto sections = ReportWalk(graph, {}, {}).Sections({});
+    ASSERT_EQ(sections.size(), 1U);
+    EXPECT_EQ(sections[0].code, "ALL");
+    EXPECT_EQ(sections[0].total.body.mass, 9);
+    EXPECT_EQ(sections[0].total.body.centre, (std::array<double, 3>{1, 2, 3}));
 }
 
 TEST(ReportWalk, CodeIsTheNodesOwnElseThatOfTheNearestAbove)

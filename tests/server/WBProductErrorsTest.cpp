@@ -46,6 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadTable{"NoPart", "name\nx\n", "there is no column \"part\""},
         BadTable{"PropertyName", "part,p:2nd\n", "found the name \"2nd\", expected a letter"},
         BadTable{"PropertyOfReport", "part,p:COGx\n", "\"COGx\" is a name of the report"},
+        BadTable{"PropertyOfInstances", "part,p:Code\n", "\"Code\" is a name of the report"},
         BadTable{"PropertySuffix", "part,p:N:text\n", "found the suffix \"text\""},
         BadTable{"PropertyTwice", "part,p:N:int,p:N:int\n", "the property stands twice"},
         BadTable{"PropertyUnit", "part,p:N [parsec]\n", "unknown unit \"parsec\""},

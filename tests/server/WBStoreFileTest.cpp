@@ -270,3 +270,51 @@ TEST(WBStoreFile, BatchSaysThatAnotherProgramWrites)
     other.Run("COMMIT");
     EXPECT_NO_THROW(StoreBatch(*opened.store).Commit());
 }
+
+TEST(WBStoreFile, ReadsOfOneMomentSeeNothingOfWhatOthersWriteMeanwhile)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+    SqlConnection other(directory.File("x.db"));
+    {
+        const StoreMoment moment(*opened.store);
+        EXPECT_EQ(opened.store->MassTypes(), ShippedMassTypes());
+        EXPECT_EQ(other.Run("DELETE FROM mass_type"), SQLITE_BUSY) << "it waits for the moment";
+        EXPECT_EQ(opened.store->MassTypes(), ShippedMassTypes());
+    }
+    EXPECT_EQ(other.Run("DELETE FROM mass_type"), SQLITE_OK);
+    EXPECT_TRUE(opened.store->MassTypes().empty());
+}
+
+TEST(WBStoreFile, MomentInsideABatchLeavesItOpen)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+    StoreBatch batch(*opened.store);
+    EXPECT_TRUE(opened.store->Import(SmallProduct(), {"kim", "t.csv", "c"}).errors.empty());
+    {
+        const StoreMoment moment(*opened.store);
+        EXPECT_EQ(opened.store->Roots().size(), 1U);
+    }
+    batch.Commit();
+    EXPECT_EQ(opened.store->Roots().size(), 1U);
+}
+
+TEST(WBStoreFile, PropertiesOfAllUsesComeUseByUseInStoredOrder)
+{
+    const wbtest::Directory directory;
+    const auto opened = Store::OpenOrCreate(directory.File("x.db"));
+    const auto read = wbtest::Read("parent,instance,part,i:Where,i:Gap [mm],p:Vendor\n,,A,,,\n"
+                                   "A,1,P,left,2,Smith\nA,2,P,,,\nA,3,P,right,,\n");
+    opened.store->Import(read.product, {"kim", "t.csv", "c"});
+    const RowId root = opened.store->FindRoot("A")->id;
+    std::vector<std::string> found;
+    opened.store->UseProperties([&](RowId use, const Property& property) {
+        std::string instance;
+        for (const UseLine& line : opened.store->UsesOf(root)) {
+            instance = line.id == use ? line.instance : instance;
+        }
+        found.push_back(instance + " " + property.name + "=" + property.value + property.magnitude);
+    });
+    EXPECT_THAT(found, ElementsAre("1 Where=left", "1 Gap=2LENGTH", "3 Where=right"));
+}

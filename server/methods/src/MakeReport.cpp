@@ -68,6 +68,22 @@ void CheckLength(double places)
     }
 }
 
+/// The product and what is told of it.
+struct Reported
+{
+    const ResidentProduct& product;
+    ReportFacts facts;
+};
+
+/// As of one moment: the texts are those of the figures.
+Reported ReadReported(const MethodCall& call, RowId root, const ReportRequest& request)
+{
+    const StoreMoment moment(call.store);
+    const ResidentProduct& product = call.computations.ProductOf(root, Policy::Check, call.context);
+    return {product, ReportFacts(call.store, product, request.properties, request.values.types,
+                                 call.context)};
+}
+
 std::string WriteReport(const ReportSource& source, const CallContext& context, const Body& root,
                         const std::vector<std::vector<std::uint32_t>>& picks)
 {
@@ -109,8 +125,9 @@ std::string MakeReport(const MethodCall& call, std::string_view text)
     const ComputeResult result =
         computations.ComputeAt({root, {}, {}}, request.computation, call.context);
 
-    const ResidentProduct& product = computations.ProductOf(root.id, Policy::Check, call.context);
-    std::vector<std::vector<std::uint32_t>> picks = FindPicks(*product.graph, request.picks);
+    const Reported reported = ReadReported(call, root.id, request);
+    const ProductGraph& graph = *reported.product.graph;
+    std::vector<std::vector<std::uint32_t>> picks = FindPicks(graph, request.picks);
     if (request.picks.empty()) {
         picks.emplace_back(); // the root
     }
@@ -118,19 +135,17 @@ std::string MakeReport(const MethodCall& call, std::string_view text)
     options.cancelled = [&] {
         return IsCancelled(call.context);
     };
-    const ReportWalk walk(*product.graph, options, OptionsOf(request));
+    const ReportWalk walk(graph, options, OptionsOf(request));
     if (!walk.Error().empty()) {
         throw RequestError(walk.Error());
     }
-    const ReportFacts facts(call.store, product, request.properties, request.values.types,
-                            call.context);
     const auto now = call.context.now ? call.context.now() : std::chrono::system_clock::now();
     Body weight = walk.TotalOf(walk.Root().number).body;
     if (result.precisionDefined) {
         weight.lower = result.total.body.lower;
         weight.upper = result.total.body.upper;
     }
-    std::string report = WriteReport({request, *product.graph, walk, facts, ReportTime(now)},
+    std::string report = WriteReport({request, graph, walk, reported.facts, ReportTime(now)},
                                      call.context, weight, picks);
     computations.KeepWarnings(call.context.user, result);
     return report;

@@ -17,6 +17,7 @@ void SortByPosition(std::vector<ReportFacts::PropertyText>& texts)
 std::vector<std::pair<std::string, std::string>> SourcesIn(const std::vector<ValueSet>& sets)
 {
     std::vector<std::pair<std::string, std::string>> sources;
+    sources.reserve(sets.size());
     for (const ValueSet& set : sets) {
         sources.emplace_back(set.massType, set.source);
     }

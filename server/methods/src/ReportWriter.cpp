@@ -219,18 +219,26 @@ void ReportWriter::Look()
 
 const ReportWriter::OfNumber& ReportWriter::Of(std::uint32_t number)
 {
-    if (number >= m_sums.size()) {
-        m_sums.resize(number + std::size_t{1});
+    // Some twenty megabytes. A product of more sums than that hardly uses any of them twice.
+    constexpr std::size_t kMostKept = 20000;
+    const auto found = m_kept.find(number);
+    if (found != m_kept.end()) {
+        return found->second;
     }
-    OfNumber& same = m_sums[number];
-    if (same.isMade) {
-        return same;
+    if (m_kept.size() < kMostKept) {
+        return m_kept.emplace(number, Make(number)).first->second;
     }
+    m_passing = Make(number);
+    return m_passing;
+}
+
+ReportWriter::OfNumber ReportWriter::Make(std::uint32_t number) const
+{
+    OfNumber same;
     const std::uint32_t node = m_source.walk.NodeOf(number);
     const ProductGraph::PartRow& part = m_source.graph.PartOf(node);
     const ReportFacts::PartText& facts = m_source.facts.Of(m_source.graph.Nodes()[node].part);
     const Body& body = m_source.walk.TotalOf(number).body;
-    same.isMade = true;
     same.part = Kept([&](XmlAttributes& to) { to.Add("Part_ID", part.identifier); });
     same.name = Kept([&](XmlAttributes& to) { to.Add("Name", facts.name); });
     same.version = Kept([&](XmlAttributes& to) { to.Add("Version", part.version); });

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace wb
@@ -41,7 +42,6 @@ private:
     /// that these need be written but once.
     struct OfNumber
     {
-        bool isMade = false;
         Written part;
         Written name;
         Written version;
@@ -56,6 +56,7 @@ private:
     void Leave(const ReportWalk::Place& place) override;
 
     const OfNumber& Of(std::uint32_t number);
+    OfNumber Make(std::uint32_t number) const;
     void AddInstance(XmlAttributes& to, const ReportWalk::Place& place);
     void AddWeighedInstance(XmlAttributes& to, const ReportWalk::Place& place);
     void WriteStatistics(std::uint32_t number, double pieces, std::string_view instance);
@@ -70,7 +71,8 @@ private:
     std::string m_text;
     std::string m_path;               // of the place, escaped
     std::vector<std::size_t> m_above; // lengths of the path at the places above
-    std::vector<OfNumber> m_sums;     // by number
+    std::unordered_map<std::uint32_t, OfNumber> m_kept;
+    OfNumber m_passing; // of a sum that is not kept
 
     // While instances are written.
     std::size_t m_begin = 0; // of the first one

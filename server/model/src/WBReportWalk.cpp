@@ -72,7 +72,9 @@ public:
         if (result.Descends()) {
             return true;
         }
-        SectionSum& section = m_sections[static_cast<std::size_t>(place.code + 1)];
+        const std::size_t behindNone =
+            place.code < 0 ? 0 : static_cast<std::size_t>(place.code) + 1;
+        SectionSum& section = m_sections[behindNone];
         section.isMet = true;
         section.counts.leaves += place.pieces;
         if (m_wantsVolumes) {
@@ -374,8 +376,11 @@ std::vector<ReportSection> ReportWalk::Sections(const std::function<void()>& loo
         }
         ReportSection section;
         section.code = code == 0 ? "(no code)" : m_sums->graph.Codes()[code - 1];
-        section.total.counts = sum.counts;
-        section.total.body = SectionBody(sum, centre);
+        // Where the root's own values count there is one section, and it is the root: what nobody
+        // states of it stays unknown, while a sum would take it for a point.
+        section.total = m_sums->walk.At(root.number).Descends()
+                            ? Total{SectionBody(sum, centre), sum.counts}
+                            : TotalOf(root.number);
         section.materials = m_sums->shares.Named(sum.materials);
         section.volume = m_sums->wanted.volumes ? sum.volume : kUnknown;
         sections.push_back(std::move(section));

@@ -267,10 +267,27 @@ public:
 
 private:
     friend class StoreBatch;
+    friend class StoreMoment;
     friend class StoreImport;
     explicit Store(std::unique_ptr<Database> database);
 
     std::unique_ptr<Database> m_database;
+};
+
+/// While it lives, all reads of a store see it as of one moment, whatever other programs write
+/// meanwhile, and many small reads cost less. Nothing may be written to the store meanwhile.
+class StoreMoment
+{
+public:
+    /// Borrows the store. Throws StoreError.
+    explicit StoreMoment(const Store& store);
+    StoreMoment(const StoreMoment&) = delete;
+    StoreMoment& operator=(const StoreMoment&) = delete;
+    ~StoreMoment();
+
+private:
+    Database& m_database;
+    const bool m_inner;
 };
 
 /// Makes one of the writes to a store that follow: all of them happen at Commit, or none. A write

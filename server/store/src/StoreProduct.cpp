@@ -9,30 +9,6 @@ namespace wb
 {
 namespace
 {
-/// All reads until the end see the database as of one moment, whatever others write meanwhile.
-class OneMoment
-{
-public:
-    explicit OneMoment(Database& database) : m_database(database), m_inner(database.InTransaction())
-    {
-        if (!m_inner) {
-            m_database.Execute("BEGIN");
-        }
-    }
-    OneMoment(const OneMoment&) = delete;
-    OneMoment& operator=(const OneMoment&) = delete;
-    ~OneMoment()
-    {
-        if (!m_inner) {
-            m_database.Try("COMMIT");
-        }
-    }
-
-private:
-    Database& m_database;
-    const bool m_inner;
-};
-
 /// Tells somebody how far a reading is, and ends it when they want that.
 class Watch
 {
@@ -75,6 +51,21 @@ std::vector<RowId> UseIdsOf(Database& database, RowId part)
 }
 } // namespace
 
+StoreMoment::StoreMoment(const Store& store)
+    : m_database(*store.m_database), m_inner(m_database.InTransaction())
+{
+    if (!m_inner) {
+        m_database.Execute("BEGIN");
+    }
+}
+
+StoreMoment::~StoreMoment()
+{
+    if (!m_inner) {
+        m_database.Try("COMMIT");
+    }
+}
+
 Product Store::ReadProduct(RowId root) const
 {
     return ReadRows(root, {}).product;
@@ -82,7 +73,7 @@ Product Store::ReadProduct(RowId root) const
 
 ReadProductRows Store::ReadRows(RowId root, const std::function<bool(double)>& goOn) const
 {
-    const OneMoment moment(*m_database);
+    const StoreMoment moment(*this);
     // The database may hold other products as well, so the share is a low guess.
     const Watch watch(*m_database, goOn);
     ReadProductRows rows;
