@@ -139,8 +139,8 @@ long KR4WBClientSettings::ReadListSetting(const CATUnicodeString& key,
     return WBReadSettingItems(*repository, key, count, list);
 }
 
-// The interface takes the texts of groups by value; here they are only read.
-// their callers were compiled. NOLINTBEGIN(performance-unnecessary-value-param)
+// The texts come by value although they are only read: that is how the callers of these operations
+// were compiled. NOLINTBEGIN(performance-unnecessary-value-param)
 long KR4WBClientSettings::SetItemInstanceGroup(CATUnicodeString prefix, CATUnicodeString name,
                                                CATListValCATUnicodeString& l1,
                                                CATListValCATUnicodeString& l2,

@@ -701,6 +701,15 @@ TEST_F(ClientSettings, FileIsFoundInAnyDirectoryOfTheReferencePath)
     EXPECT_EQ(m_output.Lines().size(), 2U);
 }
 
+TEST_F(ClientSettings, FileIsFoundInAnyDirectoryOfAUsersPathThatBeginsWithTheSeparator)
+{
+    m_user.Write("second/" + std::string(kFile), "");
+    const std::string whole = ";" + m_user.Path() + ";" + m_user.At("second");
+    m_environment.Set("CATUserSettingPath", whole);
+    EXPECT_EQ(KR4WBClientSettings::GetFileExist(), 0);
+    EXPECT_THAT(m_output.Lines(), ElementsAre("User setting path = " + whole));
+}
+
 TEST_F(ClientSettings, FileIsNotFoundWithoutVariables)
 {
     m_environment.Unset("CATUserSettingPath");

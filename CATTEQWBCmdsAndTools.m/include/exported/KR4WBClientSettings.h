@@ -69,7 +69,7 @@ public:
                                  CATListValCATUnicodeString& m2, CATListValCATUnicodeString& m3,
                                  CATListValCATUnicodeString& m4);
     /// The same for the criteria; `criterion` is replaced. S_FALSE, with every output untouched,
-    /// when nothing is stored.
+    /// when nothing is stored, also where there is no place to store it.
     static long GetCriteriaGroup(CATUnicodeString prefix, CATUnicodeString name,
                                  CATUnicodeString& criterion, CATListValCATUnicodeString& m1,
                                  CATListValCATUnicodeString& m2, CATListValCATUnicodeString& m3,
@@ -81,7 +81,8 @@ public:
     static long GetCATSettingsOrigin(CATUnicodeString& path);
     /// S_OK (0) when there is a settings file, in the user's first directory or anywhere in
     /// "CATReferenceSettingPath"; S_FALSE (1) when there is none. So 0 means yes, the reverse of
-    /// what the name suggests; callers rely on it.
+    /// what the name suggests, and stays so for whoever calls it already. Says on the diagnostic
+    /// output where it looked.
     static long GetFileExist();
 
 private:
