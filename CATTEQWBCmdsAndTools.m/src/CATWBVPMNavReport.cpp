@@ -18,9 +18,16 @@ CATWBVPMNavReportPanel* OpenPanel()
     // Without a window to belong to, nobody would destroy the panel.
     CATWBVPMNavReportPanel* panel =
         window == nullptr ? nullptr : CATWBVPMNavReportPanel::Create(window);
-    if (panel != nullptr) {
+    if (panel == nullptr) {
+        return nullptr;
+    }
+    try {
         panel->Build();
         panel->SetVisibility(true);
+    } catch (...) {
+        // There will be no command that takes it along, and nobody sees it to close it.
+        panel->RequestDelayedDestruction();
+        throw;
     }
     return panel;
 }

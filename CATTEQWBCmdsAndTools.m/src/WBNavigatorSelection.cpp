@@ -1,6 +1,5 @@
 #include "WBNavigatorSelection.h"
 
-#include "WBObjectService.h"
 #include "WBPickedObject.h"
 
 #include "CATWBVPMNavFilterPanel.h"
@@ -204,13 +203,19 @@ bool WBNavigatorSelection::Ask(CATPathElementAgent& agent,
         CATDiagnosticOutput().Line("inputString: ", input);
     }
     const WBObjectServiceAnswer answer = WBAskObjectService(identificators, input);
+    return TakeAnswer(answer, identificators.Size()); // the service keeps one for each record
+}
+
+bool WBNavigatorSelection::TakeAnswer(const WBObjectServiceAnswer& answer, int recordCount)
+{
+    m_recordCount = 0;
     if (answer.status != S_OK) {
         return false;
     }
     if (answer.text) {
         m_answer = *answer.text;
-        m_recordCount = identificators.Size(); // the service keeps one for each record
-        if (variant.tellTexts == TellTexts::Yes) {
+        m_recordCount = recordCount;
+        if (VariantOf(m_command).tellTexts == TellTexts::Yes) {
             CATDiagnosticOutput().Line("Filter:  usReturnString:", m_answer);
         }
     }

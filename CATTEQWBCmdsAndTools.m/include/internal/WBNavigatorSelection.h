@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WBObjectService.h"
+
 #include "CATUnicodeString.h"
 
 #include <functional>
@@ -38,6 +40,9 @@ public:
     /// the root's identifier, which it keeps; for the others it is looked up. False when the PDM
     /// could not be asked or did not answer; true otherwise, however many records there are.
     bool Ask(CATPathElementAgent& agent, const CATUnicodeString& keptRootIdentifier = {});
+    /// Takes what the service said of so many objects, as Ask does. False when it failed; without
+    /// an answer there are no records.
+    bool TakeAnswer(const WBObjectServiceAnswer& answer, int recordCount);
     /// Hands the records on in pick order until the consumer answers false. True when it took them
     /// all.
     bool HandRecordsTo(const std::function<bool(const WBNavigatorRecord&)>& consumer) const;

@@ -116,6 +116,9 @@ TEST(WBPickedObject, RootIsIdentifiedByTheValueNamedExactlyVId)
     EXPECT_TRUE(WBFindRootIdentifier({"V_Name", "V_version", "V_ID"}, {"Aeroplane", "A", "LA1"},
                                      identifier));
     EXPECT_EQ(identifier, "LA1");
+    EXPECT_TRUE(
+        WBFindRootIdentifier({"V_Name", "V_ID", "V_ID"}, {"A", "first", "second"}, identifier));
+    EXPECT_EQ(identifier, "first");
 }
 
 TEST(WBPickedObject, RootWithoutVIdHasNoIdentifier)

@@ -4,6 +4,7 @@
 #include "RecordServer.h"
 #include "TemporaryDirectory.h"
 #include "Toolkit.h"
+#include "VirtualSlots.h"
 
 #include "CATWBVPMNavGUITable.h"
 
@@ -12,8 +13,6 @@
 #include "CATMsgCatalog.h"
 #include "CATSession.h"
 
-#include <cstddef>
-#include <cstring>
 #include <memory>
 
 namespace
@@ -37,7 +36,13 @@ public:
     }
     ~FakeReportPanel() override { std::erase(s_made, this); }
 
-    void Build() override { calls.emplace_back(IsVisible() ? "built too late" : "built"); }
+    void Build() override
+    {
+        if (s_cannotBeBuilt) {
+            CATRaiseFatalError("a control is missing", "panel", 1);
+        }
+        calls.emplace_back(IsVisible() ? "built too late" : "built");
+    }
     bool IsInstanceInputActive() const override { return instancesWanted > 0; }
     void SetWMMInstance(CATUnicodeString instance, CATUnicodeString part, CATUnicodeString version,
                         CATUnicodeString path, int count) override
@@ -57,6 +62,7 @@ public:
     std::vector<std::string> calls;
     int instancesWanted = 100; ///< after so many the panel takes no more
     static inline bool s_hasCloseButton = true;
+    static inline bool s_cannotBeBuilt = false;
     static inline std::vector<FakeReportPanel*> s_made;
 
 private:
@@ -89,6 +95,7 @@ protected:
         CATWBVPMNavGUISetTable({});
         CATSetServerCaller(nullptr);
         FakeReportPanel::s_hasCloseButton = true;
+        FakeReportPanel::s_cannotBeBuilt = false;
     }
 
     void Make()
@@ -136,27 +143,6 @@ protected:
     std::unique_ptr<CATApplicationFrame> frame;
     CATWBVPMNavReport* command = nullptr;
     CATCommandWatch<CATDialogAgent> agent; // of the command that was started
-};
-
-/// The place of a virtual operation in its table. A pointer to such a member begins with the offset
-/// of the place in bytes, plus 1.
-template <class Member>
-std::ptrdiff_t SlotOf(Member member)
-{
-    std::ptrdiff_t encoded = 0;
-    static_assert(sizeof(member) == 2 * sizeof(encoded));
-    std::memcpy(&encoded, &member, sizeof(encoded));
-    EXPECT_EQ(encoded % static_cast<std::ptrdiff_t>(sizeof(void*)), 1) << "is not virtual";
-    return (encoded - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
-}
-
-/// A virtual operation added to a class stands behind all that the class has.
-template <class Class>
-class Probe : public Class
-{
-public:
-    using Class::Class;
-    virtual void Added() {}
 };
 
 } // namespace
@@ -218,7 +204,8 @@ TEST_F(ReportCommand, WaitsWithOneAgentOfTheNavigatorThatTakesSets)
 
 TEST_F(ReportCommand, AddsNoVirtualOperationToTheStateCommand)
 {
-    EXPECT_EQ(SlotOf(&Probe<CATWBVPMNavReport>::Added), SlotOf(&Probe<CATStateCommand>::Added));
+    EXPECT_EQ(SlotOf(&SlotProbe<CATWBVPMNavReport>::Added),
+              SlotOf(&SlotProbe<CATStateCommand>::Added));
     EXPECT_EQ(SlotOf(&CATWBVPMNavReport::Activate), SlotOf(&CATCommand::Activate));
     EXPECT_EQ(SlotOf(&CATWBVPMNavReport::Desactivate), SlotOf(&CATCommand::Activate) + 1);
     EXPECT_EQ(SlotOf(&CATWBVPMNavReport::Cancel), SlotOf(&CATCommand::Activate) + 2);
@@ -289,6 +276,23 @@ TEST_F(ReportCommand, CommandThatWasNeverStartedTakesItsPanelAlong)
     command->Release(); // it belongs to nobody but whoever made it
     CATSession::RunDelayedDestructions();
     EXPECT_EQ(Panel(), nullptr);
+}
+
+TEST_F(ReportCommand, PanelThatCannotBeBuiltGoesAndLeavesNoCommand)
+{
+    const FatalErrors fatal(FatalErrors::Then::Throw);
+    FakeReportPanel::s_cannotBeBuilt = true;
+    EXPECT_THROW(fctCreateCATWBVPMNavReport(), CATFatalError);
+    ASSERT_NE(Panel(), nullptr);
+    EXPECT_FALSE(Panel()->IsVisible());
+    CATSession::RunDelayedDestructions();
+    EXPECT_EQ(Panel(), nullptr);
+    EXPECT_EQ(CATSession::PendingDestructions(), 0);
+
+    FakeReportPanel::s_cannotBeBuilt = false; // the next attempt is whole again
+    Start();
+    EXPECT_TRUE(Panel()->IsVisible());
+    EXPECT_EQ(FakeReportPanel::s_made.size(), 1U);
 }
 
 TEST_F(ReportCommand, PanelThatIsGoneGetsNothingMore)

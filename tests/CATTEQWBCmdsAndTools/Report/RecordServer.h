@@ -5,6 +5,7 @@
 
 #include "CATServerCaller.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,6 +29,9 @@ public:
             call += " " + identificator;
         }
         calls.push_back(call + ": " + std::string(input));
+        if (onCall) {
+            onCall();
+        }
         std::erase(identificators, unknown);
         return answer;
     }
@@ -35,6 +39,7 @@ public:
     std::optional<std::string> answer = std::string();
     std::string unknown; ///< an identificator that the service does not know
     std::vector<std::string> calls;
+    std::function<void()> onCall; ///< runs while the caller waits
 };
 
 // The records of the aeroplane's three item instances.

@@ -173,11 +173,15 @@ TEST_F(NavigatorSelection, TypeMustBeExactlyThatOfAnItemInstance)
 TEST_F(NavigatorSelection, AgentIsReadyForTheNextPickAtOnce)
 {
     m_server->answer.reset(); // also where nothing comes of it
+    bool isReady = false;
+    m_server->onCall = [this, &isReady] { // before the server answers
+        isReady = !m_agent.IsOutputSet() && m_agent.GetListOfValues().empty();
+    };
     for (const WBNavigatorCommand command : kEveryCommand) {
+        isReady = false;
         WBNavigatorSelection selection(command);
         EXPECT_FALSE(Ask(selection, {PathToFuselage()}));
-        EXPECT_FALSE(m_agent.IsOutputSet());
-        EXPECT_THAT(m_agent.GetListOfValues(), IsEmpty());
+        EXPECT_TRUE(isReady);
     }
 }
 
@@ -275,9 +279,14 @@ TEST_F(NavigatorSelection, WithoutAnIdentifierOfTheRootReportAndGroupAskNothing)
     CATNavigator::Open(std::make_shared<AeroplaneSource>(), AeroplaneSource::Row("", "", true));
     for (const WBNavigatorCommand command :
          {WBNavigatorCommand::Report, WBNavigatorCommand::Group}) {
+        const DiagnosticCapture output;
         WBNavigatorSelection selection(command);
+        selection.TakeAnswer({S_OK, kFuselage}, 1); // records of a pick before
         EXPECT_FALSE(Ask(selection, {path}));
         EXPECT_THAT(RecordsOf(selection), IsEmpty());
+        EXPECT_THAT(output.Lines(),
+                    ElementsAre("Object list's size: 1", "pElem is a: CATNavigatorNode",
+                                "_RootType: ENOVIA_VPMItem", "rootType2: ENOVIA_VPMItem"));
     }
     EXPECT_THAT(m_server->calls, IsEmpty());
 }
@@ -345,6 +354,26 @@ TEST_F(NavigatorSelection, FailedServiceFailsThePickAndLeavesNoRecords)
         EXPECT_FALSE(Ask(selection, {PathToFuselage()}));
         EXPECT_THAT(RecordsOf(selection), IsEmpty());
     }
+}
+
+TEST_F(NavigatorSelection, ServiceThatSucceedsWithoutAnAnswerGivesNoRecords)
+{
+    for (const WBNavigatorCommand command : kEveryCommand) {
+        const DiagnosticCapture output;
+        WBNavigatorSelection selection(command);
+        EXPECT_TRUE(selection.TakeAnswer({S_OK, std::nullopt}, 2));
+        EXPECT_THAT(RecordsOf(selection), IsEmpty());
+        EXPECT_THAT(output.Lines(), IsEmpty());
+    }
+}
+
+TEST_F(NavigatorSelection, AnswerOfAFailedServiceIsNotRead)
+{
+    WBNavigatorSelection selection(WBNavigatorCommand::Report);
+    EXPECT_TRUE(selection.TakeAnswer({S_OK, kFuselage}, 1));
+    EXPECT_EQ(RecordsOf(selection).size(), 1U);
+    EXPECT_FALSE(selection.TakeAnswer({E_FAIL, kForward}, 1));
+    EXPECT_THAT(RecordsOf(selection), IsEmpty());
 }
 
 TEST_F(NavigatorSelection, ConsumerEndsTheHandingOn)
