@@ -1,8 +1,8 @@
 #include "CATWBToken.h"
 
 #include "ModuleSession.h"
+#include "VirtualSlots.h"
 
-#include <cstring>
 #include <type_traits>
 
 namespace
@@ -139,34 +139,10 @@ TEST(CATWBToken, FieldBehindABadOneIsStillRead)
     EXPECT_EQ(token.NextInt(), 8);
 }
 
-/// A virtual operation added behind those of the tokenizer tells how many it has.
-class TokenProbe : public CATWBToken
-{
-public:
-    using CATWBToken::CATWBToken;
-    virtual void Added() {}
-};
-
-class HostTokenProbe : public CATToken
-{
-public:
-    using CATToken::CATToken;
-    virtual void Added() {}
-};
-
-template <class Member>
-std::ptrdiff_t EncodedSlot(Member member)
-{
-    std::ptrdiff_t encoded = 0;
-    static_assert(sizeof(member) >= sizeof(encoded));
-    std::memcpy(&encoded, &member, sizeof(encoded));
-    return encoded;
-}
-
 TEST(CATWBToken, OnlyTheDestructorIsVirtual)
 {
     EXPECT_TRUE(std::has_virtual_destructor_v<CATWBToken>);
-    EXPECT_EQ(EncodedSlot(&TokenProbe::Added), EncodedSlot(&HostTokenProbe::Added));
+    EXPECT_EQ(SlotOf(&SlotProbe<CATWBToken>::Added), SlotOf(&SlotProbe<CATToken>::Added));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "CATWBAllDataBuffer.h"
 
+#include "VirtualSlots.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -16,35 +18,6 @@ namespace
 
 using Record = ENOWBAllDataBuffer;
 
-/// The place of a virtual operation in its table. A pointer to such a member begins with the offset
-/// of the place in bytes, plus 1.
-template <class Member>
-std::ptrdiff_t SlotOf(Member member)
-{
-    std::ptrdiff_t encoded = 0;
-    static_assert(sizeof(member) == 2 * sizeof(encoded));
-    std::memcpy(&encoded, &member, sizeof(encoded));
-    EXPECT_EQ(encoded % static_cast<std::ptrdiff_t>(sizeof(void*)), 1) << "is not virtual";
-    return (encoded - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
-}
-
-/// A virtual operation added to a class stands behind all that the class has.
-class BaseProbe : public CATBaseUnknown
-{
-public:
-    virtual void Added() {}
-};
-class RecordProbe : public Record
-{
-public:
-    virtual void Added() {}
-};
-class CodecProbe : public CATWBAllDataBuffer
-{
-public:
-    virtual void Added() {}
-};
-
 struct Row
 {
     int place; ///< from 1, behind the operations of the base
@@ -60,7 +33,7 @@ struct Row
 
 TEST(ENOWBAllDataBufferSlots, EachOperationStandsInItsPlace)
 {
-    const std::ptrdiff_t baseSlots = SlotOf(&BaseProbe::Added);
+    const std::ptrdiff_t baseSlots = SlotOf(&SlotProbe<CATBaseUnknown>::Added);
     const std::array rows{
         ROW(1, GetMassTypes),
         ROW(2, UnSetMassType),
@@ -142,7 +115,7 @@ TEST(ENOWBAllDataBufferSlots, EachOperationStandsInItsPlace)
 
 TEST(ENOWBAllDataBufferSlots, ThereAreNoMoreThanThese)
 {
-    EXPECT_EQ(SlotOf(&RecordProbe::Added), SlotOf(&BaseProbe::Added) + 71);
+    EXPECT_EQ(SlotOf(&SlotProbe<Record>::Added), SlotOf(&SlotProbe<CATBaseUnknown>::Added) + 71);
 }
 
 TEST(ENOWBAllDataBufferSlots, OperationsOfTheBaseComeFirst)
@@ -153,7 +126,7 @@ TEST(ENOWBAllDataBufferSlots, OperationsOfTheBaseComeFirst)
 
 TEST(CATWBAllDataBufferSlots, TheCodecAddsNoOperation)
 {
-    EXPECT_EQ(SlotOf(&CodecProbe::Added), SlotOf(&RecordProbe::Added));
+    EXPECT_EQ(SlotOf(&SlotProbe<CATWBAllDataBuffer>::Added), SlotOf(&SlotProbe<Record>::Added));
 }
 
 TEST(CATWBAllDataBufferSlots, TheCodecAddsNoData)
