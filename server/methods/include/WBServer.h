@@ -98,13 +98,14 @@ struct CallContext
 ///   2 and its density in kg/m2 (0: none), N masses; M, then name and mass of M mass types. Storage
 ///   units; what is not known travels as 0, and the first warning says so.
 ///
-/// "WBMakeReport": kind (0 report, 1 distributive report, 2 material statistics); statistics of part
-///   instances (0 or 1; kind 2 alone looks at it); N and N picked instances, each by instance, part,
-///   version, a count and that many path names from the parent up (none picked: all of the root;
-///   one inside another counts once; instance and path empty: the root); V and V value names out of
-///   Deviations, Centre, Inertia, Density, Materials, Volume, Types, Date, or "*" alone for all; E
-///   and E property names, or "*" alone for all; then a computation of the root, in the grammar
-///   below with entity 1. Answers XML without blanks between elements: a document element
+/// "WBMakeReport": kind (0 report, 1 distributive report, 2 material statistics); statistics of
+/// part
+///   instances (0 or 1; kind 2 alone looks at it); N and N picked instances, each by instance,
+///   part, version, a count and that many path names from the parent up (none picked: all of the
+///   root; one inside another counts once; instance and path empty: the root); V and V value names
+///   out of Deviations, Centre, Inertia, Density, Materials, Volume, Types, Date, or "*" alone for
+///   all; E and E property names, or "*" alone for all; then a computation of the root, in the
+///   grammar below with entity 1. Answers XML without blanks between elements: a document element
 ///   "WB_Report", in it "PRC", the root, in it sections by weight code and part instances. Figures
 ///   are what a computation of that node answers, in storage units, everything in the root's axes,
 ///   inertia about each element's own centre, products + integral. What is unknown is an absent
