@@ -175,6 +175,7 @@ const std::vector<std::string>& Identifiers()
         std::mt19937 generator; // NOLINT(cert-msc51-cpp): the same order in every run
         std::shuffle(numbers.begin(), numbers.end(), generator);
         std::vector<std::string> made;
+        made.reserve(numbers.size());
         for (const int number : numbers) {
             made.push_back("Bracket_" + std::to_string(number % 1000) + "." +
                            std::to_string(number));
