@@ -1,5 +1,6 @@
 #include "CATApplicationFrame.h"
 #include "CATDlgControls.h"
+#include "CATDlgMultiList.h"
 #include "DialogSession.h"
 
 #include <QApplication>
@@ -80,6 +81,16 @@ TEST_F(CATDlgDialogTest, EnterInAnEditorPressesNoButton)
     button->Widget()->setFocus();
     QTest::keyClick(button->Widget(), Qt::Key_Return);
     EXPECT_EQ(pressed.size(), 1U);
+}
+
+TEST_F(CATDlgDialogTest, KeysGoFirstToWhatTakesSomething)
+{
+    constexpr int kReadOnly = 0x4000000;
+    new CATDlgEditor(&m_window, "Read", kReadOnly); // the window owns it
+    auto* list = new CATDlgMultiList(&m_window, "List");
+    new CATDlgEditor(&m_window, "Typed"); // the window owns it
+    Show();
+    EXPECT_EQ(m_window.Widget()->focusWidget(), list->Widget());
 }
 
 TEST_F(CATDlgDialogTest, EnterPressesTheDefaultButtonFromWhereverNoButtonIs)

@@ -11,6 +11,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QStyleOptionHeader>
 #include <QTableView>
 #include <QToolTip>
 
@@ -378,6 +379,31 @@ TEST_F(CATDlgMultiListTest, TitleHasTheColumnsTooltip)
     EXPECT_EQ(View().model()->headerData(1, Qt::Horizontal, Qt::ToolTipRole).toString(),
               "Mass\nwith its bounds");
     EXPECT_EQ(View().model()->headerData(0, Qt::Horizontal, Qt::ToolTipRole).toString(), "Name");
+    m_list.SetColumnTooltip(1, "");
+    EXPECT_EQ(View().model()->headerData(1, Qt::Horizontal, Qt::ToolTipRole).toString(), "Mass");
+}
+
+TEST_F(CATDlgMultiListTest, SortedTitleKeepsRoomForAllOfItsTextBesideTheMark)
+{
+    m_list.SetColumnTitles({"Name", "WB Mass"});
+    Fill({{"a", "1"}, {"b", "2"}});
+    Show();
+    ClickTitle(1);
+    const QHeaderView& titles = *View().horizontalHeader();
+    QStyleOptionHeader title;
+    title.initFrom(&titles);
+    title.rect = QRect(0, 0, titles.sectionSize(1), titles.height());
+    title.orientation = Qt::Horizontal;
+    title.sortIndicator = QStyleOptionHeader::SortDown;
+    const QStyle& style = *titles.style();
+    const QRect label = style.subElementRect(QStyle::SE_HeaderLabel, &title, &titles);
+    const QRect mark = style.subElementRect(QStyle::SE_HeaderArrow, &title, &titles);
+    EXPECT_GE(label.width(), titles.fontMetrics().horizontalAdvance("WB Mass"));
+    EXPECT_GT(mark.left(), label.right());
+    EXPECT_LT(mark.right(), title.rect.right());
+    EXPECT_GE(mark.width(), 8);
+    title.sortIndicator = QStyleOptionHeader::None;
+    EXPECT_GT(style.subElementRect(QStyle::SE_HeaderLabel, &title, &titles).width(), label.width());
 }
 
 TEST_F(CATDlgMultiListTest, ColumnsFitTheirTextsAndTheLastTakesTheRest)

@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -138,7 +139,11 @@ void DialogWindow::FocusFirstField()
          widget = widget->nextInFocusChain()) {
         const bool takesKeys = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled() &&
                                widget->isVisibleTo(this);
-        if (takesKeys && qobject_cast<QLabel*>(widget) == nullptr) {
+        // A text that can only be read is no place to begin.
+        const auto* editor = qobject_cast<QLineEdit*>(widget);
+        const bool isText =
+            qobject_cast<QLabel*>(widget) != nullptr || (editor != nullptr && editor->isReadOnly());
+        if (takesKeys && !isText) {
             widget->setFocus(Qt::ActiveWindowFocusReason);
             return;
         }

@@ -243,7 +243,9 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
         return title;
     case Qt::ToolTipRole: {
         const auto found = m_columnTooltips.find(section);
-        return found == m_columnTooltips.end() ? title : title + QLatin1Char('\n') + found->second;
+        return found == m_columnTooltips.end() || found->second.isEmpty()
+                   ? title
+                   : title + QLatin1Char('\n') + found->second;
     }
     case Qt::TextAlignmentRole:
         return static_cast<int>((IsNumberColumn(section) ? Qt::AlignRight : Qt::AlignLeft) |

@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -38,6 +39,7 @@ constexpr int kNarrowestCharacters = 4;
 constexpr int kCellPadding = 6;
 constexpr int kCellMargin = 2 * kCellPadding;
 constexpr int kSortMarkRoom = 14;
+constexpr int kSortMarkWidth = 10;
 constexpr int kRowMargin = 6;
 constexpr std::size_t kRowsWithoutFilter = 12;
 constexpr int kMarkSize = 6;
@@ -86,7 +88,8 @@ public:
     }
 };
 
-/// Titles with the same room as the cells below them.
+/// Titles with the same room as the cells below them. The mark of the sorted column stands in room
+/// that every title has for it, so that sorting cuts no title.
 class PaddedTitles : public QProxyStyle
 {
 public:
@@ -96,6 +99,20 @@ public:
     {
         return metric == PM_HeaderMargin ? kCellPadding
                                          : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override
+    {
+        if (element != SE_HeaderArrow && element != SE_HeaderLabel) {
+            return QProxyStyle::subElementRect(element, option, widget);
+        }
+        const QRect room = option->rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
+        if (element == SE_HeaderArrow) {
+            return room.adjusted(room.width() - kSortMarkWidth, 0, 0, 0);
+        }
+        const auto* title = qstyleoption_cast<const QStyleOptionHeader*>(option);
+        const bool isSorted = title->sortIndicator != QStyleOptionHeader::None;
+        return room.adjusted(0, 0, isSorted ? -kSortMarkRoom : 0, 0);
     }
 };
 } // namespace
