@@ -5,6 +5,7 @@
 #include "WBPreviewColumns.h"
 #include "WBPreviewFrame.h"
 #include "WBPreviewRows.h"
+#include "WBPreviewUnits.h"
 #include "WBReportAttributeNames.h"
 #include "WBReportFile.h"
 #include "WBReportNodes.h"
@@ -24,8 +25,8 @@ constexpr int kRootLines = 3;
 constexpr int kSectionLines = 15;
 constexpr int kInstanceLines = 20;
 // A report has two dozen columns: wider than the lists ask for.
-constexpr int kWindowWidth = 1024;
-constexpr int kWindowHeight = 760;
+constexpr int kWindowWidth = 1200;
+constexpr int kWindowHeight = 800;
 
 const DSTrace kTrace("CATWBDistributiveRepPreview");
 
@@ -47,11 +48,13 @@ CATIDOMNode_var RichestChild(const CATIDOMNode_var& node)
 }
 
 /// Takes over the columns, and shows them in their list.
-void TakeColumns(const WBPreviewColumns& columns, const CATUnicodeString& firstTitle,
-                 CATListValCATUnicodeString& names, CATDlgMultiList& list)
+void TakeColumns(const CATIDOMDocument& document, const WBPreviewColumns& columns,
+                 const CATUnicodeString& firstTitle, CATListValCATUnicodeString& names,
+                 CATDlgMultiList& list)
 {
     names = columns.Names();
     ShowColumns(columns, firstTitle, list);
+    ShowColumnUnits(document, names, list);
 }
 
 } // namespace
@@ -93,6 +96,7 @@ CATWBVPMNavDistributiveReportPreview::operator=(const CATWBVPMNavDistributiveRep
             list->RemoveAll();
         }
         if (!m_document.IsNull() && ReadColumns()) {
+            m_options->TellUnits(*m_document);
             UpdatePreviewPanelList();
         }
     }
@@ -128,6 +132,7 @@ void CATWBVPMNavDistributiveReportPreview::Build()
     const bool hasColumns = ReadColumns();
     if (hasColumns) {
         m_options->Build(*this, 2, 0, WBDisplayOptions::HandlersOf(*this));
+        m_options->TellUnits(*m_document);
     }
     // Last, so that the Tab key comes to them last.
     AddPreviewButtons(*this, "ButtonsFrame", {3, 0},
@@ -176,7 +181,7 @@ bool CATWBVPMNavDistributiveReportPreview::ReadRootColumns(const CATIDOMElement_
     const std::optional<CATListValCATUnicodeString> names =
         ReadAttributes(kTrace, *m_document, root, WBReportElement::Root);
     if (names) {
-        TakeColumns(DistributiveRootColumns(*names), "", m_rootColumns, *m_rootList);
+        TakeColumns(*m_document, DistributiveRootColumns(*names), "", m_rootColumns, *m_rootList);
     }
     return names.has_value();
 }
@@ -185,13 +190,14 @@ bool CATWBVPMNavDistributiveReportPreview::ReadSectionColumns(const CATIDOMEleme
 {
     const CATIDOMNode_var richest = RichestChild(root);
     if (richest.IsNull()) {
-        TakeColumns({}, "", m_sectionColumns, *m_sectionList);
+        TakeColumns(*m_document, {}, "", m_sectionColumns, *m_sectionList);
         return true;
     }
     const std::optional<CATListValCATUnicodeString> names =
         ReadAttributes(kTrace, *m_document, richest, WBReportElement::Section);
     if (names) {
-        TakeColumns(DistributiveSectionColumns(*names), "", m_sectionColumns, *m_sectionList);
+        TakeColumns(*m_document, DistributiveSectionColumns(*names), "", m_sectionColumns,
+                    *m_sectionList);
     }
     return names.has_value();
 }
@@ -209,7 +215,7 @@ bool CATWBVPMNavDistributiveReportPreview::ReadInstanceColumns()
     const std::optional<CATListValCATUnicodeString> names =
         ReadAttributes(kTrace, *m_document, first, WBReportElement::PartInstance);
     if (names) {
-        TakeColumns(DistributiveInstanceColumns(*names), "Sr.No.", m_instanceColumns,
+        TakeColumns(*m_document, DistributiveInstanceColumns(*names), "Sr.No.", m_instanceColumns,
                     *m_instanceList);
     }
     return names.has_value();

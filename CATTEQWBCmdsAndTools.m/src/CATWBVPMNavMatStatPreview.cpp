@@ -4,6 +4,7 @@
 #include "WBMainWindow.h"
 #include "WBPreviewFrame.h"
 #include "WBPreviewRows.h"
+#include "WBPreviewUnits.h"
 #include "WBReportFile.h"
 #include "WBReportNodes.h"
 #include "WBStatisticsUnits.h"
@@ -11,6 +12,7 @@
 #include "CATMsgCatalog.h"
 
 #include <array>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <utility>
@@ -22,8 +24,8 @@ constexpr int kWindowStyle = 0x4201; // no standard buttons
 constexpr unsigned char kWithPartInstances = 1;
 constexpr int kRootLines = 8;
 constexpr int kPartLines = 16;
-constexpr int kWindowWidth = 1000;
-constexpr int kWindowHeight = 640;
+constexpr int kWindowWidth = 1200;
+constexpr int kWindowHeight = 800;
 
 const DSTrace kTrace(CATWBVPMNavMatStatPreview::kName);
 
@@ -63,6 +65,33 @@ CATDlgMultiList* AddStatisticsList(CATDlgFrame& frame, const char* name, int row
     }
     frame.SetRowStretch(row, lines); // what room there is is shared as the lines are
     return list;
+}
+
+CATUnicodeString UnitsOf(const CATIDOMDocument& document, const CATUnicodeString& attribute)
+{
+    const WBPreviewUnits units(document);
+    if (attribute == "Mass") {
+        return units.Of("MASS");
+    }
+    if (attribute == "Mass_ratio") {
+        return WBPreviewUnits::OfShares();
+    }
+    return attribute == "Density" ? units.OfDensities() : CATUnicodeString();
+}
+
+/// Gives the columns their units as tooltips; lists that are not there are passed over.
+void ShowStatisticsUnits(const CATIDOMDocument& document, std::span<const Column> columns,
+                         std::initializer_list<CATDlgMultiList*> lists)
+{
+    for (CATDlgMultiList* list : lists) {
+        int index = 0;
+        for (const Column& column : columns) {
+            if (list != nullptr) {
+                list->SetColumnTooltip(index, UnitsOf(document, column.attribute));
+            }
+            ++index;
+        }
+    }
 }
 
 } // namespace
@@ -160,8 +189,9 @@ void CATWBVPMNavMatStatPreview::BuildLists()
     auto* massTypes = new CATDlgFrame(this, "MultiListMassTypeFrame"); // the window owns it
     massTypes->SetPlacement(0, 1);
     SetRowStretch(0, 1);
-    SetColumnStretch(0, static_cast<int>(kMaterialColumns.size()));
-    SetColumnStretch(1, static_cast<int>(kMassTypeColumns.size()));
+    // Materials have a column more, and long names.
+    SetColumnStretch(0, 3);
+    SetColumnStretch(1, 2);
     SetPreferredSize(kWindowWidth, kWindowHeight);
     m_rootLists = {AddStatisticsList(*materials, "MatStatPRCMultiList", 0, kRootLines,
                                      kMaterialColumns, kMaterialColumns.size() - 1),
@@ -185,6 +215,19 @@ void CATWBVPMNavMatStatPreview::ConvertOnce()
         ManageUnitsConversion(m_document, 0, 0);
         *m_isConverted = true;
     }
+    ShowUnits();
+}
+
+void CATWBVPMNavMatStatPreview::ShowUnits()
+{
+    if (m_document.IsNull()) {
+        return;
+    }
+    ShowStatisticsUnits(*m_document, kMaterialColumns,
+                        {m_rootLists.materials, m_partLists.materials});
+    ShowStatisticsUnits(*m_document, kMassTypeColumns,
+                        {m_rootLists.massTypes, m_partLists.massTypes});
+    m_options->TellUnits(*m_document);
 }
 
 void CATWBVPMNavMatStatPreview::UpdatePreviewPanelList()

@@ -5,6 +5,7 @@
 #include "WBPreviewColumns.h"
 #include "WBPreviewFrame.h"
 #include "WBPreviewRows.h"
+#include "WBPreviewUnits.h"
 #include "WBReportAttributeNames.h"
 #include "WBReportFile.h"
 #include "WBReportNodes.h"
@@ -29,8 +30,8 @@ constexpr int kPlainFrame = 0x80001; // no title, no border
 constexpr int kRootLines = 3;
 constexpr int kInstanceLines = 30;
 // A report has two dozen columns: wider than the lists ask for.
-constexpr int kWindowWidth = 1024;
-constexpr int kWindowHeight = 760;
+constexpr int kWindowWidth = 1200;
+constexpr int kWindowHeight = 800;
 
 const DSTrace kTrace("CATWBRepPreview");
 
@@ -76,6 +77,7 @@ CATWBVPMNavReportPreview& CATWBVPMNavReportPreview::operator=(const CATWBVPMNavR
         m_rootList->RemoveAll();
         m_instanceList->RemoveAll();
         if (!m_document.IsNull() && ReadColumns()) {
+            m_options->TellUnits(*m_document);
             UpdatePreviewPanelList();
         }
     }
@@ -111,6 +113,7 @@ void CATWBVPMNavReportPreview::Build()
     const bool hasColumns = ReadColumns();
     if (hasColumns) {
         m_options->Build(*this, 2, 0, WBDisplayOptions::HandlersOf(*this));
+        m_options->TellUnits(*m_document);
     }
     // Last, so that the Tab key comes to them last.
     AddPreviewButtons(*this, "ButtonsFrame", {3, 0},
@@ -162,6 +165,8 @@ bool CATWBVPMNavReportPreview::ReadInstanceColumns()
         }
         ++column;
     }
+    ShowColumnUnits(*m_document, m_instanceColumns, *m_instanceList);
+    ShowPropertyUnits(*m_document, m_instanceColumns, m_magnitudeAttributes, *m_instanceList);
     return true;
 }
 
@@ -174,6 +179,7 @@ bool CATWBVPMNavReportPreview::ReadRootColumns()
     const WBPreviewColumns columns = ReportRootColumns(*names);
     m_rootColumns = columns.Names();
     ShowColumns(columns, FirstColumnTitle(), *m_rootList);
+    ShowColumnUnits(*m_document, m_rootColumns, *m_rootList);
     return true;
 }
 

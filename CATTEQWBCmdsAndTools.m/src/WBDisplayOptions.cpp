@@ -1,5 +1,7 @@
 #include "WBDisplayOptions.h"
 
+#include "WBPreviewUnits.h"
+
 #include "KR4WBClientSettings.h"
 
 namespace
@@ -21,7 +23,8 @@ void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Ha
 {
     auto* frame = new CATDlgFrame(&dialog, "OptionFrame"); // the dialog owns it
     frame->SetPlacement(row, column, 1, columns);
-    frame->SetColumnStretch(2, 1); // the choices stand beside each other at the left
+    frame->SetColumnStretch(2, 1); // the choices stand beside each other at the left, and
+    frame->SetColumnStretch(3, 4); // the units have the rest
     m_units = new CATDlgCheckButton(frame, "UnitsDisplay");
     m_units->SetPlacement(1, 0);
     m_trailingZeros = new CATDlgCheckButton(frame, "TrailingZero");
@@ -32,9 +35,19 @@ void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Ha
     m_digits->SetFormat("%g");
     m_digits->SetVisibleTextWidth(2);
     m_digits->SetVisibility(false);
+    m_unitsNote = new CATDlgLabel(frame, "UnitsNote");
+    m_unitsNote->SetRole(CATDlgLabel::Role::Caption);
+    m_unitsNote->SetPlacement(1, 3);
     Listen(dialog, m_units, CATDlgCheckButton::Modified, handlers.onUnits);
     Listen(dialog, m_trailingZeros, CATDlgCheckButton::Modified, handlers.onTrailingZeros);
     Listen(dialog, m_digits, CATDlgSpinner::Modified, handlers.onDigits);
+}
+
+void WBDisplayOptions::TellUnits(const CATIDOMDocument& document)
+{
+    if (IsBuilt()) {
+        m_unitsNote->SetTitle(WBPreviewUnits(document).Line());
+    }
 }
 
 void WBDisplayOptions::ApplySaved()

@@ -108,6 +108,7 @@ private:
     void TellWhatFor();
     void BuildLists();
     void ConvertOnce();
+    void ShowUnits();
     void ClearLists();
     bool ShowStatistics(const CATIDOMElement_var& element, const StatisticsLists& lists);
     void ShowPartInstances();

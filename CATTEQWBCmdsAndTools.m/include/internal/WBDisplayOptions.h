@@ -2,6 +2,7 @@
 
 #include "CATDlgControls.h"
 #include "CATDlgDialog.h"
+#include "CATIDOMDocument.h"
 
 #include <functional>
 
@@ -37,6 +38,8 @@ public:
     void Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers,
                int columns = 1);
     bool IsBuilt() const { return m_units != nullptr; }
+    /// Says beside the choices in which units the document's values stand.
+    void TellUnits(const CATIDOMDocument& document);
 
     /// Puts the controls as they were remembered. Each that is thereby turned on tells its handler,
     /// as if the user had done it, so that the report follows; digits outside 1 to 8 and what
@@ -58,4 +61,5 @@ private:
     CATDlgCheckButton* m_units = nullptr;
     CATDlgCheckButton* m_trailingZeros = nullptr;
     CATDlgSpinner* m_digits = nullptr;
+    CATDlgLabel* m_unitsNote = nullptr;
 };

@@ -263,6 +263,27 @@ TEST_F(DistributiveReportPreview, NumbersStandAtTheRight)
 
 // Reports that cannot be read
 
+TEST_F(DistributiveReportPreview, TitlesTellTheUnitsThatTheDocumentNames)
+{
+    const std::string values =
+        R"( WB_Mass="1" COGz="1" POIxy="1" Density="1" Cut_Volume="1" Name="N")";
+    Built(R"(<R LengthUnit="in" MassUnit="lb" VolumeUnit="L"><PRC)" + values + "><WB_Section" +
+          values + "/><PartInstance" + values + "/></PRC></R>");
+    for (const char* list : {kRootList, kSectionList, kInstanceList}) {
+        EXPECT_EQ(TitleTooltip(List(list), "WB Mass"), "in lb") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "COGz"), "in in") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Cut Volume"), "in L") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "POIxy"), "in kg.m2") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Density"), "in kg/m3, of surfaces in kg/m2") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Name"), "") << list;
+    }
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(), "Units: in, lb, L");
+    const CATWBVPMNavDistributiveReportPreview other(
+        "Other", Parsed(R"(<R MassUnit="g"><PRC><PartInstance/></PRC></R>)"), 0);
+    *preview = other;
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(), "Units: g");
+}
+
 TEST_F(DistributiveReportPreview, WithoutARootTheListsAreEmptyAndThereAreNoOptions)
 {
     Remember(1, 1, 5);

@@ -168,6 +168,22 @@ TEST_F(MatStatPreview, NumbersStandAtTheRight)
     EXPECT_THAT(right(kPartMassTypes), ElementsAre(2, 3));
 }
 
+TEST_F(MatStatPreview, TitlesTellTheUnitsOfTheUser)
+{
+    Built(kDesk, kWithParts);
+    for (const char* list : {kRootMaterials, kPartMaterials}) {
+        EXPECT_EQ(TitleTooltip(List(list), "Mass"), "in lb") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Density"), "in g/cm3, of surfaces in g/cm2") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Share of mass"), "in %") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Material"), "") << list;
+    }
+    for (const char* list : {kRootMassTypes, kPartMassTypes}) {
+        EXPECT_EQ(TitleTooltip(List(list), "Mass"), "in lb") << list;
+        EXPECT_EQ(TitleTooltip(List(list), "Share of mass"), "in %") << list;
+    }
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(), "Units: lb, g/cm3, g/cm2");
+}
+
 TEST_F(MatStatPreview, ListsAreSpokenOfByWhatTheyHold)
 {
     Built(kDesk, kWithParts);
@@ -194,8 +210,8 @@ TEST_F(MatStatPreview, ListsShareTheRoomSideBySide)
     const auto size = [this](const char* list) {
         return List(list).Widget()->size();
     };
-    EXPECT_GT(size(kRootMaterials).width(), 490); // six columns,
-    EXPECT_GT(size(kRootMassTypes).width(), 400); // and five
+    EXPECT_GT(size(kRootMaterials).width(), 540); // six columns, and long names
+    EXPECT_GT(size(kRootMassTypes).width(), 360); // five
     EXPECT_GT(size(kRootMaterials).height(), 120);
     EXPECT_GT(size(kPartMaterials).height(), size(kRootMaterials).height());
     const QWidget* close = Find<CATDialog>(*preview, "ClosePushButton").Widget();

@@ -274,6 +274,63 @@ TEST_F(ReportPreview, NumbersStandAtTheRight)
     EXPECT_THAT(right, ElementsAre("Level", "WB Mass", "Reach"));
 }
 
+TEST_F(ReportPreview, TitlesTellTheUnitsThatTheDocumentNames)
+{
+    Built(R"(<R LengthUnit="ft" MassUnit="lb" InertiaMomentUnit="kg.m2" DensityUnit="g/cm3")"
+          R"( SurfacicDensityUnit="kg/m2"><PRC WB_Mass="1" COGx="2" MOIxx="3" Name="Desk">)"
+          R"(<PartInstance Name="Leg" WB_Upper_deviation="1" WB_Mass_Details="1;2" POIyz="1")"
+          R"( WB_Density="7" Density="7;1" Density_dimension="3;2" Cut_Volume="1"/>)"
+          R"(</PRC></R>)");
+    const std::vector<std::pair<const char*, const char*>> root{
+        {"WB Mass", "in lb"}, {"COGx", "in ft"}, {"MOIxx", "in kg.m2"}, {"Name", ""}};
+    for (const auto& [title, said] : root) {
+        EXPECT_EQ(TitleTooltip(Roots(), title), said) << title;
+    }
+    // Nobody converts volumes here.
+    const std::vector<std::pair<const char*, const char*>> instance{
+        {"WB Upper deviation", "in lb"},
+        {"WB Mass Details", "in lb"},
+        {"POIyz", "in kg.m2"},
+        {"WB Density", "in g/cm3"},
+        {"Density", "in g/cm3, of surfaces in kg/m2"},
+        {"Density dimension", ""},
+        {"Cut Volume", "in m3"},
+        {"Name", ""},
+        {"Level", ""}};
+    for (const auto& [title, said] : instance) {
+        EXPECT_EQ(TitleTooltip(Instances(), title), said) << title;
+    }
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(),
+              "Units: ft, lb, kg.m2, g/cm3, kg/m2");
+}
+
+TEST_F(ReportPreview, TitlesOfPropertiesTellTheUnitThatTheirMagnitudeIsShownIn)
+{
+    Built(
+        R"(<R><PRC><PartInstance Plain="1"/><PartInstance Reach="1" __magnitude__Reach="LENGTH"/>)"
+        R"(<PartInstance Odd="1" __magnitude__Odd="LUCK" Load="2" __magnitude__Load="MASS"/>)"
+        R"(</PRC></R>)");
+    EXPECT_EQ(TitleTooltip(Instances(), "Reach"), "in in");
+    EXPECT_EQ(TitleTooltip(Instances(), "Load"), "in lb");
+    EXPECT_EQ(TitleTooltip(Instances(), "Odd"), "");
+    EXPECT_EQ(TitleTooltip(Instances(), "Plain"), "");
+    // The document names none.
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(), "");
+}
+
+TEST_F(ReportPreview, UnitsAreToldInGermanAndOfTheAssignedReport)
+{
+    CATMsgCatalog::SetLanguage("de");
+    Built(R"(<R MassUnit="lb"><PRC WB_Mass="1"><PartInstance Density="1"/></PRC></R>)");
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(), "Einheiten: lb");
+    EXPECT_EQ(TitleTooltip(Instances(), "Density"), "in kg/m3, von Flächen in kg/m2");
+    const CATWBVPMNavReportPreview other(
+        "Other", Parsed(R"(<R MassUnit="g"><PRC WB_Mass="1"><PartInstance/></PRC></R>)"), 0);
+    *preview = other;
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(), "Einheiten: g");
+    EXPECT_EQ(TitleTooltip(Roots(), "WB Mass"), "in g");
+}
+
 TEST_F(ReportPreview, ReportWithoutARootHasTwoEmptyListsAndNoOptions)
 {
     Remember(1, 1, 5);

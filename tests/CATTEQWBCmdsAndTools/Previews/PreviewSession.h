@@ -21,8 +21,10 @@
 
 #include <QAbstractButton>
 #include <QGridLayout>
+#include <QTableView>
 #include <QWidget>
 
+#include <algorithm>
 #include <ctime>
 #include <memory>
 #include <optional>
@@ -140,6 +142,19 @@ protected:
             titles.push_back(title.ToStdString());
         }
         return titles;
+    }
+    /// What the column's title says besides itself when it is pointed at.
+    static std::string TitleTooltip(const CATDlgMultiList& list, const std::string& title)
+    {
+        const std::vector<std::string> titles = Titles(list);
+        const auto found = std::find(titles.begin(), titles.end(), title);
+        const QAbstractItemModel* model = qobject_cast<QTableView*>(list.Widget())->model();
+        const std::string said = model
+                                     ->headerData(static_cast<int>(found - titles.begin()),
+                                                  Qt::Horizontal, Qt::ToolTipRole)
+                                     .toString()
+                                     .toStdString();
+        return said == title ? "" : said.substr(std::min(said.size(), title.size() + 1));
     }
     /// The list's cells, row by row.
     static std::vector<std::vector<std::string>> Rows(const CATDlgMultiList& list)
