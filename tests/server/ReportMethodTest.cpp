@@ -175,6 +175,21 @@ TEST(ReportMethod, StatisticsWithoutDensityAndOfSurfacesAndOfNothing)
                                 "Quantity=\"1\"></PartInstance>"));
 }
 
+// A preview lists them from the last to the first.
+TEST(ReportMethod, StatisticsEndWithTheLargestMaterialAndTheLeastMatureMassType)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg],material\n"
+                       ",,A,,,\nA,1,P,Weighed,1,Steel\nA,2,Q,Estimated,4,Foil\n"
+                       "A,3,R,Calculated,2,Brass\n");
+    Asked asked;
+    asked.kind = "2";
+    const ReadReport report(served, asked);
+    EXPECT_THAT(Below(report.Prc(), "MaterialStat", "Name"), ElementsAre("Steel", "Brass", "Foil"));
+    EXPECT_THAT(Below(report.Prc(), "MassTypeStat", "Name"),
+                ElementsAre("Weighed", "Calculated", "Estimated"));
+}
+
 TEST(ReportMethod, SharesOfNothingAreLeftOut)
 {
     ServedProduct served;

@@ -321,11 +321,15 @@ void ReportWriter::WriteStatistics(std::uint32_t number, double pieces, std::str
         to.AddEscaped("InstancePath", m_path);
         m_text += "/>";
     };
-    for (const MaterialShare& share : m_source.walk.MaterialsOf(number)) {
-        write("MaterialStat", share.material, share.mass, &share);
+    // A list shows the last of them first: there the largest material and the least mature mass
+    // type belong on top.
+    const std::vector<MaterialShare> materials = m_source.walk.MaterialsOf(number);
+    for (auto share = materials.rbegin(); share != materials.rend(); ++share) {
+        write("MaterialStat", share->material, share->mass, &*share);
     }
-    for (const NamedShare& share : m_source.walk.MassTypesOf(number)) {
-        write("MassTypeStat", share.name, share.mass, nullptr);
+    const std::vector<NamedShare> massTypes = m_source.walk.MassTypesOf(number);
+    for (auto share = massTypes.rbegin(); share != massTypes.rend(); ++share) {
+        write("MassTypeStat", share->name, share->mass, nullptr);
     }
 }
 } // namespace wb
