@@ -5,7 +5,9 @@
 
 #include <optional>
 
-/// What a program without windows asks of the report services.
+/// What is asked of the report services for a whole report. A centre or an inertia that an element
+/// lacks, or that cannot be moved since its centre or mass is not known, is not there afterwards
+/// either.
 struct CATWBReportConversion
 {
     enum class Kind
@@ -25,7 +27,4 @@ struct CATWBReportConversion
     std::optional<CATMath3x3Matrix> axes = std::nullopt;
     std::optional<CATMathPoint> reference = std::nullopt; ///< in millimetres
     bool keepInertiaAtCentre = false; ///< for `reference`: moves the centres alone
-    /// A centre or an inertia that an element lacks, or that cannot be moved since its centre or
-    /// mass is not known, stays away. Else axes and reference point reckon what is missing as 0.
-    bool leavesUnknown = false;
 };

@@ -73,7 +73,7 @@ void WBConvertReport(CATIDOMDocument_var& document, const CATWBReportConversion&
     std::optional<CATMath3x3Matrix> axes = conversion.axes;
     std::optional<CATMathPoint> reference = conversion.reference;
     std::optional<WBReportUnknowns> unknowns;
-    if (conversion.leavesUnknown && (axes || reference)) {
+    if (axes || reference) {
         unknowns.emplace(document);
     }
     // Either one that is not asked for is a null pointer, which leaves the document as it is.

@@ -3,6 +3,7 @@
 #include "WBPickedInstances.h"
 #include "WBReportConversion.h"
 
+#include "CATCommand.h"
 #include "CATIDOMNodeList.h"
 #include "CATIXMLDOMDocumentBuilder.h"
 #include "CATWBVPMNavDistributiveReportPreview.h"
@@ -19,7 +20,12 @@ CATDialog* MakePreview(const CATUnicodeString& selectionText, const CATIDOMDocum
                        unsigned char creatorFlag)
 {
     auto* preview = new Preview(selectionText, document, creatorFlag); // the main window owns it
-    preview->Build();
+    try {
+        preview->Build();
+    } catch (...) {
+        CATRequestDelayedDestruction(preview); // half made and hidden, nobody else would end it
+        throw;
+    }
     return preview;
 }
 
@@ -59,7 +65,6 @@ void WBTreatReport(CATIDOMDocument_var& document, WBReportKind kind, const WBPla
     conversion.axes = placing.axes;
     conversion.reference = placing.reference;
     conversion.keepInertiaAtCentre = placing.keepsInertiaAtCentre;
-    conversion.leavesUnknown = true;
     WBConvertReport(document, conversion);
 }
 

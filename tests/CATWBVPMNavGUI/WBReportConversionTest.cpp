@@ -186,7 +186,7 @@ TEST_F(WBReportConversion, CommaLocaleReadsPointsAndWritesCommas)
     EXPECT_EQ(
         Converted(R"(<Report><PartInstance Name="A" COGx="1.5" COGy="2,5" COGz="0"/></Report>)",
                   {.reference = CATMathPoint(1, 0, 0), .keepInertiaAtCentre = true}),
-        "Name=A COGx=0,5 COGy=2,5 COGz=0 MOIxx=0 MOIyy=0 MOIzz=0 POIxy=0 POIxz=0 POIyz=0");
+        "Name=A COGx=0,5 COGy=2,5 COGz=0");
 }
 
 namespace
@@ -223,10 +223,10 @@ std::string LinesOf(const CATIDOMDocument_var& document, const char* tag)
 
 } // namespace
 
-TEST_F(WBReportConversion, UnknownStaysUnknownWhereAsked)
+TEST_F(WBReportConversion, UnknownStaysUnknown)
 {
     CATIDOMDocument_var document = DocumentOf(kLackingReport);
-    convert(document, {.axes = kQuarterTurn, .leavesUnknown = true});
+    convert(document, {.axes = kQuarterTurn});
     EXPECT_EQ(LinesOf(document, "PRC"), "Name=R WB_Mass=9 \n");
     EXPECT_EQ(LinesOf(document, "WB_Section"), "Name=S WB_Mass=4 \n");
     // The quarter turn brings (1, 2, 3) to (-2, 1, 3) and changes the moments about x and y.
@@ -242,16 +242,14 @@ TEST_F(WBReportConversion, UnknownStaysUnknownWhereAsked)
 TEST_F(WBReportConversion, InertiaThatCannotBeMovedIsUnknown)
 {
     CATIDOMDocument_var document = DocumentOf(kLackingReport);
-    convert(document, {.reference = CATMathPoint(1, 0, 0), .leavesUnknown = true});
+    convert(document, {.reference = CATMathPoint(1, 0, 0)});
     EXPECT_EQ(LinesOf(document, "PartInstance"), "Name=Bare WB_Mass=2 \n"
                                                  "Name=NoInertia WB_Mass=2 COGx=0 COGy=2 COGz=3 \n"
                                                  "Name=NoCentre WB_Mass=2 \n"
                                                  "Name=NoMass COGx=0 COGy=2 COGz=3 \n"
                                                  "Name=Partial WB_Mass=2 \n");
     document = DocumentOf(kLackingReport);
-    convert(
-        document,
-        {.reference = CATMathPoint(1, 0, 0), .keepInertiaAtCentre = true, .leavesUnknown = true});
+    convert(document, {.reference = CATMathPoint(1, 0, 0), .keepInertiaAtCentre = true});
     EXPECT_EQ(LinesOf(document, "PartInstance"),
               "Name=Bare WB_Mass=2 \n"
               "Name=NoInertia WB_Mass=2 COGx=0 COGy=2 COGz=3 \n"
@@ -265,15 +263,13 @@ TEST_F(WBReportConversion, NothingIsTakenAwayWithoutAxesAndReferencePoint)
 {
     CATIDOMDocument_var document =
         DocumentOf(R"(<Report><PartInstance Name="A" COGx="1" MOIxx="2"/></Report>)");
-    convert(document, {.leavesUnknown = true});
+    convert(document, {});
     EXPECT_EQ(LinesOf(document, "PartInstance"), "Name=A COGx=1 MOIxx=2 \n");
 }
 
 TEST_F(WBReportConversion, KnownFiguresAreMovedAsEver)
 {
-    EXPECT_EQ(Converted(kTurnedReport, {.axes = kQuarterTurn,
-                                        .reference = CATMathPoint(10, 0, 0),
-                                        .leavesUnknown = true}),
+    EXPECT_EQ(Converted(kTurnedReport, {.axes = kQuarterTurn, .reference = CATMathPoint(10, 0, 0)}),
               "Name=A COGx=0 COGy=90 COGz=0 WB_Mass=2 MOIxx=2.0162 MOIyy=1 MOIzz=3.0162 "
               "POIxy=0 POIxz=0 POIyz=0");
 }

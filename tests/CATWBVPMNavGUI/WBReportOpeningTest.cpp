@@ -2,6 +2,14 @@
 
 #include "PanelSession.h"
 
+#include "CATApplicationFrame.h"
+#include "CATEnvironment.h"
+#include "CATSession.h"
+
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+
 namespace
 {
 
@@ -100,4 +108,26 @@ TEST_F(WBReportOpeningTest, InertiaStaysWhereItIsWhenAsked)
     WBTreatReport(kept, WBReportKind::Report,
                   {.reference = CATMathPoint(), .keepsInertiaAtCentre = true});
     EXPECT_EQ(AttributeOf(kept, "PRC", "MOIyy"), "2");
+}
+
+TEST_F(WBReportOpeningTest, PreviewThatCannotBeBuiltGoes)
+{
+    auto* const window = new CATDlgDialog(&CATSession::Root(), "Main", 0x4001); // the root owns it
+    const CATApplicationFrame frame(window);
+    const int windows = window->ChildCount();
+    // It asks the environment what its columns are.
+    CATSetEnvironmentSource([](const char* name) -> std::optional<std::string> {
+        if (std::string_view(name) == "ODT_KR4_REPORT_NO_DATE") {
+            throw std::runtime_error("no environment");
+        }
+        return std::nullopt;
+    });
+    const CATIDOMDocument_var report = WBReadReport(kReport, problem);
+    EXPECT_THROW(WBOpenPreview(WBReportKind::Report, "LA1", report, 0), std::runtime_error);
+    CATSetEnvironmentSource({});
+    EXPECT_EQ(window->ChildCount(), windows + 1);
+    CATSession::RunDelayedDestructions();
+    EXPECT_EQ(window->ChildCount(), windows);
+    CATRequestDelayedDestruction(window);
+    CATSession::RunDelayedDestructions();
 }

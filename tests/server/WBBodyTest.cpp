@@ -74,6 +74,36 @@ const Body kSphere{5, 0, 0, {0, 0, 0}, {0.02, 0.02, 0.02, 0, 0, 0}};
 const Body kRod{2, 0, 0, {0, 0, 0}, {0, 1.0 / 6.0, 1.0 / 6.0, 0, 0, 0}};
 } // namespace
 
+TEST(WithoutRests, ClearsWhatDoublesCannotTellOfTheFiguresBeside)
+{
+    // 1e-14 of 1,000 mm is 1e-11 mm, of 300 kg.m2 it is 3e-12 kg.m2.
+    const Body body{
+        4, 1, 2, {1000, -0.9e-11, 1.1e-11}, {100, 200, 300, 2.9e-12, -2.9e-12, 3.1e-12}};
+    const Body expected{4, 1, 2, {1000, 0, 1.1e-11}, {100, 200, 300, 0, 0, 3.1e-12}};
+    EXPECT_EQ(WithoutRests(body), expected);
+}
+
+TEST(WithoutRests, JudgesWhatIsTakenOffByItsSize)
+{
+    const Body body{-4, 0, 0, {-1e-12, 2, -1000}, {-100, -200, -300, 1e-13, 5, 0}};
+    const Body expected{-4, 0, 0, {0, 2, -1000}, {-100, -200, -300, 0, 5, 0}};
+    EXPECT_EQ(WithoutRests(body), expected);
+}
+
+TEST(WithoutRests, LeavesSmallMomentsAndTheUnknown)
+{
+    Body body{4, 0, 0, {0, 0, 0}, {100, 1e-15, 100, 0, 0, 0}};
+    EXPECT_EQ(WithoutRests(body), body); // a thin rod
+    body.centre.fill(kUnknown);
+    body.inertia.fill(kUnknown);
+    const Body clean = WithoutRests(body);
+    for (const double figure :
+         {clean.centre[0], clean.centre[2], clean.inertia[0], clean.inertia[5]}) {
+        EXPECT_FALSE(IsKnown(figure));
+    }
+    EXPECT_EQ(clean.mass, 4);
+}
+
 TEST(WBBody, BoxTurnedObliquelyHasTheTensorWorkedOut)
 {
     // sum over the three axes u_k (columns of the turn) of I_k u_k u_kt; products with the sign of

@@ -1,6 +1,7 @@
 #include "ReportAttributes.h"
 
 #include "WBNumbers.h"
+#include "WBUnits.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
 
@@ -116,6 +117,9 @@ void ReportAttributes::AddDensities(XmlAttributes& to, const std::vector<Materia
                    list += std::to_string(static_cast<int>(share.dimension));
                }));
     }
+    if (!IsKind(Kind::Report)) {
+        return; // nobody would bring this list into the user's units there
+    }
     to.Add("WB_Mass_Details", ListOf(shares, [&](std::string& list, const MaterialShare& share) {
                AppendNumber(list, pieces * share.mass);
            }));
@@ -154,9 +158,15 @@ void ReportAttributes::AddProperty(XmlAttributes& to,
                                    const ReportFacts::PropertyText& property) const
 {
     const std::string& name = m_source.facts.PropertyNames()[property.position];
-    to.Add(name, property.value);
-    if (IsKind(Kind::Report)) {
+    const Magnitude* const magnitude = FindMagnitude(property.magnitude);
+    if (magnitude == nullptr) {
+        to.Add(name, property.value);
+    } else if (IsKind(Kind::Report)) {
+        to.Add(name, property.value);
         to.Add("__magnitude__" + name, property.magnitude);
+    } else {
+        // Nobody brings it into the user's units, so it says its own.
+        to.Add(name, property.value + magnitude->units.front().symbol);
     }
 }
 

@@ -65,12 +65,12 @@ void ReportWriter::BeginDocument(const Body& root)
     to.AddEscaped("PRC_ID", m_path);
     to.Add("Name", m_source.facts.Of(0).name);
     to.Add("Version", part.version);
-    to.Add("WB_Mass", root.mass);
     if (m_kind == Kind::MaterialStatistics) {
         m_text += '>';
         WriteStatistics(number, 1.0, part.identifier);
         return;
     }
+    to.Add("WB_Mass", root.mass);
     m_attributes.AddDeviations(to, root);
     m_attributes.AddPlace(to, root);
     if (m_kind == Kind::Distributive) {
@@ -163,7 +163,7 @@ bool ReportWriter::Enter(const ReportWalk::Place& place)
         KeepRichest(begin, to.Count());
         break;
     case Kind::MaterialStatistics:
-        AddWeighedInstance(to, place);
+        AddNamedInstance(to, place);
         m_text += '>';
         WriteStatistics(place.number, place.pieces, instance);
         break;
@@ -292,14 +292,13 @@ void ReportWriter::AddInstance(XmlAttributes& to, const ReportWalk::Place& place
     }
 }
 
-void ReportWriter::AddWeighedInstance(XmlAttributes& to, const ReportWalk::Place& place)
+void ReportWriter::AddNamedInstance(XmlAttributes& to, const ReportWalk::Place& place)
 {
     const OfNumber& same = Of(place.number);
     to.Add(same.part);
     to.AddEscaped("Instance_ID", std::string_view(m_path).substr(m_above.back() + 1));
     to.Add(same.name);
     to.Add("Quantity", place.pieces);
-    to.Add("WB_Mass", place.pieces * m_source.walk.TotalOf(place.number).body.mass);
 }
 
 void ReportWriter::WriteStatistics(std::uint32_t number, double pieces, std::string_view instance)

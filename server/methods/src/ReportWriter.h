@@ -58,7 +58,7 @@ private:
     const OfNumber& Of(std::uint32_t number);
     OfNumber Make(std::uint32_t number) const;
     void AddInstance(XmlAttributes& to, const ReportWalk::Place& place);
-    void AddWeighedInstance(XmlAttributes& to, const ReportWalk::Place& place);
+    void AddNamedInstance(XmlAttributes& to, const ReportWalk::Place& place);
     void WriteStatistics(std::uint32_t number, double pieces, std::string_view instance);
     void KeepRichest(std::size_t begin, std::size_t attributes);
     void StopIfCancelled() const;

@@ -42,6 +42,11 @@ Body Placed(const Body& body, const Placement& placement);
 /// So many pieces of a body at one place.
 Body Pieces(const Body& body, double pieces);
 
+/// The body without the rests of rounding: a centre or a product of inertia that is smaller than
+/// what doubles can tell of the figures beside it is 0, as it is of anything symmetric. A body about
+/// which something is unknown keeps that.
+Body WithoutRests(const Body& body);
+
 /// Two bodies as one, about the centre of both. Their deviations add up. Nothing is ever summed
 /// about a far origin, so an aeroplane that stands 1,000 m off it keeps all the digits of its
 /// inertia. Where the masses cancel, there is no centre of gravity and that of the first one stays.

@@ -36,6 +36,6 @@ Body KnownTotal(const Walk& walk, std::uint32_t number, const Counts& counts)
     if (result.outcome == NodeResult::Outcome::Taken && result.noInertia) {
         body.inertia.fill(kUnknown);
     }
-    return body;
+    return WithoutRests(body);
 }
 } // namespace wb

@@ -60,6 +60,30 @@ Body Difference(const Body& body, const Body& other)
     return difference;
 }
 
+Body WithoutRests(const Body& body)
+{
+    // A double keeps 1e-16 of a figure; a sum of many loses some of that.
+    constexpr double kRest = 1e-14;
+    Body clean = body;
+    const auto clear = [](double& figure, double beside) {
+        if (std::abs(figure) < kRest * beside) {
+            figure = 0.0;
+        }
+    };
+    const auto largest = [](double first, double second, double third) {
+        return std::max({std::abs(first), std::abs(second), std::abs(third)});
+    };
+    const double moment = largest(body.inertia[0], body.inertia[1], body.inertia[2]);
+    for (std::size_t product = 3; product < clean.inertia.size(); ++product) {
+        clear(clean.inertia[product], moment);
+    }
+    const double distance = largest(body.centre[0], body.centre[1], body.centre[2]);
+    for (double& coordinate : clean.centre) {
+        clear(coordinate, distance);
+    }
+    return clean;
+}
+
 void BodySum::Add(const Body& body)
 {
     if (m_count == kBlock) {

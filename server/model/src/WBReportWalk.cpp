@@ -143,7 +143,7 @@ Body SectionBody(const SectionSum& section, const std::array<double, 3>& centre)
     if (section.counts.IsWithoutAnyMass()) {
         body.mass = kUnknown;
     }
-    return body;
+    return WithoutRests(body);
 }
 } // namespace
 
@@ -355,7 +355,7 @@ double ReportWalk::VolumeOf(std::uint32_t number) const
 
 Body ReportWalk::BodyAt(const Place& place) const
 {
-    return Moved(TotalOf(place.number).body, place);
+    return WithoutRests(Moved(TotalOf(place.number).body, place));
 }
 
 std::vector<ReportSection> ReportWalk::Sections(const std::function<void()>& look) const
