@@ -1,24 +1,25 @@
 # What the aeroplane is made of, and by which values. The expected figures are those of data/expected_totals.csv,
-# rounded to what the units show; the largest share comes last.
+# rounded to what the units show. The largest share of materials comes first, and the least mature mass type.
 start CATWBVPMNavReport
 check CATWBVPMNavReportPanel/MaterialStatistics on
 shot material_statistics_panel.png CATWBVPMNavReportPanel
 click CATWBVPMNavReportPanel/GenerateButton
 expect-box "Warnings of the report"
 expect CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Material "Steel 100Cr6"
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Mass 0.665
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Density ""
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 "Share of mass" 0.174
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Material "Al 2024-T3"
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Mass 94.998
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Density 2780
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 "Share of mass" 24.9
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Material "Steel 100Cr6"
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Mass 0.665
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Density ""
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 "Share of mass" 0.174
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Material "Al 2024-T3"
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Mass 94.998
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Density 2780
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 "Share of mass" 24.9
+expect CATWBVPMNavMatStatPreview/UnitsNote "Units: kg, kg/m3, kg/m2"
 expect CATWBVPMNavMatStatPreview/MassTypePRCMultiList 4
-expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 1 "Mass type" Weighed
-expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 1 Mass 74.376
-expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 1 "Share of mass" 19.5
-expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 3 Mass 229.206
+expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 4 "Mass type" Weighed
+expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 4 Mass 74.376
+expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 4 "Share of mass" 19.5
+expect-cell CATWBVPMNavMatStatPreview/MassTypePRCMultiList 2 Mass 229.206
 shot material_statistics.png CATWBVPMNavMatStatPreview
 sort CATWBVPMNavMatStatPreview/MatStatPRCMultiList Density
 expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Material "Polyurethane paint"
@@ -57,20 +58,21 @@ click CATWBVPMNavReportPanel/GenerateButton
 expect-box "Warnings of the report"
 expect CATWBVPMNavMatStatPreview/UnitsDisplay on
 expect CATWBVPMNavMatStatPreview/TrailingZero on
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Mass 1.466lb
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Mass 1.466lb
+expect CATWBVPMNavMatStatPreview/UnitsNote "Units: lb, kg/m3, kg/m2"
 check CATWBVPMNavMatStatPreview/TrailingZero off
 check CATWBVPMNavMatStatPreview/UnitsDisplay off
 # The spar itself is of two materials, each of its five parts of one.
 expect CATWBVPMNavMatStatPreview/MatStatPartMultiList 7
-expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 1 Material "Steel 4130"
+expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 2 Material "Steel 4130"
 # Two fittings of 0.634 kg, of 11.3872 kg.
-expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 1 Mass 2.795
-expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 1 "Share of mass" 11.1
+expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 2 Mass 2.795
+expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 2 "Share of mass" 11.1
 expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 3 Instance WNG-211.1
 expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 3 Mass 7.538
 expect-cell CATWBVPMNavMatStatPreview/MatStatPartMultiList 3 "Share of mass" 100
 expect CATWBVPMNavMatStatPreview/MassTypePartMultiList 7
-expect-cell CATWBVPMNavMatStatPreview/MassTypePartMultiList 1 "Mass type" Weighed
+expect-cell CATWBVPMNavMatStatPreview/MassTypePartMultiList 2 "Mass type" Weighed
 shot material_statistics_of_a_spar.png CATWBVPMNavMatStatPreview
 close CATWBVPMNavMatStatPreview
 close CATWBVPMNavReportPanel

@@ -38,6 +38,7 @@ check CATWBVPMNavReportPanel/MaterialStatistics on
 shot report_panel_german_statistics.png CATWBVPMNavReportPanel
 click CATWBVPMNavReportPanel/GenerateButton
 expect-box "Warnungen zum Bericht"
-expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 20 Masse 94,998kg
+expect-cell CATWBVPMNavMatStatPreview/MatStatPRCMultiList 1 Masse 94,998kg
+expect CATWBVPMNavMatStatPreview/UnitsNote "Einheiten: kg, kg/m3, kg/m2"
 close CATWBVPMNavMatStatPreview
 click CATWBVPMNavReportPanel/CloseButton
