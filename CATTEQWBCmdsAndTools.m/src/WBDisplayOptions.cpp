@@ -23,8 +23,7 @@ void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Ha
 {
     auto* frame = new CATDlgFrame(&dialog, "OptionFrame"); // the dialog owns it
     frame->SetPlacement(row, column, 1, columns);
-    frame->SetColumnStretch(2, 1); // the choices stand beside each other at the left, and
-    frame->SetColumnStretch(3, 4); // the units have the rest
+    frame->SetColumnStretch(2, 1); // the choices stand beside each other at the left
     m_units = new CATDlgCheckButton(frame, "UnitsDisplay");
     m_units->SetPlacement(1, 0);
     m_trailingZeros = new CATDlgCheckButton(frame, "TrailingZero");

@@ -100,19 +100,27 @@ public:
         return metric == PM_HeaderMargin ? kCellPadding
                                          : QProxyStyle::pixelMetric(metric, option, widget);
     }
-    QRect subElementRect(SubElement element, const QStyleOption* option,
-                         const QWidget* widget) const override
+    // The usual style draws a title and its mark without asking a style that stands before it where
+    // they go, so both are drawn from here.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
     {
-        if (element != SE_HeaderArrow && element != SE_HeaderLabel) {
-            return QProxyStyle::subElementRect(element, option, widget);
+        const auto* title =
+            element == CE_Header ? qstyleoption_cast<const QStyleOptionHeaderV2*>(option) : nullptr;
+        if (title == nullptr) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
         }
-        const QRect room = option->rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
-        if (element == SE_HeaderArrow) {
-            return room.adjusted(room.width() - kSortMarkWidth, 0, 0, 0);
+        drawControl(CE_HeaderSection, title, painter, widget);
+        QStyleOptionHeaderV2 part = *title;
+        part.rect = title->rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
+        if (title->sortIndicator != QStyleOptionHeader::None) {
+            QStyleOptionHeaderV2 mark = part;
+            mark.rect.setLeft(part.rect.right() + 1 - kSortMarkWidth);
+            drawPrimitive(PE_IndicatorHeaderArrow, &mark, painter, widget);
+            part.rect.adjust(0, 0, -kSortMarkRoom, 0);
         }
-        const auto* title = qstyleoption_cast<const QStyleOptionHeader*>(option);
-        const bool isSorted = title->sortIndicator != QStyleOptionHeader::None;
-        return room.adjusted(0, 0, isSorted ? -kSortMarkRoom : 0, 0);
+        drawControl(CE_HeaderLabel, &part, painter, widget);
     }
 };
 } // namespace
@@ -358,13 +366,14 @@ int ListView::FittingWidth(int column) const
     boldFont.setBold(true);
     const QFontMetrics bold(boldFont);
     const QString title = m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    int width = usual.horizontalAdvance(title) + kSortMarkRoom;
+    // An advance is rounded, and may be a part of a pixel short of what is painted.
+    constexpr int kRounding = 1;
+    int width = usual.horizontalAdvance(title) + kRounding + kSortMarkRoom;
     const auto index = static_cast<std::size_t>(column);
     for (const std::size_t row : RowsToMeasure(index)) {
         const QFontMetrics& metrics = m_model.IsBold(row, index) ? bold : usual;
         const QString text = ToQt(m_model.Cells().Text(row, index));
-        // An advance is rounded, and may be a part of a pixel short of what is painted.
-        width = std::max(width, metrics.horizontalAdvance(text) + 1);
+        width = std::max(width, metrics.horizontalAdvance(text) + kRounding);
     }
     const int character = usual.horizontalAdvance(QLatin1Char('0'));
     return std::clamp(width, kNarrowestCharacters * character, kWidestCharacters * character) +
