@@ -73,9 +73,11 @@ WBPreviewMakers WBSetPreviewMakers(const WBPreviewMakers& makers)
     return std::exchange(Makers(), makers);
 }
 
-void WBOpenPreview(WBReportKind kind, const CATUnicodeString& selectionText,
-                   const CATIDOMDocument_var& document, unsigned char creatorFlag)
+CATDialog* WBOpenPreview(WBReportKind kind, const CATUnicodeString& selectionText,
+                         const CATIDOMDocument_var& document, unsigned char creatorFlag)
 {
     const WBPreviewMaker make = Makers()[static_cast<std::size_t>(kind)];
-    make(selectionText, document, creatorFlag)->SetVisibility(true);
+    CATDialog* const preview = make(selectionText, document, creatorFlag);
+    preview->SetVisibility(true);
+    return preview;
 }

@@ -26,6 +26,7 @@ using WBPreviewMakers = std::array<WBPreviewMaker, 3>;
 WBPreviewMakers WBSetPreviewMakers(const WBPreviewMakers& makers);
 
 /// Opens a preview of its own for the report. `selectionText` says what it was made for and becomes
-/// part of a file's name; the flag 1 asks for the statistics of the part instances.
-void WBOpenPreview(WBReportKind kind, const CATUnicodeString& selectionText,
-                   const CATIDOMDocument_var& document, unsigned char creatorFlag);
+/// part of a file's name; the flag 1 asks for the statistics of the part instances. The preview
+/// goes when its user closes it.
+CATDialog* WBOpenPreview(WBReportKind kind, const CATUnicodeString& selectionText,
+                         const CATIDOMDocument_var& document, unsigned char creatorFlag);

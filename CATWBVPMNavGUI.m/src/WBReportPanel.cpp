@@ -247,9 +247,11 @@ void WBReportPanel::OpenReport(const WBReportOptions& options, const WBPlacing& 
     const bool isOfEveryInstance =
         options.kind == WBReportKind::MaterialStatistics && options.isOfEveryInstance;
     const CATUnicodeString selection = m_picks->Picked().SelectionText();
-    WBOpenPreview(options.kind, selection, document, isOfEveryInstance ? 1 : 0);
+    CATDialog* const preview =
+        WBOpenPreview(options.kind, selection, document, isOfEveryInstance ? 1 : 0);
     Say(WBReportText("Opened.Text", "@The report of /p1 was opened.", {selection}));
-    WBShowWarning(this, warning,
+    // Above the report: whoever closes the box has the report before them, not this panel.
+    WBShowWarning(preview, warning,
                   {WBReportText("Warnings.Title", "@Warnings of the report"),
                    WBReportText("Errors.Title", "@Errors in the report")});
 }

@@ -645,6 +645,25 @@ TEST_F(WBReportPanelTest, WarningsOfTheReportAreShown)
     EXPECT_EQ(Previews().size(), 2U);
 }
 
+TEST_F(WBReportPanelTest, WarningsStandAboveTheReportThatTheyBelongTo)
+{
+    Open();
+    server->answers["WBWarningMsg"] = "- Placards has no centre of gravity";
+    std::vector<const CATCommand*> owners;
+    CATDlgNotify::SetAnswerer([&owners](const CATDlgNotify::Shown& box) {
+        const CATDialog* preview = Previews().back().window;
+        for (int position = 1; position <= preview->ChildCount(); ++position) {
+            if (preview->Child(position)->Name() == box.name) {
+                owners.push_back(preview);
+            }
+        }
+        return std::optional(1);
+    });
+    Click("GenerateButton");
+    Click("GenerateButton");
+    EXPECT_THAT(owners, ElementsAre(Previews()[0].window, Previews()[1].window));
+}
+
 TEST_F(WBReportPanelTest, EnterGenerates)
 {
     Open();
