@@ -106,10 +106,9 @@ void WBReportPanel::BuildSums()
     frame->SetPlacement(3, 0);
     frame->SetColumnStretch(1, 1);
     frame->SetColumnStretch(3, 1);
-    m_sums =
-        std::make_unique<WBSumChoices>(frame, WBSumChoices::Cell{0, 0}, WBSumChoices::Cell{0, 2});
-    Subscribe(m_sums->StoredSums(), CATDlgCombo::Selected,
-              [this](const CATNotification&) { m_sums->ShowWhetherALevelCounts(); });
+    // A report looks at every part, so there is no level below which it could look away.
+    m_sums = std::make_unique<WBSumChoices>(frame, WBSumChoices::Cell{0, 0},
+                                            WBSumChoices::Cell{0, 2}, WBSumChoices::Level::Absent);
 }
 
 void WBReportPanel::BuildLastLine()
@@ -187,9 +186,6 @@ void WBReportPanel::Generate()
             this, Title(),
             WBReportText("NoRoot.Text", "@No product is open. Open one, then generate again."),
             kErrorStyle);
-        return;
-    }
-    if (!m_sums->CheckLevel(this)) {
         return;
     }
     const WBReportPlacing::Reading placing = m_placing->Read();

@@ -18,10 +18,22 @@ constexpr std::array kStoredSums{WBStoredSums::Check, WBStoredSums::Force, WBSto
 
 } // namespace
 
-WBSumChoices::WBSumChoices(CATDialog* frame, Cell precision, Cell storedSums)
+WBSumChoices::WBSumChoices(CATDialog* frame, Cell precision, Cell storedSums, Level level)
 {
     m_precision = WBAddChoice(frame, "Precision", precision.row, precision.column);
     m_storedSums = WBAddChoice(frame, "StoredSums", storedSums.row, storedSums.column);
+    if (level == Level::Offered) {
+        AddLevel(frame, storedSums);
+    }
+    // The last way is the one that takes a level.
+    const std::size_t ways = kStoredSums.size() - (level == Level::Offered ? 0 : 1);
+    for (std::size_t index = 0; index < ways; ++index) {
+        m_storedSums->SetLine(static_cast<int>(index), WBStoredSumsText(kStoredSums[index]));
+    }
+}
+
+void WBSumChoices::AddLevel(CATDialog* frame, Cell storedSums)
+{
     auto* levelLabel = new CATDlgLabel(frame, "LevelLabel");
     levelLabel->SetRole(CATDlgLabel::Role::Caption);
     levelLabel->SetPlacement(storedSums.row, storedSums.column + 2);
@@ -29,9 +41,6 @@ WBSumChoices::WBSumChoices(CATDialog* frame, Cell precision, Cell storedSums)
     m_level->SetPlacement(storedSums.row, storedSums.column + 3, 1, 1, kWBOwnSize);
     m_level->SetVisibleTextWidth(3);
     m_level->SetText("0");
-    for (std::size_t index = 0; index < kStoredSums.size(); ++index) {
-        m_storedSums->SetLine(static_cast<int>(index), WBStoredSumsText(kStoredSums[index]));
-    }
     ShowWhetherALevelCounts();
 }
 
@@ -54,7 +63,9 @@ void WBSumChoices::Offer(const std::vector<CATUnicodeString>& massTypes)
 void WBSumChoices::Read(WBComputationChoice& choice) const
 {
     choice.storedSums = ChosenStoredSums();
-    choice.level = m_level->Text();
+    if (m_level != nullptr) {
+        choice.level = m_level->Text();
+    }
     const auto precision = static_cast<std::size_t>(std::max(m_precision->SelectedIndex(), 0));
     if (precision < m_precisions.size()) {
         choice.precision = m_precisions[precision];

@@ -421,22 +421,23 @@ TEST_F(WBReportPanelTest, PrecisionAndPolicyAreThoseOfComputations)
     EXPECT_EQ(precision->Line(1), "most precise values");
     EXPECT_EQ(precision->Line(2), "Computed");
     EXPECT_EQ(precision->Line(3), "Weighed");
-    EXPECT_FALSE(IsUsable("Level"));
     Choose("Precision", 3);
-    Choose("StoredSums", 2);
-    EXPECT_TRUE(IsUsable("Level"));
-    Type("Level", "2");
     Click("GenerateButton");
-    EXPECT_THAT(Requests().back(), HasSubstr("|Weighed|2|2|1|LA1|"));
-    Type("Level", "two");
-    Click("GenerateButton");
-    ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].title, "Level");
-    EXPECT_EQ(Requests().size(), 1U);
+    EXPECT_THAT(Requests().back(), HasSubstr("|Weighed|0|1|LA1|"));
     Choose("StoredSums", 1);
-    EXPECT_FALSE(IsUsable("Level"));
     Click("GenerateButton");
     EXPECT_THAT(Requests().back(), HasSubstr("|Weighed|1|1|LA1|"));
+}
+
+TEST_F(WBReportPanelTest, NothingIsTakenAsStoredBelowALevel)
+{
+    Open();
+    const auto* storedSums = Find<CATDlgCombo>("StoredSums");
+    ASSERT_EQ(storedSums->LineCount(), 2);
+    EXPECT_EQ(storedSums->Line(0), "update what changed");
+    EXPECT_EQ(storedSums->Line(1), "compute all anew");
+    EXPECT_EQ(Find<CATDialog>("Level"), nullptr);
+    EXPECT_EQ(Find<CATDialog>("LevelLabel"), nullptr);
 }
 
 TEST_F(WBReportPanelTest, ReportStaysAsDeliveredWithoutAPoint)
