@@ -298,7 +298,7 @@ long CATWBVPMNavDistributiveReportPreview::PrintNode(const CATIDOMElement_var& e
                                                      int row, CATDlgMultiList* list)
 {
     kTrace.Line("PrintNode");
-    return PrintAttribute(kTrace, *element, name, column, row, *list);
+    return PrintAttribute(kTrace, element, name, column, row, *list);
 }
 
 long CATWBVPMNavDistributiveReportPreview::SortDOMDocument(CATIDOMDocument_var& document)

@@ -276,7 +276,8 @@ void CATWBVPMNavMatStatPreview::ShowPartInstances()
 }
 
 /// Adds a row for each statistic below the element, the last one first. False when its children
-/// cannot be read.
+/// cannot be read. The name alone makes a child a statistic: what has the name and no attributes
+/// that could be read is an empty row, by which the user sees that the report is damaged.
 bool CATWBVPMNavMatStatPreview::ShowStatistics(const CATIDOMElement_var& element,
                                                const StatisticsLists& lists)
 {
@@ -298,9 +299,10 @@ bool CATWBVPMNavMatStatPreview::ShowStatistics(const CATIDOMElement_var& element
     };
     for (int index = children->Length() - 1; index >= 0; --index) {
         const CATIDOMNode_var child = children->Item(index);
-        if (IsElementNamed(child, kMaterialStatElement)) {
+        const CATUnicodeString name = child->NodeName();
+        if (name == kMaterialStatElement) {
             show(child, kMaterialColumns, lists.materials);
-        } else if (IsElementNamed(child, kMassTypeStatElement)) {
+        } else if (name == kMassTypeStatElement) {
             show(child, kMassTypeColumns, lists.massTypes);
         }
     }
@@ -312,7 +314,7 @@ long CATWBVPMNavMatStatPreview::PrintNode(const CATIDOMElement_var& element,
                                           CATDlgMultiList* list)
 {
     kTrace.Line("PrintNode");
-    return PrintAttribute(kTrace, *element, name, column, row, *list);
+    return PrintAttribute(kTrace, element, name, column, row, *list);
 }
 
 void CATWBVPMNavMatStatPreview::ManageUnitsConversion(CATIDOMDocument_var& document,

@@ -248,7 +248,7 @@ long CATWBVPMNavReportPreview::PrintNode(const CATIDOMElement_var& element,
                                          CATDlgMultiList* list)
 {
     kTrace.Line("PrintNode");
-    return PrintAttribute(kTrace, *element, name, column, row, *list);
+    return PrintAttribute(kTrace, element, name, column, row, *list);
 }
 
 void CATWBVPMNavReportPreview::OnUnitsDisplayNotification()

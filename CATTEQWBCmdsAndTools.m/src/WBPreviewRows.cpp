@@ -49,11 +49,11 @@ CATIDOMElement_var FirstRoot(const CATIDOMDocument& document)
     return roots.IsNull() ? CATIDOMElement_var() : CATIDOMElement_var(roots->Item(0));
 }
 
-long PrintAttribute(const DSTrace& trace, const CATIDOMElement& element,
+long PrintAttribute(const DSTrace& trace, const CATIDOMElement_var& element,
                     const CATUnicodeString& name, int column, int row, CATDlgMultiList& list)
 {
     CATUnicodeString value;
-    const long result = element.GetAttribute(name, value);
+    const long result = element.IsNull() ? E_FAIL : element->GetAttribute(name, value);
     if (result != S_OK) {
         trace.Line("Could not get the value of the attribute ", name);
         return result;

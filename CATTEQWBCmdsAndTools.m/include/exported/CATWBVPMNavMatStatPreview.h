@@ -64,7 +64,8 @@ public:
     /// Asks for a file and saves into it.
     virtual void OnSaveAsNotification();
     /// Writes an attribute's text as the document holds it into a cell. Row and column count from
-    /// 0; the row after the last is added. The failure of the element when it lacks the attribute.
+    /// 0; the row after the last is added. The failure of the element when it lacks the attribute,
+    /// E_FAIL for a null one.
     virtual long PrintNode(const CATIDOMElement_var& element, const CATUnicodeString& name,
                            int column, int row, CATDlgMultiList* list);
     /// Fills the lists from the document again. Below each element the last statistic comes first.

@@ -68,7 +68,8 @@ public:
     /// root, every node up to the document counts.
     virtual void CountAncestors(const CATIDOMNode_var& node, int& count);
     /// Writes an attribute's text as the document holds it into a cell. Row and column count from
-    /// 0; the row after the last is added. The failure of the element when it lacks the attribute.
+    /// 0; the row after the last is added. The failure of the element when it lacks the attribute,
+    /// E_FAIL for a null one.
     virtual long PrintNode(const CATIDOMElement_var& element, const CATUnicodeString& name,
                            int column, int row, CATDlgMultiList* list);
     /// Fills both lists from the document again.

@@ -18,9 +18,9 @@ void ShowColumns(const WBPreviewColumns& columns, const CATUnicodeString& firstT
 CATIDOMElement_var FirstRoot(const CATIDOMDocument& document);
 
 /// Writes an attribute, as the document holds it, into a cell; the row is made when it is the next
-/// one. E_FAIL, with a trace line and no cell, when the element has no such attribute; S_OK
-/// otherwise, also where the list has no such column.
-long PrintAttribute(const DSTrace& trace, const CATIDOMElement& element,
+/// one. E_FAIL, with a trace line and no cell, when the element has no such attribute or is null;
+/// S_OK otherwise, also where the list has no such column.
+long PrintAttribute(const DSTrace& trace, const CATIDOMElement_var& element,
                     const CATUnicodeString& name, int column, int row, CATDlgMultiList& list);
 
 /// Has the preview print the attributes into the row, beginning at the column behind the first.

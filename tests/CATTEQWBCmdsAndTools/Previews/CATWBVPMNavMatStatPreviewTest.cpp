@@ -255,10 +255,18 @@ TEST_F(MatStatPreview, StatisticsOfEachPartInstanceStandLastFirst)
 TEST_F(MatStatPreview, OnlyChildrenOfExactlyThoseNamesAreStatistics)
 {
     Built(
-        R"(<R><PRC>text<MaterialStat Name="A"/><materialstat Name="B"/><?MaterialStat?>)"
+        R"(<R><PRC>text<MaterialStat Name="A"/><materialstat Name="B"/><?MaterialStats?>)"
         R"(<!--MassTypeStat--><X><MaterialStat Name="C"/></X><MassTypeStats Name="D"/> </PRC></R>)");
     EXPECT_THAT(Names(kRootMaterials), ElementsAre("A"));
     EXPECT_THAT(Names(kRootMassTypes), IsEmpty());
+}
+
+TEST_F(MatStatPreview, AChildOfThatNameIsAStatisticWhateverItIs)
+{
+    Built(R"(<R><PRC><?MaterialStat Name="A"?><MaterialStat Name="B"/><?MassTypeStat?></PRC></R>)");
+    EXPECT_THAT(Names(kRootMaterials), ElementsAre("B", ""));
+    EXPECT_THAT(Names(kRootMassTypes), ElementsAre(""));
+    EXPECT_THAT(trace.Sentences(), Contains("Could not get the value of the attribute Name"));
 }
 
 TEST_F(MatStatPreview, AMissingValueIsTracedAndLeavesItsCellEmpty)

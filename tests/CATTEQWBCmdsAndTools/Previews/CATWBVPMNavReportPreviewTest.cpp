@@ -130,6 +130,22 @@ TEST_F(ReportPreview, SelectionIsShownAndCannotBeTypedOver)
     EXPECT_EQ(editor.Style(), 0x4000000);
 }
 
+TEST_F(ReportPreview, ListsAskForThreeAndThirtyLinesOfAHundredCharacters)
+{
+    Built();
+    auto* usual = new CATDlgMultiList(new CATDlgDialog(frame->MainWindow(), "Other", 0), "Usual");
+    usual->SetColumnTitles({"Title"});
+    const auto asksFor = [usual](const CATDlgMultiList& list, int lines, int characters) {
+        usual->SetVisibleLines(lines);
+        usual->SetVisibleTextWidth(characters);
+        return list.Widget()->sizeHint() == usual->Widget()->sizeHint();
+    };
+    EXPECT_TRUE(asksFor(Roots(), 3, 100));
+    EXPECT_TRUE(asksFor(Instances(), 30, 100));
+    EXPECT_FALSE(asksFor(Instances(), 29, 100));
+    EXPECT_FALSE(asksFor(Instances(), 30, 99));
+}
+
 TEST_F(ReportPreview, SpinnerIsHiddenAndGoesFromNoneToEightDigits)
 {
     Built();

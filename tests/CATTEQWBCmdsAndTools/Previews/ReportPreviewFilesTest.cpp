@@ -316,6 +316,7 @@ TEST_F(ReportPreviewFiles, EndingIsAddedBeforeTheUserIsAsked)
     Built();
     SaveTo(reports.At("legs.txt"));
     EXPECT_THAT(boxes, ElementsAre(Question(reports.At("legs.txt.xml"))));
+    EXPECT_THAT(trace.lines, Contains("Selected directory: " + reports.At("legs.txt")));
 }
 
 // What can go wrong on the disk

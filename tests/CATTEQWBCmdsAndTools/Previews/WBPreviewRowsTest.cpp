@@ -36,24 +36,31 @@ protected:
 TEST_F(WBPreviewRows, AnAttributeIsPrintedAsItStandsAndMakesItsRow)
 {
     const CATIDOMElement_var root = First(document, "PRC");
-    EXPECT_EQ(PrintAttribute(component, *root, "A", 1, 0, *list), S_OK);
-    EXPECT_EQ(PrintAttribute(component, *root, "B", 2, 0, *list), S_OK);
-    EXPECT_EQ(PrintAttribute(component, *First(document, "PRC"), "A", 0, 1, *list), S_OK);
+    EXPECT_EQ(PrintAttribute(component, root, "A", 1, 0, *list), S_OK);
+    EXPECT_EQ(PrintAttribute(component, root, "B", 2, 0, *list), S_OK);
+    EXPECT_EQ(PrintAttribute(component, First(document, "PRC"), "A", 0, 1, *list), S_OK);
     EXPECT_THAT(Rows(*list), ElementsAre(ElementsAre("", "1", ""), ElementsAre("1", "", "")));
     EXPECT_THAT(trace.lines, IsEmpty());
 }
 
 TEST_F(WBPreviewRows, AMissingAttributeIsTracedAndMakesNoCell)
 {
-    EXPECT_EQ(PrintAttribute(component, *First(document, "PRC"), "C", 0, 0, *list), E_FAIL);
+    EXPECT_EQ(PrintAttribute(component, First(document, "PRC"), "C", 0, 0, *list), E_FAIL);
     EXPECT_EQ(list->RowCount(), 0);
     EXPECT_THAT(trace.components, ElementsAre("Component"));
     EXPECT_THAT(trace.lines, ElementsAre("Could not get the value of the attribute C"));
 }
 
+TEST_F(WBPreviewRows, ANullElementHasNoAttributes)
+{
+    EXPECT_EQ(PrintAttribute(component, {}, "A", 0, 0, *list), E_FAIL);
+    EXPECT_EQ(list->RowCount(), 0);
+    EXPECT_THAT(trace.lines, ElementsAre("Could not get the value of the attribute A"));
+}
+
 TEST_F(WBPreviewRows, AColumnThatTheListLacksShowsNothing)
 {
-    EXPECT_EQ(PrintAttribute(component, *First(document, "PRC"), "A", 3, 0, *list), S_OK);
+    EXPECT_EQ(PrintAttribute(component, First(document, "PRC"), "A", 3, 0, *list), S_OK);
     EXPECT_EQ(list->RowCount(), 0);
 }
 

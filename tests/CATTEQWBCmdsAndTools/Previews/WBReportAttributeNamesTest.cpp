@@ -187,3 +187,21 @@ TEST_F(ReportAttributeNames, NullAttributeOfTheRootIsTracedAndPassedOver)
     EXPECT_THAT(names->Items(), ElementsAre("B"));
     EXPECT_THAT(trace.lines, ElementsAre("PRC node: Item 0 is null"));
 }
+
+TEST_F(ReportAttributeNames, AttributesOfASectionThatCannotBeReadAreTracedAsThose)
+{
+    const auto ofSection = [this](const CATIDOMNode_var& section) {
+        return ReadAttributes(kTrace, *real, section, WBReportElement::Section);
+    };
+    EXPECT_FALSE(ofSection(ElementAsTold::WithMap({})));
+    EXPECT_FALSE(ofSection(ElementAsTold::WithMap(MapAsTold::OfLength(-1))));
+    const CATDOMName b = real->FindName("B");
+    const auto names = ofSection(ElementAsTold::WithMap(MapAsTold::OfLength(2), {CATDOMName{}, b}));
+    ASSERT_TRUE(names);
+    EXPECT_THAT(names->Items(), ElementsAre("B"));
+    EXPECT_THAT(
+        trace.lines,
+        ElementsAre("Could not retrieve the list of attributes that a section node has!",
+                    "Could not obtain a valid CATUnicodeString dynamic array (for a section node)!",
+                    "Section node: Item 0 is null"));
+}
