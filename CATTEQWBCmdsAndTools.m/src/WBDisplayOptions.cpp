@@ -4,6 +4,8 @@
 
 #include "KR4WBClientSettings.h"
 
+#include "CATCkeGlobalFunctions.h"
+
 namespace
 {
 
@@ -17,6 +19,11 @@ void Listen(CATDlgDialog& dialog, CATCommand* control, const CATEvent& event,
 }
 
 } // namespace
+
+WBDisplayOptions::~WBDisplayOptions()
+{
+    CATCkeGlobalFunctions::RemoveUnitListener(m_unitListener);
+}
 
 void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers,
                              int columns)
@@ -40,11 +47,22 @@ void WBDisplayOptions::Build(CATDlgDialog& dialog, int row, int column, const Ha
     Listen(dialog, m_units, CATDlgCheckButton::Modified, handlers.onUnits);
     Listen(dialog, m_trailingZeros, CATDlgCheckButton::Modified, handlers.onTrailingZeros);
     Listen(dialog, m_digits, CATDlgSpinner::Modified, handlers.onDigits);
+    m_unitListener = CATCkeGlobalFunctions::AddUnitListener([this](const CATICkeMagnitude_var&) {
+        SetChoosable(false);
+        m_unitsNote->SetTitle(WBUnitsHaveChanged());
+    });
+}
+
+void WBDisplayOptions::SetChoosable(bool choosable)
+{
+    m_units->SetSensitivity(choosable);
+    m_trailingZeros->SetSensitivity(choosable);
 }
 
 void WBDisplayOptions::TellUnits(const CATIDOMDocument& document)
 {
     if (IsBuilt()) {
+        SetChoosable(true);
         m_unitsNote->SetTitle(WBPreviewUnits(document).Line());
     }
 }

@@ -111,6 +111,13 @@ CATUnicodeString WBPreviewUnits::Line() const
                : CATMsgCatalog::BuildMessage(kCatalog, "Line", "@Units: /p1", {symbols});
 }
 
+CATUnicodeString WBUnitsHaveChanged()
+{
+    return CATMsgCatalog::BuildMessage(
+        kCatalog, "Changed",
+        "@Another unit was chosen. Make the report again to see the values in it.");
+}
+
 void ShowColumnUnits(const CATIDOMDocument& document, const CATListValCATUnicodeString& attributes,
                      CATDlgMultiList& list)
 {

@@ -11,9 +11,18 @@
 ///
 /// A number of digits is remembered too. Its spinner is hidden and no value is shown with it: what
 /// other programs have stored there is kept for them.
+///
+/// Values are shown anew in the units that they were converted to. When the user chooses another
+/// unit meanwhile, that is not possible any more: the choices are greyed then, and the note beside
+/// them says that the report can be made again.
 class WBDisplayOptions
 {
 public:
+    WBDisplayOptions() = default;
+    WBDisplayOptions(const WBDisplayOptions&) = delete;
+    WBDisplayOptions& operator=(const WBDisplayOptions&) = delete;
+    ~WBDisplayOptions();
+
     /// Who is told that the user, or a remembered choice, has changed a control.
     struct Handlers
     {
@@ -38,7 +47,7 @@ public:
     void Build(CATDlgDialog& dialog, int row, int column, const Handlers& handlers,
                int columns = 1);
     bool IsBuilt() const { return m_units != nullptr; }
-    /// Says beside the choices in which units the document's values stand.
+    /// The document was just converted: says beside the choices in which units its values stand.
     void TellUnits(const CATIDOMDocument& document);
 
     /// Puts the controls as they were remembered. Each that is thereby turned on tells its handler,
@@ -58,8 +67,11 @@ public:
     void EnableUpButton();
 
 private:
+    void SetChoosable(bool choosable);
+
     CATDlgCheckButton* m_units = nullptr;
     CATDlgCheckButton* m_trailingZeros = nullptr;
     CATDlgSpinner* m_digits = nullptr;
     CATDlgLabel* m_unitsNote = nullptr;
+    int m_unitListener = 0;
 };

@@ -28,6 +28,9 @@ private:
     const CATIDOMDocument& m_document;
 };
 
+/// What is said once the user has chosen other units than those of the values.
+CATUnicodeString WBUnitsHaveChanged();
+
 /// Gives the columns behind the first one, which show these attributes, their units as tooltips.
 void ShowColumnUnits(const CATIDOMDocument& document, const CATListValCATUnicodeString& attributes,
                      CATDlgMultiList& list);

@@ -72,6 +72,26 @@ TEST_F(ReportPreviewOptions, TrailingZerosAreShownAndHidden)
     EXPECT_THAT(Shown(), ElementsAre("200lb", "10in"));
 }
 
+TEST_F(ReportPreviewOptions, ValuesKeepTheirUnitsWhenAnotherOneIsChosen)
+{
+    Built();
+    const CATICkeMagnitude_var mass =
+        CATCkeGlobalFunctions::GetParmDictionary()->FindMagnitude("MASS");
+    mass->UseUnit("g");
+    EXPECT_FALSE(Units().IsSensitive());
+    EXPECT_FALSE(Zeros().IsSensitive());
+    EXPECT_EQ(Find<CATDlgLabel>(*preview, "UnitsNote").Title(),
+              "Another unit was chosen. Make the report again to see the values in it.");
+    EXPECT_THAT(Shown(), ElementsAre("200", "10"));
+    // Another report, which was converted since.
+    const CATWBVPMNavReportPreview other("Other", Parsed(kReport), 0);
+    *preview = other;
+    EXPECT_TRUE(Units().IsSensitive());
+    EXPECT_TRUE(Zeros().IsSensitive());
+    Close();
+    mass->UseUnit("lb"); // nobody listens any more
+}
+
 TEST_F(ReportPreviewOptions, ValuesHaveTheSeparatorOfTheSession)
 {
     const NumberLocale comma(kCommaLocale);
