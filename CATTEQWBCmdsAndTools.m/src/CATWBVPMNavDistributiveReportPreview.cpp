@@ -154,7 +154,6 @@ void CATWBVPMNavDistributiveReportPreview::BuildLists()
 {
     auto* frame = new CATDlgFrame(this, "ReportFrame", kPlainFrame); // the window owns it
     frame->SetPlacement(1, 0);
-    SetRowStretch(1, 1);
     m_rootList = AddPreviewList(*frame, "ReportMultiListPRC", 0, kRootLines);
     m_sectionList = AddPreviewList(*frame, "ReportMultiListSection", 1, kSectionLines);
     m_instanceList = AddPreviewList(*frame, "ReportMultiListInst", 2, kInstanceLines);

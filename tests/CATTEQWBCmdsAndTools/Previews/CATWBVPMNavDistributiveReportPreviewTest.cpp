@@ -73,6 +73,7 @@ TEST_F(DistributiveReportPreview, ControlsStandInTheirCells)
         {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
         {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
         {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
+        {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
         {"ButtonsFrame", "CATWBVPMNavDistributiveReportPreview", {3, 0, 1, 1}},
         {"SavePushB", "ButtonsFrame", {0, 0, 1, 1}},
         {"SaveToPushB", "ButtonsFrame", {0, 1, 1, 1}},
@@ -431,6 +432,29 @@ TEST_F(DistributiveReportPreview, WhatCannotBeReadAnyMoreIsNotShown)
     report.hasDocumentElement = false;
     preview->UpdatePreviewPanelList();
     EXPECT_THAT(RowsOf(kRootList), IsEmpty());
+}
+
+TEST_F(DistributiveReportPreview, ARootWhoseChildrenCannotBeReadLeavesTheInstancesEmpty)
+{
+    const CATIDOMDocument_var real = Parsed(kReport);
+    const auto report =
+        CATHandle<MockDocument>::Adopt(new testing::NiceMock<MockDocument>); // answers as `real`
+    bool isReadable = true;
+    ON_CALL(*report, DocumentElement).WillByDefault([&] { return real->DocumentElement(); });
+    ON_CALL(*report, FindName).WillByDefault([&](std::string_view name) {
+        return real->FindName(name);
+    });
+    ON_CALL(*report, NameText).WillByDefault([&](CATDOMName name) { return real->NameText(name); });
+    ON_CALL(*report, ElementsByTagName).WillByDefault([&](const CATUnicodeString& name) {
+        return name == "PRC" && !isReadable ? NodesAsTold::List({ElementAsTold::WithChildren({})})
+                                            : real->ElementsByTagName(name);
+    });
+    Of(report).Build();
+    ASSERT_THAT(RowsOf(kInstanceList), SizeIs(3));
+    isReadable = false;
+    preview->UpdatePreviewPanelList();
+    EXPECT_THAT(RowsOf(kSectionList), IsEmpty());
+    EXPECT_THAT(RowsOf(kInstanceList), IsEmpty());
 }
 
 TEST_F(DistributiveReportPreview, ManyInstancesAreShown)

@@ -78,6 +78,7 @@ TEST_F(MatStatPreview, ControlsStandInTheirCells)
         {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
         {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
         {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
+        {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
         {"PushButtonFrame", "CATWBVPMNavMatStatPreview", {2, 0, 1, 2}},
         {"SavePushButton", "PushButtonFrame", {0, 0, 1, 1}},
         {"SaveAsPushButton", "PushButtonFrame", {0, 1, 1, 1}},
@@ -166,6 +167,10 @@ TEST_F(MatStatPreview, NumbersStandAtTheRight)
     EXPECT_THAT(right(kPartMaterials), ElementsAre(2, 3, 4));
     EXPECT_THAT(right(kRootMassTypes), ElementsAre(2, 3));
     EXPECT_THAT(right(kPartMassTypes), ElementsAre(2, 3));
+    // Whatever the cells hold, or none of them.
+    Built(R"(<R><PRC><MaterialStat Name="10" Density="x"/></PRC></R>)", kWithParts);
+    EXPECT_THAT(right(kRootMaterials), ElementsAre(2, 3, 4));
+    EXPECT_THAT(right(kPartMassTypes), ElementsAre(2, 3));
 }
 
 TEST_F(MatStatPreview, TitlesTellTheUnitsOfTheUser)
@@ -217,6 +222,11 @@ TEST_F(MatStatPreview, ListsShareTheRoomSideBySide)
     const QWidget* close = Find<CATDialog>(*preview, "ClosePushButton").Widget();
     EXPECT_LE(close->mapTo(preview->Widget(), QPoint(close->width(), 0)).x(), 1024);
     EXPECT_LE(close->mapTo(preview->Widget(), QPoint(0, close->height())).y(), 700);
+    preview->Widget()->resize(1024, 1400);
+    Process();
+    // Twice the lines, twice the height.
+    EXPECT_GT(size(kPartMaterials).height(), size(kRootMaterials).height() * 9 / 5);
+    EXPECT_GT(size(kPartMassTypes).height(), size(kRootMassTypes).height() * 9 / 5);
 }
 
 // Rows
@@ -460,4 +470,13 @@ TEST_F(MatStatPreview, AnAssignedReportIsConvertedAndShownByTheOptionsOfTheWindo
     EXPECT_EQ(Look<CATDlgMultiList>(*preview, kPartMaterials), nullptr);
     other->Build();
     EXPECT_EQ(Find<CATDlgMultiList>(*other, kPartMaterials).Cell(2, 1), "2");
+}
+
+TEST_F(MatStatPreview, APreviewThatIsBuiltAfterwardsShowsThePartInstancesOfWhatItWasAssigned)
+{
+    Make(kDesk, kWithParts);
+    auto* other = new CATWBVPMNavMatStatPreview("", {}, 0); // the command tree owns it
+    *other = *preview;
+    other->Build();
+    EXPECT_EQ(Find<CATDlgMultiList>(*other, kPartMaterials).RowCount(), 1);
 }

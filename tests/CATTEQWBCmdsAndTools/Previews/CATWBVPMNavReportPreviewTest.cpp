@@ -111,6 +111,7 @@ TEST_F(ReportPreview, ControlsStandInTheirCells)
         {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
         {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
         {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
+        {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
         {"ButtonsFrame", "CATWBVPMNavReportPreview", {3, 0, 1, 1}},
         {"SavePushB", "ButtonsFrame", {0, 0, 1, 1}},
         {"SaveToPushB", "ButtonsFrame", {0, 1, 1, 1}},

@@ -323,6 +323,15 @@ TYPED_TEST(OtherPreviews, ACancelledBoxSavesNothing)
     EXPECT_EQ(this->template Look<CATDlgFile>(*this->preview, "Choose a directory"), nullptr);
 }
 
+TYPED_TEST(OtherPreviews, WithoutAChosenFileNothingIsWritten)
+{
+    this->Show();
+    this->preview->OnDlgStdFileDiaOKNotification();
+    EXPECT_THAT(this->boxes, IsEmpty());
+    EXPECT_EQ(this->reports.FileCount(), 0U);
+    EXPECT_THAT(this->trace.Sentences(), Contains("Selected directory: "));
+}
+
 TYPED_TEST(OtherPreviews, AChosenFileIsWrittenWithItsEnding)
 {
     this->chosenFile = this->reports.At("mine");
@@ -448,6 +457,9 @@ TYPED_TEST(OtherPreviews, AnAssignedPreviewOfNothingLeavesEmptyLists)
     this->Show();
     *this->preview = *empty;
     EXPECT_EQ(this->List(TestFixture::Differs::list).RowCount(), 0);
+    this->preview->UpdatePreviewPanelList();
+    this->preview->OnUnitsDisplayNotification();
+    EXPECT_EQ(this->List(TestFixture::Differs::list).RowCount(), 0);
 }
 
 TYPED_TEST(OtherPreviews, AssigningAPreviewToItselfChangesNothing)
@@ -474,8 +486,10 @@ TYPED_TEST(OtherPreviews, OneThatIsNotBuiltTakesOverTheReport)
 {
     this->Make(TestFixture::Differs::report);
     auto* other = new TypeParam("Feet", {}, 0); // the command tree owns it
+    const std::string before = this->FileText();
     *other = *this->preview;
     EXPECT_EQ(other->ChildCount(), 0);
+    EXPECT_EQ(this->FileText(), before);
     other->Build();
     EXPECT_EQ(this->CellOf(*other), "1");
 }
