@@ -66,19 +66,6 @@ bool ReadElements(const DSTrace& trace, const CATIDOMNodeList& children, int len
     return true;
 }
 
-/// Takes the element children out, following the list as it gets shorter.
-void RemoveElements(CATIDOMNode& parent, const CATIDOMNodeList& children, int length)
-{
-    for (int index = 0; index < length; ++index) {
-        const CATIDOMNode_var node = children.Item(index);
-        if (!node.IsNull() && node->AsElement() != nullptr) {
-            parent.RemoveChild(node);
-            --index;
-            --length;
-        }
-    }
-}
-
 /// False, with nothing changed, when one of the list's nodes is missing.
 bool SortChildren(const DSTrace& trace, CATIDOMNode& parent, const CATIDOMNodeList& children,
                   int length)
@@ -90,9 +77,8 @@ bool SortChildren(const DSTrace& trace, CATIDOMNode& parent, const CATIDOMNodeLi
     std::ranges::stable_sort(elements, [](const Keyed& left, const Keyed& right) {
         return left.key.Order(right.key) < 0;
     });
-    RemoveElements(parent, children, length);
     for (const Keyed& each : elements) {
-        parent.AppendChild(each.element);
+        parent.AppendChild(each.element); // which takes it from where it stood
     }
     return true;
 }

@@ -224,6 +224,7 @@ TEST_F(MatStatPreview, ListsShareTheRoomSideBySide)
     EXPECT_LE(close->mapTo(preview->Widget(), QPoint(0, close->height())).y(), 700);
     preview->Widget()->resize(1024, 1400);
     Process();
+    EXPECT_LT(Find<CATDialog>(*preview, "OptionFrame").Widget()->height(), 120);
     // Twice the lines, twice the height.
     EXPECT_GT(size(kPartMaterials).height(), size(kRootMaterials).height() * 9 / 5);
     EXPECT_GT(size(kPartMassTypes).height(), size(kRootMassTypes).height() * 9 / 5);

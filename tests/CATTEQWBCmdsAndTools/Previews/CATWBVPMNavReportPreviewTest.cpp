@@ -584,6 +584,16 @@ TEST_F(ReportPreview, AssignedPreviewShowsTheOtherReport)
     EXPECT_THAT(Rows(Instances()), ElementsAre(Cells{"3", "2"}));
 }
 
+TEST_F(ReportPreview, AssignedReportIsShownWhereThereAreNoOptionsToo)
+{
+    auto* other = new CATWBVPMNavReportPreview("", Parsed(kReport), 0); // the command tree owns it
+    Built("<R/>");
+    ASSERT_EQ(Look<CATDialog>(*preview, "OptionFrame"), nullptr);
+    *preview = *other;
+    EXPECT_EQ(Instances().RowCount(), 3);
+    EXPECT_EQ(Look<CATDialog>(*preview, "OptionFrame"), nullptr);
+}
+
 TEST_F(ReportPreview, AssignedReportWithoutARootLeavesEmptyLists)
 {
     auto* rootless = new CATWBVPMNavReportPreview("", Parsed("<R/>"), 0);
