@@ -158,9 +158,7 @@ expect-cell CATWBVPMNavReportPreview/ReportMultiListPRC 1 MOIxx 735.358
 close CATWBVPMNavReportPreview
 
 # Turned by a right angle about z: x goes to y, and the inertias about x and y change places.
-click CATWBVPMNavReportPanel/PointX
-key Ctrl+A
-key Delete
+type CATWBVPMNavReportPanel/PointX ""
 type CATWBVPMNavReportPanel/TurnZ 90
 shot report_panel_turned.png CATWBVPMNavReportPanel
 click CATWBVPMNavReportPanel/GenerateButton
@@ -171,9 +169,7 @@ expect-cell CATWBVPMNavReportPreview/ReportMultiListPRC 1 MOIxx 809.864
 expect-cell CATWBVPMNavReportPreview/ReportMultiListPRC 1 MOIyy 735.358
 expect-cell CATWBVPMNavReportPreview/ReportMultiListPRC 1 POIxy -0.638092
 close CATWBVPMNavReportPreview
-click CATWBVPMNavReportPanel/TurnZ
-key Ctrl+A
-key Delete
+type CATWBVPMNavReportPanel/TurnZ ""
 
 # Weighed values alone, in pounds: 101.426 kg are 223.606 lb.
 units MASS lb

@@ -173,6 +173,8 @@ TEST(Story, SelectsAsTheUserDoes)
     fails("select Table Furlong\n", "there is no row \"Furlong\"");
     fails("select CloseButton x\n", "nothing can be selected in this control");
     fails("select ApplyButton x\n", "the control is hidden or greyed");
+    fails("close CATWBVPMNavUnitsConversion\nselect CATWBVPMNavUnitsConversion/Unit in\n",
+          "the control is hidden or greyed");
 }
 
 TEST(Story, ClickOnATabIsHeardByWhoListensToThePages)
@@ -185,6 +187,14 @@ TEST(Story, ClickOnATabIsHeardByWhoListensToThePages)
     const Played back = Play(folder, page + "click ResultTabPage\nclick ReferenceButton\n"
                                             "expect ReferenceButton on\n");
     EXPECT_EQ(back.status, 0) << back.err;
+}
+
+TEST(Story, AnEmptyTextReplacesWhatIsThere)
+{
+    const TemporaryDirectory folder;
+    const Played played = Play(folder, "start CATWBVPMNavReport\ntype PointX 508\n"
+                                       "expect PointX 508\ntype PointX \"\"\nexpect PointX \"\"\n");
+    EXPECT_EQ(played.status, 0) << played.err;
 }
 
 TEST(Story, KeysGoToTheWindowThatWasClickedLast)

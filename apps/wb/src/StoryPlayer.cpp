@@ -76,6 +76,24 @@ QPixmap GrabWindows()
     return picture;
 }
 
+/// The keys go to that window, as on any desktop to the one that is clicked. On a real screen that
+/// takes a moment, and what is typed meanwhile would be lost.
+void GiveKeysTo(QWidget& window)
+{
+    constexpr int kPatience = 3000; // ms; no longer than a person would wait
+    window.activateWindow();
+    // A screen that gives the keys to nobody plays the story all the same.
+    static_cast<void>(
+        QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }, kPatience));
+}
+
+/// Whether a person could use the control: neither it nor its window is hidden, and it is not
+/// greyed.
+bool IsWithinReach(const CATDialog& control)
+{
+    return control.IsVisible() && control.IsSensitive() && control.Widget()->window()->isVisible();
+}
+
 /// The action of that text, accelerator signs left out; null when there is none.
 QAction* FindAction(const QList<QAction*>& actions, const std::string& text)
 {
@@ -161,6 +179,10 @@ bool StoryPlayer::eventFilter(QObject* object, QEvent* event)
     if (event->type() == QEvent::Show && object->isWidgetType() &&
         static_cast<QWidget*>(object)->isWindow()) {
         object->setProperty(kShowOrder, ++m_shown);
+        auto* const window = static_cast<QWidget*>(object);
+        if (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog) {
+            m_opened = window;
+        }
     }
     return false;
 }
@@ -180,6 +202,10 @@ bool StoryPlayer::Play(const std::string& path)
         }
         std::string problem = Run(step);
         CATDlgApplication::ProcessEvents();
+        if (QWidget* const opened = m_opened; opened != nullptr && opened->isVisible()) {
+            GiveKeysTo(*opened);
+        }
+        m_opened = nullptr;
         // A box is waited for by the step that follows it.
         const bool waitsForBox =
             &step != &steps.back() && (&step + 1)->words.front() == "expect-box";
@@ -322,7 +348,7 @@ std::string StoryPlayer::Click(const Words& words)
     if (control == nullptr) {
         return problem;
     }
-    if (!control->IsVisible() || !control->IsSensitive()) {
+    if (!IsWithinReach(*control)) {
         return "the control is hidden or greyed";
     }
     if (auto* page = dynamic_cast<CATDlgTabPage*>(control)) {
@@ -335,8 +361,7 @@ std::string StoryPlayer::Click(const Words& words)
         }
         return {};
     }
-    // On any desktop the window that is clicked gets the keys.
-    control->Widget()->window()->activateWindow();
+    GiveKeysTo(*control->Widget()->window());
     QTest::mouseClick(control->Widget(), Qt::LeftButton, {},
                       QPoint(10, control->Widget()->height() / 2));
     return {};
@@ -365,8 +390,10 @@ std::string StoryPlayer::Type(const Words& words)
     if (line->isReadOnly() || !line->isEnabled() || !line->isVisible()) {
         return "the control is hidden or greyed, or shows its text alone";
     }
+    GiveKeysTo(*line->window());
     line->setFocus();
     line->selectAll();
+    QTest::keyClick(line, Qt::Key_Delete); // an empty text replaces what is there too
     QTest::keyClicks(line, QString::fromStdString(words[2]));
     // The line of a spinner leaves its keys to the spinner.
     QTest::keyClick(line->focusProxy() != nullptr ? line->focusProxy() : line, Qt::Key_Tab);
@@ -380,9 +407,10 @@ std::string StoryPlayer::Select(const Words& words)
     if (control == nullptr) {
         return problem;
     }
-    if (!control->IsVisible() || !control->IsSensitive()) {
+    if (!IsWithinReach(*control)) {
         return "the control is hidden or greyed";
     }
+    GiveKeysTo(*control->Widget()->window());
     if (auto* combo = dynamic_cast<CATDlgCombo*>(control)) {
         return SelectLine(*combo, words[2]);
     }
@@ -398,10 +426,10 @@ std::string StoryPlayer::Key(const Words& words)
     if (keys.isEmpty() || keys[0].key() == Qt::Key_unknown) {
         return "there is no key \"" + words[1] + "\"";
     }
-    if (QApplication::activeWindow() == nullptr) {
-        // Keys go to the main window when the window before it was closed, as on any desktop.
-        m_workbench.activateWindow();
-        CATDlgApplication::ProcessEvents();
+    const QWidget* const active = QApplication::activeWindow();
+    if (active == nullptr || !active->isVisible()) {
+        // The main window has them when the one before it was closed, as on any desktop.
+        GiveKeysTo(m_workbench);
     }
     QWidget* focus = QApplication::focusWidget();
     QTest::keyClick(focus != nullptr ? focus : &m_workbench, keys[0].key(),

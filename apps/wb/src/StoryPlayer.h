@@ -5,6 +5,8 @@
 #include "CATUnicodeString.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 #include <deque>
 #include <filesystem>
@@ -78,5 +80,6 @@ private:
     std::deque<std::string> m_files;   // of file boxes to come
     std::string m_failure;
     std::filesystem::path m_folder; // the story's own
+    QPointer<QWidget> m_opened;     // the window that the present step has shown last
     int m_shown = 0;
 };
