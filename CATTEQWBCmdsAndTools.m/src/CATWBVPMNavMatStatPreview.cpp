@@ -188,7 +188,6 @@ void CATWBVPMNavMatStatPreview::BuildLists()
     materials->SetPlacement(0, 0);
     auto* massTypes = new CATDlgFrame(this, "MultiListMassTypeFrame"); // the window owns it
     massTypes->SetPlacement(0, 1);
-    SetRowStretch(0, 1);
     // Materials have a column more, and long names.
     SetColumnStretch(0, 3);
     SetColumnStretch(1, 2);

@@ -172,6 +172,17 @@ TEST_F(ReportPreview, ChoicesStandBesideEachOther)
     EXPECT_LT(Zeros().Widget()->mapTo(preview->Widget(), QPoint()).x(), 200);
 }
 
+TEST_F(ReportPreview, UnitsStandQuietlyAtTheRight)
+{
+    Built(R"(<R MassUnit="lb"><PRC WB_Mass="1"><PartInstance/></PRC></R>)").SetVisibility(true);
+    preview->Widget()->resize(1024, 700);
+    Process();
+    const QWidget* note = Find<CATDialog>(*preview, "UnitsNote").Widget();
+    EXPECT_GT(note->mapTo(preview->Widget(), QPoint(note->width(), 0)).x(), 980);
+    EXPECT_NE(note->palette().color(QPalette::WindowText),
+              Zeros().Widget()->palette().color(QPalette::WindowText));
+}
+
 struct ShownText
 {
     const char* control;
