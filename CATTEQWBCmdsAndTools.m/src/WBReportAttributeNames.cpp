@@ -100,7 +100,11 @@ private:
         if (name == kAlias || (m_withoutDate && IsCalculationDate(name))) {
             return;
         }
-        (name.starts_with(kMagnitudePrefix) ? m_names.magnitudes : m_names.columns).Append(name);
+        // With any letter case, as all names that make or keep away a column.
+        const CATUnicodeString prefix(kMagnitudePrefix);
+        const bool isMagnitude =
+            CATUnicodeString(name).Part(0, prefix.Length()).Compare(prefix) != 0;
+        (isMagnitude ? m_names.magnitudes : m_names.columns).Append(name);
     }
 
     const CATIDOMDocument& m_document;

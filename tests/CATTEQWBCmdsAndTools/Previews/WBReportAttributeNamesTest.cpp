@@ -58,16 +58,16 @@ TEST_F(ReportAttributeNames, OfAllInstancesAreKeptOnceInTheOrderInWhichTheyAreMe
     EXPECT_THAT(trace.lines, ElementsAre());
 }
 
-TEST_F(ReportAttributeNames, MagnitudesAreKeptApartOnceEach)
+TEST_F(ReportAttributeNames, MagnitudesAreKeptApartOnceEachWhateverTheCaseOfThePrefix)
 {
     const auto names = Instances(
         R"(<R><PartInstance __magnitude__Q="MASS" Q="1" __magnitude__P="MASS" __magnitude_="1"/>)"
         R"(<PartInstance __magnitude__P="LENGTH" x__magnitude__="" __Magnitude__Q=""/></R>)",
         kWithDate);
     ASSERT_TRUE(names);
-    EXPECT_THAT(names->magnitudes.Items(), ElementsAre("__magnitude__Q", "__magnitude__P"));
-    EXPECT_THAT(names->columns.Items(),
-                ElementsAre("Q", "__magnitude_", "x__magnitude__", "__Magnitude__Q"));
+    EXPECT_THAT(names->magnitudes.Items(),
+                ElementsAre("__magnitude__Q", "__magnitude__P", "__Magnitude__Q"));
+    EXPECT_THAT(names->columns.Items(), ElementsAre("Q", "__magnitude_", "x__magnitude__"));
 }
 
 TEST_F(ReportAttributeNames, AliasIsLeftOutByItsExactName)

@@ -189,7 +189,8 @@ TEST_F(ReportOrder, MissingNodeIsAFailureThatChangesNothing)
 TEST_F(ReportOrder, ChildWithoutAListOfChildrenIsAFailure)
 {
     const CATIDOMNode_var child = ElementAsTold::WithChildren({});
-    EXPECT_EQ(SortReportNodes(kTrace, Parsed("<R/>"), NodesAsTold::List({child})), E_FAIL);
+    const CATIDOMNodeList_var children = NodesAsTold::List({child});
+    EXPECT_EQ(SortReportNodes(kTrace, ElementAsTold::WithChildren(children), children), E_FAIL);
     EXPECT_THAT(trace.Sentences(),
                 ElementsAre("Could not retrieve the children of the node at index 0"));
 }
