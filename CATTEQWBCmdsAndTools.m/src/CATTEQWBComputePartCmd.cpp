@@ -1,6 +1,7 @@
 #include "CATTEQWBComputePartCmd.h"
 
 #include "WBInitialValuesTexts.h"
+#include "WBMainWindow.h"
 #include "WBObjectService.h"
 #include "WBPickedObject.h"
 
@@ -36,15 +37,9 @@ CATUnicodeString Message(const char* key, const char* defaultText)
     return CATMsgCatalog::BuildMessage(kCommandName, key, defaultText);
 }
 
-CATDlgDialog* MainWindow()
-{
-    CATApplicationFrame* frame = CATApplicationFrame::GetFrame();
-    return frame == nullptr ? nullptr : frame->MainWindow();
-}
-
 void TellError(const CATUnicodeString& title, const CATUnicodeString& text)
 {
-    CATWBServices::DisplayMsg(MainWindow(), title, text, kErrorStyle);
+    CATWBServices::DisplayMsg(WBMainWindow(), title, text, kErrorStyle);
 }
 
 bool Refuse(const char* reason)
@@ -303,7 +298,7 @@ bool CATTEQWBComputePartCmd::AddTransformation(CATWBAllDataBuffer& record) const
 
 bool CATTEQWBComputePartCmd::FillPanel(CATWBAllDataBuffer& record)
 {
-    const CATDlgDialog* window = MainWindow();
+    const CATDlgDialog* window = WBMainWindow();
     if (window == nullptr) {
         return Refuse("There is no main window to open the panel beside!");
     }

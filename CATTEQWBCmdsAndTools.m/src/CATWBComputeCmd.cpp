@@ -4,6 +4,7 @@
 #include "WBComputeControls.h"
 #include "WBComputeRequest.h"
 #include "WBComputeTexts.h"
+#include "WBMainWindow.h"
 #include "WBMassTypeNames.h"
 
 #include "CATWBServices.h"
@@ -13,7 +14,6 @@
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATENOWBCSCommonServices.h"
 
-#include "CATApplicationFrame.h"
 #include "CATDiagnostics.h"
 #include "CATPDMServices.h"
 #include "RunServerCode.h"
@@ -34,12 +34,6 @@ constexpr int kResultPage = 0;
 constexpr std::array kShownUnitsTypes{2, 3, 4};
 // Centres of gravity come in millimetres, inertias are per square metre.
 constexpr double kMetresPerMillimetre = 0.001;
-
-CATDlgDialog* MainWindow()
-{
-    const CATApplicationFrame* frame = CATApplicationFrame::GetFrame();
-    return frame == nullptr ? nullptr : frame->MainWindow();
-}
 
 void ShowTexts(std::span<CATDlgEditor* const> editors, const std::vector<CATUnicodeString>& texts)
 {
@@ -68,7 +62,8 @@ void ShowTable(CATDlgMultiList& list, int count, std::vector<CATListValCATUnicod
 } // namespace
 
 CATWBComputeCmd::CATWBComputeCmd()
-    : CATDlgDialog(MainWindow(), kName, kWindowStyle), m_values(std::make_unique<WBComputeValues>())
+    : CATDlgDialog(WBMainWindow(), kName, kWindowStyle),
+      m_values(std::make_unique<WBComputeValues>())
 {
     RequestStatusChange(CATCommandMode::Exclusive);
 }
