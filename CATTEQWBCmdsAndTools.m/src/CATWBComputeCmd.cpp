@@ -21,7 +21,6 @@
 #include <array>
 #include <optional>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace
@@ -52,10 +51,11 @@ void ShowInUnits(const char* magnitude, std::span<const double> values,
 }
 
 /// An answer that announces no rows says nothing about the list: what stood there stays.
-void ShowTable(CATDlgMultiList& list, int count, std::vector<CATListValCATUnicodeString> table)
+void ShowTable(CATDlgMultiList& list, int count,
+               const std::vector<CATListValCATUnicodeString>& table)
 {
     if (count > 0) {
-        list.SetRows(std::move(table)); // in the place of the rows before
+        list.SetRows(table); // in the place of the rows before
     }
 }
 
