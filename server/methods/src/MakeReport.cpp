@@ -101,11 +101,7 @@ std::string WriteReport(const ReportSource& source, const CallContext& context, 
     }
     writer.BeginInstances(PlacesIn(source.walk, starts));
     for (const Start& start : starts) {
-        if (start.uses.empty()) {
-            writer.WriteAll();
-        } else {
-            writer.WritePicked(start.place, start.uses);
-        }
+        writer.WriteFrom(start.place, start.uses);
     }
     writer.EndInstances();
     return writer.EndDocument();

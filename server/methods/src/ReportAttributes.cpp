@@ -18,17 +18,17 @@ constexpr std::array kCentre{"COGx", "COGy", "COGz"};
 constexpr std::array kInertia{"MOIxx", "MOIyy", "MOIzz", "POIxy", "POIxz", "POIyz"};
 
 /// The worst that is missing: of the node itself, or of something that its sum leaves out or takes
-/// for a point.
+/// for a point. The counts tell of it; masses that cancel have no centre and are in none of them.
 const char* StatusText(const Total& total)
 {
     const Counts& counts = total.counts;
-    if (!total.HasMass() || counts.withoutMass > 0.0) {
+    if (counts.withoutMass > 0.0) {
         return "no mass";
     }
     if (!total.HasCentre() || counts.massWithoutCentre != 0.0) {
         return "no centre";
     }
-    return !total.HasInertia() || counts.massWithoutInertia != 0.0 ? "no inertia" : "complete";
+    return counts.massWithoutInertia != 0.0 ? "no inertia" : "complete";
 }
 
 /// "1;2;3": what each share has, in their order.

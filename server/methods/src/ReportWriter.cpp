@@ -111,13 +111,7 @@ void ReportWriter::BeginInstances(double places)
     m_places = places;
 }
 
-void ReportWriter::WriteAll()
-{
-    m_source.walk.Visit(m_source.walk.Root(), *this);
-}
-
-void ReportWriter::WritePicked(const ReportWalk::Place& place,
-                               const std::vector<std::uint32_t>& uses)
+void ReportWriter::WriteFrom(const ReportWalk::Place& place, const std::vector<std::uint32_t>& uses)
 {
     const std::size_t root = m_path.size();
     for (std::size_t i = 0; i + 1 < uses.size(); ++i) {
@@ -130,11 +124,11 @@ void ReportWriter::WritePicked(const ReportWalk::Place& place,
 
 void ReportWriter::EndInstances()
 {
-    // The list takes its columns from the first instance.
+    // The list of a distributive report takes its columns from the first instance.
     const auto at = [this](std::size_t position) {
         return m_text.begin() + static_cast<std::ptrdiff_t>(position);
     };
-    if (m_kind == Kind::Distributive && m_richestCount > 0) {
+    if (m_richestCount > 0) {
         std::rotate(at(m_begin), at(m_richestBegin), at(m_richestEnd));
     }
 }

@@ -27,10 +27,9 @@ public:
     void WriteSections();
     /// places: how many instances are written between here and the end of instances.
     void BeginInstances(double places);
-    /// Everything below the root.
-    void WriteAll();
-    /// A picked instance and everything below it; uses: that lead to it from the root down.
-    void WritePicked(const ReportWalk::Place& place, const std::vector<std::uint32_t>& uses);
+    /// An instance and everything below it, of the root only what is below; uses: that lead to it
+    /// from the root down.
+    void WriteFrom(const ReportWalk::Place& place, const std::vector<std::uint32_t>& uses);
     void EndInstances();
     /// The whole text; afterwards nothing more may be written.
     std::string EndDocument();
@@ -48,7 +47,6 @@ private:
         Written masses;
         Written madeOf;
         Written status;
-        Written types;
         Written properties;
     };
 

@@ -54,7 +54,6 @@ void AppendUtf8(std::string& xml, std::string_view text)
         if (!escape.empty()) {
             xml.append(text.substr(written, i - written)).append(escape);
             written = i + length;
-            i = written - 1;
         }
     }
     xml.append(text.substr(written));
