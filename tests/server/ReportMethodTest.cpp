@@ -88,6 +88,8 @@ TEST(ReportMethod, DistributiveReportIsFlatWithTheInstanceOfMostAttributesFirst)
                 HasSubstr("Version=\"A\" " + figures +
                           " Material=\"Steel\" Density=\"2000\" Density_dimension=\"3\" "
                           "Cut_Volume=\"0.008\" WB_Status=\"complete\""));
+    EXPECT_THAT(report.text,
+                testing::EndsWith("InstancePath=\"A/S.1\" Where=\"left\"/></PRC></WB_Report>"));
     EXPECT_EQ(std::string(report.Root().attribute("Kind").value()), "distributive");
     EXPECT_THAT(Below(report.Prc(), "PartInstance", "InstancePath"),
                 ElementsAre("A/S.1/P.1", "A/S.1"));
@@ -129,6 +131,9 @@ TEST(ReportMethod, MaterialStatisticsOfTheRootAlone)
                   "<MassTypeStat InstanceID=\"A\" Name=\"Weighed\" Mass=\"16\" "
                   "Mass_ratio=\"100\" InstancePath=\"A\"/></PRC></WB_Report>"));
     EXPECT_THAT(report.text, HasSubstr("Kind=\"material_statistics\""));
+    asked.values = "0";
+    EXPECT_THAT(ReadReport(served, asked).text, HasSubstr("Name=\"Steel\" Mass=\"16\""))
+        << "whatever values are asked for";
 }
 
 TEST(ReportMethod, MaterialStatisticsOfInstancesNestAsTheStructureDoes)
@@ -227,6 +232,19 @@ TEST(ReportMethod, UnknownIsAbsentAndTheStatusSaysWhatIsMissing)
     EXPECT_EQ(Value(report.At("A/5"), "MOIxx"), "1");
     EXPECT_EQ(Value(report.Prc(), "WB_Status"), "no mass");
     EXPECT_EQ(Value(report.Prc(), "WB_Mass"), "5");
+}
+
+TEST(ReportMethod, StatusOfASumTellsOfAMassWithoutCentreInIt)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg],cgx [mm],cgy [mm],cgz [mm],"
+                       "ixx [kg.m2],iyy [kg.m2],izz [kg.m2]\n"
+                       ",,A,,,,,,,,\nA,1,C,Weighed,1,,,,,,\nA,2,W,Weighed,1,5,0,0,1,1,1\n");
+    Asked asked;
+    asked.values = "1|Centre";
+    const ReadReport report(served, asked);
+    EXPECT_EQ(Value(report.Prc(), "WB_Status"), "no centre");
+    EXPECT_EQ(Value(report.Prc(), "COGx"), "5");
 }
 
 TEST(ReportMethod, AdjustmentTakesMassOffAndMayLeaveNothing)
@@ -365,7 +383,7 @@ TEST(ReportMethod, PropertiesComeInTheOrderAskedForThoseOfTheUseFirst)
                        "A,1,P,pa,pb,,,\nA,2,P,,,ia,ig,id\n");
     Asked asked;
     asked.values = "0";
-    asked.properties = "4|Gamma|Alpha|Beta|Gamma";
+    asked.properties = "4|Gamma|Gamma|Alpha|Beta"; // twice counts once
     std::string text = Report(served, asked);
     EXPECT_THAT(text, HasSubstr("InstancePath=\"A/1\" Alpha=\"pa\" Beta=\"pb\"/>"));
     EXPECT_THAT(text, HasSubstr("InstancePath=\"A/2\" Gamma=\"ig\" Alpha=\"ia\" Beta=\"pb\"/>"));
@@ -373,6 +391,26 @@ TEST(ReportMethod, PropertiesComeInTheOrderAskedForThoseOfTheUseFirst)
     text = Report(served, asked);
     EXPECT_THAT(text, HasSubstr("InstancePath=\"A/2\" Alpha=\"ia\" Beta=\"pb\" Delta=\"id\" "
                                 "Gamma=\"ig\"/>"));
+}
+
+TEST(ReportMethod, PropertiesOfUsesOfOtherProductsAreNotThere)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,i:Where\n,,A,\nA,1,P,left\n"
+                       ",,B,\nB,1,P,right\nB,2,P,right\n");
+    Asked asked;
+    asked.values = "0";
+    const std::string text = Report(served, asked);
+    EXPECT_THAT(text, HasSubstr("InstancePath=\"A/1\" Where=\"left\"/></PRC>"));
+    EXPECT_THAT(text, testing::Not(HasSubstr("right")));
+}
+
+TEST(ReportMethod, TextThatLooksLikeADateStaysAsItIs)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,p:Batch,p:Built:date\n,,A,,\n"
+                       "A,1,P,2026-05-31,2026-05-31\n");
+    EXPECT_THAT(Report(served, {}), HasSubstr("Batch=\"2026-05-31\" Built=\"2026/05/31\""));
 }
 
 // Nobody brings a distributive report's properties into the user's units.

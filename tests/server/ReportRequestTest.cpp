@@ -1,4 +1,6 @@
+#include "ReportFacts.h"
 #include "ReportTesting.h"
+#include "Request.h"
 
 #include <algorithm>
 #include <atomic>
@@ -222,6 +224,9 @@ TEST(ReportRequest, AssumedReportShowsNothingStale)
     Asked asked;
     asked.policy = "2|0";
     EXPECT_EQ(Value(ReadReport(served, asked).Prc(), "WB_Mass"), "40");
+    asked.values = "1|Deviations";
+    asked.defined = "1|0|10|25";
+    EXPECT_EQ(Value(ReadReport(served, asked).Prc(), "WB_Lower_deviation"), "4");
 }
 
 TEST(ReportRequest, TimeIsThatOfTheServersPlace)
@@ -287,6 +292,20 @@ TEST(ReportRequest, CancelEndsItAndProgressRises)
     cancel = false;
     EXPECT_EQ(served.Server().Call("WBMakeReport", Asked().Text(), context).substr(0, 10),
               "#WB_ERROR#");
+}
+
+TEST(ReportRequest, CancelEndsTheReadingOfTexts)
+{
+    ServedProduct served;
+    served.ImportTable(kTwice);
+    ResidentProducts products(served.Store());
+    const ResidentProduct& product =
+        products.Of(served.Store().FindRoot("A").value().id, false, {});
+    EXPECT_NO_THROW(ReportFacts(served.Store(), product, {}, false, {}));
+    std::atomic<bool> cancel = true;
+    CallContext context;
+    context.cancel = &cancel;
+    EXPECT_THROW(ReportFacts(served.Store(), product, {}, false, context), RequestError);
 }
 
 TEST(ReportRequest, EveryInstanceOfVeryManyPartsIsItsOwn)
@@ -378,6 +397,9 @@ INSTANTIATE_TEST_SUITE_P(
                      "hold there."},
         WrongRequest{"Path", "0|0|1|B.1|B|A|1|S.9|0|0|0||||0|0||Active|0|1|A|0|No Filter|0|",
                      "The field path of the request names \"S.9\", which the database does not "
+                     "hold there."},
+        WrongRequest{"InstanceEmpty", "0|0|1||S|A|1|S.1|0|0|0||||0|0||Active|0|1|A|0|No Filter|0|",
+                     "The field instance of the request names \"\", which the database does not "
                      "hold there."},
         WrongRequest{"Part", "0|0|1|B.1|C|A|1|S.1|0|0|0||||0|0||Active|0|1|A|0|No Filter|0|",
                      "The field part of the request names \"C\", but the instance is one of "

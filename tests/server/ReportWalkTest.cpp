@@ -554,6 +554,31 @@ TEST(ReportWalk, MassWithoutCentreStandsInItsSectionAtTheCentreOfTheRestOfThePro
     EXPECT_DOUBLE_EQ(sections[1].total.body.centre[0], 300);
 }
 
+TEST(ReportWalk, SectionsOfAProductWithoutAnyCentreKnowTheInertiaThatAllOfTheirMassStates)
+{
+    SmallProduct small;
+    small.Put("R", "P");
+    small.Put("R", "Q");
+    small.Of("P").code = "ONE";
+    small.Of("Q").code = "TWO";
+    small.Set("P", "Weighed",
+              {{Fact::Mass, 3},
+               {Fact::Ixx, 1},
+               {Fact::Iyy, 2},
+               {Fact::Izz, 2.5},
+               {Fact::Ixy, 0},
+               {Fact::Ixz, 0},
+               {Fact::Iyz, 0}});
+    small.Set("Q", "Weighed", {{Fact::Mass, 2}});
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    const auto sections = ReportWalk(graph, {}, {}).Sections({});
+    ASSERT_EQ(sections.size(), 2U);
+    EXPECT_FALSE(sections[0].total.HasCentre());
+    EXPECT_EQ(sections[0].total.body.inertia, (Inertia{1, 2, 2.5, 0, 0, 0}));
+    EXPECT_FALSE(sections[1].total.HasCentre());
+    EXPECT_FALSE(sections[1].total.HasInertia());
+}
+
 TEST(ReportWalk, VolumeOfAnAssemblyIsThatOfItsLeavesIfAllHaveOne)
 {
     SmallProduct small;
