@@ -33,7 +33,7 @@ Body KnownTotal(const Walk& walk, std::uint32_t number, const Counts& counts)
     if (counts.IsWithoutAnyMass()) {
         body.mass = kUnknown;
     }
-    if (result.outcome == NodeResult::Outcome::Taken && result.noInertia) {
+    if (result.noInertia) { // of own values alone: a sum takes its leaves for points
         body.inertia.fill(kUnknown);
     }
     return WithoutRests(body);
