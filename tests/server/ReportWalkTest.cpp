@@ -6,6 +6,7 @@
 #include <cmath>
 #include <map>
 #include <tuple>
+#include <utility>
 
 using namespace wb;
 using testing::ElementsAre;
@@ -521,6 +522,9 @@ TEST(ReportWalk, SectionsStandTheHeaviestFirstThenByNameAndThoseWithoutMassLast)
         small.Put("R", part);
         small.Of(part).code = std::string("c") + part;
     }
+    // Names that do not stand in the order of the product.
+    std::swap(small.Of("S").code, small.Of("U").code);
+    std::swap(small.Of("Q").code, small.Of("V").code);
     small.Set("S", "Weighed", {{Fact::Mass, 2}});
     small.Set("T", "Weighed", {{Fact::Mass, 5}});
     small.Set("U", "Weighed", {{Fact::Mass, 2}});
@@ -592,6 +596,7 @@ TEST(ReportWalk, VolumeOfAnAssemblyIsThatOfItsLeavesIfAllHaveOne)
     small.Set("P", "Target", {{Fact::Mass, 1}, {Fact::Volume, 9}});
     small.Set("Q", "Calculated", {{Fact::Mass, 1}, {Fact::Volume, 0.25}});
     small.Set("N", "Weighed", {{Fact::Mass, 1}});
+    small.Set("N", "Target", {{Fact::Mass, 1}, {Fact::Volume, 9}}); // a goal, no claim
     small.Of("Q").code = "Q";
     const ProductGraph graph(small.product, ShippedMassTypes());
     const ReportWalk walk(graph, {}, {false, false, true});
@@ -606,6 +611,19 @@ TEST(ReportWalk, VolumeOfAnAssemblyIsThatOfItsLeavesIfAllHaveOne)
     ASSERT_EQ(sections.size(), 2U);
     EXPECT_FALSE(IsKnown(sections[0].volume)) << sections[0].code;
     EXPECT_EQ(sections[1].volume, 0.5) << "two pieces of Q";
+}
+
+TEST(ReportWalk, VolumeOfAnAssemblyOfWhichNothingIsLeftIsUnknown)
+{
+    SmallProduct small;
+    small.Put("R", "A");
+    small.Put("A", "P");
+    small.Set("P", "Calculated", {{Fact::Mass, 1}, {Fact::Volume, 0.5}});
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    const ReportWalk walk(graph, Filtered({}, "1|F|X|P.1|P|A|1|A.1"), {false, false, true});
+    const auto places = AllPlaces(walk);
+    ASSERT_EQ(Names(graph, places), (std::vector<std::string>{"R x1", "R/A.1 x1"}));
+    EXPECT_FALSE(IsKnown(walk.VolumeOf(places[1].place.number)));
 }
 
 TEST(ReportWalk, VolumeThatCountingValuesStateGoesFirst)
@@ -655,6 +673,15 @@ TEST(ReportWalk, UnknownMassTypeAndCancelAreErrors)
         return true;
     };
     EXPECT_EQ(ReportWalk(graph, options, {}).Error(), "The computation was cancelled.");
+}
+
+TEST(ReportWalk, ProductThatHoldsItselfIsAnError)
+{
+    SmallProduct small;
+    small.Put("R", "A");
+    small.Put("A", "R");
+    const ProductGraph graph(small.product, ShippedMassTypes());
+    EXPECT_EQ(ReportWalk(graph, {}, {}).Error(), "The product holds itself: R > A > R.");
 }
 
 TEST(ReportWalk, ProductDeeperThanACallStackIsVisited)
