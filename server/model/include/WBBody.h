@@ -43,8 +43,8 @@ Body Placed(const Body& body, const Placement& placement);
 Body Pieces(const Body& body, double pieces);
 
 /// The body without the rests of rounding: a centre or a product of inertia that is smaller than
-/// what doubles can tell of the figures beside it is 0, as it is of anything symmetric. A body about
-/// which something is unknown keeps that.
+/// what doubles can tell of the figures beside it is 0, as it is of anything symmetric. A body
+/// about which something is unknown keeps that.
 Body WithoutRests(const Body& body);
 
 /// Two bodies as one, about the centre of both. Their deviations add up. Nothing is ever summed
