@@ -19,8 +19,8 @@ std::string WriteNumber(double value);
 /// The shortest text that reads back as exactly this number; a negative zero is written "0".
 std::string WriteShortest(double value);
 
-/// True when both are written alike by WriteNumber: the same mass in kg and in lb is one fact, though
-/// the conversion leaves a rounding in the last digit.
+/// True when both are written alike by WriteNumber: the same mass in kg and in lb is one fact,
+/// though the conversion leaves a rounding in the last digit.
 bool AreAlike(double left, double right);
 
 /// Appends what WriteNumber writes; unknown (not a number) is written "0", as the streams want it.
