@@ -69,7 +69,9 @@ TEST(TextGrid, DecimalsShowEightDigitsOfTheLargest)
     EXPECT_EQ(Decimals(1e9), 0);
     EXPECT_EQ(Decimals(0.0), 0);
     EXPECT_EQ(Decimals(NAN), 0);
-    EXPECT_EQ(DecimalsFor(std::array{1.0, double{NAN}, -20.0, std::numeric_limits<double>::infinity()}), 6);
+    EXPECT_EQ(
+        DecimalsFor(std::array{1.0, double{NAN}, -20.0, std::numeric_limits<double>::infinity()}),
+        6);
 }
 
 TEST(TextGrid, FixedTextHasAPointAndNoSignAtZero)
