@@ -1,5 +1,6 @@
 #include "CATWBServices.h"
 
+#include "ReportDoubles.h"
 #include "ReportUnitsSession.h"
 
 #include <string>
@@ -502,63 +503,13 @@ TEST_F(ManageUnitsConversion, PropertiesOfRootsAndSectionsStayAsTheyAre)
     EXPECT_THAT(Changed(Child(report, 1)), ElementsAre("__magnitude__P=LENGTH"));
 }
 
-/// An element whose attributes cannot be had as a map.
-class ElementWithoutMap : public CATIDOMElement
-{
-public:
-    CATDOMNodeType NodeType() const override { return CATDOMNodeType::Element; }
-    CATUnicodeString NodeName() const override { return "PartInstance"; }
-    CATUnicodeString NodeValue() const override { return {}; }
-    CATIDOMNode_var ParentNode() const override { return {}; }
-    CATIDOMNode_var FirstChild() const override { return {}; }
-    CATIDOMNode_var LastChild() const override { return {}; }
-    CATIDOMNode_var PreviousSibling() const override { return {}; }
-    CATIDOMNode_var NextSibling() const override { return {}; }
-    CATIDOMNodeList_var ChildNodes() const override { return {}; }
-    CATIDOMNamedNodeMap_var Attributes() const override { return {}; }
-    CATIDOMDocument_var OwnerDocument() const override { return {}; }
-    long AppendChild(const CATIDOMNode_var&) override { return E_INVALIDARG; }
-    long InsertBefore(const CATIDOMNode_var&, const CATIDOMNode_var&) override
-    {
-        return E_INVALIDARG;
-    }
-    long RemoveChild(const CATIDOMNode_var&) override { return E_INVALIDARG; }
-    CATIDOMElement* AsElement() override { return this; }
-    bool HasAttribute(const CATUnicodeString&) const override { return false; }
-    long GetAttribute(const CATUnicodeString&, CATUnicodeString&) const override { return E_FAIL; }
-    long SetAttribute(const CATUnicodeString&, const CATUnicodeString&) override { return E_FAIL; }
-    long RemoveAttribute(const CATUnicodeString&) override { return S_FALSE; }
-    CATIDOMNodeList_var ElementsByTagName(const CATUnicodeString&) const override { return {}; }
-    int AttributeCount() const override { return 0; }
-    CATDOMName AttributeName(int) const override { return {}; }
-    std::string_view AttributeText(int) const override { return {}; }
-    int FindAttribute(CATDOMName) const override { return -1; }
-    long RewriteAttribute(int, std::string_view) override { return E_FAIL; }
-};
-
-class FixedList : public CATIDOMNodeList
-{
-public:
-    explicit FixedList(std::vector<CATIDOMNode_var> nodes) : m_nodes(std::move(nodes)) {}
-    int Length() const override { return static_cast<int>(m_nodes.size()); }
-    CATIDOMNode_var Item(int index) const override
-    {
-        return index < Length() ? m_nodes[static_cast<std::size_t>(index)] : CATIDOMNode_var();
-    }
-    CATIDOMDocument_var OwnerDocument() const override { return {}; }
-
-private:
-    std::vector<CATIDOMNode_var> m_nodes;
-};
-
 TEST_F(ManageUnitsConversion, InstanceWithoutAnAttributeMapIsReportedAndTheNextOneIsConverted)
 {
     AnsweringDocument report(R"(<R><PartInstance A="1" __magnitude__P="LENGTH" P="25.4"/></R>)");
     CATIDOMDocument_var document = report.Handle();
     const CATIDOMNode_var real = document->DocumentElement()->FirstChild();
-    const auto noMap = CATIDOMNode_var::Adopt(new ElementWithoutMap);
-    const auto list = CATIDOMNodeList_var::Adopt(new FixedList({noMap, noMap, real}));
-    report.parts = list;
+    const CATIDOMNode_var noMap = ElementAsTold::WithMap({});
+    report.parts = NodesAsTold::List({noMap, noMap, real});
     const DiagnosticCapture output;
     CATWBServices::ManageUnitsConversion(document, kWithSymbol, kOwnDecimals);
     EXPECT_THAT(Changed(real), ElementsAre("__magnitude__P=LENGTH", "P=1in"));

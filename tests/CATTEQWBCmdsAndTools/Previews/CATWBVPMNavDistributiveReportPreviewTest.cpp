@@ -1,7 +1,7 @@
 #include "CATWBVPMNavDistributiveReportPreview.h"
 
+#include "../ReportDoubles.h"
 #include "OtherPreviewSession.h"
-#include "PreviewDoubles.h"
 
 #include <QAbstractItemView>
 
@@ -61,28 +61,23 @@ public:
 TEST_F(DistributiveReportPreview, ControlsStandInTheirCells)
 {
     Built(kReport);
-    const std::vector<PlacedControl> controls{
-        {"SelectionFrame", "CATWBVPMNavDistributiveReportPreview", {0, 0, 1, 1}},
-        {"SelectionLabel", "SelectionFrame", {0, 0, 1, 1}},
-        {"SelectionEditor", "SelectionFrame", {0, 1, 1, 1}},
-        {"ReportFrame", "CATWBVPMNavDistributiveReportPreview", {1, 0, 1, 1}},
-        {kRootList, "ReportFrame", {0, 0, 1, 1}},
-        {kSectionList, "ReportFrame", {1, 0, 1, 1}},
-        {kInstanceList, "ReportFrame", {2, 0, 1, 1}},
-        {"OptionFrame", "CATWBVPMNavDistributiveReportPreview", {2, 0, 1, 1}},
-        {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
-        {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
-        {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
-        {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
-        {"ButtonsFrame", "CATWBVPMNavDistributiveReportPreview", {3, 0, 1, 1}},
-        {"SavePushB", "ButtonsFrame", {0, 0, 1, 1}},
-        {"SaveToPushB", "ButtonsFrame", {0, 1, 1, 1}},
-        {"ClosePushB", "ButtonsFrame", {0, 2, 1, 1}}};
-    for (const PlacedControl& each : controls) {
-        const auto& control = Find<CATDialog>(*preview, each.name);
-        EXPECT_EQ(control.Parent()->Name(), each.parent) << each.name;
-        EXPECT_EQ(CellOf(control), each.cell) << each.name;
-    }
+    ExpectPlaced(*preview,
+                 {{"SelectionFrame", "CATWBVPMNavDistributiveReportPreview", {0, 0, 1, 1}},
+                  {"SelectionLabel", "SelectionFrame", {0, 0, 1, 1}},
+                  {"SelectionEditor", "SelectionFrame", {0, 1, 1, 1}},
+                  {"ReportFrame", "CATWBVPMNavDistributiveReportPreview", {1, 0, 1, 1}},
+                  {kRootList, "ReportFrame", {0, 0, 1, 1}},
+                  {kSectionList, "ReportFrame", {1, 0, 1, 1}},
+                  {kInstanceList, "ReportFrame", {2, 0, 1, 1}},
+                  {"OptionFrame", "CATWBVPMNavDistributiveReportPreview", {2, 0, 1, 1}},
+                  {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
+                  {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
+                  {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
+                  {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
+                  {"ButtonsFrame", "CATWBVPMNavDistributiveReportPreview", {3, 0, 1, 1}},
+                  {"SavePushB", "ButtonsFrame", {0, 0, 1, 1}},
+                  {"SaveToPushB", "ButtonsFrame", {0, 1, 1, 1}},
+                  {"ClosePushB", "ButtonsFrame", {0, 2, 1, 1}}});
 }
 
 TEST_F(DistributiveReportPreview, TheSelectionIsShownAndCannotBeTypedOver)

@@ -1,7 +1,7 @@
 #include "CATWBVPMNavMatStatPreview.h"
 
+#include "../ReportDoubles.h"
 #include "OtherPreviewSession.h"
-#include "PreviewDoubles.h"
 
 #include <QAbstractItemView>
 
@@ -67,27 +67,21 @@ protected:
 TEST_F(MatStatPreview, ControlsStandInTheirCells)
 {
     Built(kDesk, kWithParts);
-    const std::vector<PlacedControl> controls{
-        {"MultiListMatStatFrame", "CATWBVPMNavMatStatPreview", {0, 0, 1, 1}},
-        {kRootMaterials, "MultiListMatStatFrame", {0, 0, 1, 1}},
-        {kPartMaterials, "MultiListMatStatFrame", {1, 0, 1, 1}},
-        {"MultiListMassTypeFrame", "CATWBVPMNavMatStatPreview", {0, 1, 1, 1}},
-        {kRootMassTypes, "MultiListMassTypeFrame", {0, 0, 1, 1}},
-        {kPartMassTypes, "MultiListMassTypeFrame", {1, 0, 1, 1}},
-        {"OptionFrame", "CATWBVPMNavMatStatPreview", {1, 0, 1, 2}},
-        {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
-        {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
-        {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
-        {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
-        {"PushButtonFrame", "CATWBVPMNavMatStatPreview", {2, 0, 1, 2}},
-        {"SavePushButton", "PushButtonFrame", {0, 0, 1, 1}},
-        {"SaveAsPushButton", "PushButtonFrame", {0, 1, 1, 1}},
-        {"ClosePushButton", "PushButtonFrame", {0, 2, 1, 1}}};
-    for (const PlacedControl& each : controls) {
-        const auto& control = Find<CATDialog>(*preview, each.name);
-        EXPECT_EQ(control.Parent()->Name(), each.parent) << each.name;
-        EXPECT_EQ(CellOf(control), each.cell) << each.name;
-    }
+    ExpectPlaced(*preview, {{"MultiListMatStatFrame", "CATWBVPMNavMatStatPreview", {0, 0, 1, 1}},
+                            {kRootMaterials, "MultiListMatStatFrame", {0, 0, 1, 1}},
+                            {kPartMaterials, "MultiListMatStatFrame", {1, 0, 1, 1}},
+                            {"MultiListMassTypeFrame", "CATWBVPMNavMatStatPreview", {0, 1, 1, 1}},
+                            {kRootMassTypes, "MultiListMassTypeFrame", {0, 0, 1, 1}},
+                            {kPartMassTypes, "MultiListMassTypeFrame", {1, 0, 1, 1}},
+                            {"OptionFrame", "CATWBVPMNavMatStatPreview", {1, 0, 1, 2}},
+                            {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
+                            {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
+                            {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
+                            {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
+                            {"PushButtonFrame", "CATWBVPMNavMatStatPreview", {2, 0, 1, 2}},
+                            {"SavePushButton", "PushButtonFrame", {0, 0, 1, 1}},
+                            {"SaveAsPushButton", "PushButtonFrame", {0, 1, 1, 1}},
+                            {"ClosePushButton", "PushButtonFrame", {0, 2, 1, 1}}});
     EXPECT_EQ(Look<CATDialog>(*preview, "SelectionFrame"), nullptr);
 }
 

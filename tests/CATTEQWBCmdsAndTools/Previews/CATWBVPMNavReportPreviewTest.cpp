@@ -1,6 +1,6 @@
 #include "CATWBVPMNavReportPreview.h"
 
-#include "PreviewDoubles.h"
+#include "../ReportDoubles.h"
 #include "ReportPreviewSession.h"
 
 #include <QAbstractSpinBox>
@@ -90,37 +90,24 @@ TEST_F(ReportPreview, OperationsOfAWindowThatIsNotBuiltAreHarmless)
     EXPECT_EQ(preview->ChildCount(), 0);
 }
 
-struct PlacedControl
-{
-    const char* name;
-    const char* parent;
-    std::vector<int> cell; // row, column, rows, columns
-};
-
 TEST_F(ReportPreview, ControlsStandInTheirCells)
 {
     Built();
-    const std::vector<PlacedControl> controls{
-        {"SelectionFrame", "CATWBVPMNavReportPreview", {0, 0, 1, 1}},
-        {"SelectionLabel", "SelectionFrame", {0, 0, 1, 1}},
-        {"SelectionEditor", "SelectionFrame", {0, 1, 1, 1}},
-        {"ReportFrame", "CATWBVPMNavReportPreview", {1, 0, 1, 1}},
-        {"ReportMultiListPRC", "ReportFrame", {0, 0, 1, 1}},
-        {"ReportMultiListInst", "ReportFrame", {1, 0, 1, 1}},
-        {"OptionFrame", "CATWBVPMNavReportPreview", {2, 0, 1, 1}},
-        {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
-        {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
-        {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
-        {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
-        {"ButtonsFrame", "CATWBVPMNavReportPreview", {3, 0, 1, 1}},
-        {"SavePushB", "ButtonsFrame", {0, 0, 1, 1}},
-        {"SaveToPushB", "ButtonsFrame", {0, 1, 1, 1}},
-        {"ClosePushB", "ButtonsFrame", {0, 2, 1, 1}}};
-    for (const PlacedControl& each : controls) {
-        const auto& control = Find<CATDialog>(*preview, each.name);
-        EXPECT_EQ(control.Parent()->Name(), each.parent) << each.name;
-        EXPECT_EQ(CellOf(control), each.cell) << each.name;
-    }
+    ExpectPlaced(*preview, {{"SelectionFrame", "CATWBVPMNavReportPreview", {0, 0, 1, 1}},
+                            {"SelectionLabel", "SelectionFrame", {0, 0, 1, 1}},
+                            {"SelectionEditor", "SelectionFrame", {0, 1, 1, 1}},
+                            {"ReportFrame", "CATWBVPMNavReportPreview", {1, 0, 1, 1}},
+                            {"ReportMultiListPRC", "ReportFrame", {0, 0, 1, 1}},
+                            {"ReportMultiListInst", "ReportFrame", {1, 0, 1, 1}},
+                            {"OptionFrame", "CATWBVPMNavReportPreview", {2, 0, 1, 1}},
+                            {"UnitsDisplay", "OptionFrame", {1, 0, 1, 1}},
+                            {"TrailingZero", "OptionFrame", {1, 1, 1, 1}},
+                            {"DigitsDisplay", "OptionFrame", {1, 2, 1, 1}},
+                            {"UnitsNote", "OptionFrame", {1, 3, 1, 1}},
+                            {"ButtonsFrame", "CATWBVPMNavReportPreview", {3, 0, 1, 1}},
+                            {"SavePushB", "ButtonsFrame", {0, 0, 1, 1}},
+                            {"SaveToPushB", "ButtonsFrame", {0, 1, 1, 1}},
+                            {"ClosePushB", "ButtonsFrame", {0, 2, 1, 1}}});
 }
 
 TEST_F(ReportPreview, SelectionIsShownAndCannotBeTypedOver)

@@ -100,14 +100,6 @@ inline void ExpectEmptyText(CATDlgMultiList& list, const char* text)
     EXPECT_EQ(asBuilt, list.Widget()->grab().toImage()) << text;
 }
 
-/// A control and where it stands: its parent, and row, column, rows and columns of its grid.
-struct PlacedControl
-{
-    const char* name;
-    const char* parent;
-    std::vector<int> cell;
-};
-
 /// What a control says in both languages.
 struct ShownText
 {

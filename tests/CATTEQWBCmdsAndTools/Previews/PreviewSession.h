@@ -51,6 +51,14 @@ constexpr int kQuestionBox = CATDlgNotify::kQuestion;
 /// The present of the tests: 2025-12-31 23:59:59.
 constexpr long long kLastSecondOfTheYear = 1767225599;
 
+/// A control and where it stands: its parent, and row, column, rows and columns of its grid.
+struct PlacedControl
+{
+    const char* name;
+    const char* parent;
+    std::vector<int> cell;
+};
+
 /// A session with a main window in which previews can be built. The user works in inches, pounds,
 /// kg.mm2 and g/cm3, has a folder for settings and one for reports, and the navigator's stable
 /// order is off. Boxes and file boxes are answered by what a test says.
@@ -185,6 +193,14 @@ protected:
             widget = inside;
         }
         return {};
+    }
+    static void ExpectPlaced(const CATCommand& dialog, const std::vector<PlacedControl>& controls)
+    {
+        for (const PlacedControl& each : controls) {
+            const auto& control = Find<CATDialog>(dialog, each.name);
+            EXPECT_EQ(control.Parent()->Name(), each.parent) << each.name;
+            EXPECT_EQ(CellOf(control), each.cell) << each.name;
+        }
     }
     /// Lets what waits in the event loop happen.
     static void Process() { CATDlgApplication::ProcessEvents(); }

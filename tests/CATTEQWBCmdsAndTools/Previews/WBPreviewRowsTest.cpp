@@ -1,6 +1,6 @@
 #include "WBPreviewRows.h"
 
-#include "PreviewDoubles.h"
+#include "../ReportDoubles.h"
 #include "PreviewSession.h"
 
 #include <QAbstractItemView>

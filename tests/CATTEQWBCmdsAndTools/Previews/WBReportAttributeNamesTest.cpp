@@ -1,8 +1,8 @@
 #include "WBReportAttributeNames.h"
 
 #include "../ModuleSession.h"
+#include "../ReportDoubles.h"
 #include "../ReportUnitsSession.h"
-#include "PreviewDoubles.h"
 #include "TraceCapture.h"
 
 namespace

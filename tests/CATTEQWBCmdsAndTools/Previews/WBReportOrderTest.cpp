@@ -1,7 +1,7 @@
 #include "WBReportOrder.h"
 
 #include "../ModuleSession.h"
-#include "PreviewDoubles.h"
+#include "../ReportDoubles.h"
 #include "TraceCapture.h"
 
 namespace

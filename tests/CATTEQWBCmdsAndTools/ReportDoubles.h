@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../ReportDocuments.h"
+#include "ReportDocuments.h"
 
 #include <string>
 #include <utility>
