@@ -7,6 +7,8 @@
 class CATCommand;
 class CATWBAllDataBuffer;
 class CATWBVPMMainPanel;
+class CATWBVPMNavFilterPanel;
+class CATWBVPMNavGroupPanel;
 class CATWBVPMNavReportPanel;
 class CATWBVPMNavUnitsConversion;
 struct CATWBReportConversion;
@@ -31,6 +33,17 @@ struct CATWBVPMNavGUITable
     CATUnicodeString (*getDisplayFilter)(const CATUnicodeString& rootIdentifier) = nullptr;
     /// Makes a report panel, hidden and without controls.
     CATWBVPMNavReportPanel* (*createReportPanel)(CATCommand* parent) = nullptr;
+    /// Makes a filter panel, hidden and without controls.
+    CATWBVPMNavFilterPanel* (*createFilterPanel)(CATCommand* parent) = nullptr;
+    /// Whether the filter of a root lets a picked instance in.
+    bool (*isFilterValid)(const CATUnicodeString& root, const CATUnicodeString& instance,
+                          const CATUnicodeString& part, const CATUnicodeString& version, int count,
+                          const CATUnicodeString& path) = nullptr;
+    /// Makes a group panel for a root and the first instance's part and version, hidden and without
+    /// controls.
+    CATWBVPMNavGroupPanel* (*createGroupPanel)(CATCommand* parent, const CATUnicodeString& root,
+                                               const CATUnicodeString& part,
+                                               const CATUnicodeString& version) = nullptr;
 };
 
 /// Registers a table and returns the one that stood there. Members may be null: then the contract's
