@@ -1,6 +1,7 @@
 #pragma once
 
 #include "WBKnown.h"
+#include "WBPending.h"
 #include "WBProduct.h"
 #include "WBProductPieces.h"
 
@@ -25,8 +26,6 @@ class StoreError : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
-
-using RowId = std::int64_t; // of a row of the database; never 0
 
 /// A part version and its place in the database.
 struct StoredPart
@@ -241,6 +240,27 @@ public:
     std::vector<HistoryEntry> History() const; // oldest first
     /// Rises with every change of the part's own facts or of anything below it.
     std::int64_t ChangeNumber(RowId part) const;
+    /// What ReadPart and ReadUse read where nobody has pending changes.
+    StoredPart CommittedPart(RowId part) const;
+    StoredUse CommittedUse(RowId use) const;
+    /// What was changed of a part or of a use, newest first.
+    std::vector<FactChange> FactChangesOf(OwnerKind kind, RowId owner) const;
+
+    // Changes that one user has made and neither saved nor given up. All throw StoreError, and then
+    // nothing has happened.
+    /// Adds to them. What was pending of the same quantity gives way; a value that was seen already
+    /// leaves nothing pending of that quantity. A text that SetQuantity refuses, and an owner that
+    /// does not exist, are refused here too.
+    void PutPending(const std::string& user, const std::vector<PendingChange>& changes);
+    /// Oldest first.
+    std::vector<PendingState> PendingChanges(const std::string& user) const;
+    /// 0: he has none. Otherwise another number after each change of what is pending.
+    std::int64_t PendingNumber(const std::string& user) const;
+    /// Commits all of them as one transaction, or nothing where something conflicts: everything is
+    /// pending then as before.
+    SaveOutcome SavePending(const std::string& user);
+    /// Gives them up; returns how many there were.
+    std::size_t AbortPending(const std::string& user);
 
     // Derived results. Whatever goes wrong with them, nothing is there or nothing is kept: they
     // never stand in the way of an answer.
@@ -269,6 +289,7 @@ private:
     friend class StoreBatch;
     friend class StoreMoment;
     friend class StoreImport;
+    friend class PendingView;
     explicit Store(std::unique_ptr<Database> database);
 
     std::unique_ptr<Database> m_database;
