@@ -31,9 +31,10 @@ struct CallContext
 /// stored can hold one. Every field of an answer is followed by "|", and an empty text travels as
 /// "__null__". Numbers have a "." and 15 digits; in requests "," is read as well.
 ///
-/// Nothing that a caller sends throws, ends the server or changes data: an unknown method, a wrong
-/// field, a cancelled call and a failing database are answered by the error marker
-/// (CATENOWBCSCommonDefinitions::errMsgHeader) and a sentence that names the field.
+/// Nothing that a caller sends throws or ends the server, and nothing but "WBApplyValues" and
+/// "WBSaveManagement" changes data: an unknown method, a wrong field, a cancelled call and a
+/// failing database are answered by the error marker (CATENOWBCSCommonDefinitions::errMsgHeader)
+/// and a sentence that names the field.
 ///
 /// Methods:
 ///
@@ -111,6 +112,44 @@ struct CallContext
 ///   inertia about each element's own centre, products + integral. What is unknown is an absent
 ///   attribute. docs/server.md lists all attributes in their order. A report assumes nothing:
 ///   update policy 2 is answered like 0.
+///
+/// What a user changes is pending at first: he alone sees it, in all methods, until it is saved or
+/// given up. The unit of change is a quantity of an owner ("PartRef": a part version, "PartInst": a
+/// use): of a mass type "mass", "centre", "inertia" or "precision", of the owner itself (mass type
+/// "__null__") "active", "density", "material", "density order" or "property NAME". As texts:
+/// numbers in storage units joined by ";" (centre x;y;z, inertia Ixx;Iyy;Izz;Ixy;Ixz;Iyz,
+/// precision percent;LOWER;UPPER or absolute;LOWER;UPPER), or a word; what nobody stated is
+/// "__null__". A place is has-instance, instance, part, version, a count with that many instance
+/// names from the parent up, root.
+///
+/// "WBGetStatedValues": a place. Answers the part's name; leaf (0 or 1); standard part (0 or 1);
+///   places of the part in the root, quantities multiplied; how many other roots hold it; M, the
+///   names of all M materials; whether the use has sets of its own (0 or 1); a number that differs
+///   after each change of what the caller has pending, and is 0 while nothing is; Q, then of each
+///   of Q quantities: owner, mass type, quantity, text, the text that is stored, pending (0 or 1),
+///   whether somebody else saved it since (0 or 1), who, when. Stated figures alone, nothing lent
+///   or derived. docs/server.md tells which quantities in which order.
+///
+/// "WBApplyValues": a place; K, then of each of K quantities: owner, mass type, quantity, 1 stated
+///   or 0 cleared, the text that was stored when the user saw it; then the text of a record as
+///   clients send it back. The K quantities are taken from the record and become pending changes of
+///   the caller; nothing else of the record counts. Answers "Apply|OK|n|", n quantities being
+///   changed by it. All of them, or nothing and the sentence that names the field. A density or a
+///   material from a place with has-instance 1 is the part's.
+///
+/// "WBPendingChanges": request ignored. Answers N, then of each of the caller's N pending changes,
+///   the oldest first: subject ("part WING A"), fact ("mass type Weighed, mass"), the text that was
+///   stored when he changed it, his text, the text that is stored now, whether that keeps him from
+///   saving (0 or 1), who saved it, when, when he changed his.
+///
+/// "WBHistory": a place. Answers N, then of each of N changes of the part and of its use, the
+///   newest first: when, who, what ("import", "save"), file, subject, fact, before, after.
+///
+/// "WBSaveManagement": "Save" stores all pending changes of the caller, or none of them: "Save|OK",
+///   "Save|NA" where nothing is pending, "Save|FALSE" where somebody else saved one of the
+///   quantities first, or the database refuses; everything is then still pending, and
+///   "WBWarningMsg" says why. "Abort" gives them up: "Abort|OK", also where nothing is pending, or
+///   "Save|FALSE". Any other request: "Save|FALSE". Never the error marker.
 ///
 /// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, a line
 ///   each, and forgets them; an empty text where there are none. Lines begin with "- "; a line
