@@ -14,6 +14,7 @@ namespace
 constexpr int kError = 0x10000000;
 constexpr int kChoice = 0x8800200;
 constexpr int kQuestion = CATDlgNotify::kQuestion;
+constexpr int kQuestionWithCancel = CATDlgNotify::kQuestionWithCancel;
 
 class CATDlgNotifyTest : public DialogSession
 {
@@ -89,17 +90,55 @@ TEST_F(CATDlgNotifyTest, NotificationWithAChoiceAnswersThreeForYesAndFourForNo)
     EXPECT_EQ(Answer(Box(kChoice), [](QWidget& box) { box.close(); }), 4);
 }
 
+TEST_F(CATDlgNotifyTest, QuestionWithCancelIsCancelledByWhateverIsNoButton)
+{
+    CATDlgNotify& box = Box(kQuestionWithCancel);
+    EXPECT_EQ(Answer(box, [](QWidget& shown) { Press(shown, "YesButton"); }), 1);
+    EXPECT_EQ(Answer(box, [](QWidget& shown) { Press(shown, "NoButton"); }), 2);
+    EXPECT_EQ(Answer(box, [](QWidget& shown) { Press(shown, "CancelButton"); }), 5);
+    EXPECT_EQ(Answer(box, [](QWidget& shown) { QTest::keyClick(&shown, Qt::Key_Escape); }), 5);
+    EXPECT_EQ(Answer(box, [](QWidget& shown) { shown.close(); }), 5);
+}
+
+TEST_F(CATDlgNotifyTest, OtherQuestionsHaveNoCancelButton)
+{
+    EXPECT_NE(Child<QPushButton>(Box(kQuestionWithCancel), "CancelButton"), nullptr);
+    for (const int style : {kQuestion, kChoice, 0}) {
+        EXPECT_EQ(Child<QPushButton>(Box(style), "CancelButton"), nullptr);
+    }
+}
+
+TEST_F(CATDlgNotifyTest, ButtonsOfAQuestionMaySayWhatTheyDo)
+{
+    CATDlgNotify& box = Box(kQuestionWithCancel);
+    box.SetChoices("Save", "Leave R&D for later");
+    EXPECT_EQ(Child<QPushButton>(box, "YesButton")->text(), "Save");
+    EXPECT_EQ(Child<QPushButton>(box, "NoButton")->text(), "Leave R&&D for later");
+    EXPECT_EQ(Child<QPushButton>(box, "CancelButton")->text(), "Cancel");
+    EXPECT_EQ(Answer(box, [](QWidget& shown) { Press(shown, "NoButton"); }), 2);
+}
+
+TEST_F(CATDlgNotifyTest, AMessageHasNoChoicesToName)
+{
+    CATDlgNotify& box = Box(0);
+    box.SetChoices("Save", "Leave");
+    EXPECT_EQ(Child<QPushButton>(box, "OkButton")->text(), "OK");
+}
+
 TEST_F(CATDlgNotifyTest, AnswererHearsWhatTheButtonsAnswer)
 {
-    std::vector<std::pair<int, int>> answers;
+    using Answers = std::tuple<int, int, std::optional<int>>;
+    std::vector<Answers> answers;
     CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
-        answers.emplace_back(box.yes, box.no);
+        answers.emplace_back(box.yes, box.no, box.cancel);
         return box.no;
     });
-    for (const int style : {kQuestion, kChoice, 0}) {
+    for (const int style : {kQuestion, kChoice, 0, kQuestionWithCancel}) {
         Box(style).DisplayBlocking();
     }
-    EXPECT_EQ(answers, (std::vector<std::pair<int, int>>{{1, 2}, {3, 4}, {1, 1}}));
+    EXPECT_EQ(answers,
+              (std::vector<Answers>{
+                  {1, 2, std::nullopt}, {3, 4, std::nullopt}, {1, 1, std::nullopt}, {1, 2, 5}}));
 }
 
 TEST_F(CATDlgNotifyTest, OtherBoxesAnswerOne)

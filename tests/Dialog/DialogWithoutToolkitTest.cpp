@@ -129,6 +129,9 @@ TEST_F(DialogWithoutToolkit, BoxGoesToTheErrorStreamAndAQuestionIsAnsweredByNo)
     auto* question = new CATDlgNotify(&m_window, "Question", 0x8800200);
     EXPECT_EQ(question->DisplayBlocking(), 4);
     EXPECT_EQ((new CATDlgNotify(&m_window, "Q", CATDlgNotify::kQuestion))->DisplayBlocking(), 2);
+    auto* cancellable = new CATDlgNotify(&m_window, "C", CATDlgNotify::kQuestionWithCancel);
+    cancellable->SetChoices("Save", "Leave for later"); // no widget, nothing to say it
+    EXPECT_EQ(cancellable->DisplayBlocking(), 5);
     EXPECT_EQ((new CATDlgNotify(&m_window, "Plain", 0))->DisplayBlocking(), 1);
 }
 

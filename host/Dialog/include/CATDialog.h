@@ -44,6 +44,15 @@ public:
     /// label that stands before it.
     void SetAccessibleName(const CATUnicodeString& name);
 
+    /// A guard is asked when the user presses this push button, or closes this window by its frame,
+    /// by Esc or by its standard button Close, before anybody is told; where it answers false
+    /// nothing happens: the window stays and no event is sent. It may ask the user in a box: what
+    /// is pressed or closed a second time meanwhile does nothing, and so does the first time when
+    /// the control is destroyed before the guard has answered. A guard that fails refuses; the
+    /// window recovers or ends as after a handler of its own. What the program hides is not asked
+    /// about. An empty guard ends it. Other controls, and message boxes, ask nobody.
+    void SetGuard(std::function<bool()> guard);
+
     /// Who is told, once a file, that a dialog's resource file is missing or broken; the sentence
     /// names the file. The diagnostic error stream hears it too.
     static void ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener);
@@ -78,6 +87,9 @@ protected:
     /// Reads the resources of a window and of all that stands in it, once: before it is first
     /// shown.
     void ApplyResources();
+    /// What the guard answers to what the user just did; true without one. After false the control
+    /// may be gone.
+    bool IsAllowedByGuard();
 
 private:
     struct State;

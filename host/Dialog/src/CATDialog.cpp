@@ -1,6 +1,8 @@
 #include "CATDialog.h"
 
+#include "CATCommandWatch.h"
 #include "CATFindPath.h"
+#include "CATSession.h"
 #include "ControlGrid.h"
 #include "DialogResources.h"
 #include "StyleWords.h"
@@ -95,6 +97,8 @@ struct CATDialog::State
     bool hasProgramTooltip = false;
     bool hasResources = false; ///< a window: they have been read
     bool isPlaced = false;
+    std::function<bool()> guard;
+    bool isGuardAsked = false;
 };
 
 CATDialog::CATDialog(CATCommand* parent, const CATString& name, int style)
@@ -247,6 +251,34 @@ void CATDialog::SetAccessibleName(const CATUnicodeString& name)
     if (m_state->widget != nullptr) {
         GiveAccessibleName(m_state->widget, ToQt(name));
     }
+}
+
+void CATDialog::SetGuard(std::function<bool()> guard)
+{
+    m_state->guard = std::move(guard);
+}
+
+bool CATDialog::IsAllowedByGuard()
+{
+    if (!m_state->guard) {
+        return true;
+    }
+    // The guard's box takes the input of all windows, but a key or a close that came before it was
+    // up waits in the event loop and is met by the box's own.
+    if (m_state->isGuardAsked) {
+        return false;
+    }
+    m_state->isGuardAsked = true;
+    const CATCommandWatch<CATDialog> watch(this);
+    // A copy: the guard may take itself off, or the control may go away while it asks.
+    const std::function<bool()> guard = m_state->guard;
+    bool isAllowed = false;
+    CATSession::RunGuarded(Window(), [&] { isAllowed = guard(); });
+    if (watch.Get() == nullptr) {
+        return false;
+    }
+    m_state->isGuardAsked = false;
+    return isAllowed;
 }
 
 void CATDialog::ReportProblemsTo(std::function<void(const CATUnicodeString& sentence)> listener)

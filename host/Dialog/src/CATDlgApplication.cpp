@@ -89,8 +89,12 @@ public:
         window->installEventFilter(&m_watch);
     }
 
+    /// A fault of its guard ends nothing: there is no session without its main window.
+    bool RecoverFromFault() override { return true; }
+
 private:
-    /// Sees the window's own answer to being closed, after it was given.
+    /// Asks the guard before the window is closed, and sees the window's own answer after it was
+    /// given.
     class CloseWatch : public QObject
     {
     public:
@@ -98,6 +102,10 @@ private:
         bool eventFilter(QObject* watched, QEvent* event) override
         {
             if (event->type() == QEvent::Close) {
+                if (!m_dialog.IsAllowedByGuard()) {
+                    event->ignore();
+                    return true;
+                }
                 auto* window = static_cast<QWidget*>(watched);
                 QTimer::singleShot(0, window, [this, window] {
                     if (!window->isVisible()) {

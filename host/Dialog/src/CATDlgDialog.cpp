@@ -47,6 +47,7 @@ CATDlgDialog::CATDlgDialog(CATCommand* parent, const CATString& name, int style)
     }
     auto* window = new DialogWindow(WindowAbove(parent));
     Adopt(window, nullptr, window->Content());
+    window->SetMayClose([this] { return IsAllowedByGuard(); });
     window->SetOnClosed([this] { SendFromUser(*this, WindowClosed); });
     const StandardButtons buttons =
         LookOf<StandardButtons>(style, kWindowWords, StandardButtons::None);
@@ -56,8 +57,10 @@ CATDlgDialog::CATDlgDialog(CATCommand* parent, const CATString& name, int style)
         close->setObjectName(QStringLiteral("StandardCloseButton"));
         close->setAutoDefault(false);
         QObject::connect(close, &QPushButton::clicked, window, [this, window] {
-            window->hide();
-            SendFromUser(*this, CloseActivated);
+            if (IsAllowedByGuard()) {
+                window->hide();
+                SendFromUser(*this, CloseActivated);
+            }
         });
     }
 }

@@ -29,12 +29,16 @@ enum class Kind
     Warning,
     Error,
     Choice,
-    Question
+    Question,
+    QuestionWithCancel
 };
 constexpr std::array kNotifyWords{
-    StyleWord<Kind>{0, Kind::Message}, StyleWord<Kind>{0x8000000, Kind::Warning},
-    StyleWord<Kind>{0x10000000, Kind::Error}, StyleWord<Kind>{0x8800200, Kind::Choice},
-    StyleWord<Kind>{CATDlgNotify::kQuestion, Kind::Question}};
+    StyleWord<Kind>{0, Kind::Message},
+    StyleWord<Kind>{0x8000000, Kind::Warning},
+    StyleWord<Kind>{0x10000000, Kind::Error},
+    StyleWord<Kind>{0x8800200, Kind::Choice},
+    StyleWord<Kind>{CATDlgNotify::kQuestion, Kind::Question},
+    StyleWord<Kind>{CATDlgNotify::kQuestionWithCancel, Kind::QuestionWithCancel}};
 
 struct Button
 {
@@ -53,13 +57,18 @@ constexpr std::array kChoiceButtons{
 constexpr std::array kQuestionButtons{
     Button{"YesButton", "Button.Yes", "@Yes", QDialogButtonBox::YesRole, 1},
     Button{"NoButton", "Button.No", "@No", QDialogButtonBox::NoRole, 2}};
+constexpr std::array kButtonsWithCancel{
+    kQuestionButtons[0], kQuestionButtons[1],
+    Button{"CancelButton", "Button.Cancel", "@Cancel", QDialogButtonBox::RejectRole, 5}};
 
 struct KindLook
 {
     QStyle::StandardPixmap icon;
     Buttons buttons; ///< the first is the usual one; a box that is closed answers as the last
+    bool HasCancel() const { return buttons.size() > 2; }
     int Yes() const { return buttons.front().answer; }
-    int No() const { return buttons.back().answer; }
+    int No() const { return buttons[std::min<std::size_t>(1, buttons.size() - 1)].answer; }
+    int Closed() const { return buttons.back().answer; }
 };
 
 // In the order of Kind.
@@ -69,6 +78,7 @@ constexpr std::array kLooks{
     KindLook{QStyle::SP_MessageBoxCritical, kOkButton},
     KindLook{QStyle::SP_MessageBoxQuestion, kChoiceButtons},
     KindLook{QStyle::SP_MessageBoxQuestion, kQuestionButtons},
+    KindLook{QStyle::SP_MessageBoxQuestion, kButtonsWithCancel},
 };
 
 const KindLook& LookOfStyle(int style)
@@ -146,7 +156,9 @@ CATDlgNotify::CATDlgNotify(CATCommand* parent, const CATString& name, int style)
         return;
     }
     const KindLook& look = LookOfStyle(style);
-    m_box->answer = look.No();
+    m_box->answer = look.Closed();
+    // A box is the question itself: nobody is asked whether it may go.
+    window->SetMayClose({});
     auto* grid = qobject_cast<QGridLayout*>(window->Content()->layout());
     auto* icon = new QLabel(window->Content());
     const int size = window->style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
@@ -187,18 +199,31 @@ void CATDlgNotify::SetText(const CATUnicodeString& text)
     }
 }
 
+void CATDlgNotify::SetChoices(const CATUnicodeString& yes, const CATUnicodeString& no)
+{
+    for (const auto& [name, text] : {std::pair("YesButton", yes), std::pair("NoButton", no)}) {
+        QWidget* window = Widget();
+        auto* button =
+            window == nullptr ? nullptr : window->findChild<QPushButton*>(QString::fromUtf8(name));
+        if (button != nullptr) {
+            button->setText(WithoutAccelerators(ToQt(text)));
+        }
+    }
+}
+
 std::optional<int> CATDlgNotify::AskAnswerer(bool blocking) const
 {
     if (TheAnswerer()) {
         const KindLook& look = LookOfStyle(Style());
+        const auto cancel = look.HasCancel() ? std::optional(look.Closed()) : std::nullopt;
         if (auto answer = TheAnswerer()(
-                {Name(), Title(), m_box->text, Style(), blocking, look.Yes(), look.No()})) {
+                {Name(), Title(), m_box->text, Style(), blocking, look.Yes(), look.No(), cancel})) {
             return answer;
         }
     }
     if (Widget() == nullptr) {
         CATDiagnosticErrors().Line(Title(), ": ", m_box->text);
-        return LookOfStyle(Style()).No();
+        return LookOfStyle(Style()).Closed();
     }
     return std::nullopt;
 }
@@ -219,7 +244,7 @@ int CATDlgNotify::DisplayBlocking()
         return *answer;
     }
     m_box->isBlocking = true;
-    m_box->answer = LookOfStyle(Style()).No();
+    m_box->answer = LookOfStyle(Style()).Closed();
     auto* window = dynamic_cast<DialogWindow*>(Widget());
     window->setWindowModality(Qt::ApplicationModal);
     const CATSession::NestedLoop nested;

@@ -16,8 +16,11 @@ CATDlgPushButton::CATDlgPushButton(CATDialog* parent, const CATString& name, int
     // Enter in an editor does not press whichever button comes first.
     button->setAutoDefault(false);
     Adopt(button);
-    QObject::connect(button, &QPushButton::clicked, button,
-                     [this] { SendFromUser(*this, Activated); });
+    QObject::connect(button, &QPushButton::clicked, button, [this] {
+        if (IsAllowedByGuard()) {
+            SendFromUser(*this, Activated);
+        }
+    });
 }
 
 void CATDlgPushButton::SetDefault()

@@ -88,11 +88,13 @@ void DialogWindow::closeEvent(QCloseEvent* event)
 {
     // The window is hidden here and belongs to its command: the toolkit has nothing left to do.
     event->ignore();
-    if (isVisible()) {
-        hide();
-        if (m_onClosed) {
-            m_onClosed();
-        }
+    // After a no the window may be gone.
+    if (!isVisible() || (m_mayClose && !m_mayClose())) {
+        return;
+    }
+    hide();
+    if (m_onClosed) {
+        m_onClosed();
     }
 }
 

@@ -19,9 +19,9 @@ public:
     QSize minimumSizeHint() const override;
 };
 
-/// A modeless window. Closing it, by its frame or by Esc, hides it and calls `onClosed`. Enter
-/// presses the default button from anywhere but another button; in a window without one it presses
-/// the button that has the focus and no other.
+/// A modeless window. Closing it, by its frame or by Esc, asks `mayClose`, hides it and calls
+/// `onClosed`. Enter presses the default button from anywhere but another button; in a window
+/// without one it presses the button that has the focus and no other.
 class DialogWindow : public QDialog
 {
 public:
@@ -29,6 +29,8 @@ public:
     QWidget* Content() const { return m_content; }
     /// The row below the controls, made at the first call.
     QDialogButtonBox* Buttons();
+    /// One that takes the window away answers false.
+    void SetMayClose(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
     void SetOnClosed(std::function<void()> onClosed) { m_onClosed = std::move(onClosed); }
     /// The size for the first showing; an empty one means what the controls need.
     void SetPreferredSize(const QSize& size);
@@ -52,6 +54,7 @@ private:
     QWidget* m_content;
     QDialogButtonBox* m_buttons = nullptr;
     QSize m_preferredSize;
+    std::function<bool()> m_mayClose;
     std::function<void()> m_onClosed;
     bool m_wasShown = false;
 };
