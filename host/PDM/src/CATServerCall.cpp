@@ -91,7 +91,7 @@ CATServerCallEnd CATCallServer(const CATServerWork& work)
     }
     if (failure) {
         CATDiagnosticErrors().Line("A server call failed: ", *failure);
-        return CATServerCallEnd::NotMade;
+        return CATServerCallEnd::Failed;
     }
     return state.cancelled ? CATServerCallEnd::Cancelled : CATServerCallEnd::Done;
 }

@@ -13,7 +13,8 @@ enum class CATServerCallEnd
 {
     Done,      ///< the caller came back
     Cancelled, ///< the user had it stopped; what the caller came back with does not count
-    NotMade, ///< no server, another call is waiting, or the caller threw; the diagnostics say which
+    Failed,    ///< the caller threw; what it did before that is not known
+    NotMade,   ///< no server, or another call is waiting; the diagnostics say which
 };
 
 using CATServerWork = std::function<void(CATServerCaller& caller, CATServerCallState& state)>;

@@ -3,6 +3,7 @@
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATPDMMessages.h"
 #include "CATServerCall.h"
+#include "CATToldCalls.h"
 
 #include <string>
 
@@ -26,10 +27,13 @@ long RunServerCode(const CATUnicodeString& method, const CATVariant& input, CATV
         CATCallServer([&](CATServerCaller& caller, CATServerCallState& state) {
             answer = caller.CallMethod(methodName, requestText, state);
         });
+    if (end != CATServerCallEnd::NotMade) {
+        CATTellServerCall(method);
+    }
     if (end == CATServerCallEnd::Cancelled) {
         return BuildVariant(CancelledAnswer(), output);
     }
-    if (end == CATServerCallEnd::NotMade || answer.empty()) {
+    if (end != CATServerCallEnd::Done || answer.empty()) {
         BuildVariant({}, output);
         return E_FAIL;
     }
