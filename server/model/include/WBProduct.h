@@ -168,6 +168,8 @@ struct Part
     ErrorRule errors = ErrorRule::Unstated;
     std::string material;   // empty: none
     std::string activeType; // empty: nothing chosen
+    /// The type that was chosen last; it stays when the choice is taken back. Of a table: empty.
+    std::string lastImposed;
     std::string note;
     std::string typed;
     std::vector<ValueSet> sets;
@@ -193,6 +195,7 @@ struct Use
     double density = kUnknown;
     double surfaceDensity = kUnknown;
     std::string activeType;
+    std::string lastImposed; // as of a part
     std::string note;
     std::string typed;
     std::vector<ValueSet> sets; // of this use alone
