@@ -71,6 +71,13 @@ struct DensityCount
     std::int64_t without = 0;
 };
 
+/// Where a part stands in the products of the database.
+struct PartPlaces
+{
+    double inRoot = 0.0;        // in that root, the quantities of all uses above multiplied
+    std::size_t otherRoots = 0; // so many other roots hold it
+};
+
 /// An entry of the history: who changed what, when, from which file.
 struct HistoryEntry
 {
@@ -232,6 +239,8 @@ public:
     /// in stored order. Cheaper than reading the uses one by one where there are many.
     void UseProperties(const std::function<void(RowId use, const Property& property)>& take) const;
     DensityCount CountDensities(RowId part) const;
+    PartPlaces PlacesOf(RowId part, RowId root) const;
+    std::vector<std::string> MaterialNames() const; // by name
     /// A part and everything below it, as of one moment; the part is the first of its parts.
     Product ReadProduct(RowId root) const;
     /// The same with its rows. goOn is asked now and then, with the share done from 0 to 1; false
