@@ -10,7 +10,6 @@ namespace
 {
 
 constexpr const char* kCommandName = "CATWBVPMNavReport";
-constexpr int kBehaviour = 0x40a40010; // takes several picked instances at once
 
 CATWBVPMNavReportPanel* OpenPanel()
 {
@@ -55,8 +54,7 @@ CATString CATWBVPMNavReport::GetResourceFilename(int level) const
 
 void CATWBVPMNavReport::BuildGraph()
 {
-    m_agent = new CATImmIdentifierAcquisitionAgent(0); // asked away in the destructor
-    m_agent->SetBehaviour(kBehaviour);
+    m_agent = WBMakeNavigatorAgent(); // asked away in the destructor
     CATDialogState* initialState = AddState(CATMsgCatalog::BuildMessage(
         kCommandName, "initialState.Message", "@Select a Part in VPM Navigator"));
     initialState->AddAgent(m_agent);

@@ -5,10 +5,9 @@
 #include "CATWBVPMNavFilterPanel.h"
 
 #include "CATDiagnostics.h"
-#include "CATDialogAgent.h"
 #include "CATEnvironment.h"
 #include "CATIPLMIdentificator.h"
-#include "CATNavigator.h"
+#include "CATImmIdentifierAcquisitionAgent.h"
 #include "CATPDMServices.h"
 #include "CATToken.h"
 
@@ -20,7 +19,7 @@ namespace
 {
 
 constexpr const char* kSeparator = "|";
-constexpr const char* kItemInstanceType = "ENOVIA_VPMItemInstance";
+constexpr int kBehaviour = 0x40a40010; // takes several picked instances at once
 // No product is as deep. A count beyond it is garbled and must cost neither time nor memory.
 constexpr int kLongestPath = 100'000;
 
@@ -70,14 +69,6 @@ const Variant& VariantOf(WBNavigatorCommand command)
     return kVariants[static_cast<std::size_t>(command)];
 }
 
-bool IsItemInstance(const CATBaseUnknown_var& object)
-{
-    const CATISpecAttrAccess_var attributes = object;
-    CATUnicodeString type;
-    return !attributes.IsNull() && attributes->GetString("Type", type) == S_OK &&
-           type == kItemInstanceType;
-}
-
 /// How deep the path stands now, on its top and on its leaf, where it stays.
 void TellDepths(CATPathElement& path)
 {
@@ -97,7 +88,7 @@ void TakeEntry(const Variant& variant, const CATPathElement_var& path, int itera
         return;
     }
     const auto object = path->Search<CATBaseUnknown>();
-    if (!IsItemInstance(object)) {
+    if (!WBIsItemInstance(object)) {
         CATDiagnosticOutput().Line("pElem not valid at iteration ", iteration);
         return;
     }
@@ -178,6 +169,13 @@ WBNavigatorRecord ReadRecord(CATToken& fields, bool hasPartName)
 }
 
 } // namespace
+
+CATImmIdentifierAcquisitionAgent* WBMakeNavigatorAgent()
+{
+    auto* agent = new CATImmIdentifierAcquisitionAgent(0); // handed over
+    agent->SetBehaviour(kBehaviour);
+    return agent;
+}
 
 bool WBNavigatorSelection::Ask(CATPathElementAgent& agent,
                                const CATUnicodeString& keptRootIdentifier)

@@ -3,12 +3,14 @@
 #include "CATDiagnostics.h"
 #include "CATIProduct.h"
 #include "CATImmIdentifierAcquisitionAgent.h"
+#include "CATNavigator.h"
 #include "CATPDMServices.h"
 
 namespace
 {
 
 constexpr const char* kRootIdentifierName = "V_ID";
+constexpr const char* kItemInstanceType = "ENOVIA_VPMItemInstance";
 constexpr const char* kNoSecondField = "---";
 
 bool Refuse(const char* reason)
@@ -41,10 +43,18 @@ bool WBFindRootIdentifier(const CATListValCATUnicodeString& names,
     return true;
 }
 
+bool WBIsItemInstance(const CATBaseUnknown_var& object)
+{
+    const CATISpecAttrAccess_var attributes = object;
+    CATUnicodeString type;
+    return !attributes.IsNull() && attributes->GetString("Type", type) == S_OK &&
+           type == kItemInstanceType;
+}
+
 bool WBIsNavigatorInstanceType(const CATUnicodeString& type)
 {
     // A type that begins with the name, without the family before it, is not taken.
-    return type.Find("ENOVIA_VPMItemInstance") >= 1;
+    return type.Find(kItemInstanceType) >= 1;
 }
 
 bool WBIdentifyNavigatorPick(const CATImmIdentifierAcquisitionAgent* agent, WBPickedObject& picked)

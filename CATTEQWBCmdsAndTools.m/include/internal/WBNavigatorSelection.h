@@ -6,7 +6,12 @@
 
 #include <functional>
 
+class CATImmIdentifierAcquisitionAgent;
 class CATPathElementAgent;
+
+/// The agent that waits for picked item instances, several at a time. It has no parent: the caller
+/// asks for its destruction.
+CATImmIdentifierAcquisitionAgent* WBMakeNavigatorAgent();
 
 /// Which command asks about a pick; see the table in the source file for what that changes.
 enum class WBNavigatorCommand

@@ -19,6 +19,9 @@ struct WBPickedObject
     int depth = 0;           ///< objects on the picked path, root and leaf included; 0: unknown
 };
 
+/// Whether the object's own "Type" is that of an item instance; false for no object.
+bool WBIsItemInstance(const CATBaseUnknown_var& object);
+
 /// Whether a navigator type, which names the family before the kind ("Item/..."), is that of an
 /// item instance.
 bool WBIsNavigatorInstanceType(const CATUnicodeString& type);
