@@ -47,6 +47,18 @@ private:
     bool m_isMarked = false;
 };
 
+/// How a field that takes input stands out from the others. Each carries a colour, a sign that is
+/// painted in the field and is no part of its text, and a word for those who hear it. What it is
+/// about belongs into the tooltip.
+enum class CATDlgLook
+{
+    Plain,
+    Edited,  ///< the user changed it and it is not handed on yet
+    Unsaved, ///< it is handed on and waits to be saved
+    Warning,
+    Problem ///< what stands in it cannot be taken
+};
+
 /// A line of text to type into. Style 0x4000000 is read-only (still selectable and copyable),
 /// 0x200000 editable.
 class WB_EXPORT CATDlgEditor : public CATDialog
@@ -54,16 +66,32 @@ class WB_EXPORT CATDlgEditor : public CATDialog
 public:
     CATDlgEditor(CATDialog* parent, const CATString& name, int style = 0x200000);
     static const CATEvent Modified; ///< the user changed the text
+    /// The user pressed Enter or left the field, and the text differs from the one that the program
+    /// set or that was told of last.
+    static const CATEvent Finished;
+    /// The user pressed Esc while the text differed from the one that the program set, or in a
+    /// field that looks like a problem: the program's text stands there again. Otherwise Esc goes
+    /// to the window.
+    static const CATEvent TakenBack;
     void SetText(const CATUnicodeString& text);
     CATUnicodeString Text() const;
     /// Width in characters that the editor asks for.
     void SetVisibleTextWidth(int characters);
     /// Numbers stand at the right.
     void SetRightAligned(bool rightAligned);
+    /// What stands in the empty field, quietly; it is no text of the field.
+    void SetEmptyText(const CATUnicodeString& text);
+    void SetLook(CATDlgLook look);
+    CATDlgLook Look() const { return m_look; }
+
+private:
+    CATDlgLook m_look = CATDlgLook::Plain;
 };
 
 /// A list of lines that drops down; the first line that is written is the chosen one until another
 /// is. Style 0x40000: the user chooses, but types nothing; without that word typing finds a line.
+/// The mouse wheel chooses only in a combo that has the keys, so that who scrolls a page over it
+/// changes nothing.
 class WB_EXPORT CATDlgCombo : public CATDialog
 {
 public:
@@ -77,6 +105,11 @@ public:
     /// The chosen line from 0, -1 for none.
     int SelectedIndex() const;
     void Select(int index);
+    void SetLook(CATDlgLook look);
+    CATDlgLook Look() const { return m_look; }
+
+private:
+    CATDlgLook m_look = CATDlgLook::Plain;
 };
 
 class WB_EXPORT CATDlgPushButton : public CATDialog

@@ -115,3 +115,8 @@ QColor ChangedColour()
 {
     return {0x7a, 0x1f, 0x8f};
 }
+
+QColor EditedColour()
+{
+    return {0x1b, 0x4f, 0xa0};
+}

@@ -17,3 +17,4 @@ QColor GoodColour();
 QColor WarningColour();
 QColor ProblemColour();
 QColor ChangedColour();
+QColor EditedColour();

@@ -1,4 +1,5 @@
 #include "CATDlgControls.h"
+#include "FieldLook.h"
 #include "StyleWords.h"
 #include "Toolkit.h"
 #include "WholeText.h"
@@ -6,6 +7,7 @@
 #include <QComboBox>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QWheelEvent>
 
 #include <array>
 
@@ -30,6 +32,12 @@ class ComboBox : public QComboBox
 public:
     using QComboBox::QComboBox;
 
+    void SetLook(CATDlgLook look)
+    {
+        m_look = look;
+        TakeLook(*this, look);
+    }
+
 protected:
     void paintEvent(QPaintEvent*) override
     {
@@ -38,7 +46,25 @@ protected:
         initStyleOption(&option);
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
         option.currentText = fontMetrics().elidedText(currentText(), Qt::ElideRight, Room(option));
+        const int signRoom = SignRoom(*this, m_look);
+        if (signRoom > 0) {
+            const FieldLook& look = FieldLookOf(m_look);
+            painter.setPen(look.colour());
+            painter.drawText(rect().adjusted(kFrame, 0, 0, 0),
+                             static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter),
+                             QString::fromUtf8(look.sign));
+            option.rect.setLeft(signRoom);
+        }
         painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus()) {
+            QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
     }
 
     bool event(QEvent* event) override
@@ -60,8 +86,11 @@ private:
                    ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField,
                                     this)
                    .width() -
-               2;
+               2 - SignRoom(*this, m_look);
     }
+
+    static constexpr int kFrame = 5;
+    CATDlgLook m_look = CATDlgLook::Plain;
 };
 
 } // namespace
@@ -75,6 +104,7 @@ CATDlgCombo::CATDlgCombo(CATDialog* parent, const CATString& name, int style)
     }
     auto* combo = new ComboBox(inside);
     combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setFocusPolicy(Qt::StrongFocus); // the wheel brings no keys
     combo->setEditable(LookOf<Typing>(style, kComboWords, Typing::FindsALine) ==
                        Typing::FindsALine);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -131,5 +161,13 @@ void CATDlgCombo::Select(int index)
     if (auto* combo = qobject_cast<QComboBox*>(Widget())) {
         const Quiet quiet;
         combo->setCurrentIndex(index < combo->count() ? index : -1);
+    }
+}
+
+void CATDlgCombo::SetLook(CATDlgLook look)
+{
+    m_look = look;
+    if (auto* combo = dynamic_cast<ComboBox*>(Widget())) {
+        combo->SetLook(look);
     }
 }

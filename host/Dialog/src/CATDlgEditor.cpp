@@ -6,6 +6,8 @@
 #include <array>
 
 const CATEvent CATDlgEditor::Modified("EditorModified");
+const CATEvent CATDlgEditor::Finished("EditorFinished");
+const CATEvent CATDlgEditor::TakenBack("EditorTakenBack");
 
 namespace
 {
@@ -32,13 +34,14 @@ CATDlgEditor::CATDlgEditor(CATDialog* parent, const CATString& name, int style)
     Adopt(editor);
     QObject::connect(editor, &QLineEdit::textEdited, editor,
                      [this] { SendFromUser(*this, Modified); });
+    editor->SetListeners([this] { SendFromUser(*this, Finished); },
+                         [this] { SendFromUser(*this, TakenBack); });
 }
 
 void CATDlgEditor::SetText(const CATUnicodeString& text)
 {
-    if (auto* editor = qobject_cast<QLineEdit*>(Widget())) {
-        editor->setText(ToQt(text));
-        editor->home(false); // a long text shows its beginning
+    if (auto* editor = dynamic_cast<LineEditor*>(Widget())) {
+        editor->SetGivenText(ToQt(text));
     }
 }
 
@@ -59,5 +62,20 @@ void CATDlgEditor::SetRightAligned(bool rightAligned)
 {
     if (auto* editor = qobject_cast<QLineEdit*>(Widget())) {
         editor->setAlignment((rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+}
+
+void CATDlgEditor::SetEmptyText(const CATUnicodeString& text)
+{
+    if (auto* editor = qobject_cast<QLineEdit*>(Widget())) {
+        editor->setPlaceholderText(ToQt(text));
+    }
+}
+
+void CATDlgEditor::SetLook(CATDlgLook look)
+{
+    m_look = look;
+    if (auto* editor = dynamic_cast<LineEditor*>(Widget())) {
+        editor->SetLook(look);
     }
 }

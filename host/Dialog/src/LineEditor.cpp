@@ -1,14 +1,17 @@
 #include "LineEditor.h"
 
 #include "Appearance.h"
+#include "FieldLook.h"
 #include "WholeText.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -29,6 +32,52 @@ LineEditor::LineEditor(QWidget* parent, bool isReadOnly)
         setPalette(ReadOnlyPalette());
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(this, &QLineEdit::editingFinished, this, [this] { TellIfFinished(); });
+}
+
+void LineEditor::SetGivenText(const QString& text)
+{
+    m_given = text;
+    m_told = text;
+    setText(text);
+    home(false); // a long text shows its beginning
+}
+
+void LineEditor::SetLook(CATDlgLook look)
+{
+    m_look = look;
+    setTextMargins(SignRoom(*this, look), 0, 0, 0);
+    TakeLook(*this, look);
+}
+
+void LineEditor::SetListeners(std::function<void()> onFinished, std::function<void()> onTakenBack)
+{
+    m_onFinished = std::move(onFinished);
+    m_onTakenBack = std::move(onTakenBack);
+}
+
+void LineEditor::TellIfFinished()
+{
+    // Enter and the loss of the keys behind it are one end, and so is leaving a field untouched.
+    if (text() != m_told) {
+        m_told = text();
+        m_onFinished();
+    }
+}
+
+bool LineEditor::CanBeTakenBack() const
+{
+    return !isReadOnly() && (text() != m_given || m_look == CATDlgLook::Problem);
+}
+
+void LineEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && CanBeTakenBack()) {
+        SetGivenText(QString(m_given));
+        m_onTakenBack();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
 }
 
 void LineEditor::SetVisibleCharacters(int characters)
@@ -39,7 +88,8 @@ void LineEditor::SetVisibleCharacters(int characters)
 
 bool LineEditor::IsCut() const
 {
-    return fontMetrics().horizontalAdvance(text()) > width() - kRoomBesideText;
+    return fontMetrics().horizontalAdvance(text()) >
+           width() - kRoomBesideText - SignRoom(*this, m_look);
 }
 
 int LineEditor::WidthOf(int characters) const
@@ -67,6 +117,7 @@ void LineEditor::paintEvent(QPaintEvent* event)
 {
     if (hasFocus() || !IsCut()) {
         QLineEdit::paintEvent(event);
+        PaintSign();
         return;
     }
     QStyleOptionFrame panel;
@@ -81,6 +132,22 @@ void LineEditor::paintEvent(QPaintEvent* event)
     style()->drawItemText(
         &painter, room, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), palette(), isEnabled(),
         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()), QPalette::Text);
+    painter.end();
+    PaintSign();
+}
+
+void LineEditor::PaintSign()
+{
+    if (m_look == CATDlgLook::Plain) {
+        return;
+    }
+    const FieldLook& look = FieldLookOf(m_look);
+    constexpr int kFrame = 5;
+    QPainter painter(this);
+    painter.setPen(look.colour());
+    painter.drawText(rect().adjusted(kFrame, 0, 0, 0),
+                     static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter),
+                     QString::fromUtf8(look.sign));
 }
 
 void LineEditor::focusOutEvent(QFocusEvent* event)
