@@ -1,4 +1,6 @@
 #include "CATWBVPMNavGUITable.h"
+#include "WBFilterPanel.h"
+#include "WBFilterSettings.h"
 #include "WBMainPanel.h"
 #include "WBRecordTables.h"
 #include "WBReportConversion.h"
@@ -25,5 +27,9 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
     table.createReportPanel = [](CATCommand* parent) -> CATWBVPMNavReportPanel* {
         return new WBReportPanel(parent); // the parent owns it
     };
+    table.createFilterPanel = [](CATCommand* parent) -> CATWBVPMNavFilterPanel* {
+        return new WBFilterPanel(parent); // the parent owns it
+    };
+    table.isFilterValid = WBIsValidInFilter;
     CATWBVPMNavGUISetTable(table);
 }

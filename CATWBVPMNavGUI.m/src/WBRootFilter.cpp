@@ -5,40 +5,14 @@
 #include "CATSettingRepository.h"
 #include "CATStatus.h"
 #include "CATWBToken.h"
+#include "WBDefinedFilter.h"
 
-#include <charconv>
-#include <string_view>
+#include <optional>
 
 namespace
 {
 
 constexpr const char* kRepository = "CATWBVPMNavFilterPanel"; // and catalog
-/// A count as it is written in filters; -1 for any other text.
-int Count(std::string_view text)
-{
-    int count = -1;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
-    return error == std::errc() && end == text.data() + text.size() ? count : -1;
-}
-
-bool ReadLine(CATWBToken& fields)
-{
-    const std::string_view way = fields.NextView();
-    if (way != "I" && way != "X") {
-        return false;
-    }
-    fields.NextView(); // instance: empty for the root itself
-    fields.NextView(); // part
-    fields.NextView(); // version
-    const int names = Count(fields.NextView());
-    for (int index = 0; index < names; ++index) {
-        if (fields.IsAtEnd() || fields.NextView().empty()) {
-            return false;
-        }
-    }
-    return names >= 0;
-}
-
 /// Empty where none is stored.
 CATUnicodeString StoredFilter(const CATUnicodeString& rootIdentifier)
 {
@@ -73,25 +47,20 @@ CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier)
 {
     const CATUnicodeString filter = WBFilterOfRoot(rootIdentifier);
     if (filter == kWBNoFilter) {
-        return CATMsgCatalog::BuildMessage(kRepository, "NoFilter.Text", "@No filter");
+        return WBNoFilterText();
     }
     CATWBToken fields(filter);
     fields.NextView(); // the number of lines
     return fields.NextString();
 }
 
+CATUnicodeString WBNoFilterText()
+{
+    return CATMsgCatalog::BuildMessage(kRepository, "NoFilter.Text", "@No filter");
+}
+
 bool WBIsFilter(const CATUnicodeString& text)
 {
-    CATWBToken fields(text);
-    const int lines = Count(fields.NextView());
-    if (lines < 1 || fields.NextView().empty()) {
-        return false;
-    }
-    for (int line = 0; line < lines; ++line) {
-        if (!ReadLine(fields)) {
-            return false;
-        }
-    }
-    // A "|" at the end would leave an empty field behind the filter in every request.
-    return fields.IsAtEnd() && text.View().back() != '|';
+    const std::optional<WBDefinedFilter> filter = WBReadDefinedFilter(text);
+    return filter && !filter->lines.empty();
 }

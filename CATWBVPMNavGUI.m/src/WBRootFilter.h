@@ -13,6 +13,8 @@ inline constexpr const char* kWBNoFilter = "0|No Filter";
 CATUnicodeString WBFilterOfRoot(const CATUnicodeString& rootIdentifier);
 /// As users read it: its name, or the catalog's text for no filter.
 CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier);
+/// What users read where no filter is on.
+CATUnicodeString WBNoFilterText();
 
 /// Whether the text is a filter with at least one line, and nothing else: "n|name" and n lines of I
 /// or X, instance, part, version, a count and so many names.
