@@ -1,12 +1,14 @@
 #pragma once
 
+#include "WBExport.h"
+
 #include <optional>
 #include <string_view>
 
 /// Reads the fields of an answer, each ended by "|", and trusts nothing: the first field that is
 /// not what it should be stops the reading, and every later one reads as empty or 0. Numbers have
 /// "." whatever the session's locale, and fill their field.
-class CATWireFields
+class WB_EXPORT CATWireFields
 {
 public:
     /// The text stays the caller's and must outlive the reader.
