@@ -150,12 +150,16 @@ TEST_F(KeptAnswers, EachPrecisionHasAnAnswerOfItsOwn)
     EXPECT_EQ(Mass(RequestOf("Computed")), "200");
 }
 
-TEST_F(KeptAnswers, LinesOfAFilterMakeAnotherAnswerAndItsNameDoesNot)
+TEST_F(KeptAnswers, LinesAndNameOfAFilterMakeAnotherAnswer)
 {
     m_served.ImportTable(kTwoPoints);
     Ask(RequestOf("Active", "0", "1|Without P|X|p|P|A|0"));
     EditInSecret();
-    EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Another name|X|p|P|A|0")), "6");
+    EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Without P|X|p|P|A|0")), "6");
+    EXPECT_THAT(Warnings(), testing::StartsWith("- the filter \"Without P\" leaves out 1 of 2 "));
+    EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Another name|X|p|P|A|0")), "100");
+    EXPECT_THAT(Warnings(),
+                testing::StartsWith("- the filter \"Another name\" leaves out 1 of 2 "));
     EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Without P|X|q|Q|A|0")), "100");
     EXPECT_EQ(Mass(RequestOf("Active", "0", "1|Without P|I|p|P|A|0")), "100");
     EXPECT_EQ(Mass(RequestOf("Active")), "200");

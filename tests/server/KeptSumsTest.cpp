@@ -178,6 +178,9 @@ TEST(KeptSums, EverythingThatAnAnswerDependsOnIsInItsKey)
     for (const Filter::Line& other : others) {
         keys.push_back(AnswerKey(WithLine(other)));
     }
+    ComputeOptions named = WithLine(line);
+    named.filter.name = "another";
+    keys.push_back(AnswerKey(named));
     for (const bool otherWayRound : {false, true}) {
         ComputeOptions two = WithLine(otherWayRound ? others[1] : line);
         two.filter.lines.push_back(otherWayRound ? line : others[1]);

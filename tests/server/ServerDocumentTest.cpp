@@ -74,5 +74,5 @@ TEST(ServerDocument, ExamplesAnswerAsWritten)
             EXPECT_TRUE(IsAsWritten(answer, written)) << answer << "\nis not\n" << written;
         }
     }
-    EXPECT_EQ(examples, 20);
+    EXPECT_EQ(examples, 21);
 }

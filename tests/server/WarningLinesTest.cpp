@@ -54,7 +54,8 @@ TEST(WarningLines, WorstEffectComesFirst)
 {
     const auto result = Troubled().Compute(Filtered("1|F|X|good.2|good|A|1|cut.1"));
     EXPECT_THAT(result.warnings,
-                ElementsAre("2 of 7 items have no mass; the total leaves them out",
+                ElementsAre("the filter \"F\" leaves out 1 of 8 items",
+                            "2 of 7 items have no mass; the total leaves them out",
                             "1 kg without centre of gravity stand at the centre of the rest",
                             "1 kg without inertia count as points", "noMass A has no mass",
                             "bad A has a largest principal moment above the sum of the other two",
@@ -64,11 +65,68 @@ TEST(WarningLines, WorstEffectComesFirst)
                             "noCentre A has no centre of gravity", "noInertia A has no inertia"));
 }
 
-TEST(WarningLines, NothingIsSaidOfWhatTheFilterLeavesOut)
+TEST(WarningLines, NothingButItsNumberIsSaidOfWhatTheFilterLeavesOut)
 {
+    // Of noInertia, noCentre, off's one, cut's two, bad and two pieces of noMass one is left.
     const auto result = Troubled().Compute(Filtered("1|F|I|good.1|good|A|1|off.1"));
     EXPECT_EQ(result.total.body.mass, 9);
-    EXPECT_THAT(result.warnings, ElementsAre("off A states 9 kg, below it stand 1 kg"));
+    EXPECT_THAT(result.warnings, ElementsAre("the filter \"F\" leaves out 7 of 8 items",
+                                             "off A states 9 kg, below it stand 1 kg"));
+}
+
+TEST(WarningLines, FilterThatLeavesOutNothingSaysSo)
+{
+    SmallProduct small;
+    small.Put("R", "P").quantity = 3;
+    small.Set("P", "Weighed", kPoint);
+    const auto first = [&](const std::string& filter, const std::vector<std::string>& place = {}) {
+        return small.Compute(Filtered(filter), place).warnings.at(0);
+    };
+    EXPECT_EQ(first("1|All - of it|I|P.1|P|A|0"),
+              "the filter \"All -of it\" leaves out none of 3 items");
+    EXPECT_EQ(first("1|F|I|P.1|P|A|0", {"P.1"}), "the filter \"F\" leaves out none of 1 item");
+    EXPECT_THAT(small.Compute(Filtered("0|No Filter")).warnings, ElementsAre());
+}
+
+TEST(WarningLines, ItemsThatAFilterLeavesOutArePiecesWhateverStandsForThem)
+{
+    // Two pieces of A with three of P each, and one Q; A says it all, but not where P is cut.
+    SmallProduct small;
+    small.Put("R", "A").quantity = 2;
+    small.Put("R", "Q");
+    small.Put("A", "P").quantity = 3;
+    small.Put("A", "P");
+    for (const char* part : {"P", "Q", "A"}) {
+        small.Set(part, "Weighed", kPoint);
+    }
+    small.Of("A").activeType = "Weighed";
+    EXPECT_EQ(small.Compute(Filtered("1|F|X|Q.1|Q|A|0")).warnings.at(0),
+              "the filter \"F\" leaves out 1 of 9 items");
+    EXPECT_EQ(small.Compute(Filtered("1|F|X|P.1|P|A|1|A.1")).warnings.at(0),
+              "the filter \"F\" leaves out 6 of 9 items");
+    EXPECT_EQ(small.Compute(Filtered("2|F|X|P.1|P|A|1|A.1|X|P.2|P|A|1|A.1"), {"A.1"}).leftOut->of,
+              4);
+}
+
+TEST(WarningLines, WhatIsUnknownIsNamedBeforeWhatIsLeftOut)
+{
+    SmallProduct small;
+    small.Put("R", "P");
+    small.Put("R", "Q");
+    const auto result = small.Compute(Filtered("1|F|X|Q.1|Q|A|0"));
+    EXPECT_EQ(result.warnings.at(0), "unknown, and sent as 0: mass, centre of gravity and inertia");
+    EXPECT_EQ(result.warnings.at(1), "the filter \"F\" leaves out 1 of 2 items");
+    EXPECT_EQ(result.warnings.at(2), "1 of 1 item has no mass; the total leaves it out");
+}
+
+TEST(WarningLines, PartByItselfKnowsNoFilter)
+{
+    SmallProduct small;
+    small.Put("R", "P");
+    small.Set("P", "Weighed", kPoint);
+    ComputeOptions options = Filtered("1|F|X|P.1|P|A|0");
+    options.asked = ComputeOptions::Asked::Alone;
+    EXPECT_THAT(small.Compute(options, {"P.1"}).warnings, ElementsAre());
 }
 
 TEST(WarningLines, NothingIsSaidOfWhatStandsBelowImposedValues)

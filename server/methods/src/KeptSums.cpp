@@ -185,6 +185,9 @@ std::string SumKey(const ComputeOptions& options)
 std::string AnswerKey(const ComputeOptions& options)
 {
     std::string key = "answer|" + PrecisionText(options);
+    if (!options.filter.IsEmpty()) {
+        key += "|" + options.filter.name; // the warnings name it
+    }
     for (const Filter::Line& line : options.filter.lines) {
         key += std::string("|") + (line.in ? "I|" : "X|") + line.instance + "|" + line.part + "|" +
                line.version + "|" + std::to_string(line.path.size());

@@ -12,7 +12,7 @@ namespace wb
 {
 /// The key of the sums below assemblies by the precision of the options.
 std::string SumKey(const ComputeOptions& options);
-/// The key of a whole product's answer. What a filter is called makes no difference.
+/// The key of a whole product's answer.
 std::string AnswerKey(const ComputeOptions& options);
 
 /// A sum as bytes. In the database a node is a row: a part by its row, a use that states something

@@ -99,6 +99,14 @@ struct ComputeResult
     std::optional<Uncertainty> uncertainty;
     std::vector<Contributor> largestMasses;
     std::vector<Contributor> largestUncertainties;
+    /// Of a filtered product: how many of the items below the asked node the filter leaves out.
+    struct LeftOut
+    {
+        std::string filter; // its name
+        double items = 0.0; // in pieces, and so is the other
+        double of = 0.0;
+    };
+    std::optional<LeftOut> leftOut;
     /// Leaves that took their active values since they have none of the specified type.
     std::vector<std::string> fellBack;
 
@@ -123,6 +131,9 @@ struct ComputeResult
 
 ComputeResult Compute(const ProductGraph& graph, const AskedPath& path,
                       const ComputeOptions& options);
+
+/// A name as it may stand in a warning: "- " begins a line there, and clients count on it.
+std::string WithoutLineMark(std::string name);
 
 /// Warnings as one text, a line each with "- " before it: the first eight and how many more there
 /// are. most: how many lines at most; 0: all.

@@ -131,6 +131,27 @@ bool LooksAtStale(const Selection& selection, const Walk& walk)
     });
 }
 
+/// Pieces of all leaves of the asked node, whatever stands for them in its sum.
+double LeavesOf(const Selection& selection)
+{
+    std::vector<double> leaves(selection.Count(), 0.0);
+    for (const std::uint32_t number : selection.childrenFirst) {
+        if (selection.graph->PartOf(selection.GraphNode(number)).IsLeaf()) {
+            leaves[number] = 1.0;
+        }
+        selection.ForEachChild(number, [&](std::uint32_t child, const ProductGraph::UseRow& use) {
+            leaves[number] += use.pieces * leaves[child];
+        });
+    }
+    return leaves[*selection.asked];
+}
+
+ComputeResult::LeftOut LeftOutOf(const Job& job, const Selection& selection)
+{
+    const double all = LeavesOf(Select(job.graph, job.path, {}, false));
+    return {job.filter.name, all - LeavesOf(selection), all};
+}
+
 void DefinePrecision(const ComputeOptions::DefinedPrecision& precision, ComputeResult& result)
 {
     Body& body = result.total.body;
@@ -253,6 +274,9 @@ ComputeResult ResultOf(const Job& job, const ComputeOptions& options)
     }
     StopIfCancelled(options);
     if (options.validate) {
+        if (!job.filter.IsEmpty()) {
+            result.leftOut = LeftOutOf(job, selection);
+        }
         result.warnings = WarningsOf(selection, walk, pieces, result);
         AddLostLines(job, result.warnings);
     }

@@ -58,6 +58,14 @@ void AddUnknown(const Total& total, std::vector<std::string>& warnings)
     }
 }
 
+/// Said of every filtered product, also where nothing is left out: a total is not read without it.
+std::string LeftOutLine(const ComputeResult::LeftOut& leftOut)
+{
+    return "the filter \"" + WithoutLineMark(leftOut.filter) + "\" leaves out " +
+           (leftOut.items == 0.0 ? "none" : WriteNumber(leftOut.items)) + " of " +
+           WriteNumber(leftOut.of) + (leftOut.of == 1.0 ? " item" : " items");
+}
+
 void AddSums(const ComputeResult& result, std::vector<std::string>& warnings)
 {
     AddUnknown(result.total, warnings);
@@ -66,6 +74,9 @@ void AddSums(const ComputeResult& result, std::vector<std::string>& warnings)
         warnings.push_back(std::to_string(result.staleTaken) +
                            (one ? " sub-assembly is not up to date and was taken as stored"
                                 : " sub-assemblies are not up to date and were taken as stored"));
+    }
+    if (result.leftOut) {
+        warnings.push_back(LeftOutLine(*result.leftOut));
     }
     const Counts& counts = result.total.counts;
     if (counts.withoutMass > 0.0) {
