@@ -592,7 +592,8 @@ TEST(WBImport, WhatGaveWayIsTold)
     EXPECT_THAT(ImportFile(served.Store(), path, options).Sentences(),
                 testing::ElementsAre("rows: 2", "parts: 0 new, 1 changed, 1 unchanged",
                                      "uses: 0 new, 0 changed, 1 unchanged, 1 removed",
-                                     "parts that nobody uses: R A, Q A", "removed: use R/q: Q A",
+                                     "parts that nobody uses: R A, Q A",
+                                     "removed: use R A / q: Q A",
                                      "changed: part P A, mass type Weighed, mass: 2 lb, was 1 kg"));
 }
 

@@ -87,7 +87,7 @@ TEST(WBStoreFile, NewerVersionIsRefused)
     SqlConnection(path).Run("PRAGMA user_version = 9");
     EXPECT_EQ(Store::Open(path).error,
               path + ": the database was written by a newer version of wb (its tables are version "
-                     "9, this program knows version 2); open it with that version");
+                     "9, this program knows version 3); open it with that version");
 }
 
 TEST(WBStoreFile, LockedDatabaseIsSaidAndLeftAsItWas)

@@ -237,10 +237,12 @@ TEST_F(WBStoreImport, UsesStatedDifferentlyAreRefused)
 {
     Good("parent,instance,part,quantity,x [mm],y [mm],z [mm],rz [deg],i:N\n,,A,,,,,,\n"
          "A,i,P,2,1,2,3,90,x\n,,Q,,,,,,\n");
-    EXPECT_THAT(Import("parent,instance,part\nA,i,Q\n").errors,
-                ElementsAre(HasSubstr("use A/i: found part \"Q A\", the database holds \"P A\"")));
-    EXPECT_THAT(Import("parent,instance,part,quantity\nA,i,P,3\n").errors,
-                ElementsAre(HasSubstr("use A/i, quantity: found \"3\", the database holds \"2\"")));
+    EXPECT_THAT(
+        Import("parent,instance,part\nA,i,Q\n").errors,
+        ElementsAre(HasSubstr("use A A / i: found part \"Q A\", the database holds \"P A\"")));
+    EXPECT_THAT(
+        Import("parent,instance,part,quantity\nA,i,P,3\n").errors,
+        ElementsAre(HasSubstr("use A A / i, quantity: found \"3\", the database holds \"2\"")));
     EXPECT_THAT(
         Import("parent,instance,part,x [mm],y [mm],z [mm]\nA,i,P,1,2,4\n").errors,
         ElementsAre(HasSubstr("position in mm: found \"1 2 4\", the database holds \"1 2 3\"")));

@@ -49,6 +49,21 @@ protected:
         return m_store->ChangeNumber(m_store->FindPart(identifier, "A")->id);
     }
 
+    /// What an entry of the history says was there before, and what is there after.
+    std::vector<std::string> Before(std::size_t entry)
+    {
+        return Facts(entry, &ChangedFact::before);
+    }
+    std::vector<std::string> After(std::size_t entry) { return Facts(entry, &ChangedFact::after); }
+    std::vector<std::string> Facts(std::size_t entry, std::string ChangedFact::*side)
+    {
+        std::vector<std::string> lines;
+        for (const ChangedFact& fact : m_store->History().at(entry).changes) {
+            lines.push_back(fact.What() + ": " + fact.*side);
+        }
+        return lines;
+    }
+
     wbtest::Directory m_directory;
     std::unique_ptr<Store> m_store;
 };
@@ -75,11 +90,12 @@ TEST_F(WBStoreUpdate, HistoryKeepsWhatWasBefore)
 {
     Good("part,name,mass_type,mass [lb]\nP,Bolt,Weighed,2\n");
     Good("part,name,mass_type,mass [kg],code\nP,Nut,Weighed,1.50,WING\n");
-    const auto history = m_store->History();
-    ASSERT_EQ(history.size(), 2U);
-    EXPECT_EQ(history[0].before + history[0].after, "");
-    EXPECT_EQ(history[1].before, "part P A, name: Bolt\npart P A, mass type Weighed, mass: 2 lb");
-    EXPECT_EQ(history[1].after, "part P A, name: Nut\npart P A, mass type Weighed, mass: 1.50 kg");
+    ASSERT_EQ(m_store->History().size(), 2U);
+    EXPECT_THAT(Before(0), IsEmpty());
+    EXPECT_THAT(Before(1),
+                ElementsAre("part P A, name: Bolt", "part P A, mass type Weighed, mass: 2 lb"));
+    EXPECT_THAT(After(1),
+                ElementsAre("part P A, name: Nut", "part P A, mass type Weighed, mass: 1.50 kg"));
 }
 
 TEST_F(WBStoreUpdate, AlikeNumbersChangeNothing)
@@ -171,7 +187,7 @@ TEST_F(WBStoreUpdate, FactsOfAUseGiveWay)
                                       "R,p,P,instance,,,,,,Estimated,yes,2\n");
     EXPECT_EQ(counts.changedUses, 1U);
     EXPECT_EQ(counts.changedFacts.size(), 5U);
-    EXPECT_EQ(counts.changedFacts.at(0).what, "use R/p, material");
+    EXPECT_EQ(counts.changedFacts.at(0).What(), "use R A / p, material");
     const Use use = UseOf("R", "p");
     EXPECT_EQ(use.material + use.note + use.activeType, "TinewEstimated");
     EXPECT_EQ(use.density, 3);
@@ -345,7 +361,7 @@ TEST_F(WBStoreUpdate, PropertyMayBecomeOneOfAnotherKind)
     ASSERT_EQ(part.properties.size(), 2U);
     EXPECT_EQ(part.properties[0].name, "N");
     EXPECT_EQ(part.properties[0].magnitude, "MASS");
-    EXPECT_EQ(m_store->History().at(1).before, "part P A, property N: N:int");
+    EXPECT_THAT(Before(1), ElementsAre("part P A, property N: N:int"));
 }
 
 TEST_F(WBStoreUpdate, TextMayBecomeADate)
@@ -353,8 +369,8 @@ TEST_F(WBStoreUpdate, TextMayBecomeADate)
     Good("part,p:N\nP,2026-01-02\n");
     Good("part,p:N:date\nP,2026-01-02\n");
     EXPECT_TRUE(PartOf("P").properties.at(0).isDate);
-    EXPECT_EQ(m_store->History().at(1).before, "part P A, property N: N");
-    EXPECT_EQ(m_store->History().at(1).after, "part P A, property N: N:date");
+    EXPECT_THAT(Before(1), ElementsAre("part P A, property N: N"));
+    EXPECT_THAT(After(1), ElementsAre("part P A, property N: N:date"));
 }
 
 TEST_F(WBStoreUpdate, AttachedMarkMovesToTheStatedRevision)
@@ -396,7 +412,7 @@ TEST_F(WBStoreUpdate, InstanceOfAnotherPartIsRefused)
 {
     Good(kTree);
     EXPECT_THAT(Import("parent,instance,part\nS,p,Q\n").errors,
-                ElementsAre("t.csv:2: use S/p: found part \"Q A\", the database holds \"P A\"; "
+                ElementsAre("t.csv:2: use S A / p: found part \"Q A\", the database holds \"P A\"; "
                             "expected the same part, another instance name or --replace ROOT"));
 }
 
@@ -415,8 +431,8 @@ TEST_F(WBStoreUpdate, ReplaceRemovesTheUsesThatTheTableLacks)
     EXPECT_GT(Change("S"), before);
     EXPECT_GT(Change("R"), before);
     EXPECT_EQ(Change("T"), before);
-    EXPECT_EQ(m_store->History().at(1).before, "use R/t: T A\nuse S/q: Q A");
-    EXPECT_EQ(m_store->History().at(1).after, "use R/t: \nuse S/q: ");
+    EXPECT_THAT(Before(1), ElementsAre("use R A / t: T A", "use S A / q: Q A"));
+    EXPECT_THAT(After(1), ElementsAre("use R A / t: ", "use S A / q: "));
 }
 
 TEST_F(WBStoreUpdate, WithoutReplaceNothingIsRemoved)
@@ -494,8 +510,8 @@ TEST_F(WBStoreUpdate, ManyRefusalsAreCounted)
     Good(first);
     const auto errors = Import(second).errors;
     ASSERT_EQ(errors.size(), 21U);
-    EXPECT_THAT(errors[0], HasSubstr("t.csv:2: use R/i0: found part \"Q A\""));
-    EXPECT_THAT(errors[19], HasSubstr("t.csv:21: use R/i19:"));
+    EXPECT_THAT(errors[0], HasSubstr("t.csv:2: use R A / i0: found part \"Q A\""));
+    EXPECT_THAT(errors[19], HasSubstr("t.csv:21: use R A / i19:"));
     EXPECT_EQ(errors[20], "and 980 more");
 }
 

@@ -144,7 +144,7 @@ TEST_F(Export, ReplaceRemovesUsesAndCheckOnlySaysSo)
     EXPECT_THAT(check.out, AllOf(StartsWith("nothing was changed; an import would say:\n"),
                                  HasSubstr("uses: 0 new, 0 changed, 1 unchanged, 1 removed\n"),
                                  HasSubstr("parts that nobody uses: R A, Q A\n"),
-                                 HasSubstr("removed: use R/q: Q A\n")));
+                                 HasSubstr("removed: use R A / q: Q A\n")));
     EXPECT_EQ(folder.Read("a.db"), before);
     EXPECT_EQ(Run("import new.csv --into a.db --replace R").status, 0);
     EXPECT_THAT(Run("export R --db a.db --out -").out, Not(HasSubstr("R,A,q")));

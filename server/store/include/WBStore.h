@@ -18,6 +18,7 @@
 namespace wb
 {
 class Database;
+class Transaction;
 
 /// The database could not answer; what() is a sentence for the user that names the file. Reads of a
 /// Store throw it; Server::Call turns it into an answer.
@@ -78,18 +79,29 @@ struct PartPlaces
     std::size_t otherRoots = 0; // so many other roots hold it
 };
 
+/// What was stored, and what takes its place.
+struct ChangedFact
+{
+    OwnerKind kind = OwnerKind::Part;
+    RowId owner = 0;     // 0: an older version of the program kept this without it
+    std::string subject; // "part P A", "use P A / left"
+    std::string fact;    // "mass type Weighed, mass"; empty: the owner itself
+    std::string before;
+    std::string after; // empty: it is gone
+
+    /// "part P A, mass type Weighed, mass"
+    std::string What() const { return subject + (fact.empty() ? "" : ", ") + fact; }
+};
+
 /// An entry of the history: who changed what, when, from which file.
 struct HistoryEntry
 {
     std::string when; // UTC, yyyy-mm-dd hh:mm:ss
     std::string who;
-    std::string what;
-    std::string subject; // a file or a name
+    std::string what;    // "import", "mass types", "save"
+    std::string subject; // a file; empty where somebody saved his changes
     std::string checksum;
-    /// What was stored before in place of what stands there now, line by line; what was new has no
-    /// line.
-    std::string before;
-    std::string after;
+    std::vector<ChangedFact> changes; // what an import added where nothing was is not among them
 };
 
 /// What becomes of a fact that a table states and the database holds differently.
@@ -108,14 +120,6 @@ struct ImportOptions
     /// A product root of the table: stored uses in it, and in the assemblies that the table places
     /// below it, are removed where the table lacks them. Empty: nothing is removed.
     std::string replace = {};
-};
-
-/// What was stored, and what takes its place.
-struct ChangedFact
-{
-    std::string what; // "part P A, mass type Weighed, mass"
-    std::string before;
-    std::string after; // empty: removed
 };
 
 /// What an import did.
@@ -301,7 +305,13 @@ private:
     friend class PendingView;
     explicit Store(std::unique_ptr<Database> database);
 
+    StoredPart Seen(StoredPart part) const;
+    StoredUse Seen(StoredUse use) const;
+    void CommitSeen(Transaction& transaction);
+
     std::unique_ptr<Database> m_database;
+    /// Of the innermost view; a view looks at a store that it does not change.
+    mutable std::unique_ptr<PendingOverlay> m_overlay;
 };
 
 /// While it lives, all reads of a store see it as of one moment, whatever other programs write

@@ -247,6 +247,18 @@ void Database::TakeOver(Database& other)
     }
 }
 
+bool Database::HasVersion(std::int64_t version)
+{
+    if (m_version >= version) {
+        return true;
+    }
+    const std::int64_t found = Ask("PRAGMA user_version");
+    if (!InTransaction()) {
+        m_version = found; // what a transaction has raised may still be undone
+    }
+    return found >= version;
+}
+
 bool Database::InTransaction() const
 {
     return sqlite3_get_autocommit(m_database) == 0;

@@ -89,6 +89,9 @@ public:
     /// Replaces everything here by what stands in another database, as of one moment, while others
     /// go on reading and writing that one.
     void TakeOver(Database& other);
+    /// Whether the tables are of that version or of a later one. Versions only rise, so that this
+    /// is asked of the file until it is so.
+    bool HasVersion(std::int64_t version);
     /// True between the beginning and the end of the outermost transaction.
     bool InTransaction() const;
 
@@ -96,6 +99,7 @@ private:
     friend class NoWaiting;
     std::string m_path;
     int m_lockWait;
+    std::int64_t m_version = 0;
     sqlite3* m_database = nullptr;
     std::map<std::string, std::unique_ptr<Statement>, std::less<>> m_kept;
 };

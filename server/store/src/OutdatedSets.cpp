@@ -78,7 +78,7 @@ void OutdatedSets::MarkSets()
     for (const RestatedSet& set : m_restated) {
         remove.Start().Bind(std::int64_t{set.ofUse}).Bind(set.owner).BindText(set.massType).Run();
     }
-    // The numbers of uses that were removed may be given to others.
+    // Uses that were removed need no mark.
     m_database.Execute("DELETE FROM outdated_set WHERE of_use = 1 AND owner NOT IN "
                        "(SELECT id FROM use)");
 }

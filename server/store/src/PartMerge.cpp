@@ -1,5 +1,6 @@
 #include "PartMerge.h"
 
+#include "Owners.h"
 #include "WBNumbers.h"
 
 #include <algorithm>
@@ -80,15 +81,15 @@ void PartMerge::Added(Weight weight)
 
 void PartMerge::GiveWay(const Difference& difference, Weight weight)
 {
+    const std::string fact = m_set + difference.what;
     if (m_known == KnownFacts::Update) {
         m_changedFacts.push_back(
-            {m_subject + ", " + difference.what, difference.stored, difference.stated});
+            {m_kind, m_owner, m_subject, fact, difference.stored, difference.stated});
         Added(weight);
         return;
     }
-    m_errors.Line(difference.line, m_subject + ", " + difference.what + ": found \"" +
-                                       difference.stated + "\", the database holds \"" +
-                                       difference.stored +
+    m_errors.Line(difference.line, m_subject + ", " + fact + ": found \"" + difference.stated +
+                                       "\", the database holds \"" + difference.stored +
                                        "\"; expected the same fact or a blank cell");
 }
 
@@ -166,9 +167,11 @@ void PartMerge::Densities(double& density, double& surfaceDensity, double stated
     }
 }
 
-void PartMerge::Merge(Part& stored, const Part& stated)
+void PartMerge::Merge(Part& stored, const Part& stated, RowId row)
 {
-    m_subject = "part " + stated.identifier + " " + stated.version;
+    m_kind = OwnerKind::Part;
+    m_owner = row;
+    m_subject = PartSubject(stated);
     Text(stored.name, stated.name, Fact::Name, stated.lines, Weight::Beside);
     Text(stored.code, stated.code, Fact::Code, stated.lines, Weight::InSums);
     Text(stored.material, stated.material, Fact::Material, stated.lines, Weight::InSums);
@@ -189,9 +192,11 @@ void PartMerge::Merge(Part& stored, const Part& stated)
     Properties(stored.properties, stated.properties);
 }
 
-void PartMerge::Merge(Use& stored, const Use& stated, const std::string& name)
+void PartMerge::Merge(Use& stored, const Use& stated, RowId row, const std::string& subject)
 {
-    m_subject = "use " + name;
+    m_kind = OwnerKind::Use;
+    m_owner = row;
+    m_subject = subject;
     Choose(stored.quantity, stated.quantity, Fact::Quantity, stated.lines);
     Position(stored, stated);
     Text(stored.material, stated.material, Fact::Material, stated.lines, Weight::InSums);
@@ -281,11 +286,10 @@ void PartMerge::Sets(std::vector<ValueSet>& stored, const std::vector<ValueSet>&
             Added(Weight::InSums);
             m_restatedSets.push_back(set.massType);
         } else {
-            const std::string subject = m_subject;
             const bool touchedBefore = std::exchange(m_touchesSums, false);
-            m_subject += ", mass type " + set.massType;
+            m_set = "mass type " + set.massType + ", ";
             Set(*found, set);
-            m_subject = subject;
+            m_set.clear();
             if (m_touchesSums) {
                 m_restatedSets.push_back(set.massType);
             }
@@ -371,6 +375,11 @@ void PartMerge::Properties(std::vector<Property>& stored, const std::vector<Prop
         const bool isOtherKind = found->type != property.type || found->isDate != property.isDate ||
                                  found->magnitude != property.magnitude;
         if (!isOtherKind && found->value == property.value) {
+            continue;
+        }
+        if (!isOtherKind && found->value.empty()) {
+            *found = property; // somebody had cleared it
+            Added(Weight::Beside);
             continue;
         }
         GiveWay({property.line, "property " + property.name,

@@ -17,9 +17,9 @@ class PartMerge
 public:
     PartMerge(KnownFacts known, ImportErrors& errors) : m_known(known), m_errors(errors) {}
 
-    void Merge(Part& stored, const Part& stated);
-    /// name: how messages call the use.
-    void Merge(Use& stored, const Use& stated, const std::string& name);
+    void Merge(Part& stored, const Part& stated, RowId row);
+    /// subject: how messages call the use.
+    void Merge(Use& stored, const Use& stated, RowId row, const std::string& subject);
     /// A material that has a density keeps it, since products that the table does not mention may
     /// be made of it.
     void Merge(Material& stored, const Material& stated);
@@ -82,7 +82,10 @@ private:
     KnownFacts m_known;
     ImportErrors& m_errors;
     std::vector<ChangedFact> m_changedFacts;
+    OwnerKind m_kind = OwnerKind::Part;
+    RowId m_owner = 0;
     std::string m_subject;
+    std::string m_set; // "mass type Weighed, " while one of its sets is merged
     std::vector<std::string> m_restatedSets;
     bool m_changed = false;
     bool m_touchesSums = false;

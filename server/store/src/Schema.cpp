@@ -1,5 +1,8 @@
 #include "Schema.h"
 
+#include "History.h"
+#include "HistoryLines.h"
+
 namespace wb
 {
 namespace
@@ -46,6 +49,7 @@ CREATE TABLE part (
     errors INTEGER NOT NULL CHECK (errors BETWEEN 0 AND 2),
     material INTEGER REFERENCES material (id),
     active INTEGER REFERENCES mass_type (id),
+    last_imposed INTEGER REFERENCES mass_type (id),
     note TEXT,
     typed TEXT,
     change_number INTEGER NOT NULL,
@@ -65,6 +69,7 @@ CREATE TABLE use (
     surface_density REAL CHECK (surface_density >= 0),
     material INTEGER REFERENCES material (id),
     active INTEGER REFERENCES mass_type (id),
+    last_imposed INTEGER REFERENCES mass_type (id),
     note TEXT,
     typed TEXT
 );
@@ -91,9 +96,7 @@ CREATE TABLE history (
     who TEXT NOT NULL,
     what TEXT NOT NULL,
     subject TEXT,
-    checksum TEXT,
-    before TEXT,
-    after TEXT
+    checksum TEXT
 );
 )sql";
 
@@ -121,6 +124,58 @@ CREATE TABLE outdated_set (
     PRIMARY KEY (of_use, owner, mass_type)
 ) WITHOUT ROWID;
 )sql";
+
+/// The facts that an entry of the history changed, and what users have changed and neither saved
+/// nor given up. Neither refers to its owner's table: an import may remove a use, and what was said
+/// of it stays.
+constexpr const char* kChangeTables = R"sql(
+CREATE TABLE changed_fact (
+    id INTEGER PRIMARY KEY,
+    history INTEGER NOT NULL REFERENCES history (id),
+    of_use INTEGER NOT NULL CHECK (of_use BETWEEN 0 AND 1),
+    owner INTEGER,
+    subject TEXT NOT NULL,
+    fact TEXT,
+    before TEXT,
+    after TEXT
+);
+CREATE INDEX changed_fact_owner ON changed_fact (of_use, owner, history);
+
+CREATE TABLE pending_change (
+    id INTEGER PRIMARY KEY,
+    who TEXT NOT NULL,
+    of_use INTEGER NOT NULL CHECK (of_use BETWEEN 0 AND 1),
+    owner INTEGER NOT NULL,
+    subject TEXT NOT NULL,
+    mass_type TEXT NOT NULL,
+    quantity TEXT NOT NULL,
+    seen TEXT NOT NULL,
+    after TEXT NOT NULL CHECK (after <> seen),
+    at TEXT NOT NULL DEFAULT CURRENT_TIMESTAMP,
+    number INTEGER NOT NULL,
+    UNIQUE (who, of_use, owner, mass_type, quantity)
+);
+INSERT INTO meta VALUES ('pending_number', '0');
+)sql";
+
+/// What was imposed last is what is active, where nothing else is known.
+constexpr const char* kImposedColumns = R"sql(
+ALTER TABLE part ADD COLUMN last_imposed INTEGER REFERENCES mass_type (id);
+ALTER TABLE use ADD COLUMN last_imposed INTEGER REFERENCES mass_type (id);
+UPDATE part SET last_imposed = active WHERE active IS NOT NULL;
+UPDATE use SET last_imposed = active WHERE active IS NOT NULL;
+)sql";
+
+void MoveHistoryLines(Database& database)
+{
+    const auto rows = database.Prepare(
+        "SELECT id, before, after FROM history WHERE before IS NOT NULL ORDER BY id");
+    while (rows->Step()) {
+        const RowId entry = rows->Integer();
+        const std::string before = rows->Text();
+        WriteChangedFacts(database, entry, FactsOfLines(database, before, rows->Text()));
+    }
+}
 
 /// The value sets of parts and of uses are alike; so are their properties. The checks use no IN
 /// with a list: SQLite would build a table of the list for every inserted row.
@@ -171,6 +226,7 @@ void CreateSchema(Database& database)
     database.Execute(kTables);
     database.Execute(kKeptTable);
     database.Execute(kOutdatedTable);
+    database.Execute(kChangeTables);
     database.Execute(kUseIndexes);
     database.Execute(OwnedTables("part") + OwnedTables("use"));
     const auto insert = database.Prepare(
@@ -212,23 +268,41 @@ void CheckSchema(Database& database)
     }
 }
 
+bool HasCurrentTables(Database& database)
+{
+    return database.HasVersion(kSchemaVersion);
+}
+
+void UpdateTables(Database& database)
+{
+    const std::int64_t version = database.Ask("PRAGMA user_version");
+    if (version < 2) {
+        database.Execute(kKeptTable);
+        database.Execute(kOutdatedTable);
+    }
+    if (version < 3) {
+        database.Execute(kChangeTables);
+        database.Execute(kImposedColumns);
+        MoveHistoryLines(database);
+        database.Execute("ALTER TABLE history DROP COLUMN before;"
+                         "ALTER TABLE history DROP COLUMN after;"
+                         "PRAGMA user_version = " +
+                         std::to_string(kSchemaVersion));
+    }
+}
+
 void UpdateSchema(Database& database)
 {
-    if (database.Ask("PRAGMA user_version") >= kSchemaVersion) {
+    if (HasCurrentTables(database)) {
         return;
     }
     const NoWaiting noWaiting(database);
     try {
         Transaction transaction(database);
-        // Another program may have been faster.
-        if (database.Ask("PRAGMA user_version") < kSchemaVersion) {
-            database.Execute(kKeptTable);
-            database.Execute(kOutdatedTable);
-            database.Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
-        }
+        UpdateTables(database);
         transaction.Commit();
     } catch (const StoreError&) {
-        return; // nothing is kept then, and the next opening tries again
+        return; // the next write tries again, and then says why it cannot
     }
 }
 } // namespace wb

@@ -8,8 +8,9 @@ namespace wb
 {
 /// Marks our files among all SQLite files ("WBDB").
 constexpr std::int64_t kApplicationId = 0x57424442;
-/// Of the tables; a file of a higher version is refused. 1 had no kept results.
-constexpr std::int64_t kSchemaVersion = 2;
+/// Of the tables; a file of a higher version is refused. 1 had no kept results, 2 no pending
+/// changes and a history of lines.
+constexpr std::int64_t kSchemaVersion = 3;
 
 /// Makes the indexes that find a use below its parent, where its name is unique, and the uses of a
 /// part.
@@ -23,8 +24,14 @@ void CreateSchema(Database& database);
 void CheckSchema(Database& database);
 
 /// Adds what a file of an older version lacks. Where it may not be written, or others are at work,
-/// it stays as it is: what is new in it holds nothing that anybody stated.
+/// it stays as it is: reads know the older tables too, and the first write tries again.
 void UpdateSchema(Database& database);
+
+/// The same inside a transaction that is going to write.
+void UpdateTables(Database& database);
+
+/// Whether the tables are those of this version. Once they are, they stay.
+bool HasCurrentTables(Database& database);
 
 /// ", mass, lower, ...", each behind a prefix such as "v.", or ", ?, ?, ..." for the numbers of a
 /// set.

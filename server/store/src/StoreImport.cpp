@@ -1,10 +1,11 @@
 #include "StoreImport.h"
 
+#include "History.h"
+#include "Owners.h"
 #include "Schema.h"
 
 #include <set>
 #include <stdexcept>
-#include <unordered_map>
 #include <utility>
 
 namespace wb
@@ -46,26 +47,21 @@ ImportOutcome StoreImport::Run()
                                  m_merge.ChangedFacts().end());
     m_changes = m_counts.Changes() || m_materialsChanged;
     if (m_changes) {
-        RaiseChangeNumbers();
-        NoteRoots(m_database);
-        WriteHistory(m_database, m_options, m_counts.changedFacts);
+        for (const RowId part : m_removal.Bereft()) {
+            m_outdated.ChangedBelow(part);
+        }
+        RaiseChangeNumbers(m_database, m_outdated, m_changeNumber);
+        WriteImport(m_database, m_options, m_counts.changedFacts);
     }
     return {std::move(m_counts), {}};
 }
 
 void StoreImport::ImportMaterials()
 {
-    std::unordered_map<std::string, RowId> known;
-    Statement& rows = m_database.Kept("SELECT name, id FROM material");
-    while (rows.Step()) {
-        const std::string name = rows.Text();
-        const RowId id = rows.Integer();
-        known[name] = id;
-        m_writer.KnowMaterial(name, id);
-    }
+    m_writer.KnowMaterials();
     for (const Material& material : m_product.materials) {
-        const auto found = known.find(material.name);
-        if (found == known.end()) {
+        const RowId known = m_writer.FindMaterial(material.name);
+        if (known == 0) {
             m_writer.InsertMaterial(material);
             continue;
         }
@@ -73,9 +69,9 @@ void StoreImport::ImportMaterials()
         m_merge.Forget();
         m_merge.Merge(stored, material);
         if (m_merge.Changed() && !m_errors.Any()) {
-            m_writer.UpdateMaterial(found->second, stored);
+            m_writer.UpdateMaterial(known, stored);
             m_materialsChanged = true;
-            TouchUsersOf(found->second);
+            TouchUsersOf(known);
         }
     }
 }
@@ -113,9 +109,9 @@ void StoreImport::ImportParts()
 
 void StoreImport::ImportKnownPart(const Part& part, RowId row)
 {
-    Part stored = m_store.ReadPart(row).part;
+    Part stored = m_store.CommittedPart(row).part;
     m_merge.Forget();
-    m_merge.Merge(stored, part);
+    m_merge.Merge(stored, part, row);
     if (!m_merge.Changed()) {
         ++m_counts.unchangedParts;
         return;
@@ -168,18 +164,18 @@ void StoreImport::ImportUse(const Use& use)
 void StoreImport::ImportKnownUse(const Use& use, const UseLine& known)
 {
     const Part& part = m_product.parts[use.part];
-    const std::string name = m_product.parts[use.parent].identifier + "/" + use.instance;
+    const std::string subject = UseSubject(m_product.parts[use.parent], use.instance);
     if (known.part.id != m_partIds[use.part]) {
         m_errors.Line(use.firstLine,
-                      "use " + name + ": found part \"" + part.identifier + " " + part.version +
+                      subject + ": found part \"" + part.identifier + " " + part.version +
                           "\", the database holds \"" + known.part.identifier + " " +
                           known.part.version +
                           "\"; expected the same part, another instance name or --replace ROOT");
         return;
     }
-    Use stored = m_store.ReadUse(known.id).use;
+    Use stored = m_store.CommittedUse(known.id).use;
     m_merge.Forget();
-    m_merge.Merge(stored, use, name);
+    m_merge.Merge(stored, use, known.id, subject);
     if (!m_merge.Changed()) {
         ++m_counts.unchangedUses;
         return;
@@ -223,23 +219,12 @@ bool StoreImport::IsUsed(RowId part)
     return isUsed;
 }
 
-/// The touched parts and everything above them are no longer what was summed before.
-void StoreImport::RaiseChangeNumbers()
-{
-    for (const RowId part : m_removal.Bereft()) {
-        m_outdated.ChangedBelow(part);
-    }
-    m_outdated.Keep(m_changeNumber);
-    m_database.Kept("UPDATE meta SET value = ? WHERE key = 'change_number'")
-        .Bind(m_changeNumber)
-        .Run();
-}
-
 ImportOutcome Store::Import(const Product& product, const ImportOptions& options)
 {
     try {
         const WithoutReferenceChecks unchecked(*m_database);
         Transaction transaction(*m_database);
+        UpdateTables(*m_database);
         StoreImport import(*this, *m_database, product, options);
         ImportOutcome outcome = import.Run();
         if (outcome.errors.empty() && import.Changes()) {

@@ -38,7 +38,6 @@ private:
     void ImportKnownUse(const Use& use, const UseLine& known);
     void ListUnusedParts();
     bool IsUsed(RowId part);
-    void RaiseChangeNumbers();
 
     Store& m_store;
     Database& m_database;

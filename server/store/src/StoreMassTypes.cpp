@@ -1,4 +1,6 @@
 #include "Database.h"
+#include "History.h"
+#include "Schema.h"
 #include "WBStore.h"
 
 #include <cstdint>
@@ -80,6 +82,7 @@ std::vector<std::string> Store::PutMassTypes(const std::vector<MassType>& types,
 {
     try {
         Transaction transaction(*m_database);
+        UpdateTables(*m_database);
         const std::vector<MassType> before = MassTypes();
         StepAside(*m_database, types);
         for (const MassType& type : types) {
@@ -95,10 +98,7 @@ std::vector<std::string> Store::PutMassTypes(const std::vector<MassType>& types,
         m_database->Execute("UPDATE meta SET value = value + 1 WHERE key = 'change_number';"
                             "UPDATE part SET change_number = (SELECT CAST(value AS INTEGER) FROM "
                             "meta WHERE key = 'change_number')");
-        m_database->Kept("INSERT INTO history (who, what, subject) VALUES (?, 'mass types', ?)")
-            .BindText(user)
-            .Bind(file)
-            .Run();
+        WriteHistory(*m_database, {user, "mass types", file, {}}, {});
         transaction.Commit();
         return {};
     } catch (const StoreError& error) {

@@ -1,4 +1,5 @@
 #include "Database.h"
+#include "History.h"
 #include "Schema.h"
 #include "StoreWrites.h"
 #include "WBStore.h"
@@ -99,6 +100,7 @@ std::optional<ImportCounts> Store::ImportFirst(ProductPieces& pieces,
     const WithoutReferenceChecks unchecked(*m_database);
     const SmallCache cache(*m_database);
     Transaction transaction(*m_database);
+    UpdateTables(*m_database);
     if (!IsEmpty()) {
         return std::nullopt;
     }
@@ -109,7 +111,7 @@ std::optional<ImportCounts> Store::ImportFirst(ProductPieces& pieces,
         return std::nullopt; // the mass types are others than when the pieces were begun
     }
     if (counts) {
-        WriteHistory(*m_database, options(), {});
+        WriteImport(*m_database, options(), {});
         transaction.Commit();
     }
     return counts;

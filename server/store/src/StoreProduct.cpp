@@ -1,5 +1,6 @@
 #include "Database.h"
 #include "OutdatedSets.h"
+#include "PendingOverlay.h"
 #include "WBStore.h"
 
 #include <set>
@@ -108,6 +109,9 @@ ReadProductRows Store::ReadRows(RowId root, const std::function<bool(double)>& g
         }
     }
     MarkOutdatedSets(*m_database, rows);
+    if (m_overlay != nullptr) {
+        m_overlay->MarkOutdatedSets(rows);
+    }
     return rows;
 }
 } // namespace wb

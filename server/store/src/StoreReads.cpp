@@ -1,4 +1,5 @@
 #include "Database.h"
+#include "PendingOverlay.h"
 #include "Schema.h"
 #include "WBStore.h"
 
@@ -96,6 +97,12 @@ std::vector<Property> ReadProperties(Database& database, const char* owner, RowI
         properties.push_back(ReadProperty(rows));
     }
     return properties;
+}
+
+/// A file of an earlier version that could not be brought up yet knows what is active alone.
+std::string LastImposedColumn(Database& database)
+{
+    return HasCurrentTables(database) ? "last_imposed" : "active";
 }
 
 std::vector<DocumentRevision> ReadDocuments(Database& database, RowId id)
@@ -285,14 +292,25 @@ std::optional<UseLine> Store::FindUse(RowId parent, std::string_view instance) c
     return use;
 }
 
-StoredPart Store::ReadPart(RowId id) const
+StoredPart Store::ReadPart(RowId part) const
+{
+    return Seen(CommittedPart(part));
+}
+
+StoredUse Store::ReadUse(RowId use) const
+{
+    return Seen(CommittedUse(use));
+}
+
+StoredPart Store::CommittedPart(RowId id) const
 {
     StoredPart stored;
     Statement& row = m_database->Kept(
         "SELECT p.id, identifier, version, p.name, type, standard, code, growth_pct, p.density, "
-        "p.surface_density, density_first, errors, m.name, t.name, note, p.typed FROM part p "
-        "LEFT JOIN material m ON m.id = p.material LEFT JOIN mass_type t ON t.id = p.active "
-        "WHERE p.id = ?");
+        "p.surface_density, density_first, errors, m.name, t.name, i.name, note, p.typed FROM "
+        "part p LEFT JOIN material m ON m.id = p.material LEFT JOIN mass_type t ON t.id = p.active "
+        "LEFT JOIN mass_type i ON i.id = p." +
+        LastImposedColumn(*m_database) + " WHERE p.id = ?");
     row.Bind(id);
     while (row.Step()) {
         stored.id = row.Integer();
@@ -310,6 +328,7 @@ StoredPart Store::ReadPart(RowId id) const
         part.errors = static_cast<ErrorRule>(row.Integer());
         part.material = row.Text();
         part.activeType = row.Text();
+        part.lastImposed = row.Text();
         part.note = row.Text();
         part.typed = row.Text();
     }
@@ -319,14 +338,15 @@ StoredPart Store::ReadPart(RowId id) const
     return stored;
 }
 
-StoredUse Store::ReadUse(RowId id) const
+StoredUse Store::CommittedUse(RowId id) const
 {
     StoredUse stored;
     Statement& row = m_database->Kept(
         "SELECT u.id, parent, part, instance, quantity, stated, rotation, "
-        "x, y, z, u.density, u.surface_density, m.name, t.name, note, u.typed FROM use u "
+        "x, y, z, u.density, u.surface_density, m.name, t.name, i.name, note, u.typed FROM use u "
         "LEFT JOIN material m ON m.id = u.material LEFT JOIN mass_type t ON t.id = u.active "
-        "WHERE u.id = ?");
+        "LEFT JOIN mass_type i ON i.id = u." +
+        LastImposedColumn(*m_database) + " WHERE u.id = ?");
     row.Bind(id);
     while (row.Step()) {
         stored.id = row.Integer();
@@ -343,6 +363,7 @@ StoredUse Store::ReadUse(RowId id) const
         use.surfaceDensity = row.Number();
         use.material = row.Text();
         use.activeType = row.Text();
+        use.lastImposed = row.Text();
         use.note = row.Text();
         use.typed = row.Text();
     }
@@ -353,42 +374,38 @@ StoredUse Store::ReadUse(RowId id) const
 
 DensityCount Store::CountDensities(RowId part) const
 {
+    // Whether the use and the part say of a density; what is pending goes before what is stored.
+    std::string ofUse =
+        "coalesce(u.density, u.surface_density, um.density, um.surface_density) IS NOT NULL";
+    std::string ofPart =
+        "coalesce(p.density, p.surface_density, pm.density, pm.surface_density) IS NOT NULL";
+    const std::string pending =
+        m_overlay == nullptr ? std::string() : m_overlay->DensitiesAsJson(*this);
+    if (!pending.empty()) {
+        ofUse = "coalesce(json_extract(?2, '$.use' || u.id), " + ofUse + ")";
+        ofPart = "coalesce(json_extract(?2, '$.part' || p.id), " + ofPart + ")";
+    }
     // Every different place of a leaf counts once: the same part with and without a material of
     // its own are two. UNION drops what was met before, so shared assemblies are walked once.
     Statement& row = m_database->Kept(
         "WITH RECURSIVE below (part, density) AS ("
-        "SELECT ?, 0 UNION "
-        "SELECT u.part, coalesce(u.density, u.surface_density, um.density, um.surface_density, "
-        "p.density, p.surface_density, pm.density, pm.surface_density) IS NOT NULL "
-        "FROM below b JOIN use u ON u.parent = b.part JOIN part p ON p.id = u.part "
+        "SELECT ?1, 0 UNION "
+        "SELECT u.part, " +
+        ofUse + " OR " + ofPart +
+        " FROM below b JOIN use u ON u.parent = b.part JOIN part p ON p.id = u.part "
         "LEFT JOIN material um ON um.id = u.material LEFT JOIN material pm ON pm.id = p.material) "
         "SELECT coalesce(sum(density), 0), coalesce(sum(NOT density), 0) FROM below "
         "WHERE NOT EXISTS (SELECT 1 FROM use WHERE parent = below.part)");
     row.Bind(part);
+    if (!pending.empty()) {
+        row.BindText(pending);
+    }
     DensityCount count;
     while (row.Step()) {
         count.with = row.Integer();
         count.without = row.Integer();
     }
     return count;
-}
-
-std::vector<HistoryEntry> Store::History() const
-{
-    std::vector<HistoryEntry> entries;
-    Statement& rows = m_database->Kept(
-        "SELECT at, who, what, subject, checksum, before, after FROM history ORDER BY id");
-    while (rows.Step()) {
-        HistoryEntry& entry = entries.emplace_back();
-        entry.when = rows.Text();
-        entry.who = rows.Text();
-        entry.what = rows.Text();
-        entry.subject = rows.Text();
-        entry.checksum = rows.Text();
-        entry.before = rows.Text();
-        entry.after = rows.Text();
-    }
-    return entries;
 }
 
 std::vector<std::string> Store::PropertyNames() const
@@ -409,7 +426,11 @@ void Store::UseProperties(
                                        "FROM use_property ORDER BY owner, position");
     while (rows.Step()) {
         const RowId use = rows.Integer();
-        take(use, ReadProperty(rows));
+        Property property = ReadProperty(rows);
+        if (m_overlay != nullptr) {
+            m_overlay->Apply(use, property);
+        }
+        take(use, property);
     }
 }
 

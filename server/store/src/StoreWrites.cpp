@@ -25,21 +25,31 @@ std::int64_t Stored(Choice choice)
 {
     return static_cast<std::int64_t>(choice);
 }
+
+/// Whatever is made active was imposed by that.
+template <typename Owner>
+const std::string& LastImposed(const Owner& owner)
+{
+    return owner.activeType.empty() ? owner.lastImposed : owner.activeType;
+}
 } // namespace
 
 PartWriter::PartWriter(Database& database)
     : m_database(database),
       m_lastMaterial(database.Ask("SELECT max(id) FROM material")),
       m_lastPart(database.Ask("SELECT max(id) FROM part")),
-      m_lastUse(database.Ask("SELECT max(id) FROM use")),
+      // Not the number of a removed use either: what was said of that one is no other's.
+      m_lastUse(database.Ask("SELECT max(coalesce((SELECT max(id) FROM use), 0), coalesce((SELECT "
+                             "max(owner) FROM changed_fact WHERE of_use = 1), 0))")),
       m_insertPart(database.Prepare(
           "INSERT INTO part (name, type, standard, code, growth_pct, density, surface_density, "
-          "density_first, errors, material, active, note, typed, id, identifier, version, "
-          "change_number) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
+          "density_first, errors, material, active, last_imposed, note, typed, id, identifier, "
+          "version, change_number) "
+          "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
       m_insertUse(database.Prepare("INSERT INTO use (quantity, stated, rotation, x, y, z, density, "
                                    "surface_density, material, "
-                                   "active, note, typed, id, parent, part, instance) "
-                                   "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
+                                   "active, last_imposed, note, typed, id, parent, part, instance) "
+                                   "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
       m_partValue(database.Prepare(ValueInsert("part"))),
       m_useValue(database.Prepare(ValueInsert("use"))),
       m_partProperty(database.Prepare(PropertyInsert("part"))),
@@ -56,6 +66,21 @@ PartWriter::PartWriter(Database& database)
     }
 }
 
+void PartWriter::KnowMaterials()
+{
+    Statement& rows = m_database.Kept("SELECT name, id FROM material");
+    while (rows.Step()) {
+        const std::string name = rows.Text();
+        m_materials[name] = rows.Integer();
+    }
+}
+
+RowId PartWriter::FindMaterial(const std::string& name) const
+{
+    const auto found = m_materials.find(name);
+    return found == m_materials.end() ? 0 : found->second;
+}
+
 RowId PartWriter::InsertMaterial(const Material& material)
 {
     m_database
@@ -67,7 +92,7 @@ RowId PartWriter::InsertMaterial(const Material& material)
         .Bind(material.surfaceDensity)
         .Bind(material.typed)
         .Run();
-    KnowMaterial(material.name, m_lastMaterial);
+    m_materials[material.name] = m_lastMaterial;
     return m_lastMaterial;
 }
 
@@ -101,6 +126,7 @@ Statement& PartWriter::BindPart(Statement& statement, const Part& part)
         .Bind(Stored(part.errors));
     BindReference(statement, part.material, m_materials);
     BindReference(statement, part.activeType, m_massTypes);
+    BindReference(statement, LastImposed(part), m_massTypes);
     return statement.Bind(part.note).Bind(part.typed);
 }
 
@@ -121,10 +147,11 @@ RowId PartWriter::InsertPart(const Part& part, std::int64_t changeNumber)
 
 void PartWriter::UpdatePart(RowId id, const Part& part)
 {
-    BindPart(m_database.Kept("UPDATE part SET name = ?, type = ?, standard = ?, code = ?, "
-                             "growth_pct = ?, density = ?, surface_density = ?, density_first = ?, "
-                             "errors = ?, material = ?, active = ?, note = ?, typed = ? "
-                             "WHERE id = ?"),
+    BindPart(m_database.Kept(
+                 "UPDATE part SET name = ?, type = ?, standard = ?, code = ?, "
+                 "growth_pct = ?, density = ?, surface_density = ?, density_first = ?, "
+                 "errors = ?, material = ?, active = ?, last_imposed = ?, note = ?, typed = ? "
+                 "WHERE id = ?"),
              part)
         .Bind(id)
         .Run();
@@ -159,6 +186,7 @@ Statement& PartWriter::BindUse(Statement& statement, const Use& use)
     statement.Bind(use.density).Bind(use.surfaceDensity);
     BindReference(statement, use.material, m_materials);
     BindReference(statement, use.activeType, m_massTypes);
+    BindReference(statement, LastImposed(use), m_massTypes);
     return statement.Bind(use.note).Bind(use.typed);
 }
 
@@ -175,7 +203,7 @@ void PartWriter::UpdateUse(RowId id, const Use& use)
 {
     BindUse(m_database.Kept("UPDATE use SET quantity = ?, stated = ?, rotation = ?, x = ?, y = ?, "
                             "z = ?, density = ?, surface_density = ?, material = ?, active = ?, "
-                            "note = ?, typed = ? WHERE id = ?"),
+                            "last_imposed = ?, note = ?, typed = ? WHERE id = ?"),
             use)
         .Bind(id)
         .Run();
@@ -238,32 +266,18 @@ void PartWriter::WriteDocuments(RowId owner, const std::vector<DocumentRevision>
     }
 }
 
+void RaiseChangeNumbers(Database& database, OutdatedSets& outdated, std::int64_t changeNumber)
+{
+    outdated.Keep(changeNumber);
+    database.Kept("UPDATE meta SET value = ? WHERE key = 'change_number'").Bind(changeNumber).Run();
+    NoteRoots(database);
+}
+
 void NoteRoots(Database& database)
 {
     database.Execute(
         "INSERT OR REPLACE INTO meta SELECT 'roots', json_object('change', (SELECT CAST(value AS "
         "INTEGER) FROM meta WHERE key = 'change_number'), 'parts', json_group_array(id)) FROM part "
         "p WHERE NOT EXISTS (SELECT 1 FROM use WHERE part = p.id)");
-}
-
-void WriteHistory(Database& database, const ImportOptions& options,
-                  const std::vector<ChangedFact>& changedFacts)
-{
-    std::string before;
-    std::string after;
-    for (const ChangedFact& fact : changedFacts) {
-        const std::string end = before.empty() ? "" : "\n";
-        before += end + fact.what + ": " + fact.before;
-        after += end + fact.what + ": " + fact.after;
-    }
-    database
-        .Kept("INSERT INTO history (who, what, subject, checksum, before, after) "
-              "VALUES (?, 'import', ?, ?, ?, ?)")
-        .BindText(options.user)
-        .Bind(options.file)
-        .Bind(options.checksum)
-        .Bind(before)
-        .Bind(after)
-        .Run();
 }
 } // namespace wb

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Database.h"
+#include "OutdatedSets.h"
 
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -16,8 +18,10 @@ class PartWriter
 public:
     explicit PartWriter(Database& database);
 
-    /// Makes a material known under its row; parts name materials by text.
-    void KnowMaterial(const std::string& name, RowId id) { m_materials[name] = id; }
+    /// Makes the stored materials known; parts name materials by text.
+    void KnowMaterials();
+    /// 0 where there is no material of that name.
+    RowId FindMaterial(const std::string& name) const;
     RowId InsertMaterial(const Material& material);
     void UpdateMaterial(RowId id, const Material& material);
 
@@ -55,7 +59,7 @@ private:
 /// Notes which parts nobody uses, for as long as the change number stays what it is.
 void NoteRoots(Database& database);
 
-/// Tells the history of an import and of what gave way to it.
-void WriteHistory(Database& database, const ImportOptions& options,
-                  const std::vector<ChangedFact>& changedFacts);
+/// What a change of stored facts means for all that is derived from them: the number goes to the
+/// parts that changed and to those above them, and values of assemblies above are older now.
+void RaiseChangeNumbers(Database& database, OutdatedSets& outdated, std::int64_t changeNumber);
 } // namespace wb

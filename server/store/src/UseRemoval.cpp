@@ -1,5 +1,7 @@
 #include "UseRemoval.h"
 
+#include "Owners.h"
+
 #include <string_view>
 #include <unordered_map>
 
@@ -114,8 +116,8 @@ void UseRemoval::Remove(const StoredUseLine& use, RowId parent, const Part& name
     }
     m_released.insert(use.part);
     const PartLine part = *m_store.FindPart(use.part);
-    m_removed.push_back(
-        {"use " + named.identifier + "/" + use.instance, part.identifier + " " + part.version, ""});
+    m_removed.push_back({OwnerKind::Use, use.id, UseSubject(named, use.instance), "",
+                         part.identifier + " " + part.version, ""});
 }
 
 std::vector<std::string> UseRemoval::ReleasedParts()

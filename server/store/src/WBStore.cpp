@@ -1,6 +1,7 @@
 #include "WBStore.h"
 
 #include "Database.h"
+#include "PendingOverlay.h"
 #include "Schema.h"
 
 #include <filesystem>
