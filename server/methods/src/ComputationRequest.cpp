@@ -10,21 +10,6 @@ namespace
 {
 using Common = CATENOWBCSCommonDefinitions;
 
-/// One of a few whole numbers; most is the last of them.
-std::int64_t Choice(Request& request, const char* field, std::int64_t most)
-{
-    const std::int64_t value = request.Count(field);
-    if (value > most) {
-        throw RequestError(std::string("The field ") + field + " of the request holds \"" +
-                           std::to_string(value) + "\", expected a whole number from 0 to " +
-                           std::to_string(most) + ".");
-    }
-    return value;
-}
-
-/// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
-constexpr std::int64_t kDeepest = 10000;
-
 ComputationRequest::Place ReadPlace(Request& request)
 {
     ComputationRequest::Place place;
@@ -32,7 +17,7 @@ ComputationRequest::Place ReadPlace(Request& request)
     place.instance = request.Any("instance");
     place.part = request.Any("part");
     place.version = request.Any("version");
-    const std::int64_t count = Choice(request, "path count", kDeepest);
+    const std::int64_t count = request.Choice("path count", kDeepest);
     for (std::int64_t i = 0; i < count; ++i) {
         place.path.push_back(request.Any("path"));
     }
@@ -56,7 +41,7 @@ void ReadPrecision(Request& request, ComputeOptions& options)
 
 void ReadPolicy(Request& request, ComputationRequest& result)
 {
-    result.policy = static_cast<ComputationRequest::Policy>(Choice(request, "update policy", 2));
+    result.policy = static_cast<ComputationRequest::Policy>(request.Choice("update policy", 2));
     if (result.policy == ComputationRequest::Policy::Assume) {
         result.level = request.Count("level");
     }
@@ -64,7 +49,7 @@ void ReadPolicy(Request& request, ComputationRequest& result)
 
 ComputeOptions::Asked ReadEntity(Request& request)
 {
-    switch (Choice(request, "entity", Common::PartAlone)) {
+    switch (request.Choice("entity", Common::PartAlone)) {
     case Common::Root:
         return ComputeOptions::Asked::Root;
     case Common::PartAlone:
@@ -85,11 +70,11 @@ void ReadFilterFields(Request& request, Filter& filter)
 
 void ReadDefinedPrecision(Request& request, ComputeOptions& options)
 {
-    if (Choice(request, "precision type", 1) == Common::NoPrecision) {
+    if (request.Choice("precision type", 1) == Common::NoPrecision) {
         return;
     }
     ComputeOptions::DefinedPrecision defined;
-    defined.percentage = Choice(request, "precision value type", 1) == Common::Percentage;
+    defined.percentage = request.Choice("precision value type", 1) == Common::Percentage;
     defined.lower = request.Size("lower precision");
     defined.upper = request.Size("upper precision");
     options.definedPrecision = defined;

@@ -69,13 +69,6 @@ std::string WarningsOf(const ComputeResult& result)
     return text;
 }
 
-/// A precision that a request defines is typed for that one time, so its answer is not kept; what
-/// falls back to other values is no sum by the precision that the key names.
-bool IsKept(const ComputeOptions& options)
-{
-    return !options.definedPrecision && !options.orActive;
-}
-
 /// Which sums are made to be kept: those that are missing or stale. Once that of the asked node is
 /// there, so is all that was worth keeping below it.
 class Wishes
@@ -173,7 +166,13 @@ PartLine AskedRoot(const Store& store, const ComputationRequest& request)
 const ResidentProduct& Computations::ProductOf(RowId root, ComputationRequest::Policy policy,
                                                const CallContext& context)
 {
-    return m_products.Of(root, policy == ComputationRequest::Policy::Force, context);
+    return m_products.Of(root, policy == ComputationRequest::Policy::Force, m_pendingNumber,
+                         context);
+}
+
+bool Computations::IsKept(const ComputeOptions& options) const
+{
+    return !options.definedPrecision && !options.orActive && m_pendingNumber == 0;
 }
 
 std::unordered_map<std::uint32_t, KeptSum>
@@ -218,7 +217,7 @@ Computations::Computation Computations::Make(const PickedPart& picked,
     using Policy = ComputationRequest::Policy;
     CheckMassType(m_store.MassTypes(), request.options);
     ResidentProduct& product =
-        m_products.Of(picked.root.id, request.policy == Policy::Force, context);
+        m_products.Of(picked.root.id, request.policy == Policy::Force, m_pendingNumber, context);
     // A material that nothing of the product is made of can be tried all the same.
     if (const auto material = m_store.FindMaterial(request.options.material)) {
         product.graph->AddMaterial(*material);
@@ -229,7 +228,8 @@ Computations::Computation Computations::Make(const PickedPart& picked,
         return IsCancelled(context);
     };
     const std::string key = SumKey(options);
-    const std::vector<KeptLine> lines = m_store.KeptLines(key);
+    const std::vector<KeptLine> lines =
+        m_pendingNumber == 0 ? m_store.KeptLines(key) : std::vector<KeptLine>();
     std::unordered_map<std::uint32_t, KeptSum> stale;
     if (request.policy == Policy::Assume) {
         stale = StaleSums(product, key, lines);
@@ -276,7 +276,8 @@ KeptComputed Computations::ComputedBelow(const PickedPart& picked, const CallCon
     request.options.derived = true;
     request.options.validate = false;
     const RowId part = picked.Part().id;
-    const auto kept = m_store.FindKept(part, SumKey(request.options));
+    const auto kept =
+        m_pendingNumber == 0 ? m_store.FindKept(part, SumKey(request.options)) : std::nullopt;
     const auto sum = kept ? ReadSum(kept->result, NextNumbers()) : std::nullopt;
     if (sum) {
         const bool upToDate = kept->changeNumber == m_store.ChangeNumber(part);

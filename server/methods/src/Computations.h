@@ -35,7 +35,8 @@ PartLine AskedRoot(const Store& store, const ComputationRequest& request);
 
 /// Computes products and keeps what came of it: the answer of a whole product, and the sums below
 /// its assemblies, for whoever later assumes that they hold. What is kept is derived: where it
-/// cannot be written or read, it is just made again.
+/// cannot be written or read, it is just made again. Of what a user with pending changes asks for
+/// nothing is kept, and nothing that was kept is taken for it.
 class Computations
 {
 public:
@@ -49,7 +50,12 @@ public:
     std::string TakeWarnings(const std::string& user);
     /// What the user's computation had to say, in place of what the one before said.
     void KeepWarnings(const std::string& user, const ComputeResult& result);
+    void KeepWarnings(const std::string& user, const std::string& warnings);
     void ForgetWarnings(const std::string& user) { m_warnings.erase(user); }
+
+    /// Told at the start of every call: the number of the caller's pending changes as the call
+    /// sees them, 0 where there are none.
+    void Begin(std::int64_t pendingNumber) { m_pendingNumber = pendingNumber; }
 
     // For all methods that compute. A call that the context cancels throws RequestError.
 
@@ -80,15 +86,19 @@ private:
     };
     Computation Make(const PickedPart& picked, const ComputationRequest& request,
                      const CallContext& context);
+    /// A precision that a request defines is typed for that one time, so its answer is not kept;
+    /// what falls back to other values is no sum by the precision that the key names; and what a
+    /// user has not saved is not what others shall find.
+    bool IsKept(const ComputeOptions& options) const;
     std::unordered_map<std::uint32_t, KeptSum> StaleSums(const ResidentProduct& product,
                                                          const std::string& key,
                                                          const std::vector<KeptLine>& lines) const;
-    void KeepWarnings(const std::string& user, const std::string& warnings);
     std::optional<std::string> KeptAnswer(RowId root, const ComputationRequest& request,
                                           const CallContext& context);
 
     Store& m_store;
     ResidentProducts m_products;
+    std::int64_t m_pendingNumber = 0;                        // of the present call
     std::unordered_map<std::string, std::string> m_warnings; // by user
 };
 } // namespace wb

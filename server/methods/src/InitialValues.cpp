@@ -105,12 +105,13 @@ void AddMassTypes(AnswerText& answer, const Node& node, const KeptComputed* belo
     }
 }
 
-/// The type that somebody made active; one that is active because nobody chose was not imposed.
-std::string LastImposed(const Node& node)
+/// The type that somebody made active last, also where he has gone back to Computed since; one that
+/// is active because nobody chose was not imposed. A use with sets of its own has a choice of its
+/// own.
+const std::string& LastImposed(const Node& node)
 {
-    const std::string& chosen =
-        node.use.activeType.empty() ? node.part.activeType : node.use.activeType;
-    return chosen == Common::Computed ? std::string() : chosen;
+    const bool useChooses = !node.use.activeType.empty() || !node.use.sets.empty();
+    return useChooses ? node.use.lastImposed : node.part.lastImposed;
 }
 
 /// The density that the record shows: of the dimension in which the active values are sized, else

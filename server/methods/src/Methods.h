@@ -15,7 +15,7 @@ class Computations;
 /// What a method works with.
 struct MethodCall
 {
-    const Store& store;
+    Store& store;
     Computations& computations;
     const CallContext& context;
 };
@@ -30,6 +30,15 @@ std::string ListRoots(const MethodCall& call, std::string_view request);
 std::string ListUses(const MethodCall& call, std::string_view request);
 std::string ListMassTypes(const MethodCall& call, std::string_view request);
 std::string GetMassTypesAndAttrNames(const MethodCall& call, std::string_view request);
+
+std::string GetStatedValues(const MethodCall& call, std::string_view request);
+std::string ApplyValues(const MethodCall& call, std::string_view request);
+std::string ListPendingChanges(const MethodCall& call, std::string_view request);
+std::string GetHistory(const MethodCall& call, std::string_view request);
+
+/// Saves or gives up what the caller has pending. Never throws: what is wrong is among his warnings
+/// afterwards.
+std::string ManageSave(const MethodCall& call, std::string_view request);
 
 /// The records of an object-service call; nothing for an input that cannot be read.
 std::optional<std::string> ObjectIdentifiers(const Store& store,

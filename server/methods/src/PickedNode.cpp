@@ -8,9 +8,6 @@ namespace
 {
 using Common = CATENOWBCSCommonDefinitions;
 
-/// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
-constexpr std::int64_t kDeepest = 10000;
-
 DensityPair MaterialDensities(const Store& store, const std::string& name)
 {
     const auto material = name.empty() ? std::nullopt : store.FindMaterial(name);
@@ -65,11 +62,7 @@ PickedPart FindPicked(const Store& store, Request& request)
     place.instance = request.Text("instance");
     place.part = request.Text("part");
     place.version = request.Text("version");
-    const std::int64_t count = request.Count("path count");
-    if (count > kDeepest) {
-        throw RequestError("The field path count of the request holds " + std::to_string(count) +
-                           ", expected at most " + std::to_string(kDeepest) + ".");
-    }
+    const std::int64_t count = request.Choice("path count", kDeepest);
     for (std::int64_t i = 0; i < count; ++i) {
         place.path.push_back(request.Text("path"));
     }

@@ -15,4 +15,14 @@ std::string ReportTime(std::chrono::system_clock::time_point moment)
     const std::size_t length = std::strftime(text.data(), text.size(), "%Y/%m/%d %H:%M:%S", &parts);
     return {text.data(), length};
 }
+
+std::string WireTime(const std::string& stored)
+{
+    std::tm parts{};
+    const char* end = strptime(stored.c_str(), "%Y-%m-%d %H:%M:%S", &parts);
+    if (end == nullptr || *end != '\0') {
+        return stored;
+    }
+    return ReportTime(std::chrono::system_clock::from_time_t(timegm(&parts)));
+}
 } // namespace wb

@@ -31,6 +31,17 @@ std::string_view Request::Text(const char* name)
     return field;
 }
 
+double Request::Number(const char* name)
+{
+    const std::string_view field = Next(name);
+    const auto value = ReadNumber(field);
+    if (!value) {
+        throw RequestError(std::string("The field ") + name + " of the request holds \"" +
+                           std::string(field) + "\", expected a number.");
+    }
+    return *value;
+}
+
 double Request::Size(const char* name)
 {
     const std::string_view field = Next(name);
@@ -60,6 +71,17 @@ std::int64_t Request::Count(const char* name)
                            std::string(field) + "\", expected a whole number from 0.");
     }
     return *value;
+}
+
+std::int64_t Request::Choice(const char* name, std::int64_t most)
+{
+    const std::int64_t value = Count(name);
+    if (value > most) {
+        throw RequestError(std::string("The field ") + name + " of the request holds \"" +
+                           std::to_string(value) + "\", expected a whole number from 0 to " +
+                           std::to_string(most) + ".");
+    }
+    return value;
 }
 
 bool Request::Flag(const char* name)

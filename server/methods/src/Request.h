@@ -27,12 +27,16 @@ public:
     std::string_view Text(const char* name);
     /// A field that must be there; it may be empty.
     std::string_view Any(const char* name) { return Next(name); }
+    /// A finite number, with either decimal mark.
+    double Number(const char* name);
     /// A finite number of at least 0, with either decimal mark.
     double Size(const char* name);
     /// A field that must be there and be empty.
     void Empty(const char* name);
     /// A whole number of at least 0.
     std::int64_t Count(const char* name);
+    /// A whole number from 0 to most.
+    std::int64_t Choice(const char* name, std::int64_t most);
     bool Flag(const char* name);
     /// That nothing follows but one empty field.
     void End();
@@ -44,6 +48,9 @@ private:
 
     std::string_view m_rest;
 };
+
+/// A path longer than any product is deep; a larger count is a mistake and not worth a walk.
+constexpr std::int64_t kDeepest = 10000;
 
 /// A date as streams write it: with the delimiter that all clients read.
 std::string WireDate(std::string date);

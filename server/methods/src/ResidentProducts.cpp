@@ -39,18 +39,28 @@ void Report(const CallContext& context, double done, std::string_view what)
     }
 }
 
-ResidentProduct& ResidentProducts::Of(RowId root, bool anew, const CallContext& context)
+ResidentProduct& ResidentProducts::Of(RowId root, bool anew, std::int64_t pending,
+                                      const CallContext& context)
 {
-    const auto found = m_products.find(root);
+    if (pending == 0) {
+        // What he saved or gave up is of no use to anybody.
+        std::erase_if(m_products, [&](const auto& entry) {
+            return entry.second.pendingNumber != 0 && entry.first.second == context.user;
+        });
+    }
+    const std::pair key(root, pending == 0 ? std::string() : context.user);
+    const auto found = m_products.find(key);
     const bool isThere = found != m_products.end() &&
-                         found->second.changeNumbers.front() == m_store.ChangeNumber(root);
+                         found->second.changeNumbers.front() == m_store.ChangeNumber(root) &&
+                         found->second.pendingNumber == pending;
     if (!isThere || anew) {
         // The old one goes first: two of them may be more than memory holds.
-        m_products.erase(root);
+        m_products.erase(key);
         MakeRoom();
-        m_products[root] = Read(root, context);
+        m_products[key] = Read(root, context);
     }
-    ResidentProduct& product = m_products[root];
+    ResidentProduct& product = m_products[key];
+    product.pendingNumber = pending;
     product.lastUsed = ++m_calls;
     return product;
 }
