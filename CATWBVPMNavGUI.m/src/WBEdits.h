@@ -1,13 +1,19 @@
 #pragma once
 
+#include "CATHandle.h"
 #include "CATUnicodeString.h"
+#include "CATWBAllDataBuffer.h"
+#include "WBEditedRecord.h"
+#include "WBPanelRecord.h"
+#include "WBQuantityTexts.h"
 #include "WBStatedValues.h"
 
-#include <memory>
+#include <cstddef>
+#include <map>
 #include <optional>
 #include <vector>
 
-class CATWBAllDataBuffer;
+struct WBTypedPieces;
 
 /// One place of the main panel in which a user types or chooses.
 struct WBEditField
@@ -35,8 +41,8 @@ struct WBEditField
         Property
     };
     Kind kind = Kind::Mass;
-    CATUnicodeString massType; ///< of the fields up to UpperPrecision
-    int property = 0;          ///< of Property: its position in the record, from 1
+    CATUnicodeString massType = {}; ///< of the fields up to UpperPrecision
+    int property = 0;               ///< of Property: its position in the record, from 1
 
     friend bool operator==(const WBEditField&, const WBEditField&) = default;
 };
@@ -49,7 +55,6 @@ class WBEdits
 public:
     /// The record is borrowed and must live as long. Without stated values nothing can be edited.
     WBEdits(CATWBAllDataBuffer& record, WBStatedValues stated);
-    ~WBEdits();
     WBEdits(const WBEdits&) = delete;
     WBEdits& operator=(const WBEdits&) = delete;
 
@@ -97,6 +102,53 @@ public:
     CATUnicodeString ApplyRequest() const;
 
 private:
-    struct Draft;
-    std::unique_ptr<Draft> m_draft;
+    /// What makes fields differ from what is stated.
+    struct Draft
+    {
+        std::map<std::size_t, WBPieces> edited; ///< by the quantity's place among the stated ones
+        CATUnicodeString materialOwner;         ///< whose density and material are shown
+    };
+    struct Step
+    {
+        WBEditField field;
+        Draft before;
+    };
+    /// A choice as users see it, and as it travels.
+    struct Choice
+    {
+        CATUnicodeString text;
+        CATUnicodeString piece;
+    };
+
+    std::optional<std::size_t> PlaceOf(const WBEditField& field) const;
+    const WBStatedQuantity* StatedOf(const WBEditField& field) const;
+    const WBPanelProperty* PropertyOf(const WBEditField& field) const;
+    WBPieces PiecesAt(std::size_t place) const;
+    /// Of a quantity that the server named, or of nothing.
+    WBEditedPieces EditedPieces(const WBStatedQuantity* quantity,
+                                const CATUnicodeString& name) const;
+
+    std::vector<Choice> ChoicesOf(const WBEditField& field) const;
+    std::vector<Choice> ActiveChoices() const;
+    bool HasBothOwners() const;
+    CATUnicodeString Shown(const WBEditField& field, const WBPieces& pieces) const;
+    bool ReadsAsShown(const WBEditField& field, const CATUnicodeString& text) const;
+
+    WBTypedPieces Read(const WBEditField& field, const CATUnicodeString& text,
+                       const WBPieces& pieces) const;
+    WBTypedPieces ReadChoice(const WBEditField& field, const CATUnicodeString& text,
+                             const WBPieces& pieces) const;
+    CATUnicodeString TypeOwner(const CATUnicodeString& text);
+    void Put(Draft& draft, std::size_t place, const WBPieces& pieces) const;
+    void Accept(const WBEditField& field, Draft draft);
+    void GoTo(Draft draft);
+    void WriteIntoRecord(std::size_t place);
+    int PositionOf(const WBStatedQuantity& quantity) const;
+
+    CATWBAllDataBuffer& m_record;
+    CATHandle<CATWBAllDataBuffer> m_original;
+    WBStatedValues m_stated;
+    WBPanelRecord m_before; // what the record said before the first edit
+    Draft m_draft;
+    std::vector<Step> m_steps;
 };

@@ -31,11 +31,13 @@ struct WBStatedValues
     CATUnicodeString partName; ///< as people say it
     bool isLeaf = false;
     bool isStandardPart = false;
-    double places = 0.0;                     ///< how often the part stands in the product
-    double otherRoots = 0.0;                 ///< how many other products hold it
+    long long places = 0;                    ///< how often the part stands in the product
+    long long otherRoots = 0;                ///< how many other products hold it
     std::vector<CATUnicodeString> materials; ///< those that the database knows
     bool hasOwnSets = false;                 ///< the use has values of its own
-    double saved = 0.0; ///< differs after each change of this user's unsaved changes; 0: none
+    /// 0 while this user has no unsaved changes; else differs after each change of them.
+    long long pendingNumber = 0;
+    std::vector<CATUnicodeString> goals; ///< mass types that can never be active
     std::vector<WBStatedQuantity> quantities;
 
     /// Null where the server said nothing about it.
