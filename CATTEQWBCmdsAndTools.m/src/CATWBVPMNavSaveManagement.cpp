@@ -92,6 +92,7 @@ long CATWBVPMNavSaveManagement::Activate(CATCommand*, const CATNotification*)
     // The session activates the command again when another one no longer hides it.
     if (!m_isBuilt) {
         m_isBuilt = true;
+        EndOlderOnes();
         Build();
     }
     SetVisibility(true);
@@ -109,6 +110,18 @@ long CATWBVPMNavSaveManagement::Cancel(CATCommand*, const CATNotification*)
     SetVisibility(false);
     RequestDelayedDestruction();
     return S_OK;
+}
+
+void CATWBVPMNavSaveManagement::EndOlderOnes()
+{
+    const CATCommand* parent = Parent();
+    const int count = parent == nullptr ? 0 : parent->ChildCount();
+    for (int position = 1; position <= count; ++position) {
+        auto* sibling = dynamic_cast<CATWBVPMNavSaveManagement*>(parent->Child(position));
+        if (sibling != nullptr && sibling != this) {
+            sibling->Cancel(this, nullptr);
+        }
+    }
 }
 
 void CATWBVPMNavSaveManagement::Build()

@@ -4,7 +4,8 @@
 #include "WBExport.h"
 
 /// Saves the user's pending changes on the server, or discards them. The command is its own window,
-/// which stays open after either and tells the outcome in a box.
+/// which stays open after either and tells the outcome in a box. There is one such window: a newer
+/// command takes the place of an older one.
 class WB_EXPORT CATWBVPMNavSaveManagement : public CATDlgDialog
 {
 public:
@@ -34,6 +35,7 @@ public:
     void OnPushButton002PushBActivateNotification();
 
 private:
+    void EndOlderOnes();
     void Build();
 
     bool m_isBuilt = false;
