@@ -1,5 +1,6 @@
 #include "WBMainPanel.h"
 
+#include "WBInitialValues.h"
 #include "WBListTable.h"
 #include "WBPanelControls.h"
 #include "WBRootFilter.h"
@@ -25,13 +26,16 @@ constexpr int kMatrixRows = 3;
 WBMainPanel::WBMainPanel(CATCommand* parent, CATWBAllDataBuffer* record)
     : CATWBVPMMainPanel(parent),
       m_record(record),
-      m_unitWatch([this](const CATICkeMagnitude_var&) { ShowRecord(WBRewriteTable); })
+      m_editing(*this, [this] { ShowAnew(); }),
+      m_unitWatch([this](const CATICkeMagnitude_var&) { ShowRecord(WBRewriteTable); }),
+      m_serverWatch([this](const CATUnicodeString& method) { HearOfServerCall(method); })
 {
     SetPreferredSize(kPreferredWidth, kPreferredHeight);
     BuildHeading();
     BuildPages();
     BuildComputeBar();
     BuildLastLine();
+    SetGuard([this] { return m_editing.MayClose(); });
     Fill();
 }
 
@@ -47,14 +51,26 @@ CATString WBMainPanel::GetResourceFilename(int level) const
 
 bool WBMainPanel::RecoverFromFault()
 {
-    Read();
+    // Edits are written into the record: what is shown beside them stays until they are applied.
+    if (!m_editing.HasUnapplied()) {
+        Read();
+    }
     ShowRecord(WBRewriteTable);
     return true;
 }
 
 void WBMainPanel::SetModel(CATWBAllDataBuffer* record)
 {
-    m_record = CATHandle<CATWBAllDataBuffer>(record);
+    const CATHandle<CATWBAllDataBuffer> next(record);
+    if (m_editing.HasUnapplied()) {
+        if (!m_editing.ApplyBeforeReplacing()) {
+            return;
+        }
+        if (record != nullptr) {
+            WBReadAnew(this, *record); // it was read before the edits were applied
+        }
+    }
+    m_record = next;
     Fill();
 }
 
@@ -87,7 +103,10 @@ void WBMainPanel::BuildHeading()
 void WBMainPanel::BuildSummary(CATDlgFrame* frame)
 {
     // In the frame of the heading, so that all captions and all values stand below one another.
-    auto* active = WBAddFact(frame, "ActiveMassType", 3);
+    constexpr int kColumns = 5;
+    m_editing.Form().AddProblemLine(frame, 6, kColumns);
+    auto* active = m_editing.Form().AddFact({frame, "ActiveMassType", 3, 0},
+                                            WBEditField::Kind::ActiveMassType);
     auto* mass = WBAddFact(frame, "Mass", 3, 2);
     for (CATDlgLabel* value : {active, mass}) {
         value->SetRole(CATDlgLabel::Role::Heading);
@@ -107,6 +126,7 @@ void WBMainPanel::BuildSummary(CATDlgFrame* frame)
 void WBMainPanel::BuildPages()
 {
     auto* tabs = new CATDlgTabContainer(this, "Tabs");
+    m_tabs = tabs;
     tabs->SetPlacement(1, 0);
     BuildMassTypes(tabs);
     BuildValues(tabs);
@@ -117,6 +137,7 @@ void WBMainPanel::BuildPages()
     BuildDocuments(tabs);
     BuildProperties(tabs);
     BuildPosition(tabs);
+    BuildChanges(tabs);
 }
 
 void WBMainPanel::BuildMassTypes(CATDlgTabContainer* tabs)
@@ -136,7 +157,30 @@ void WBMainPanel::BuildValues(CATDlgTabContainer* tabs)
     m_set = {{heading, &WBSetFacts::heading},
              {WBAddFact(page, "Source", 1), &WBSetFacts::source},
              {WBAddFact(page, "Remark", 2), &WBSetFacts::note}};
-    m_setFigures = WBAddList(page, "List", 3, WBPanelText("Set.None", "@Nothing selected"), 0, 2);
+    BuildStatedValues(page, 3);
+    m_whyNoValues = WBAddNote(page, "WhyNot", 4, 2);
+    m_setFigures = WBAddList(page, "List", 5, WBPanelText("Set.None", "@Nothing selected"), 0, 2);
+}
+
+void WBMainPanel::BuildStatedValues(CATDlgTabPage* page, int row)
+{
+    using Kind = WBEditField::Kind;
+    constexpr int kColumns = 8; // four captions and their fields
+    auto* frame = new CATDlgFrame(page, "Stated", kWBPlainFrame);
+    m_statedValues = frame;
+    frame->SetPlacement(row, 0, 1, 2);
+    for (int column = 1; column < kColumns; column += 2) {
+        frame->SetColumnStretch(column, 1);
+    }
+    WBEditForm& form = m_editing.Form();
+    form.AddProblemLine(frame, 2, kColumns);
+    form.AddField({frame, "StatedMass", 0, 0}, Kind::Mass);
+    form.AddField({frame, "CentreX", 0, 2}, Kind::CentreX);
+    form.AddField({frame, "CentreY", 0, 4}, Kind::CentreY);
+    form.AddField({frame, "CentreZ", 0, 6}, Kind::CentreZ);
+    form.AddField({frame, "PrecisionKind", 1, 0, 3}, Kind::PrecisionKind);
+    form.AddField({frame, "LowerPrecision", 1, 4}, Kind::LowerPrecision);
+    form.AddField({frame, "UpperPrecision", 1, 6}, Kind::UpperPrecision);
 }
 
 void WBMainPanel::BuildInertia(CATDlgTabContainer* tabs)
@@ -147,14 +191,36 @@ void WBMainPanel::BuildInertia(CATDlgTabContainer* tabs)
     auto* words = new CATDlgLabel(page, "Words");
     words->SetPlacement(1, 0);
     m_inertiaFacts = {{heading, &WBInertiaFacts::heading}, {words, &WBInertiaFacts::words}};
-    m_inertia = WBAddList(page, "Matrix", 2, WBPanelText("Inertia.None", "@Not known"));
-    WBAddNote(page, "InertiaNote", 3);
+    BuildStatedInertia(page, 2);
+    m_whyNoInertia = WBAddNote(page, "WhyNot", 3);
+    m_inertia = WBAddList(page, "Matrix", 4, WBPanelText("Inertia.None", "@Not known"));
+    WBAddNote(page, "InertiaNote", 5);
     m_principal =
-        WBAddList(page, "Principal", 4, WBPanelText("Principal.None", "@No principal moments"));
-    WBAddNote(page, "PrincipalNote", 5);
+        WBAddList(page, "Principal", 6, WBPanelText("Principal.None", "@No principal moments"));
+    WBAddNote(page, "PrincipalNote", 7);
     for (CATDlgMultiList* list : {m_inertia, m_principal}) {
         list->SetVisibleLines(kMatrixRows);
     }
+}
+
+void WBMainPanel::BuildStatedInertia(CATDlgTabPage* page, int row)
+{
+    using Kind = WBEditField::Kind;
+    constexpr int kColumns = 6; // three captions and their fields
+    auto* frame = new CATDlgFrame(page, "Stated", kWBPlainFrame);
+    m_statedInertia = frame;
+    frame->SetPlacement(row, 0);
+    for (int column = 1; column < kColumns; column += 2) {
+        frame->SetColumnStretch(column, 1);
+    }
+    WBEditForm& form = m_editing.Form();
+    form.AddProblemLine(frame, 2, kColumns);
+    form.AddField({frame, "Ixx", 0, 0}, Kind::Ixx);
+    form.AddField({frame, "Iyy", 0, 2}, Kind::Iyy);
+    form.AddField({frame, "Izz", 0, 4}, Kind::Izz);
+    form.AddField({frame, "Ixy", 1, 0}, Kind::Ixy);
+    form.AddField({frame, "Ixz", 1, 2}, Kind::Ixz);
+    form.AddField({frame, "Iyz", 1, 4}, Kind::Iyz);
 }
 
 void WBMainPanel::BuildSum(CATDlgTabContainer* tabs)
@@ -207,14 +273,18 @@ void WBMainPanel::BuildMaterial(CATDlgTabContainer* tabs)
     auto* page = new CATDlgTabPage(tabs, "Material");
     page->SetColumnStretch(1, 1);
     page->SetColumnStretch(3, 1);
-    m_material = {{WBAddFact(page, "Density", 0), &WBMaterialFacts::density},
-                  {WBAddFact(page, "MaterialName", 1), &WBMaterialFacts::material},
-                  {WBAddFact(page, "AppliedOn", 2), &WBMaterialFacts::appliedOn},
-                  {WBAddFact(page, "PartDensity", 0, 2), &WBMaterialFacts::partDensity},
-                  {WBAddFact(page, "PartMaterial", 1, 2), &WBMaterialFacts::partMaterial},
-                  {WBAddFact(page, "Priority", 2, 2), &WBMaterialFacts::priority}};
+    using Kind = WBEditField::Kind;
+    WBEditForm& form = m_editing.Form();
+    form.AddProblemLine(page, 3, 4);
+    m_material = {
+        {form.AddFact({page, "Density", 0, 0}, Kind::Density), &WBMaterialFacts::density},
+        {form.AddFact({page, "MaterialName", 1, 0}, Kind::Material), &WBMaterialFacts::material},
+        {form.AddFact({page, "AppliedOn", 2, 0}, Kind::AppliedOn), &WBMaterialFacts::appliedOn},
+        {WBAddFact(page, "PartDensity", 0, 2), &WBMaterialFacts::partDensity},
+        {WBAddFact(page, "PartMaterial", 1, 2), &WBMaterialFacts::partMaterial},
+        {form.AddFact({page, "Priority", 2, 2}, Kind::DensityOrder), &WBMaterialFacts::priority}};
     m_materials =
-        WBAddList(page, "List", 3, WBPanelText("Materials.None", "@No material statistics"), 0, 4);
+        WBAddList(page, "List", 4, WBPanelText("Materials.None", "@No material statistics"), 0, 4);
 }
 
 void WBMainPanel::BuildDocuments(CATDlgTabContainer* tabs)
@@ -235,8 +305,18 @@ void WBMainPanel::BuildDocuments(CATDlgTabContainer* tabs)
 void WBMainPanel::BuildProperties(CATDlgTabContainer* tabs)
 {
     auto* page = new CATDlgTabPage(tabs, "Properties");
+    page->SetColumnStretch(1, 1);
     m_properties =
-        WBAddList(page, "List", 0, WBPanelText("Properties.None", "@No further properties"));
+        WBAddList(page, "List", 0, WBPanelText("Properties.None", "@No further properties"), 0, 2);
+    auto* selected = new CATDlgLabel(page, "Selected");
+    selected->SetPlacement(1, 0, 1, 2);
+    m_editing.Form().AddProblemLine(page, 3, 2);
+    m_property = {
+        {selected, &WBPropertyFacts::heading},
+        {m_editing.Form().AddFact({page, "PropertyValue", 2, 0}, WBEditField::Kind::Property),
+         &WBPropertyFacts::value}};
+    Subscribe(m_properties, CATDlgMultiList::RowSelected,
+              [this](const CATNotification& chosen) { SelectProperty(chosen.detail); });
 }
 
 void WBMainPanel::BuildPosition(CATDlgTabContainer* tabs)
@@ -246,6 +326,13 @@ void WBMainPanel::BuildPosition(CATDlgTabContainer* tabs)
     m_placementWords->SetPlacement(0, 0);
     m_placement = WBAddList(page, "List", 1, WBPanelText("Placement.None", "@Not known"));
     WBAddNote(page, "Note", 2);
+}
+
+void WBMainPanel::BuildChanges(CATDlgTabContainer* tabs)
+{
+    m_changes = std::make_unique<WBChangesPage>(tabs);
+    Subscribe(tabs, CATDlgTabContainer::PageSelected,
+              [this](const CATNotification&) { LookAtChanges(); });
 }
 
 void WBMainPanel::BuildComputeBar()
@@ -261,11 +348,14 @@ void WBMainPanel::BuildLastLine()
 {
     auto* frame = new CATDlgFrame(this, "Buttons", kWBPlainFrame);
     frame->SetPlacement(3, 0);
-    frame->SetColumnStretch(0, 1);
+    frame->SetColumnStretch(1, 1);
     m_marks = WBAddNote(frame, "MarksNote", 0);
+    m_marks->SetPlacement(0, 1);
     m_marks->SetMark(true); // shown as what it explains
+    m_editing.BuildBar(frame, 2);
     m_close = new CATDlgPushButton(frame, "CloseButton");
-    m_close->SetPlacement(0, 1);
+    m_close->SetPlacement(0, 5);
+    m_close->SetGuard([this] { return m_editing.MayClose(); });
     Subscribe(m_close, CATDlgPushButton::Activated,
               [this](const CATNotification&) { SetVisibility(false); });
 }
@@ -278,11 +368,13 @@ void WBMainPanel::Fill()
     Read();
     m_computeBar->Offer(m_record.Get(), m_shown.filter);
     m_selectedRow = ActiveRow();
+    m_selectedProperty = 0;
+    m_editing.Begin(m_record.Get());
+    m_changes->SetRecord(m_record.Get());
+    EditSelected();
     ShowRecord(WBShowTable);
-    if (m_selectedRow > 0) {
-        m_massTypes->SetRowEmphasis(m_selectedRow, true);
-        m_massTypes->SelectRow(m_selectedRow);
-    }
+    m_massTypes->SelectRow(m_selectedRow);
+    LookAtChanges();
 }
 
 void WBMainPanel::Read()
@@ -310,6 +402,9 @@ void WBMainPanel::ShowRecord(WBTableWriter write)
     m_unusualSum->SetTitle(unusualSum);
     m_unusualSum->SetVisibility(!unusualSum.IsEmpty());
     showing.ShowTable(*m_massTypes, WBMassTypeTable);
+    for (int row = 1; row <= m_massTypes->RowCount(); ++row) {
+        m_massTypes->SetRowEmphasis(row, row == ActiveRow());
+    }
     ShowSelectedMassType(showing);
     m_what->SetTitle(WBWhatIsSummedUp(m_shown));
     showing.ShowFacts<WBSumFacts>(m_sum, WBReadSumFacts);
@@ -322,9 +417,13 @@ void WBMainPanel::ShowRecord(WBTableWriter write)
     ShowMaterial(showing);
     ShowDocuments(showing);
     showing.ShowTable(*m_properties, WBPropertyTable);
+    ShowSelectedProperty(showing);
     m_placementWords->SetTitle(WBPlacementWords(m_shown.placement));
     showing.ShowTable(*m_placement, WBPlacementTable);
+    m_changes->Show(write);
     m_marks->SetVisibility(showing.HasMarks());
+    m_editing.Show();
+    ShowFieldsOfSelectedMassType();
 }
 
 void WBMainPanel::ShowSelectedMassType(WBShowing& showing)
@@ -343,6 +442,30 @@ void WBMainPanel::ShowSelectedMassType(WBShowing& showing)
     });
     showing.ShowTable(*m_principal, [this](const WBPanelRecord& record) {
         return WBPrincipalTable(record, SelectedIn(record));
+    });
+}
+
+void WBMainPanel::ShowFieldsOfSelectedMassType()
+{
+    using Kind = WBEditField::Kind;
+    const WBEditForm& form = m_editing.Form();
+    const auto show = [&](CATDlgFrame& fields, CATDlgLabel& whyNot, Kind kind) {
+        const bool isEditable = form.IsEditable(kind);
+        const bool isSelected = SelectedIn(m_shown) != nullptr;
+        const CATUnicodeString reason =
+            isEditable || !isSelected ? CATUnicodeString() : form.Tooltip(kind);
+        fields.SetVisibility(isEditable);
+        whyNot.SetTitle(reason);
+        whyNot.SetVisibility(!reason.IsEmpty());
+    };
+    show(*m_statedValues, *m_whyNoValues, Kind::Mass);
+    show(*m_statedInertia, *m_whyNoInertia, Kind::Ixx);
+}
+
+void WBMainPanel::ShowSelectedProperty(WBShowing& showing)
+{
+    showing.ShowFacts<WBPropertyFacts>(m_property, [this](const WBPanelRecord& record) {
+        return WBReadPropertyFacts(record, m_selectedProperty);
     });
 }
 
@@ -372,8 +495,62 @@ int WBMainPanel::ActiveRow() const
 void WBMainPanel::SelectMassType(int row)
 {
     m_selectedRow = row;
+    EditSelected();
     WBShowing showing(m_shown, m_before ? &*m_before : nullptr, WBShowTable);
     ShowSelectedMassType(showing);
+    m_editing.Show();
+    ShowFieldsOfSelectedMassType();
+}
+
+void WBMainPanel::SelectProperty(int row)
+{
+    m_selectedProperty = row;
+    EditSelected();
+    WBShowing showing(m_shown, m_before ? &*m_before : nullptr, WBShowTable);
+    ShowSelectedProperty(showing);
+    m_editing.Show();
+}
+
+void WBMainPanel::EditSelected()
+{
+    const WBPanelMassType* massType = SelectedIn(m_shown);
+    m_editing.Form().SetMassType(massType == nullptr ? CATUnicodeString() : massType->name);
+    m_editing.Form().SetProperty(m_selectedProperty);
+}
+
+void WBMainPanel::ShowAnew()
+{
+    WBReadAnew(this, *m_record);
+    m_before.reset();
+    m_computed.reset();
+    m_request = WBStoredValuesRequest(*m_record);
+    Read();
+    m_editing.Begin(m_record.Get());
+    EditSelected();
+    ShowRecord(WBRewriteTable);
+    m_changes->Outdate();
+    LookAtChanges();
+}
+
+void WBMainPanel::HearOfServerCall(const CATUnicodeString& method)
+{
+    if (!(method == "WBSaveManagement") || m_record.IsNull()) {
+        return;
+    }
+    if (m_editing.HasUnapplied()) {
+        m_changes->Outdate(); // the record waits until its edits are applied
+        LookAtChanges();
+    } else {
+        ShowAnew();
+    }
+}
+
+void WBMainPanel::LookAtChanges()
+{
+    constexpr int kChanges = 9; // the last page
+    if (m_tabs->SelectedPage() == kChanges) {
+        m_changes->Look();
+    }
 }
 
 const WBPanelMassType* WBMainPanel::SelectedIn(const WBPanelRecord& record) const
@@ -386,7 +563,7 @@ const WBPanelMassType* WBMainPanel::SelectedIn(const WBPanelRecord& record) cons
 void WBMainPanel::Compute()
 {
     const WBComputationChoice choice = m_computeBar->Choice();
-    if (!m_computeBar->Sums().CheckLevel(this)) {
+    if (!m_computeBar->Sums().CheckLevel(this) || !m_editing.ApplyBeforeComputing()) {
         return;
     }
     WBFillChoices(*m_record, choice);
@@ -402,6 +579,7 @@ void WBMainPanel::Compute()
     m_before = m_shown;
     m_computed = choice;
     m_request = request;
+    m_editing.BeginAgain();
     Read();
     ShowRecord(WBRewriteTable);
     WBShowWarning(this, warning,

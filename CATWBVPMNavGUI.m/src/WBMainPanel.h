@@ -5,8 +5,11 @@
 #include "CATWBAllDataBuffer.h"
 
 #include "CATHandle.h"
+#include "CATServerCallWatch.h"
 
+#include "WBChangesPage.h"
 #include "WBComputeBar.h"
+#include "WBPanelEditing.h"
 #include "WBSetTexts.h"
 #include "WBShowing.h"
 #include "WBSumTexts.h"
@@ -21,6 +24,9 @@ class CATDlgMultiList;
 /// tabs everything else that is known, and a bar to have Computed computed. Every text can be
 /// selected and copied. Values stand in the current units, also when these change; what a
 /// computation changed is marked until the next record.
+///
+/// What somebody stated can be edited in place. Edits stay in the panel until they are applied; no
+/// pick, computation or closing loses them unasked.
 class WBMainPanel : public CATWBVPMMainPanel
 {
 public:
@@ -28,8 +34,10 @@ public:
 
     const char* ClassName() const override;
     CATString GetResourceFilename(int level) const override;
-    /// What failed was the panel's own action: it stays open and shows its record anew.
+    /// What failed was the panel's own action: it stays open, keeps its edits and shows its record
+    /// anew.
     bool RecoverFromFault() override;
+    /// Where edits are not applied the user is asked first, and may stay with the present record.
     void SetModel(CATWBAllDataBuffer* record) override;
     CATDlgPushButton* GetCloseButton() override;
 
@@ -39,7 +47,9 @@ private:
     void BuildPages();
     void BuildMassTypes(CATDlgTabContainer* tabs);
     void BuildValues(CATDlgTabContainer* tabs);
+    void BuildStatedValues(CATDlgTabPage* page, int row);
     void BuildInertia(CATDlgTabContainer* tabs);
+    void BuildStatedInertia(CATDlgTabPage* page, int row);
     void BuildSum(CATDlgTabContainer* tabs);
     void BuildShares(CATDlgTabPage* page);
     void BuildImposed(CATDlgTabContainer* tabs);
@@ -47,6 +57,7 @@ private:
     void BuildDocuments(CATDlgTabContainer* tabs);
     void BuildProperties(CATDlgTabContainer* tabs);
     void BuildPosition(CATDlgTabContainer* tabs);
+    void BuildChanges(CATDlgTabContainer* tabs);
     void BuildComputeBar();
     void BuildLastLine();
 
@@ -57,14 +68,25 @@ private:
     /// Shows what was read, in the current units.
     void ShowRecord(WBTableWriter write);
     void ShowSelectedMassType(WBShowing& showing);
+    void ShowFieldsOfSelectedMassType();
+    void ShowSelectedProperty(WBShowing& showing);
     void ShowMaterial(WBShowing& showing);
     void ShowDocuments(WBShowing& showing);
     /// The active mass type's row of the table, 0 where it has none.
     int ActiveRow() const;
     /// Shows the mass type in that row of the table on the pages of one mass type; 0: none.
     void SelectMassType(int row);
+    /// The same for a property.
+    void SelectProperty(int row);
     /// The same mass type in a record that lists it; else null.
     const WBPanelMassType* SelectedIn(const WBPanelRecord& record) const;
+
+    /// What the form edits: the selected mass type and property.
+    void EditSelected();
+    /// Reads the record anew from the server, and shows it in the place of what stands there.
+    void ShowAnew();
+    void HearOfServerCall(const CATUnicodeString& method);
+    void LookAtChanges();
 
     void Compute();
     /// The server's answer; nothing, after a box, when it is none.
@@ -77,13 +99,19 @@ private:
     std::optional<WBComputationChoice> m_computed;
     CATUnicodeString m_request; // of the values that are shown
     int m_selectedRow = 0;      // of the mass type that the pages of one mass type show
+    int m_selectedProperty = 0; // from 1; 0: none
 
     // Controls belong to the controls that they stand in.
     std::vector<WBFactLabel<WBPanelSummary>> m_summary;
     CATDlgLabel* m_upToDate = nullptr;
     CATDlgLabel* m_unusualSum = nullptr;
+    CATDlgTabContainer* m_tabs = nullptr;
     CATDlgMultiList* m_massTypes = nullptr;
     std::vector<WBFactLabel<WBSetFacts>> m_set;
+    CATDlgFrame* m_statedValues = nullptr;
+    CATDlgLabel* m_whyNoValues = nullptr;
+    CATDlgFrame* m_statedInertia = nullptr;
+    CATDlgLabel* m_whyNoInertia = nullptr;
     CATDlgMultiList* m_setFigures = nullptr;
     std::vector<WBFactLabel<WBInertiaFacts>> m_inertiaFacts;
     CATDlgMultiList* m_inertia = nullptr;
@@ -101,11 +129,16 @@ private:
     std::vector<WBFactLabel<WBDocumentFacts>> m_documents;
     CATDlgMultiList* m_revisions = nullptr;
     CATDlgMultiList* m_properties = nullptr;
+    std::vector<WBFactLabel<WBPropertyFacts>> m_property;
     CATDlgLabel* m_placementWords = nullptr;
     CATDlgMultiList* m_placement = nullptr;
     CATDlgLabel* m_marks = nullptr;
     CATDlgPushButton* m_close = nullptr;
     std::unique_ptr<WBComputeBar> m_computeBar;
+    std::unique_ptr<WBChangesPage> m_changes;
+    WBPanelEditing m_editing;
 
-    WBUnitWatch m_unitWatch; // last: it goes before what it writes to
+    // Last: they go before what they write to.
+    WBUnitWatch m_unitWatch;
+    CATServerCallWatch m_serverWatch;
 };

@@ -2,21 +2,16 @@
 
 #include <string>
 
-namespace
-{
-
-void AddCaption(CATDialog* parent, const char* name, int row, int column)
+void WBAddCaption(CATDialog* parent, const char* name, int row, int column)
 {
     auto* caption = new CATDlgLabel(parent, std::string(name) + "Label");
     caption->SetRole(CATDlgLabel::Role::Caption);
     caption->SetPlacement(row, column);
 }
 
-} // namespace
-
 CATDlgLabel* WBAddFact(CATDialog* parent, const char* name, int row, int column, int valueColumns)
 {
-    AddCaption(parent, name, row, column);
+    WBAddCaption(parent, name, row, column);
     auto* value = new CATDlgLabel(parent, name);
     value->SetPlacement(row, column + 1, 1, valueColumns);
     return value;
@@ -24,7 +19,7 @@ CATDlgLabel* WBAddFact(CATDialog* parent, const char* name, int row, int column,
 
 CATDlgCombo* WBAddChoice(CATDialog* parent, const char* name, int row, int column)
 {
-    AddCaption(parent, name, row, column);
+    WBAddCaption(parent, name, row, column);
     auto* combo = new CATDlgCombo(parent, name);
     combo->SetPlacement(row, column + 1);
     return combo;

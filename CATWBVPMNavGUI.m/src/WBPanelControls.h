@@ -8,6 +8,8 @@
 inline constexpr int kWBPlainFrame = 0x80001; // no title, no border
 inline constexpr int kWBOwnSize = 4;
 
+/// A caption; its text comes from the resources, by the name with "Label" behind it.
+void WBAddCaption(CATDialog* parent, const char* name, int row, int column);
 /// Caption and value, side by side from `column` on. The caption's text comes from the resources.
 CATDlgLabel* WBAddFact(CATDialog* parent, const char* name, int row, int column = 0,
                        int valueColumns = 1);

@@ -80,6 +80,14 @@ struct WBMaterialFacts
 };
 WBMaterialFacts WBReadMaterialFacts(const WBPanelRecord& record);
 
+/// The property at a position from 1; 0: none.
+struct WBPropertyFacts
+{
+    CATUnicodeString heading; ///< which property it is
+    CATUnicodeString value;
+};
+WBPropertyFacts WBReadPropertyFacts(const WBPanelRecord& record, int position);
+
 struct WBDocumentFacts
 {
     CATUnicodeString active;

@@ -121,3 +121,18 @@ WBPanelTable WBPropertyTable(const WBPanelRecord& record)
     }
     return table;
 }
+
+WBPropertyFacts WBReadPropertyFacts(const WBPanelRecord& record, int position)
+{
+    const auto index = static_cast<std::size_t>(position) - 1;
+    if (position < 1 || index >= record.properties.size()) {
+        return {WBPanelText("Property.None", "@Select a property to change its value."),
+                WBOrDash({})};
+    }
+    const WBPanelProperty& property = record.properties[index];
+    const CATUnicodeString value = WBPropertyText(property, record.dateFormat);
+    const CATUnicodeString unit = UnitText(property);
+    return {WBPanelText("Property.Heading", "@/p1, of the /p2",
+                        {property.name, OwnerText(property.owner)}),
+            WBOrDash(value.IsEmpty() || unit.IsEmpty() ? value : value + " " + unit)};
+}
