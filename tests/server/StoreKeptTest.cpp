@@ -1,3 +1,4 @@
+#include "OlderTables.h"
 #include "ServerTesting.h"
 #include "SqlConnection.h"
 #include "WBStore.h"
@@ -35,6 +36,12 @@ protected:
     }
 
     std::string Path() const { return m_directory.File("x.db"); }
+    void MakeFirstVersion()
+    {
+        SqlConnection other(Path());
+        ASSERT_EQ(other.Run(wbtest::kToSecondVersion), SQLITE_OK);
+        ASSERT_EQ(other.Run(wbtest::kToFirstVersion), SQLITE_OK);
+    }
     void Import(const std::string& table, const std::string& replace = {})
     {
         const auto read = ReadProductTable(table, "t.csv", {}, *m_store);
@@ -233,9 +240,7 @@ TEST_F(StoreKept, AllResultsAreKeptOrNone)
 TEST_F(StoreKept, FileOfTheFirstVersionIsBroughtUp)
 {
     m_store.reset();
-    const char* const toFirst =
-        "DROP TABLE kept_result; DROP TABLE outdated_set; PRAGMA user_version = 1";
-    ASSERT_EQ(SqlConnection(Path()).Run(toFirst), SQLITE_OK);
+    MakeFirstVersion();
     m_store = Store::Open(Path()).store;
     ASSERT_NE(m_store, nullptr);
     EXPECT_EQ(m_store->Roots().size(), 2U);
@@ -247,9 +252,7 @@ TEST_F(StoreKept, FileOfTheFirstVersionIsBroughtUp)
 TEST_F(StoreKept, FileOfTheFirstVersionThatIsLockedWorksWithoutKeeping)
 {
     m_store.reset();
-    ASSERT_EQ(SqlConnection(Path()).Run(
-                  "DROP TABLE kept_result; DROP TABLE outdated_set; PRAGMA user_version = 1"),
-              SQLITE_OK);
+    MakeFirstVersion();
     {
         SqlConnection other(Path());
         ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
@@ -264,9 +267,7 @@ TEST_F(StoreKept, FileOfTheFirstVersionThatIsLockedWorksWithoutKeeping)
 TEST_F(StoreKept, CopyBringsUpItselfAndLeavesTheFile)
 {
     m_store.reset();
-    ASSERT_EQ(SqlConnection(Path()).Run(
-                  "DROP TABLE kept_result; DROP TABLE outdated_set; PRAGMA user_version = 1"),
-              SQLITE_OK);
+    MakeFirstVersion();
     const auto copy = Store::OpenCopy(Path());
     ASSERT_NE(copy.store, nullptr);
     EXPECT_TRUE(copy.store->Keep({{1, "k", 1, "x"}}, "ann"));

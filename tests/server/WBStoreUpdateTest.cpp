@@ -58,7 +58,8 @@ protected:
     std::vector<std::string> Facts(std::size_t entry, std::string ChangedFact::*side)
     {
         std::vector<std::string> lines;
-        for (const ChangedFact& fact : m_store->History().at(entry).changes) {
+        const HistoryEntry found = m_store->History().at(entry);
+        for (const ChangedFact& fact : found.changes) {
             lines.push_back(fact.What() + ": " + fact.*side);
         }
         return lines;
