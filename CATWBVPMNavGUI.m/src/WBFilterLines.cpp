@@ -100,9 +100,6 @@ bool WBFilterLines::Add(const WBPickedInstance& picked)
         WriteRow(row); // one alone: a user may pick thousands at once, and they come one by one
     }
     m_list->SelectRow(row);
-    if (isNew) {
-        TellChange();
-    }
     ShowWhatCanBeDone();
     return isNew;
 }
@@ -150,7 +147,7 @@ void WBFilterLines::Toggle()
     WBFilterLine& line = m_lines[static_cast<std::size_t>(row) - 1];
     line.isIn = !line.isIn;
     WriteRow(row);
-    TellChange();
+    Send(Changed);
 }
 
 void WBFilterLines::Move(int by)
@@ -162,7 +159,7 @@ void WBFilterLines::Move(int by)
     WriteRow(row + by);
     m_list->SelectRow(row + by);
     ShowWhatCanBeDone();
-    TellChange();
+    Send(Changed);
 }
 
 void WBFilterLines::Remove()
@@ -172,7 +169,7 @@ void WBFilterLines::Remove()
     WBShowTable(*m_list, Table());
     m_list->SelectRow(std::min(row, m_list->RowCount()));
     ShowWhatCanBeDone();
-    TellChange();
+    Send(Changed);
 }
 
 void WBFilterLines::ShowWhatCanBeDone()
@@ -182,9 +179,4 @@ void WBFilterLines::ShowWhatCanBeDone()
     m_up->SetSensitivity(row > 1);
     m_down->SetSensitivity(row > 0 && row < m_list->RowCount());
     m_remove->SetSensitivity(row > 0);
-}
-
-void WBFilterLines::TellChange()
-{
-    Send(Changed);
 }

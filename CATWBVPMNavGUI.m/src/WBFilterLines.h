@@ -12,7 +12,7 @@ class WBFilterLines : public CATDlgFrame
 public:
     explicit WBFilterLines(CATDialog* window);
 
-    static const CATEvent Changed; ///< the user changed the lines
+    static const CATEvent Changed; ///< the user changed lines by the buttons here
 
     /// Shows the lines of a filter of that root, as the product is now.
     void Show(const CATUnicodeString& root, std::vector<WBFilterLine> lines);
@@ -32,7 +32,6 @@ private:
     void Move(int by);
     void Remove();
     void ShowWhatCanBeDone();
-    void TellChange();
 
     CATUnicodeString m_root;
     std::vector<WBFilterLine> m_lines;

@@ -1,17 +1,18 @@
 #include "WBFilterPanel.h"
 
 #include "WBFilterLines.h"
+#include "WBFilterPick.h"
 #include "WBFilterSettings.h"
 #include "WBNavigatorPlaces.h"
 #include "WBPanelControls.h"
 #include "WBPanelTexts.h"
-#include "WBPickedInstances.h"
 #include "WBRootFilter.h"
 
 #include "CATDlgNotify.h"
 #include "CATWBServices.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace
 {
@@ -31,20 +32,6 @@ CATUnicodeString NameOfEntry(const WBFilterSet::Entry& entry)
 bool HasDamaged(const WBFilterSet& set)
 {
     return std::ranges::any_of(set.entries, &WBFilterSet::Entry::IsDamaged);
-}
-
-/// Whether a pick says what its count says, in names that a filter can hold.
-bool IsUsable(const WBPickedInstance& picked, const CATUnicodeString& path)
-{
-    CATUnicodeString whole;
-    for (const CATUnicodeString& name : picked.path) {
-        if (name.IsEmpty() || !WBMayEnterRequests(name)) {
-            return false;
-        }
-        whole += (whole.IsEmpty() ? "" : "|") + name;
-    }
-    return whole == path && !picked.instance.IsEmpty() && WBMayEnterRequests(picked.instance) &&
-           WBMayEnterRequests(picked.part) && WBMayEnterRequests(picked.version);
 }
 
 } // namespace
@@ -204,8 +191,9 @@ void WBFilterPanel::AddValuesInMultiList(const CATUnicodeString& instance,
             CATDlgLabel::Role::Warning);
         return;
     }
-    const WBPickedInstance picked = WBReadPickedInstance(instance, part, version, path, count);
-    if (!IsUsable(picked, path)) {
+    const std::optional<WBPickedInstance> picked =
+        WBReadFilterPick(instance, part, version, path, count);
+    if (!picked) {
         Say(WBFilterText("Unusable.Text",
                          "@\"/p1\" was not added: what the server says of it cannot stand in a "
                          "filter.",
@@ -216,9 +204,13 @@ void WBFilterPanel::AddValuesInMultiList(const CATUnicodeString& instance,
     if (ShownFilter() == nullptr) {
         BeginFilter();
     }
-    if (!m_lines->Add(picked)) {
+    if (!m_lines->Add(*picked)) {
         Say(WBFilterText("Known.Text", "@/p1 is in the list already.", {instance}));
+        return;
     }
+    ShownFilter()->lines.push_back(m_lines->Lines().back());
+    Say({});
+    ShowRest();
 }
 
 WBDefinedFilter* WBFilterPanel::ShownFilter()

@@ -2,6 +2,7 @@
 
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATMsgCatalog.h"
+#include "WBFilterPick.h"
 #include "WBRootFilter.h"
 
 #include <algorithm>
@@ -19,14 +20,6 @@ WBFilterSet::Entry ReadEntry(const CATUnicodeString& text)
 CATUnicodeString TextOf(const WBFilterSet::Entry& entry)
 {
     return entry.IsDamaged() ? entry.damaged : WBDefinedFilterText(entry.filter);
-}
-
-bool IsControl(char byte)
-{
-    constexpr unsigned char kFirstPrintable = 0x20;
-    constexpr unsigned char kDelete = 0x7f;
-    const auto code = static_cast<unsigned char>(byte);
-    return code < kFirstPrintable || code == kDelete;
 }
 
 bool IsCalled(const WBFilterSet& set, const CATUnicodeString& name)
@@ -159,12 +152,6 @@ CATUnicodeString WBNameProblem(const CATUnicodeString& name)
                      "@\"/p1\" cannot be the name of a filter: a name must not hold \"|\", "
                      "control characters or \"/p2\", nor be \"~\" or \"__null__\".",
                      {name, CATENOWBCSCommonDefinitions::errMsgHeader});
-}
-
-bool WBMayEnterRequests(const CATUnicodeString& text)
-{
-    return std::ranges::none_of(text.View(), IsControl) && !text.Contains("|") && text != "~" &&
-           text != "__null__" && !text.Contains(CATENOWBCSCommonDefinitions::errMsgHeader);
 }
 
 CATUnicodeString WBFilterText(const char* key, const char* defaultText,

@@ -50,8 +50,6 @@ struct WBFilterProblem
 WBFilterProblem WBProblemOf(const WBFilterSet& set);
 /// Why a filter must not be called so; empty: it may.
 CATUnicodeString WBNameProblem(const CATUnicodeString& name);
-/// Whether a text may stand in a request, which has no way to write a "|".
-bool WBMayEnterRequests(const CATUnicodeString& text);
 
 /// The filter panel's message `key`, `defaultText` where no catalog has it; "/p1", ... are
 /// replaced.

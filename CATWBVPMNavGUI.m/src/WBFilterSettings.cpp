@@ -2,8 +2,8 @@
 
 #include "CATSettingRepository.h"
 #include "CATStatus.h"
+#include "WBFilterPick.h"
 #include "WBNavigatorPlaces.h"
-#include "WBPickedInstances.h"
 #include "WBRootFilter.h"
 
 #include <optional>
@@ -97,8 +97,13 @@ bool WBIsValidInFilter(const CATUnicodeString& rootIdentifier, const CATUnicodeS
 {
     const std::optional<WBDefinedFilter> filter =
         WBReadDefinedFilter(WBFilterOfRoot(rootIdentifier));
+    if (filter->lines.empty()) {
+        return true;
+    }
+    const std::optional<WBPickedInstance> picked =
+        WBReadFilterPick(instance, part, version, path, count);
     const auto find = [&](const std::vector<CATUnicodeString>& names) {
         return WBFindInNavigator(rootIdentifier, names);
     };
-    return WBLeavesIn(*filter, WBReadPickedInstance(instance, part, version, path, count), find);
+    return picked && WBLeavesIn(*filter, *picked, find);
 }

@@ -16,8 +16,8 @@ WBFilterSet WBKeptFilters(const CATUnicodeString& rootIdentifier);
 bool WBKeepFilters(const CATUnicodeString& rootIdentifier, const WBFilterSet& set);
 
 /// Whether the filter that counts for the root leaves a picked instance in, or at least something
-/// below it; true without a filter. The arguments are those of a pick: `count` instance names from
-/// the parent up to just below the root, joined by "|".
+/// below it; true without a filter, false for a pick that cannot be read. The arguments are those
+/// of a pick: `count` instance names from the parent up to just below the root, joined by "|".
 bool WBIsValidInFilter(const CATUnicodeString& rootIdentifier, const CATUnicodeString& instance,
                        const CATUnicodeString& part, const CATUnicodeString& version, int count,
                        const CATUnicodeString& path);

@@ -1,0 +1,783 @@
+#include "FilterPanelSession.h"
+#include "WBRootFilter.h"
+
+#include <chrono>
+
+extern "C" void CATWBVPMNavGUIRegister();
+
+namespace
+{
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr const char* kWing = "1|No wing|X|WNG-000.1|WNG-000|A|0";
+constexpr const char* kFront = "1|Front alone|I|FUS-100.1|FUS-100|A|1|FUS-000.1";
+constexpr const char* kDamaged = "2|No wing|X|WNG-000.1|WNG-000|A|0";
+
+/// A filter panel in a session with a main window.
+class WBFilterPanelTest : public FilterSession
+{
+protected:
+    WBFilterPanelTest()
+    {
+        m_window = new CATDlgDialog(&CATSession::Root(), "Main", 0x4001);
+        m_table = CATWBVPMNavGUISetTable({});
+        CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) {
+            boxes.push_back({box.title.ToStdString(), box.text.ToStdString(), box.style});
+            return std::optional(answer);
+        });
+    }
+    ~WBFilterPanelTest() override
+    {
+        CATSession::Close();
+        CATDlgNotify::SetAnswerer({});
+        CATWBVPMNavGUISetTable(m_table);
+        CATWBVPMNavFilterPanel::selectedPRCConfigHandler = "NoConfig";
+    }
+
+    /// As the command opens it.
+    void Open(const char* root = "LA1")
+    {
+        panel = new WBFilterPanel(m_window);
+        panel->SetPRCId(root);
+        panel->Build();
+        panel->SetVisibility(true);
+        Settle();
+    }
+    void Pick(const char* instance, const char* part = "P", const char* path = "",
+              int count = 0) const
+    {
+        panel->AddValuesInMultiList(instance, part, "A", path, count);
+    }
+    void PickWing() const { Pick("WNG-000.1", "WNG-000"); }
+    void PickFuselage() const { Pick("FUS-000.1", "FUS-000"); }
+    void PickFront() const { Pick("FUS-100.1", "FUS-100", "FUS-000.1", 1); }
+    template <class T>
+    T* Find(const char* name) const
+    {
+        return FindBelow<T>(*panel, name);
+    }
+    CATDlgMultiList* List() const { return Find<CATDlgMultiList>("List"); }
+    std::vector<std::string> Row(int row) const
+    {
+        std::vector<std::string> cells;
+        for (int column = 0; column < List()->ColumnCount(); ++column) {
+            cells.push_back(List()->Cell(column, row).ToStdString());
+        }
+        return cells;
+    }
+    /// Instance and in or out, line by line.
+    std::vector<std::string> Lines() const
+    {
+        std::vector<std::string> lines;
+        for (int row = 1; row <= List()->RowCount(); ++row) {
+            lines.push_back(Row(row)[1] + " " + Row(row)[0]);
+        }
+        return lines;
+    }
+    std::vector<std::string> Filters() const
+    {
+        const auto* combo = Find<CATDlgCombo>("Filter");
+        std::vector<std::string> lines;
+        for (int line = 0; line < combo->LineCount(); ++line) {
+            lines.push_back(combo->Line(line).ToStdString());
+        }
+        return lines;
+    }
+    std::string Chosen() const
+    {
+        const auto* combo = Find<CATDlgCombo>("Filter");
+        return combo->Line(combo->SelectedIndex()).ToStdString();
+    }
+    std::string Text(const char* label) const
+    {
+        return Find<CATDlgLabel>(label)->Title().ToStdString();
+    }
+    std::string Name() const { return Find<CATDlgEditor>("Name")->Text().ToStdString(); }
+    bool IsOn() const { return Find<CATDlgCheckButton>("On")->IsChecked(); }
+    bool IsUsable(const char* name) const
+    {
+        return panel->Widget()->findChild<QWidget*>(name)->isEnabled();
+    }
+    void Click(const char* name) const
+    {
+        auto* button = panel->Widget()->findChild<QAbstractButton*>(name);
+        ASSERT_TRUE(button->isEnabled()) << name;
+        button->click();
+        Settle();
+    }
+    void Choose(const char* combo, int line) const
+    {
+        qobject_cast<QComboBox*>(Find<CATDlgCombo>(combo)->Widget())->setCurrentIndex(line);
+        Settle();
+    }
+    void TypeName(const char* text) const
+    {
+        auto* editor = Find<CATDlgEditor>("Name");
+        editor->SetText(text);
+        editor->Send(CATDlgEditor::Modified);
+    }
+    static std::string Handler()
+    {
+        return CATWBVPMNavFilterPanel::selectedPRCConfigHandler.ToStdString();
+    }
+
+    struct Box
+    {
+        std::string title;
+        std::string text;
+        int style;
+    };
+    static constexpr int kErrorStyle = 0x10000000;
+    static constexpr int kYes = 1;
+    static constexpr int kNo = 2;
+    static constexpr int kCancel = 5;
+
+    WBFilterPanel* panel = nullptr;
+    std::vector<Box> boxes;
+    int answer = kYes;
+
+    CATDlgDialog* Window() const { return m_window; }
+
+private:
+    CATDlgDialog* m_window = nullptr;
+    CATWBVPMNavGUITable m_table;
+};
+
+} // namespace
+
+TEST_F(WBFilterPanelTest, IsMadeThroughTheTableHiddenAndWithoutControls)
+{
+    Store("LA1.Filter", kWing);
+    CATWBVPMNavGUIRegister();
+    CATWBVPMNavFilterPanel* made = CATWBVPMNavFilterPanel::Create(Window());
+    ASSERT_NE(made, nullptr);
+    EXPECT_STREQ(made->ClassName(), "WBFilterPanel");
+    EXPECT_EQ(made->Name(), "CATWBVPMNavFilterPanel");
+    EXPECT_EQ(made->Parent(), Window());
+    EXPECT_EQ(made->GetResourceFilename(0), "CATWBVPMNavFilterPanel");
+    EXPECT_EQ(made->GetResourceFilename(1), "");
+    EXPECT_FALSE(made->IsVisible());
+    EXPECT_EQ(made->ChildCount(), 0);
+    made->AddValuesInMultiList("A.1", "A", "A", "", 0); // nowhere to put it yet
+    EXPECT_EQ(made->ChildCount(), 0);
+    EXPECT_EQ(made->GetOkButton(), nullptr);
+    EXPECT_EQ(made->GetCancelButton(), nullptr);
+    EXPECT_FALSE(CATWBVPMNavFilterPanel::IsValid("LA1", "WNG-000.1", "WNG-000", "A", 0, ""));
+    EXPECT_TRUE(CATWBVPMNavFilterPanel::IsValid("LA1", "FUS-000.1", "FUS-000", "A", 0, ""));
+}
+
+TEST_F(WBFilterPanelTest, OpensEmptyWhereThereAreNoFilters)
+{
+    Open();
+    EXPECT_EQ(panel->Title(), "Filters");
+    EXPECT_EQ(Text("Product"), "LA1");
+    EXPECT_EQ(Text("Counting"), "No filter");
+    EXPECT_THAT(Filters(), IsEmpty());
+    EXPECT_EQ(List()->RowCount(), 0);
+    EXPECT_EQ(Text("Rest"), "");
+    EXPECT_EQ(Text("Word"), "");
+    for (const char* name : {"Filter", "DeleteButton", "Name", "On", "ToggleButton", "UpButton",
+                             "DownButton", "RemoveButton"}) {
+        EXPECT_FALSE(IsUsable(name)) << name;
+    }
+    EXPECT_TRUE(IsUsable("NewButton"));
+    EXPECT_EQ(Handler(), "NoConfig");
+}
+
+TEST_F(WBFilterPanelTest, WithoutARootThereIsNothingToFilter)
+{
+    panel = new WBFilterPanel(Window());
+    panel->Build();
+    panel->SetVisibility(true);
+    EXPECT_EQ(Text("Product"), "–");
+    EXPECT_FALSE(IsUsable("NewButton"));
+    Pick("A.1");
+    EXPECT_EQ(List()->RowCount(), 0);
+    EXPECT_EQ(Text("Word"), "A.1 was not added: it is no part of –.");
+    Click("OkButton");
+    EXPECT_THAT(boxes, IsEmpty());
+}
+
+TEST_F(WBFilterPanelTest, FirstPickBeginsAFilterThatIsOn)
+{
+    Open();
+    PickFront();
+    EXPECT_THAT(Filters(), ElementsAre("Filter 1"));
+    EXPECT_EQ(Name(), "Filter 1");
+    EXPECT_TRUE(IsOn());
+    EXPECT_EQ(Text("Counting"), "Filter 1");
+    ASSERT_EQ(List()->RowCount(), 1);
+    EXPECT_THAT(Row(1), ElementsAre("out", "FUS-100.1", "FUS-100", "A", "Front fuselage",
+                                    "LA1/FUS-000.1/FUS-100.1"));
+    EXPECT_EQ(List()->SelectedRow(), 1);
+    // Nothing of it counts before OK.
+    EXPECT_EQ(WBFilterOfRoot("LA1"), "0|No Filter");
+    EXPECT_EQ(Handler(), "NoConfig");
+}
+
+TEST_F(WBFilterPanelTest, OkKeepsWhatWasDefinedToDisk)
+{
+    Open();
+    PickWing();
+    TypeName(" No wing ");
+    EXPECT_THAT(Filters(), ElementsAre("No wing"));
+    EXPECT_EQ(Text("Counting"), "No wing");
+    Click("OkButton");
+    EXPECT_THAT(boxes, IsEmpty());
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(Handler(), "No wing");
+    BeginNewSession();
+    EXPECT_EQ(Stored("LA1.Filter"), kWing);
+    EXPECT_THAT(AllStored("LA1.Filters"), ElementsAre(kWing));
+    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "No wing");
+    Settings().Rollback(); // kept for good
+    EXPECT_EQ(Stored("LA1.Filter"), kWing);
+}
+
+TEST_F(WBFilterPanelTest, CommittedFiltersOutliveARollback)
+{
+    Open();
+    PickWing();
+    Click("OkButton");
+    Settings().Rollback();
+    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "Filter 1");
+}
+
+TEST_F(WBFilterPanelTest, OpensOnTheFilterThatCounts)
+{
+    Store("LA1.Filter", kFront);
+    StoreAll("LA1.Filters", {kWing, kFront});
+    Open();
+    EXPECT_THAT(Filters(), ElementsAre("No wing", "Front alone"));
+    EXPECT_EQ(Chosen(), "Front alone");
+    EXPECT_EQ(Text("Counting"), "Front alone");
+    EXPECT_TRUE(IsOn());
+    EXPECT_THAT(Lines(), ElementsAre("FUS-100.1 in"));
+    EXPECT_EQ(Handler(), "Front alone");
+    Choose("Filter", 0);
+    EXPECT_EQ(Name(), "No wing");
+    EXPECT_FALSE(IsOn());
+    EXPECT_EQ(Text("Counting"), "Front alone");
+    EXPECT_THAT(Lines(), ElementsAre("WNG-000.1 out"));
+}
+
+TEST_F(WBFilterPanelTest, OpensOnTheFirstWhereNoneCounts)
+{
+    StoreAll("LA1.Filters", {kWing, kFront});
+    Open();
+    EXPECT_EQ(Chosen(), "No wing");
+    EXPECT_FALSE(IsOn());
+    EXPECT_EQ(Text("Counting"), "No filter");
+    EXPECT_EQ(Handler(), "NoConfig");
+}
+
+TEST_F(WBFilterPanelTest, SwitchedOffFilterIsNotLost)
+{
+    Store("LA1.Filter", kWing);
+    Open();
+    Click("On");
+    EXPECT_EQ(Text("Counting"), "No filter");
+    Click("OkButton");
+    EXPECT_EQ(Handler(), "NoConfig");
+    BeginNewSession();
+    EXPECT_EQ(Stored("LA1.Filter"), "0|No Filter");
+    EXPECT_THAT(AllStored("LA1.Filters"), ElementsAre(kWing));
+    panel->SetCurrentFilters();
+    EXPECT_EQ(Name(), "No wing");
+    EXPECT_FALSE(IsOn());
+    Click("On");
+    panel->SetVisibility(true);
+    Click("OkButton");
+    EXPECT_EQ(Stored("LA1.Filter"), kWing);
+}
+
+TEST_F(WBFilterPanelTest, OneFilterAtMostIsOn)
+{
+    Store("LA1.Filter", kFront);
+    StoreAll("LA1.Filters", {kWing, kFront});
+    Open();
+    Choose("Filter", 0);
+    Click("On");
+    EXPECT_EQ(Text("Counting"), "No wing");
+    Choose("Filter", 1);
+    EXPECT_FALSE(IsOn());
+    Click("OkButton");
+    EXPECT_EQ(Stored("LA1.Filter"), kWing);
+    EXPECT_THAT(AllStored("LA1.Filters"), ElementsAre(kWing, kFront));
+}
+
+TEST_F(WBFilterPanelTest, FiltersAreAddedAndDeleted)
+{
+    Store("LA1.Filter", kFront);
+    Open();
+    Click("NewButton");
+    EXPECT_THAT(Filters(), ElementsAre("Front alone", "Filter 1"));
+    EXPECT_EQ(Name(), "Filter 1");
+    EXPECT_FALSE(IsOn()); // another one is
+    PickWing();
+    EXPECT_THAT(Lines(), ElementsAre("WNG-000.1 out"));
+    Choose("Filter", 0);
+    EXPECT_THAT(Lines(), ElementsAre("FUS-100.1 in"));
+    Click("DeleteButton");
+    EXPECT_THAT(Filters(), ElementsAre("Filter 1"));
+    EXPECT_EQ(Chosen(), "Filter 1");
+    EXPECT_EQ(Text("Counting"), "No filter");
+    Click("DeleteButton");
+    EXPECT_THAT(Filters(), IsEmpty());
+    EXPECT_EQ(Name(), "");
+    Click("OkButton");
+    EXPECT_EQ(Stored("LA1.Filter"), "0|No Filter");
+    EXPECT_THAT(AllStored("LA1.Filters"), IsEmpty());
+}
+
+TEST_F(WBFilterPanelTest, NewLinesAreLeftOutOrInAsTheUserChose)
+{
+    Open();
+    PickFuselage();
+    Choose("NewLines", 1);
+    PickFront();
+    EXPECT_THAT(Lines(), ElementsAre("FUS-000.1 out", "FUS-100.1 in"));
+    Choose("NewLines", 0);
+    PickWing();
+    EXPECT_EQ(Lines().back(), "WNG-000.1 out");
+}
+
+TEST_F(WBFilterPanelTest, LinesAreTurnedMovedAndRemoved)
+{
+    Open();
+    PickFuselage();
+    PickFront();
+    PickWing();
+    EXPECT_EQ(List()->SelectedRow(), 3);
+    EXPECT_TRUE(IsUsable("UpButton"));
+    EXPECT_FALSE(IsUsable("DownButton"));
+    Click("ToggleButton");
+    EXPECT_THAT(Lines(), ElementsAre("FUS-000.1 out", "FUS-100.1 out", "WNG-000.1 in"));
+    Click("UpButton");
+    EXPECT_THAT(Lines(), ElementsAre("FUS-000.1 out", "WNG-000.1 in", "FUS-100.1 out"));
+    EXPECT_EQ(List()->SelectedRow(), 2);
+    EXPECT_TRUE(IsUsable("DownButton"));
+    Click("UpButton");
+    EXPECT_FALSE(IsUsable("UpButton"));
+    EXPECT_THAT(Lines(), ElementsAre("WNG-000.1 in", "FUS-000.1 out", "FUS-100.1 out"));
+    Click("DownButton");
+    EXPECT_THAT(Lines(), ElementsAre("FUS-000.1 out", "WNG-000.1 in", "FUS-100.1 out"));
+    Click("ToggleButton");
+    Click("RemoveButton");
+    EXPECT_THAT(Lines(), ElementsAre("FUS-000.1 out", "FUS-100.1 out"));
+    EXPECT_EQ(List()->SelectedRow(), 2);
+    Click("RemoveButton");
+    EXPECT_EQ(List()->SelectedRow(), 1);
+    TypeName("Rest");
+    Click("OkButton");
+    EXPECT_EQ(Stored("LA1.Filter"), "1|Rest|X|FUS-000.1|FUS-000|A|0");
+}
+
+TEST_F(WBFilterPanelTest, ButtonsFollowTheRowThatTheUserSelects)
+{
+    Open();
+    PickFuselage();
+    PickFront();
+    ViewOf(*List())->selectRow(0);
+    Settle();
+    EXPECT_FALSE(IsUsable("UpButton"));
+    EXPECT_TRUE(IsUsable("DownButton"));
+    Click("RemoveButton");
+    Click("RemoveButton");
+    for (const char* name : {"ToggleButton", "UpButton", "DownButton", "RemoveButton"}) {
+        EXPECT_FALSE(IsUsable(name)) << name;
+    }
+}
+
+TEST_F(WBFilterPanelTest, WindowSaysWhichLineWinsAndWhatTheRestIs)
+{
+    Open();
+    EXPECT_THAT(Text("Rule"), HasSubstr("everything below it"));
+    EXPECT_THAT(Text("Rule"), HasSubstr("the last one wins"));
+    PickWing();
+    EXPECT_EQ(Text("Rest"), "What no line is about is left in.");
+    PickFront();
+    Click("ToggleButton");
+    EXPECT_EQ(Text("Rest"), "What no line is about is left out.");
+    Click("RemoveButton");
+    EXPECT_EQ(Text("Rest"), "What no line is about is left in.");
+    Click("RemoveButton");
+    EXPECT_EQ(Text("Rest"), "");
+}
+
+TEST_F(WBFilterPanelTest, InstanceIsInTheListOnce)
+{
+    Open();
+    PickFront();
+    PickWing();
+    PickFront();
+    EXPECT_EQ(List()->RowCount(), 2);
+    EXPECT_EQ(List()->SelectedRow(), 1);
+    EXPECT_FALSE(IsUsable("UpButton"));
+    EXPECT_EQ(Text("Word"), "FUS-100.1 is in the list already.");
+    Pick("FUS-100.1", "FUS-100", "OTH-000.1", 1); // the same part elsewhere
+    EXPECT_EQ(List()->RowCount(), 3);
+    EXPECT_EQ(Text("Word"), "");
+}
+
+TEST_F(WBFilterPanelTest, PicksOfAnotherProductAreNotAdded)
+{
+    Open();
+    PickWing();
+    OpenSmallProduct("SC1");
+    Pick("A.1");
+    EXPECT_EQ(List()->RowCount(), 1);
+    EXPECT_EQ(Text("Word"), "A.1 was not added: it is no part of LA1.");
+}
+
+TEST_F(WBFilterPanelTest, PicksThatCannotBeReadAreNotAdded)
+{
+    Open();
+    Pick("A.1", "P", "B.1", 2);     // the count lies
+    Pick("A.1", "P", "B.1|C.1", 1); // so does this one
+    Pick("A.1", "P", "B.1", 0);
+    Pick("A.1", "P", "B.1", -1);
+    Pick("A.1", "P", "B.1||C.1", 3); // a name is missing
+    Pick("A.1", "P", "~|C.1", 2);
+    Pick("", "P");
+    Pick("~", "P");
+    Pick("A.1", "P\n");
+    panel->AddValuesInMultiList("A.1", "P", "__null__", "", 0);
+    Pick("A.1", "P", "", 2000000000);
+    EXPECT_THAT(Filters(), IsEmpty());
+    EXPECT_EQ(List()->RowCount(), 0);
+    EXPECT_THAT(Text("Word"), HasSubstr("\"A.1\" was not added"));
+}
+
+TEST_F(WBFilterPanelTest, LinesWhoseInstanceIsGoneOrReplacedSaySo)
+{
+    Store("LA1.Filter", "4|Old|X|GON-000.1|GON-000|A|0|X|WNG-000.1|WNG-001|A|0|"
+                        "X|SYS-100.1|SYS-100|A|1|SYS-000.1|X||LA1|A|0");
+    Open();
+    EXPECT_EQ(Row(1)[4], "(not in the product any more)");
+    EXPECT_EQ(Row(2)[4], "(is now WNG-000 A)");
+    EXPECT_EQ(Row(3)[4], ""); // nobody knows
+    EXPECT_EQ(Row(4)[4], "");
+    EXPECT_EQ(Row(4)[5], "LA1");
+}
+
+TEST_F(WBFilterPanelTest, CancelGivesUpWhatWasChanged)
+{
+    Store("LA1.Filter", kFront);
+    Open();
+    PickWing();
+    TypeName("Changed");
+    Click("NewButton");
+    EXPECT_EQ(panel->GetCancelButton(), Find<CATDlgPushButton>("CancelButton"));
+    Click("CancelButton");
+    EXPECT_THAT(boxes, IsEmpty());
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_FALSE(panel->IsDestructionRequested());
+    EXPECT_EQ(Stored("LA1.Filter"), kFront);
+    EXPECT_THAT(Filters(), ElementsAre("Front alone"));
+    EXPECT_THAT(Lines(), ElementsAre("FUS-100.1 in"));
+    EXPECT_EQ(Handler(), "Front alone");
+}
+
+TEST_F(WBFilterPanelTest, OkWithoutChangesWritesNothing)
+{
+    Store("LA1.Filter", kFront);
+    Open();
+    LockSettings();
+    EXPECT_EQ(panel->GetOkButton(), Find<CATDlgPushButton>("OkButton"));
+    Click("OkButton");
+    EXPECT_THAT(boxes, IsEmpty());
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_THAT(AllStored("LA1.Filters"), IsEmpty());
+}
+
+TEST_F(WBFilterPanelTest, SaveThatFailsIsToldAndLeavesThePanelOpen)
+{
+    Store("LA1.Filter", kFront);
+    Open();
+    PickWing();
+    LockSettings();
+    int heard = 0;
+    Window()->Subscribe(panel->GetOkButton(), CATDlgPushButton::Activated,
+                        [&heard](const CATNotification&) { ++heard; });
+    Click("OkButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "Filters");
+    EXPECT_THAT(boxes[0].text, HasSubstr("could not be written"));
+    EXPECT_EQ(boxes[0].style, kErrorStyle);
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(List()->RowCount(), 2);
+    EXPECT_EQ(WBFilterOfRoot("LA1"), kFront);
+    UnlockSettings();
+    Click("OkButton");
+    EXPECT_EQ(boxes.size(), 1U);
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(heard, 1);
+    BeginNewSession();
+    EXPECT_THAT(Stored("LA1.Filter"), testing::StartsWith("2|Front alone|"));
+}
+
+TEST_F(WBFilterPanelTest, NamesAreRefusedWithASentence)
+{
+    Open();
+    PickWing();
+    for (const char* name : {"", "  ", "A|B", "~", "__null__", "two\nlines", "No filter"}) {
+        boxes.clear();
+        TypeName(name);
+        const std::string sentence = Text("Word");
+        EXPECT_NE(sentence, "") << name;
+        Click("OkButton");
+        ASSERT_EQ(boxes.size(), 1U) << name;
+        EXPECT_EQ(boxes[0].text, sentence);
+        EXPECT_EQ(boxes[0].style, kErrorStyle);
+        EXPECT_TRUE(panel->IsVisible());
+    }
+    EXPECT_EQ(Stored("LA1.Filter"), "(none)");
+    TypeName("A/B");
+    EXPECT_EQ(Text("Word"), "");
+    Click("OkButton");
+    EXPECT_EQ(Handler(), "A/B");
+}
+
+TEST_F(WBFilterPanelTest, OkShowsTheFilterThatIsInTheWay)
+{
+    Open();
+    PickWing();
+    TypeName("Twice");
+    Click("NewButton");
+    TypeName("Twice");
+    Click("NewButton");
+    Click("OkButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_THAT(boxes[0].text, HasSubstr("\"Twice\""));
+    EXPECT_EQ(Find<CATDlgCombo>("Filter")->SelectedIndex(), 1);
+    TypeName("Once");
+    Click("On"); // and that one has no lines
+    Click("OkButton");
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_THAT(boxes[1].text, HasSubstr("\"Once\" is on and has no lines"));
+    PickFront();
+    Click("OkButton");
+    EXPECT_EQ(boxes.size(), 2U);
+    EXPECT_THAT(AllStored("LA1.Filters"),
+                ElementsAre("1|Twice|X|WNG-000.1|WNG-000|A|0",
+                            "1|Once|X|FUS-100.1|FUS-100|A|1|FUS-000.1", "0|Filter 1"));
+}
+
+TEST_F(WBFilterPanelTest, ClosingWithChangesAsks)
+{
+    Store("LA1.Filter", kFront);
+    Open();
+    panel->Widget()->close();
+    EXPECT_FALSE(panel->IsVisible()); // nothing was changed
+    EXPECT_THAT(boxes, IsEmpty());
+
+    panel->SetVisibility(true);
+    PickWing();
+    answer = kCancel;
+    panel->Widget()->close();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, "Shall the changes of the filters of LA1 be kept?");
+    EXPECT_EQ(boxes[0].style, CATDlgNotify::kQuestionWithCancel);
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(List()->RowCount(), 2);
+
+    answer = kNo;
+    panel->Widget()->close();
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(List()->RowCount(), 1);
+    EXPECT_EQ(Stored("LA1.Filter"), kFront);
+
+    panel->SetVisibility(true);
+    PickWing();
+    answer = kYes;
+    panel->Widget()->close();
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_THAT(Stored("LA1.Filter"), testing::StartsWith("2|Front alone|"));
+}
+
+TEST_F(WBFilterPanelTest, ClosingStaysOpenWhereChangesCannotBeKept)
+{
+    Open();
+    PickWing();
+    TypeName("");
+    panel->Widget()->close();
+    EXPECT_EQ(boxes.size(), 2U); // the question, then why not
+    EXPECT_TRUE(panel->IsVisible());
+}
+
+TEST_F(WBFilterPanelTest, CurrentFiltersAreReadAnew)
+{
+    Open();
+    PickWing();
+    Store("LA1.Filter", kFront);
+    panel->SetCurrentFilters();
+    EXPECT_THAT(Filters(), ElementsAre("Front alone"));
+    EXPECT_THAT(Lines(), ElementsAre("FUS-100.1 in"));
+    EXPECT_EQ(Handler(), "Front alone");
+    EXPECT_EQ(Text("Word"), "");
+}
+
+TEST_F(WBFilterPanelTest, SameRootAgainChangesNothingButTheHandler)
+{
+    Store("LA1.Filter", kFront);
+    Open();
+    PickWing();
+    CATWBVPMNavFilterPanel::selectedPRCConfigHandler = "Other";
+    panel->SetPRCId("LA1");
+    EXPECT_EQ(List()->RowCount(), 2);
+    EXPECT_EQ(Handler(), "Front alone");
+}
+
+TEST_F(WBFilterPanelTest, AnotherRootHasItsOwnFilters)
+{
+    Store("LA1.Filter", kFront);
+    Store("SC1.Filter", kWing);
+    Open();
+    panel->SetPRCId("SC1");
+    EXPECT_EQ(Text("Product"), "SC1");
+    EXPECT_EQ(Name(), "No wing");
+    EXPECT_EQ(Handler(), "No wing");
+}
+
+TEST_F(WBFilterPanelTest, AnotherRootWaitsForTheChangesOfThisOne)
+{
+    Open();
+    PickWing();
+    panel->SetPRCId("SC1");
+    EXPECT_EQ(Text("Product"), "LA1");
+    EXPECT_EQ(List()->RowCount(), 1);
+    EXPECT_EQ(Text("Word"), "SC1 is open now. Press OK or Cancel for the filters of LA1 first.");
+    Click("CancelButton");
+    panel->SetPRCId("SC1");
+    EXPECT_EQ(Text("Product"), "SC1");
+    EXPECT_EQ(List()->RowCount(), 0);
+}
+
+TEST_F(WBFilterPanelTest, DamagedFilterIsToldAndStaysUntilItIsDeleted)
+{
+    Store("LA1.Filter", kDamaged);
+    StoreAll("LA1.Filters", {kFront});
+    Open();
+    EXPECT_EQ(Text("Counting"), "No filter: the stored one cannot be read");
+    EXPECT_EQ(Text("Word"),
+              "A stored filter of LA1 cannot be read. It stays stored until you delete it.");
+    EXPECT_THAT(Filters(),
+                ElementsAre("Front alone", "(cannot be read) 2|No wing|X|WNG-000.1|WNG-000|A|0"));
+    EXPECT_FALSE(IsUsable("Name"));
+    EXPECT_FALSE(IsUsable("On"));
+    EXPECT_FALSE(IsUsable("RemoveButton"));
+    EXPECT_EQ(Handler(), "NoConfig");
+    // Another filter takes its place; it is still there.
+    Choose("Filter", 0);
+    PickWing();
+    Click("On");
+    EXPECT_EQ(Text("Counting"), "Front alone");
+    Click("OkButton");
+    EXPECT_THAT(AllStored("LA1.Filters"),
+                ElementsAre("2|Front alone|I|FUS-100.1|FUS-100|A|1|FUS-000.1|"
+                            "X|WNG-000.1|WNG-000|A|0",
+                            kDamaged));
+    EXPECT_EQ(Handler(), "Front alone");
+    panel->SetVisibility(true);
+    Choose("Filter", 1);
+    Click("DeleteButton");
+    EXPECT_EQ(Text("Word"), "");
+    Click("OkButton");
+    EXPECT_EQ(AllStored("LA1.Filters").size(), 1U);
+}
+
+TEST_F(WBFilterPanelTest, DamagedFilterStaysWhereItIsWhileOthersChange)
+{
+    Store("LA1.Filter", kDamaged);
+    Open();
+    PickWing(); // into a filter of its own
+    EXPECT_THAT(Filters(), testing::SizeIs(2));
+    EXPECT_FALSE(IsOn());
+    TypeName("Begun");
+    Click("OkButton");
+    BeginNewSession();
+    EXPECT_EQ(Stored("LA1.Filter"), kDamaged);
+    EXPECT_THAT(AllStored("LA1.Filters"), ElementsAre(kDamaged, "1|Begun|X|WNG-000.1|WNG-000|A|0"));
+}
+
+TEST_F(WBFilterPanelTest, LongDamagedTextsAreNamedByTheirBeginning)
+{
+    StoreAll("LA1.Filters", {CATUnicodeString(std::string(500, 'x'))});
+    Open();
+    EXPECT_THAT(Filters(), ElementsAre("(cannot be read) " + std::string(40, 'x')));
+}
+
+TEST_F(WBFilterPanelTest, EnterIsOk)
+{
+    Open();
+    PickWing();
+    QWidget* field = Find<CATDlgEditor>("Name")->Widget();
+    field->setFocus();
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(panel->Widget(), &enter);
+    Settle();
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "Filter 1");
+}
+
+TEST_F(WBFilterPanelTest, ThousandsOfInstancesAreTakenAtOnce)
+{
+    Open();
+    const auto begin = std::chrono::steady_clock::now();
+    for (int number = 0; number < 5000; ++number) {
+        Pick(("A." + std::to_string(number)).c_str());
+    }
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    EXPECT_EQ(List()->RowCount(), 5000);
+    EXPECT_LT(took.count(), 20.0);
+    Click("OkButton");
+    EXPECT_TRUE(WBIsFilter(Stored("LA1.Filter")));
+}
+
+TEST_F(WBFilterPanelTest, FaultOfAnActionLeavesThePanelOpen)
+{
+    Open();
+    EXPECT_TRUE(panel->RecoverFromFault());
+}
+
+TEST_F(WBFilterPanelTest, EverythingSpeaksGermanToo)
+{
+    CATMsgCatalog::SetLanguage("de");
+    Open();
+    EXPECT_EQ(panel->Title(), "Filter");
+    EXPECT_EQ(Find<CATDlgPushButton>("CancelButton")->Title(), "Abbrechen");
+    PickWing();
+    EXPECT_EQ(Row(1)[0], "nein");
+    EXPECT_EQ(List()->ColumnTitles()[1], "Dabei");
+    TypeName("A|B");
+    Click("OkButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_THAT(boxes[0].text, testing::StartsWith("„A|B“ kann kein Filter heißen"));
+}
+
+TEST_F(WBFilterPanelTest, NothingIsCutInSilenceAtAnySize)
+{
+    for (const char* language : {"en", "de"}) {
+        CATMsgCatalog::SetLanguage(language);
+        Open();
+        Pick("FUS-110.1", "FUS-110", "FUS-100.1|FUS-000.1", 2);
+        Pick("FUS-110.1", "FUS-110", "FUS-100.1|FUS-000.1", 2);
+        TypeName("A filter of a name that is as long as names of filters can be where one wants "
+                 "to say what it leaves out");
+        for (const QSize& size : {QSize(640, 480), QSize(820, 520), QSize(1600, 1000)}) {
+            SCOPED_TRACE(std::string(language) + " " + std::to_string(size.width()));
+            panel->Widget()->resize(size);
+            Settle();
+            EXPECT_EQ(panel->Widget()->size(), size);
+            ExpectNoLabelIsCutInSilence(*panel->Widget());
+            ExpectNothingLeavesTheWindow(*panel->Widget());
+        }
+        CATRequestDelayedDestruction(panel);
+        Settle();
+    }
+}
