@@ -167,7 +167,10 @@ TEST_F(Workbench, EveryCommandHasItsShortcutATooltipAndAPicture)
         bool alsoInTheStructure;
     } commands[] = {{"Part or assembly", "Ctrl+1", true},
                     {"Compute product", "Ctrl+2", false},
-                    {"Report", "Ctrl+3", false}};
+                    {"Report", "Ctrl+3", false},
+                    {"Define filter", "Ctrl+4", false},
+                    {"Groups", "Ctrl+5", false},
+                    {"Save changes", "Ctrl+S", true}};
     for (const auto& each : commands) {
         Action("Navigator").trigger();
         const QAction& command = Action(each.title);

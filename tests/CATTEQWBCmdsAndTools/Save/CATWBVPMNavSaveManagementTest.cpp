@@ -9,6 +9,7 @@
 
 #include "CATApplicationFrame.h"
 #include "CATCommandWatch.h"
+#include "CATDlgApplication.h"
 #include "CATDlgControls.h"
 #include "CATDlgNotify.h"
 #include "CATMsgCatalog.h"
@@ -272,12 +273,11 @@ TEST_F(SaveCommand, SaysWhatIsSavedAndWhatIsDiscarded)
 {
     Start();
     EXPECT_EQ(command->Title(), "Save or discard changes");
-    EXPECT_EQ(Find("Label003").Title(),
-              "What you have applied is seen by you alone until you save it.\n"
-              "Both take all your changes, of every product.");
+    EXPECT_EQ(Find("Label003").Title(), "Until you save them, only you see your changes.\n"
+                                        "All of them are saved or discarded, in every product.");
     EXPECT_EQ(Find("Label005").Title(), "Save");
-    EXPECT_EQ(Find("Label007").Title(), "Everybody gets your changes. If somebody else has saved\n"
-                                        "another value meanwhile, nothing is saved.");
+    EXPECT_EQ(Find("Label007").Title(), "Everybody gets your changes. If somebody else changed\n"
+                                        "one of the values meanwhile, nothing is saved.");
     EXPECT_EQ(Find(kSave).Title(), "Save all");
     EXPECT_EQ(Find("Label006").Title(), "Discard");
     EXPECT_EQ(Find("Label008").Title(), "Your changes are given up and cannot be brought back.\n"
@@ -294,6 +294,22 @@ TEST_F(SaveCommand, SpeaksGermanToo)
     EXPECT_EQ(Find(kDiscard).Title(), "Alle verwerfen");
     EXPECT_EQ(Told(kSave, "Save|NA"), "Sie haben keine Änderungen, die zu speichern wären.");
     EXPECT_EQ(boxes.front().title, "Änderungen speichern oder verwerfen");
+}
+
+TEST_F(SaveCommand, ShowsItsTextsWholeInEitherLanguage)
+{
+    for (const char* language : {"en", "de"}) {
+        CATMsgCatalog::SetLanguage(language);
+        Start();
+        CATDlgApplication::ProcessEvents();
+        for (const char* name : {"Label003", "Label005", "Label006", "Label007", "Label008"}) {
+            const QWidget& label = *Find(name).Widget();
+            const QString text = QString::fromStdString(Find(name).Title().ToStdString());
+            EXPECT_LE(label.fontMetrics().size(0, text).width(), label.contentsRect().width())
+                << language << ": " << name;
+        }
+        CATSession::RunDelayedDestructions();
+    }
 }
 
 TEST_F(SaveCommand, EveryEnglishTextHasAGermanOne)
