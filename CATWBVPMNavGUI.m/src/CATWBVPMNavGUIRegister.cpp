@@ -1,6 +1,7 @@
 #include "CATWBVPMNavGUITable.h"
 #include "WBFilterPanel.h"
 #include "WBFilterSettings.h"
+#include "WBGroupPanel.h"
 #include "WBMainPanel.h"
 #include "WBRecordTables.h"
 #include "WBReportConversion.h"
@@ -31,5 +32,10 @@ extern "C" WB_EXPORT void CATWBVPMNavGUIRegister()
         return new WBFilterPanel(parent); // the parent owns it
     };
     table.isFilterValid = WBIsValidInFilter;
+    table.createGroupPanel = [](CATCommand* parent, const CATUnicodeString& root,
+                                const CATUnicodeString& /*part*/,
+                                const CATUnicodeString& /*version*/) -> CATWBVPMNavGroupPanel* {
+        return new WBGroupPanel(parent, root); // the parent owns it
+    };
     CATWBVPMNavGUISetTable(table);
 }

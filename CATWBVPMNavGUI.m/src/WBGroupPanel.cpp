@@ -1,0 +1,255 @@
+#include "WBGroupPanel.h"
+
+#include "WBGroupCriteriaPage.h"
+#include "WBGroupInstancesPage.h"
+#include "WBGroupTexts.h"
+#include "WBGroupTotalsFrame.h"
+#include "WBNavigatorPlaces.h"
+#include "WBPanelControls.h"
+#include "WBPickedInstances.h"
+#include "WBReportOpening.h"
+#include "WBServerAnswer.h"
+
+#include "CATDlgNotify.h"
+#include "CATWBServices.h"
+#include "CATWBVPMNavFilterPanel.h"
+#include "RunServerCode.h"
+
+namespace
+{
+
+constexpr int kPreferredWidth = 760;
+constexpr int kPreferredHeight = 600;
+constexpr int kErrorStyle = 0x10000000;
+constexpr int kYes = 1;
+constexpr int kNo = 2;
+
+/// All of the product with all its values, under its filter.
+CATUnicodeString FiguresRequest(const CATUnicodeString& root)
+{
+    WBReportOptions options;
+    options.values = {"*"};
+    options.properties = {"*"};
+    options.root = root;
+    options.filter = CATWBVPMNavFilterPanel::GetFilter(root);
+    return WBReportRequest(options);
+}
+
+} // namespace
+
+WBGroupPanel::WBGroupPanel(CATCommand* parent, const CATUnicodeString& root)
+    : CATWBVPMNavGroupPanel(parent),
+      m_root(root),
+      m_unitWatch([this](const CATICkeMagnitude_var&) { FollowUnits(); })
+{
+    SetPreferredSize(kPreferredWidth, kPreferredHeight);
+}
+
+WBGroupPanel::~WBGroupPanel() = default;
+
+const char* WBGroupPanel::ClassName() const
+{
+    return "WBGroupPanel";
+}
+
+CATString WBGroupPanel::GetResourceFilename(int level) const
+{
+    return level == 0 ? CATString(kName) : CATWBVPMNavGroupPanel::GetResourceFilename(level - 1);
+}
+
+bool WBGroupPanel::RecoverFromFault()
+{
+    return true;
+}
+
+CATDlgPushButton* WBGroupPanel::GetCloseButton()
+{
+    return m_close;
+}
+
+void WBGroupPanel::Build()
+{
+    BuildHeading();
+    BuildPages();
+    m_totals = new WBGroupTotalsFrame(this);
+    m_totals->SetPlacement(2, 0);
+    BuildLastLine();
+    SetRowStretch(1, 1);
+    for (WBGroupPage* page : m_pages) {
+        Subscribe(page, WBGroupPage::Changed, [this](const CATNotification&) { ShowTotals(); });
+        Subscribe(page, WBGroupPage::Said, [this](const CATNotification&) { ShowWord(); });
+    }
+    SetGuard([this] { return MayClose(); });
+    m_close->SetGuard([this] { return MayClose(); });
+    ReadFigures();
+    ShowWord();
+}
+
+void WBGroupPanel::BuildHeading()
+{
+    auto* frame = new CATDlgFrame(this, "Heading", kWBPlainFrame);
+    frame->SetPlacement(0, 0);
+    frame->SetColumnStretch(1, 1);
+    frame->SetColumnStretch(3, 1);
+    WBAddFact(frame, "Product", 0)->SetTitle(m_root);
+    m_filter = WBAddFact(frame, "Filter", 0, 2);
+}
+
+void WBGroupPanel::BuildPages()
+{
+    m_container = new CATDlgTabContainer(this, "Pages");
+    m_container->SetPlacement(1, 0);
+    m_instances = new WBGroupInstancesPage(m_container, m_root);
+    m_criteria = new WBGroupCriteriaPage(m_container, m_root);
+    m_pages = {m_instances, m_criteria};
+    Subscribe(m_container, CATDlgTabContainer::PageSelected, [this](const CATNotification&) {
+        m_criteria->EndValueInput(); // nobody sees any more that a pick is waited for
+        ShowTotals();
+        ShowWord();
+    });
+    Subscribe(m_criteria, WBGroupCriteriaPage::AddFound,
+              [this](const CATNotification&) { AddFound(); });
+}
+
+void WBGroupPanel::BuildLastLine()
+{
+    auto* frame = new CATDlgFrame(this, "Buttons", kWBPlainFrame);
+    frame->SetPlacement(3, 0);
+    frame->SetColumnStretch(0, 1);
+    m_word = WBAddNote(frame, "Word", 0);
+    m_word->SetTitle({});
+    auto* refresh = new CATDlgPushButton(frame, "RefreshButton");
+    refresh->SetPlacement(0, 1);
+    m_close = new CATDlgPushButton(frame, "CloseButton");
+    m_close->SetPlacement(0, 2);
+    Subscribe(refresh, CATDlgPushButton::Activated,
+              [this](const CATNotification&) { ReadFigures(); });
+    Subscribe(m_close, CATDlgPushButton::Activated,
+              [this](const CATNotification&) { SetVisibility(false); });
+}
+
+WBGroupPage& WBGroupPanel::PageInFront() const
+{
+    return m_container->SelectedPage() == 1 ? static_cast<WBGroupPage&>(*m_criteria) : *m_instances;
+}
+
+void WBGroupPanel::ReadFigures()
+{
+    std::unique_ptr<WBGroupFigures> figures;
+    m_filter->SetTitle(CATWBVPMNavFilterPanel::GetDisplayFilter(m_root));
+    const std::optional<CATUnicodeString> answer = WBCheckedAnswer(
+        this, RunServerCode("WBMakeReport", FiguresRequest(m_root)),
+        WBGroupText("NoAnswer.Text", "@The server did not answer, so there are no figures. Check "
+                                     "that it is running, then refresh."));
+    if (answer) {
+        CATUnicodeString problem;
+        const CATIDOMDocument_var report = WBReadReport(*answer, problem);
+        if (report.IsNull()) {
+            CATWBServices::DisplayMsg(
+                this, WBGroupText("Unreadable.Title", "@The figures cannot be read"),
+                WBGroupText("Unreadable.Text",
+                            "@The server's answer is no report of the product: /p1", {problem}),
+                kErrorStyle);
+        } else {
+            figures = std::make_unique<WBGroupFigures>(report);
+        }
+    }
+    for (WBGroupPage* page : m_pages) {
+        page->TakeFigures(figures.get());
+    }
+    m_figures = std::move(figures); // the old ones go when nobody looks at them any more
+    ShowTotals();
+}
+
+bool WBGroupPanel::IsInstanceInputActive() const
+{
+    return m_criteria != nullptr && m_criteria->IsValueInputActive();
+}
+
+void WBGroupPanel::AddValuesInMultiList(const CATUnicodeString& instance,
+                                        const CATUnicodeString& part,
+                                        const CATUnicodeString& version,
+                                        const CATUnicodeString& path, int count,
+                                        const CATUnicodeString& partName)
+{
+    if (m_instances == nullptr) {
+        return;
+    }
+    if (WBIsOtherRootOpen(m_root)) {
+        PageInFront().Say(WBGroupText("OtherRoot.Text",
+                                      "@/p1 was not added: these are groups of /p2, and another "
+                                      "product is open. Close this window first.",
+                                      {instance, m_root}));
+        return;
+    }
+    m_instances->Add({WBReadPickedInstance(instance, part, version, path, count), partName});
+    if (&PageInFront() != m_instances) {
+        m_criteria->Say(
+            WBGroupText("Added.Text", "@/p1 is in the group of instances.", {instance}));
+    }
+}
+
+void WBGroupPanel::SetWMMInstance(CATUnicodeString instance, CATUnicodeString part,
+                                  CATUnicodeString version, CATUnicodeString path, int count)
+{
+    if (m_criteria != nullptr) {
+        m_criteria->TakeValueOf(WBReadPickedInstance(instance, part, version, path, count));
+    }
+}
+
+void WBGroupPanel::AddFound()
+{
+    const int added = m_instances->AddAll(m_criteria->Found());
+    m_criteria->Say(WBGroupCount("AddFound", added, "@1 instance was added to the group.",
+                                 "@/p1 instances were added to the group."));
+}
+
+void WBGroupPanel::ShowTotals()
+{
+    const WBGroupPage& page = PageInFront();
+    m_totals->Show(page.Totals(), page.WhatCounts());
+}
+
+void WBGroupPanel::ShowWord()
+{
+    m_word->SetTitle(PageInFront().Word());
+}
+
+void WBGroupPanel::FollowUnits()
+{
+    if (m_totals == nullptr) {
+        return; // nothing is built yet
+    }
+    for (WBGroupPage* page : m_pages) {
+        page->FollowUnits();
+    }
+    ShowTotals();
+}
+
+bool WBGroupPanel::MayClose()
+{
+    for (int index = 0; index < static_cast<int>(m_pages.size()); ++index) {
+        WBGroupPage& page = *m_pages[static_cast<std::size_t>(index)];
+        if (!page.HasUnsaved()) {
+            continue;
+        }
+        m_container->SelectPage(index);
+        ShowTotals();
+        ShowWord();
+        auto* question = new CATDlgNotify(this, "UnsavedGroup", CATDlgNotify::kQuestionWithCancel);
+        question->SetTitle(Title());
+        question->SetText(index == 0
+                              ? WBGroupText("Close.Instances",
+                                            "@The group of instances is not saved. Shall it be "
+                                            "saved before the window closes?")
+                              : WBGroupText("Close.Criteria",
+                                            "@The group of criteria is not saved. Shall it be "
+                                            "saved before the window closes?"));
+        const int answer = question->DisplayBlocking();
+        question->RequestDelayedDestruction();
+        if (answer != kNo && (answer != kYes || !page.Save())) {
+            return false;
+        }
+    }
+    return true;
+}
