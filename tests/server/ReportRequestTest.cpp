@@ -300,7 +300,7 @@ TEST(ReportRequest, CancelEndsTheReadingOfTexts)
     served.ImportTable(kTwice);
     ResidentProducts products(served.Store());
     const ResidentProduct& product =
-        products.Of(served.Store().FindRoot("A").value().id, false, {});
+        products.Of(served.Store().FindRoot("A").value().id, false, 0, {});
     EXPECT_NO_THROW(ReportFacts(served.Store(), product, {}, false, {}));
     std::atomic<bool> cancel = true;
     CallContext context;

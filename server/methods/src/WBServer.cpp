@@ -24,6 +24,10 @@ constexpr std::array kMethods{MethodRow{"WBCompPartGetInitialValues", GetInitial
                               MethodRow{"WBGetValueDetails", GetValueDetails},
                               MethodRow{"WBComputeVPMValues", ComputeValues},
                               MethodRow{"WBMakeReport", MakeReport},
+                              MethodRow{"WBGetStatedValues", GetStatedValues},
+                              MethodRow{"WBApplyValues", ApplyValues},
+                              MethodRow{"WBPendingChanges", ListPendingChanges},
+                              MethodRow{"WBHistory", GetHistory},
                               MethodRow{"WBListRoots", ListRoots},
                               MethodRow{"WBListUses", ListUses},
                               MethodRow{"WBListMassTypes", ListMassTypes},
@@ -49,6 +53,10 @@ std::string Server::Call(std::string_view method, std::string_view request,
     if (method == "WBWarningMsg") {
         return m_computations->TakeWarnings(context.user);
     }
+    const MethodCall call{m_store, *m_computations, context};
+    if (method == "WBSaveManagement") {
+        return ManageSave(call, request);
+    }
     const auto row = std::ranges::find_if(
         kMethods, [&](const MethodRow& candidate) { return candidate.name == method; });
     if (row == kMethods.end()) {
@@ -58,7 +66,10 @@ std::string Server::Call(std::string_view method, std::string_view request,
         return ErrorAnswer("The call was cancelled.");
     }
     try {
-        return row->answer({m_store, *m_computations, context}, request);
+        // Whatever a method reads, the caller sees it as he has changed it.
+        const PendingView view(m_store, context.user);
+        m_computations->Begin(view.Number());
+        return row->answer(call, request);
     } catch (const std::exception& error) {
         return ErrorAnswer(error.what());
     }
