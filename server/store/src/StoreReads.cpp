@@ -430,7 +430,9 @@ void Store::UseProperties(
         if (m_overlay != nullptr) {
             m_overlay->Apply(use, property);
         }
-        take(use, property);
+        if (!property.value.empty()) {
+            take(use, property);
+        }
     }
 }
 
