@@ -369,18 +369,19 @@ TEST_F(CommandLine, ASubcommandThatDoesNotExistIsNamed)
 {
     const Outcome outcome = Run("comptue LA1 --db a.db");
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "wb: expected a subcommand (workbench, part, import, export, compute, "
-                           "report, convert-report, mass-types), found \"comptue\"\n"
-                           "Run with --help for more information.\n");
+    EXPECT_EQ(outcome.err,
+              "wb: expected a subcommand (workbench, part, import, export, compute, "
+              "report, convert-report, history, pending, mass-types), found \"comptue\"\n"
+              "Run with --help for more information.\n");
     EXPECT_THAT(Run("").err, StartsWith("wb: A subcommand is required\n"));
 }
 
 TEST_F(CommandLine, AnEmptyFileNameIsWrongUse)
 {
     for (const char* arguments :
-         {"compute LA1 --db ''", "part LA1/A --db ''", "mass-types --db ''", "workbench --db ''",
-          "export LA1 --db '' --out o.csv", "export LA1 --db a.db --out ''",
-          "import '' --into a.db", "import a.csv --into ''"}) {
+         {"compute LA1 --db ''", "part LA1/A --db ''", "mass-types --db ''", "history LA1 --db ''",
+          "pending --db ''", "workbench --db ''", "export LA1 --db '' --out o.csv",
+          "export LA1 --db a.db --out ''", "import '' --into a.db", "import a.csv --into ''"}) {
         const Outcome outcome = Run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_THAT(outcome.err, HasSubstr("expected a file, found \"\"\n")) << arguments;

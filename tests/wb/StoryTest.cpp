@@ -317,3 +317,28 @@ TEST(BrokenResources, ACommandWhosePanelsAreMissingIsNotStarted)
     EXPECT_EQ(played.status, 1);
     EXPECT_THAT(played.err, HasSubstr("libNoPanels.so"));
 }
+
+TEST(Story, AnswerNamesAButtonThatBoxesHave)
+{
+    const TemporaryDirectory folder;
+    const Played played = Play(folder, "answer Perhaps\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, HasSubstr("a.story:1: answer: expected Yes, No, OK or Cancel"));
+}
+
+TEST(Story, AnswerCancelFailsAtABoxWithoutThatButton)
+{
+    const TemporaryDirectory folder;
+    const Played played = Play(folder, "start CATWBComputeCmd\nanswer Cancel\n"
+                                       "click CATWBComputeCmd/ComputeButton\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, HasSubstr("a box without a button \"Cancel\": "));
+}
+
+TEST(Story, StatusLineSaysNothingOfUnsavedChangesWhereThereAreNone)
+{
+    const TemporaryDirectory folder;
+    EXPECT_EQ(Play(folder, "expect UnsavedChanges \"\"\n").status, 0);
+    EXPECT_THAT(Play(folder, "expect UnsavedChanges \"1 unsaved change\"\n").err,
+                HasSubstr("expected \"1 unsaved change\", seen \"\""));
+}

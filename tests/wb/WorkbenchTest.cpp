@@ -1,5 +1,6 @@
 #include "Workbench.h"
 
+#include "AnsweringServer.h"
 #include "CATCkeGlobalFunctions.h"
 #include "CATDlgApplication.h"
 #include "CATDlgFile.h"
@@ -10,6 +11,7 @@
 #include "HostSession.h"
 #include "ProductTreeModel.h"
 #include "ProductTreeView.h"
+#include "RunServerCode.h"
 #include "SampleProducts.h"
 #include "TemporaryDirectory.h"
 
@@ -165,12 +167,9 @@ TEST_F(Workbench, EveryCommandHasItsShortcutATooltipAndAPicture)
         const char* title;
         const char* shortcut;
         bool alsoInTheStructure;
-    } commands[] = {{"Part or assembly", "Ctrl+1", true},
-                    {"Compute product", "Ctrl+2", false},
-                    {"Report", "Ctrl+3", false},
-                    {"Define filter", "Ctrl+4", false},
-                    {"Groups", "Ctrl+5", false},
-                    {"Save changes", "Ctrl+S", true}};
+    } commands[] = {{"Part or assembly", "Ctrl+1", true}, {"Compute product", "Ctrl+2", false},
+                    {"Report", "Ctrl+3", false},          {"Define filter", "Ctrl+4", false},
+                    {"Groups", "Ctrl+5", false},          {"Save changes", "Ctrl+S", true}};
     for (const auto& each : commands) {
         Action("Navigator").trigger();
         const QAction& command = Action(each.title);
@@ -272,4 +271,76 @@ TEST_F(Workbench, QuitClosesTheWindow)
 {
     Action("Quit").trigger();
     EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(Workbench, QuitAsksWhatBecomesOfUnsavedChanges)
+{
+    constexpr const char* kOnePending =
+        "1|part WNG-211 B|mass type Weighed, mass|1|2|1|0|__null__|__null__|2026/11/21 18:00:00|";
+    AnsweringServer server;
+    server.Answer("WBPendingChanges") = kOnePending;
+    std::optional<int> answer = 5;
+    CATDlgNotify::SetAnswerer([&](const CATDlgNotify::Shown& box) {
+        m_boxes.push_back(box.text.ToStdString());
+        return answer;
+    });
+    const auto close = {std::function<void()>([this] { m_window->close(); }),
+                        std::function<void()>([this] { Action("Quit").trigger(); })};
+    for (const auto& tryToClose : close) {
+        m_boxes.clear();
+        tryToClose();
+        EXPECT_TRUE(m_window->isVisible());
+        EXPECT_THAT(m_boxes, ElementsAre(HasSubstr("part WNG-211 B")));
+    }
+    EXPECT_EQ(Action("Quit").shortcut(), QKeySequence(QKeySequence::Quit));
+    answer = 2;
+    m_window->close();
+    EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(Workbench, WindowThatMayNotCloseKeepsTheWorkbenchOpenBeforeAnybodyIsAskedMore)
+{
+    AnsweringServer server;
+    auto* panel = new CATDlgDialog(CATApplicationFrame::GetFrame()->MainWindow(), "Panel", 0x4001);
+    bool mayClose = false;
+    panel->SetGuard([&] { return mayClose; });
+    panel->SetVisibility(true);
+    m_window->close();
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_TRUE(server.Calls().empty());
+    mayClose = true;
+    server.Answer("WBPendingChanges") = "0|";
+    m_window->close();
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(Workbench, WhatAClosingPanelAppliesIsAmongTheUnsavedChangesThatAreAsked)
+{
+    AnsweringServer server;
+    server.Answer("WBPendingChanges") = "0|";
+    server.Answer("WBApplyValues") = "Apply|OK|1|";
+    auto* panel = new CATDlgDialog(CATApplicationFrame::GetFrame()->MainWindow(), "Panel", 0x4001);
+    panel->SetGuard([&] {
+        server.Answer("WBPendingChanges") =
+            "1|part P A|density|1|2|1|0|__null__|__null__|2026/11/21 18:00:00|";
+        return RunServerCode("WBApplyValues") == "Apply|OK|1|";
+    });
+    panel->SetVisibility(true);
+    m_window->close();
+    EXPECT_THAT(m_boxes, testing::Contains(HasSubstr("part P A, density")));
+}
+
+TEST_F(Workbench, StatusLineSaysWhatTheLastSessionLeftUnsaved)
+{
+    const auto* label = m_window->findChild<QLabel*>("UnsavedChanges");
+    ASSERT_NE(label, nullptr);
+    EXPECT_TRUE(label->isHidden());
+    AnsweringServer server;
+    server.Answer("WBPendingChanges") =
+        "1|part P A|density|1|2|1|0|__null__|__null__|2026/11/21 18:00:00|";
+    const auto* later = new WorkbenchWindow("samples.db"); // goes with the application
+    EXPECT_EQ(later->findChild<QLabel*>("UnsavedChanges")->text().toStdString(),
+              "1 unsaved change");
 }

@@ -1,5 +1,6 @@
 #include "ComputeCsv.h"
 
+#include "CsvText.h"
 #include "WBNumbers.h"
 
 #include <array>
@@ -92,18 +93,6 @@ std::string Symbol(Measure measure, const ComputeUnits& units)
     }
 }
 
-std::string Quoted(const std::string& text)
-{
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
-        return text;
-    }
-    std::string quoted = "\"";
-    for (const char character : text) {
-        quoted += character == '"' ? "\"\"" : std::string(1, character);
-    }
-    return quoted + '"';
-}
-
 class Row
 {
 public:
@@ -116,7 +105,7 @@ public:
 
     Row& Set(std::size_t column, const std::string& text)
     {
-        m_cells[column] = Quoted(text);
+        m_cells[column] = text;
         return *this;
     }
     Row& Set(std::size_t column, double value)
@@ -151,10 +140,8 @@ public:
     std::string Line() const
     {
         std::string line;
-        for (std::size_t column = 0; column < m_cells.size(); ++column) {
-            line += (column == 0 ? "" : ",") + m_cells[column];
-        }
-        return line + '\n';
+        AppendCsvLine(line, m_cells);
+        return line;
     }
 
 private:

@@ -15,24 +15,6 @@ std::string Quoted(std::string_view text)
     return '"' + std::string(text) + '"';
 }
 
-/// Takes the first name off a path: what stands before the first "/" that ends a known name.
-template <class IsKnownName>
-std::string TakeName(std::string_view& path, const IsKnownName& isKnownName)
-{
-    std::size_t first = std::string_view::npos;
-    for (std::size_t end = 0; end != std::string_view::npos;) {
-        end = path.find('/', end);
-        first = std::min(first, end);
-        std::string name(path.substr(0, end));
-        if (isKnownName(name)) {
-            path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
-            return name;
-        }
-        end += end == std::string_view::npos ? 0 : 1;
-    }
-    return std::string(path.substr(0, first));
-}
-
 std::string NoRoot(const wb::Store& store, const std::string& name)
 {
     const std::vector<wb::PartLine> roots = store.Roots();
@@ -58,9 +40,7 @@ std::string NoUse(const wb::ProductGraph& graph, const wb::AskedPath& path, std:
     for (std::uint32_t use = part.firstUse; use < part.firstUse + part.useCount; ++use) {
         names.push_back(graph.InstanceOf(use));
     }
-    std::string text = Quoted(PathText(graph, path)) + " has no instance " + Quoted(name);
-    return text + (names.empty() ? ": there is nothing below it"
-                                 : ", expected one of " + NearestNames(name, std::move(names)));
+    return NoInstance(PathText(graph, path), name, std::move(names));
 }
 
 using Sides = std::map<std::vector<std::uint32_t>, bool>; // by uses; true: let in
@@ -91,6 +71,31 @@ std::string NearestNames(std::string_view wanted, std::vector<std::string> names
     }
     return names.size() == shown ? text
                                  : text + " and " + std::to_string(names.size() - shown) + " more";
+}
+
+std::string TakeName(std::string_view& path,
+                     const std::function<bool(const std::string& name)>& isKnownName)
+{
+    std::size_t first = std::string_view::npos;
+    for (std::size_t end = 0; end != std::string_view::npos;) {
+        end = path.find('/', end);
+        first = std::min(first, end);
+        std::string name(path.substr(0, end));
+        if (isKnownName(name)) {
+            path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
+            return name;
+        }
+        end += end == std::string_view::npos ? 0 : 1;
+    }
+    return std::string(path.substr(0, first));
+}
+
+std::string NoInstance(const std::string& path, std::string_view name,
+                       std::vector<std::string> names)
+{
+    return Quoted(path) + " has no instance " + Quoted(name) +
+           (names.empty() ? ": there is nothing below it"
+                          : ", expected one of " + NearestNames(name, std::move(names)));
 }
 
 std::string PathText(const wb::ProductGraph& graph, const wb::AskedPath& path)

@@ -5,6 +5,7 @@
 #include "WBStore.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,15 @@
 
 /// Up to eight names, those most like the wanted one first, and how many more there are.
 std::string NearestNames(std::string_view wanted, std::vector<std::string> names);
+
+/// Takes the first name off a path "NAME/NAME": what stands before the first "/" that ends a known
+/// name, since a name may hold "/"; where none is known, what stands before the first one.
+std::string TakeName(std::string_view& path,
+                     const std::function<bool(const std::string& name)>& isKnownName);
+
+/// "LA1/WNG-000.1" has no instance "X", expected one of ...
+std::string NoInstance(const std::string& path, std::string_view name,
+                       std::vector<std::string> names);
 
 /// A product root that a path begins with, and what follows behind it.
 struct ComputeRoot

@@ -24,17 +24,20 @@
 #include <QHeaderView>
 #include <QJsonDocument>
 #include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace
@@ -146,14 +149,20 @@ StoryPlayer::StoryPlayer(WorkbenchWindow& workbench) : m_workbench(workbench)
             return std::nullopt;
         }
         // A box that nobody answers would stop the story for ever: it is refused, and the story
-        // fails because no step expected it.
-        std::string answer = "No";
-        if (!m_answers.empty()) {
-            answer = m_answers.front();
-            m_answers.pop_front();
-            m_boxes.back().expected = true;
+        // fails because no step expected it. So does one that lacks the button of the answer.
+        if (m_answers.empty()) {
+            return box.cancel.value_or(box.no);
         }
-        return answer == "No" ? box.no : box.yes;
+        const std::string answer = m_answers.front();
+        m_answers.pop_front();
+        const std::optional<int> pressed = answer == "Cancel" ? box.cancel
+                                           : answer == "No"   ? box.no
+                                                              : box.yes;
+        m_boxes.back().expected = pressed.has_value();
+        if (!pressed) {
+            m_boxes.back().text = "a box without a button \"Cancel\": " + m_boxes.back().text;
+        }
+        return pressed.value_or(box.no);
     });
     // An empty path cancels the box.
     CATDlgFile::SetChooser(
@@ -494,6 +503,9 @@ std::string StoryPlayer::Expect(const Words& words)
     QString seen;
     if (words[1] == "Prompt") {
         seen = ToQString(CATApplicationFrame::GetFrame()->Prompt());
+    } else if (words[1] == "UnsavedChanges") {
+        const auto* label = m_workbench.statusBar()->findChild<QLabel*>("UnsavedChanges");
+        seen = label->isHidden() ? QString() : label->text();
     } else {
         const CATDialog* control = FindControl(words[1], problem);
         if (control == nullptr) {
@@ -568,6 +580,10 @@ std::string StoryPlayer::ExpectFile(const Words& words)
 
 std::string StoryPlayer::Answer(const Words& words)
 {
+    constexpr std::array<std::string_view, 4> kButtons{"Yes", "No", "OK", "Cancel"};
+    if (std::ranges::find(kButtons, words[1]) == kButtons.end()) {
+        return "expected Yes, No, OK or Cancel";
+    }
     m_answers.push_back(words[1]);
     return {};
 }

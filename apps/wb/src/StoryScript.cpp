@@ -36,7 +36,7 @@ constexpr std::array kVerbs{
     Verb{"expect-box", 1, 1, "expect-box TEXT"},
     Verb{"expect-copied", 1, 1, "expect-copied TEXT"},
     Verb{"expect-file", 2, 2, "expect-file PATH TEXT"},
-    Verb{"answer", 1, 1, "answer BUTTON"},
+    Verb{"answer", 1, 1, "answer Yes|No|OK|Cancel"},
     Verb{"file", 1, 1, "file PATH|cancel"},
     Verb{"close", 1, 1, "close DIALOG"},
     Verb{"shot", 1, 2, "shot FILE.png [DIALOG]"},

@@ -97,6 +97,29 @@ struct ReportCommandOptions
 /// Returns 2 for wrong use, names that there are not included.
 int RunReport(const ReportCommandOptions& options);
 
+struct HistoryOptions
+{
+    SessionOptions session;
+    std::string path;        ///< "ROOT/INSTANCE/INSTANCE"
+    std::string rootVersion; ///< empty: of several the one that was stored last
+    bool json = false;
+    bool csv = false;
+};
+/// What was changed of a part and of its use, by whom and when.
+int RunHistory(const HistoryOptions& options);
+
+struct PendingOptions
+{
+    SessionOptions session;
+    bool save = false;
+    bool abort = false;
+    bool json = false;
+    bool csv = false;
+};
+/// Lists what the user has changed and not saved, saves it or gives it up. 1 also when it could not
+/// be saved because somebody else has saved other values first.
+int RunPending(const PendingOptions& options);
+
 struct MassTypesOptions
 {
     std::string database;

@@ -15,11 +15,11 @@
 #include "ProductTreeModel.h"
 #include "ProductTreeView.h"
 #include "QtTexts.h"
+#include "UnsavedChanges.h"
 
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QCloseEvent>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
@@ -122,6 +122,9 @@ WorkbenchWindow::WorkbenchWindow(const QString& databaseName)
     MakeStatusLine(databaseName);
     m_frame = std::make_unique<Frame>(CATDlgAdoptMainWindow(CATSession::Root(), this), m_prompt);
     m_frame->SetWorkshop(CATENOWBCSCommonDefinitions::vpmNavWshp, kNavigatorWorkbench);
+    m_frame->MainWindow()->SetGuard([this] { return MayClose(); });
+    m_unsaved = std::make_unique<UnsavedChanges>(m_unsavedLabel, m_frame->MainWindow());
+    m_unsaved->Update(); // what the last session left
     MakeActions();
     MakeCommandActions();
     MakeToolsAndHelp();
@@ -149,6 +152,9 @@ void WorkbenchWindow::MakeStatusLine(const QString& databaseName)
     m_prompt->setObjectName("Prompt");
     m_prompt->setIndent(kPageMargin); // below the headline of the page
     statusBar()->addWidget(m_prompt, 1);
+    m_unsavedLabel = new QLabel;
+    m_unsavedLabel->setObjectName("UnsavedChanges");
+    statusBar()->addPermanentWidget(m_unsavedLabel);
     auto* database = new QLabel(databaseName);
     database->setObjectName("Database");
     statusBar()->addPermanentWidget(database);
@@ -202,6 +208,8 @@ void WorkbenchWindow::MakeCommandActions()
         action->setToolTip(ToQString(header.tooltip));
         action->setStatusTip(ToQString(header.tooltip));
         action->setShortcut(QKeySequence(ToQString(header.shortcut)));
+        // Also while a command's own window has the keys.
+        action->setShortcutContext(Qt::ApplicationShortcut);
         action->setCheckable(true);
         connect(action, &QAction::triggered, this, [this, name = header.className] {
             CATUnicodeString problem;
@@ -347,7 +355,7 @@ bool WorkbenchWindow::ShowUnits(CATUnicodeString& problem)
     return true;
 }
 
-void WorkbenchWindow::closeEvent(QCloseEvent* event)
+bool WorkbenchWindow::MayClose()
 {
     // One that closes may take others with it.
     std::vector<QPointer<QWidget>> windows;
@@ -355,11 +363,15 @@ void WorkbenchWindow::closeEvent(QCloseEvent* event)
         windows.emplace_back(window);
     }
     for (const QPointer<QWidget>& window : windows) {
-        if (window != nullptr && window != this && window->isVisible()) {
-            window->close();
+        if (window == nullptr || window == this || !window->isVisible()) {
+            continue;
+        }
+        window->close();
+        if (window != nullptr && window->isVisible()) {
+            return false;
         }
     }
-    QMainWindow::closeEvent(event);
+    return m_unsaved->MayClose();
 }
 
 ProductTreeView& WorkbenchWindow::CurrentTree() const

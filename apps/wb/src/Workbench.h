@@ -19,10 +19,12 @@ class QActionGroup;
 class QLabel;
 class QStackedWidget;
 class QToolBar;
+class UnsavedChanges;
 
 /// The workbench's main window: the navigator's tree of the current root and the structure of the
 /// open document, one shown at a time (the two workshops); the commands of the present workshop in
-/// menu and toolbar; the running command's prompt in the status line.
+/// menu and toolbar; in the status line the running command's prompt and how many changes the user
+/// has not saved. Closing it asks what becomes of these.
 class WorkbenchWindow : public QMainWindow
 {
     Q_OBJECT
@@ -55,11 +57,6 @@ public:
     /// Tells the user in a box, without waiting.
     void ShowProblem(const QString& title, const CATUnicodeString& problem);
 
-protected:
-    /// Closes the other windows first, while they still stand before the user: one with choices
-    /// that are not applied asks about them.
-    void closeEvent(QCloseEvent* event) override;
-
 private:
     class Frame;
 
@@ -67,6 +64,10 @@ private:
     void MakeCommandActions();
     void MakeToolsAndHelp();
     void MakeStatusLine(const QString& databaseName);
+    /// Closes the other windows first, while they still stand before the user: one with choices
+    /// that are not applied asks about them, and may keep all from closing. What they have applied
+    /// is among the changes that the user is asked about then.
+    bool MayClose();
     void UpdateCommands();
     void AskForRoot();
     void AskForFile();
@@ -85,4 +86,6 @@ private:
     QAction* m_structureAction = nullptr;
     QLabel* m_documentLabel = nullptr;
     QLabel* m_prompt = nullptr;
+    QLabel* m_unsavedLabel = nullptr;
+    std::unique_ptr<UnsavedChanges> m_unsaved;
 };

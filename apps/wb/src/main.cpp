@@ -454,6 +454,65 @@ Run AddExport(CLI::App& app)
     };
 }
 
+constexpr const char* kChangeNotes =
+    R"(A table is shown in your current units, which the workbench keeps, and in your time.
+--json and --csv hold the texts as the database keeps them: kg, mm, kg.m2, kg/m3 and
+kg/m2, several numbers joined by ";", and times in UTC. What nobody stated is "-",
+null or an empty cell.)";
+
+void AddChangeOutput(CLI::App& app, bool& json, bool& csv)
+{
+    CLI::Option* asJson = app.add_flag("--json", json, "As JSON");
+    app.add_flag("--csv", csv, "As one CSV table")->excludes(asJson);
+    app.footer(kChangeNotes);
+}
+
+Run AddHistory(CLI::App& app)
+{
+    const auto options = std::make_shared<HistoryOptions>();
+    app.add_option("path", options->path, "ROOT or ROOT/INSTANCE/INSTANCE")
+        ->type_name("PATH")
+        ->required();
+    app.add_option("--db", options->session.database, "Database: one SQLite file")
+        ->check(IsName())
+        ->required();
+    app.add_option("--root-version", options->rootVersion,
+                   "Version of the root (default: the one that was stored last)")
+        ->type_name("VERSION");
+    AddLog(app, options->session);
+    AddChangeOutput(app, options->json, options->csv);
+    app.callback([options] {
+        RefuseSharedFile(kLog, options->session.logFile,
+                         {{"the database", options->session.database}});
+    });
+    return [options](int, char**) {
+        return RunHistory(*options);
+    };
+}
+
+Run AddPending(CLI::App& app)
+{
+    const auto options = std::make_shared<PendingOptions>();
+    AddSession(app, options->session, true);
+    CLI::Option* save =
+        app.add_flag("--save", options->save,
+                     "Save all of them, or none where somebody else has saved one of these values\n"
+                     "first: the status is 1 then, and the standard error says which");
+    CLI::Option* abort =
+        app.add_flag("--abort", options->abort, "Give all of them up")->excludes(save);
+    AddChangeOutput(app, options->json, options->csv);
+    for (const char* form : {"--json", "--csv"}) {
+        app.get_option(form)->excludes(save)->excludes(abort);
+    }
+    app.callback([options] {
+        RefuseSharedFile(kLog, options->session.logFile,
+                         {{"the database", options->session.database}});
+    });
+    return [options](int, char**) {
+        return RunPending(*options);
+    };
+}
+
 Run AddMassTypes(CLI::App& app)
 {
     const auto options = std::make_shared<MassTypesOptions>();
@@ -487,6 +546,10 @@ constexpr std::array kSubcommands{
     SubcommandRow{"convert-report",
                   "Bring a report's numbers into your units, axes and reference point",
                   AddConvertReport},
+    SubcommandRow{"history", "Tell what was changed of a part or instance, by whom and when",
+                  AddHistory},
+    SubcommandRow{"pending", "List what you have changed and not saved; save it or give it up",
+                  AddPending},
     SubcommandRow{"mass-types", "List the mass types of a database, or add some", AddMassTypes},
 };
 
