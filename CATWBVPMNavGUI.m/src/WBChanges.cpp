@@ -166,6 +166,20 @@ std::optional<std::vector<WBSavedChange>> WBReadHistory(const CATUnicodeString& 
     return fields.AreReadToTheEnd() ? std::optional(std::move(changes)) : std::nullopt;
 }
 
+CATUnicodeString WBSubjectText(const CATUnicodeString& subject)
+{
+    constexpr std::string_view kPart = "part ";
+    constexpr std::string_view kUse = "use ";
+    const std::string_view text = subject.View();
+    if (text.starts_with(kPart)) {
+        return WBPanelText("Subject.Part", "@part /p1",
+                           {CATUnicodeString(text.substr(kPart.size()))});
+    }
+    return text.starts_with(kUse) ? WBPanelText("Subject.Use", "@use /p1",
+                                                {CATUnicodeString(text.substr(kUse.size()))})
+                                  : subject;
+}
+
 CATUnicodeString WBFactText(const CATUnicodeString& fact)
 {
     const Fact parted = Parted(fact);
@@ -204,9 +218,9 @@ WBPanelTable WBPendingTable(const std::vector<WBPendingChange>& changes)
                      TextColumn("Pending.When.Title", "@Changed")};
     for (const WBPendingChange& change : changes) {
         table.rows.push_back(
-            {change.subject, WBFactText(change.fact), WBChangedText(change.fact, change.seen),
-             WBChangedText(change.fact, change.after), WBChangedText(change.fact, change.stored),
-             StateText(change), change.when});
+            {WBSubjectText(change.subject), WBFactText(change.fact),
+             WBChangedText(change.fact, change.seen), WBChangedText(change.fact, change.after),
+             WBChangedText(change.fact, change.stored), StateText(change), change.when});
     }
     return table;
 }
@@ -222,8 +236,8 @@ WBPanelTable WBHistoryTable(const std::vector<WBSavedChange>& changes)
     for (const WBSavedChange& change : changes) {
         table.rows.push_back({change.when, change.who, WBFactText(change.fact),
                               WBChangedText(change.fact, change.before),
-                              WBChangedText(change.fact, change.after), change.subject,
-                              WhatText(change.what), change.file});
+                              WBChangedText(change.fact, change.after),
+                              WBSubjectText(change.subject), WhatText(change.what), change.file});
     }
     return table;
 }

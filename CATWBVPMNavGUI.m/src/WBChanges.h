@@ -44,6 +44,8 @@ WBPanelTable WBHistoryTable(const std::vector<WBSavedChange>& changes);
 /// How many changes wait, and that some cannot be saved.
 CATUnicodeString WBPendingWords(const std::vector<WBPendingChange>& changes);
 
+/// What a change is about, in the user's language: "part WING A".
+CATUnicodeString WBSubjectText(const CATUnicodeString& subject);
 /// A fact in the user's language: "Weighed: mass".
 CATUnicodeString WBFactText(const CATUnicodeString& fact);
 /// A value of such a fact in the user's units; a dash where there was none.

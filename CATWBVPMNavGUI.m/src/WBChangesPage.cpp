@@ -34,7 +34,7 @@ WBChangesPage::WBChangesPage(CATDlgTabContainer* tabs)
         WBAddList(page, "Pending", 1, WBPanelText("Pending.None", "@Nothing waits to be saved"));
     WBAddNote(page, "HistoryNote", 2);
     m_historyList =
-        WBAddList(page, "History", 3, WBPanelText("History.None", "@Nothing was changed"));
+        WBAddList(page, "History", 3, WBPanelText("History.None", "@No change was saved"));
     constexpr int kLines = 3;
     m_pendingList->SetVisibleLines(kLines);
     m_historyList->SetVisibleLines(kLines);

@@ -73,7 +73,6 @@ WBEditForm::Field& WBEditForm::Add(const Place& place, Kind kind)
     const Input input = InputOf(kind);
     if (input != Input::Choosing) {
         field.editor = new CATDlgEditor(place.parent, std::string(place.name) + "Editor");
-        field.editor->SetEmptyText(WBPanelText("Edits.NotStated", "@not stated"));
         field.editor->SetPlacement(place.row, place.column + 1, 1, place.fieldColumns);
     }
     if (input != Input::Typing) {
@@ -130,6 +129,7 @@ void WBEditForm::SetEdits(WBEdits* edits)
     m_untaken.clear();
     for (Field& field : m_fields) {
         field.shown = field.editor == nullptr ? CATUnicodeString() : field.editor->Text();
+        field.isStated = edits == nullptr || !edits->Text(WhatIs(field)).IsEmpty();
     }
 }
 
@@ -276,6 +276,10 @@ void WBEditForm::ShowField(Field& field)
 void WBEditForm::ShowEditor(Field& field, const WBEditField& what)
 {
     CATDlgEditor& editor = *field.editor;
+    const CATUnicodeString instead =
+        CountingInstead(field, "Edits.NotStatedBut", "@/p1 (not stated)");
+    editor.SetEmptyText(instead.IsEmpty() ? WBPanelText("Edits.NotStated", "@not stated")
+                                          : instead);
     if (m_edits == nullptr) {
         editor.SetText({});
         editor.SetLook(CATDlgLook::Plain);
@@ -295,17 +299,33 @@ void WBEditForm::ShowEditor(Field& field, const WBEditField& what)
     editor.SetTooltip(untaken == nullptr ? m_edits->Tooltip(what) : untaken->sentence);
 }
 
+CATUnicodeString WBEditForm::CountingInstead(const Field& field, const char* key,
+                                             const char* text) const
+{
+    const bool isKnown = field.plain != nullptr && field.kind != Kind::Property &&
+                         !field.isStated && !(field.plain->Title() == WBOrDash({}));
+    return isKnown ? WBPanelText(key, text, {field.plain->Title()}) : CATUnicodeString();
+}
+
 void WBEditForm::OfferChoices(Field& field, std::vector<CATUnicodeString> choices)
 {
-    if (choices == field.choices) {
-        return; // the user may have just chosen one of the lines
+    std::vector<CATUnicodeString> lines;
+    lines.reserve(choices.size());
+    for (const CATUnicodeString& choice : choices) {
+        lines.push_back(choice.IsEmpty() ? WBOrDash(CountingInstead(field, "Edits.ByDefault",
+                                                                    "@/p1 (by default)"))
+                                         : choice);
     }
     field.choices = std::move(choices);
+    if (lines == field.lines) {
+        return; // the user may have just chosen one of them
+    }
+    field.lines = std::move(lines);
     field.combo->RemoveAll();
-    int line = 0;
-    for (const CATUnicodeString& choice : field.choices) {
-        field.combo->SetLine(line, WBOrDash(choice));
-        ++line;
+    int index = 0;
+    for (const CATUnicodeString& line : field.lines) {
+        field.combo->SetLine(index, line);
+        ++index;
     }
 }
 

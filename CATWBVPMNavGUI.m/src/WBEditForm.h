@@ -41,7 +41,8 @@ public:
     /// one types, NAMEChoice where one chooses.
     void AddField(const Place& place, Kind kind);
     /// A field in the cell of a fact: the label, which is answered and whose name is the place's,
-    /// shows where nothing can be entered, and says why.
+    /// shows where nothing can be entered, and says why. Where nothing is stated the field says
+    /// quietly what the label holds, since that is what counts then.
     CATDlgLabel* AddFact(const Place& place, Kind kind);
 
     /// What is edited from now on; null: nothing. What was not taken before is forgotten.
@@ -75,7 +76,9 @@ private:
         CATDlgLabel* plain = nullptr;
         CATDlgLabel* problem = nullptr;
         CATUnicodeString shown; // in the editor, by this form
+        bool isStated = true;   // when it was last read; else the label says what counts instead
         std::vector<CATUnicodeString> choices;
+        std::vector<CATUnicodeString> lines; // as the combo has them
     };
     struct Untaken
     {
@@ -93,7 +96,8 @@ private:
     void Take(std::size_t index, const CATUnicodeString& text);
     void ShowField(Field& field);
     void ShowEditor(Field& field, const WBEditField& what);
-    static void OfferChoices(Field& field, std::vector<CATUnicodeString> choices);
+    CATUnicodeString CountingInstead(const Field& field, const char* key, const char* text) const;
+    void OfferChoices(Field& field, std::vector<CATUnicodeString> choices);
     void ShowCombo(Field& field, const WBEditField& what);
     void ShowProblems();
 

@@ -348,11 +348,10 @@ void WBMainPanel::BuildLastLine()
 {
     auto* frame = new CATDlgFrame(this, "Buttons", kWBPlainFrame);
     frame->SetPlacement(3, 0);
-    frame->SetColumnStretch(1, 1);
     m_marks = WBAddNote(frame, "MarksNote", 0);
     m_marks->SetPlacement(0, 1);
     m_marks->SetMark(true); // shown as what it explains
-    m_editing.BuildBar(frame, 2);
+    m_editing.BuildBar(frame, m_marks);
     m_close = new CATDlgPushButton(frame, "CloseButton");
     m_close->SetPlacement(0, 5);
     m_close->SetGuard([this] { return m_editing.MayClose(); });

@@ -30,8 +30,11 @@ WBPanelEditing::WBPanelEditing(CATDialog& window, std::function<void()> onApplie
     : m_window(window), m_onApplied(std::move(onApplied)), m_form(window, [this] { ShowBar(); })
 {}
 
-void WBPanelEditing::BuildBar(CATDialog* frame, int column)
+void WBPanelEditing::BuildBar(CATDialog* frame, CATDlgLabel* marks)
 {
+    constexpr int kFirstButton = 2;
+    m_bar = frame;
+    m_marks = marks;
     m_words = new CATDlgLabel(frame, "EditWords");
     m_words->SetTitle({});
     m_words->SetPlacement(0, 0);
@@ -42,10 +45,10 @@ void WBPanelEditing::BuildBar(CATDialog* frame, int column)
                            [this, action](const CATNotification&) { (this->*action)(); });
         return button;
     };
-    m_undo = addButton("UndoButton", column, &WBPanelEditing::Undo);
-    m_discard = addButton("DiscardButton", column + 1, &WBPanelEditing::Discard);
+    m_undo = addButton("UndoButton", kFirstButton, &WBPanelEditing::Undo);
+    m_discard = addButton("DiscardButton", kFirstButton + 1, &WBPanelEditing::Discard);
     m_apply = new CATDlgPushButton(frame, "ApplyButton");
-    m_apply->SetPlacement(0, column + 2);
+    m_apply->SetPlacement(0, kFirstButton + 2);
     m_window.Subscribe(m_apply, CATDlgPushButton::Activated,
                        [this](const CATNotification&) { Apply(); });
 }
@@ -86,6 +89,9 @@ void WBPanelEditing::ShowBar()
 {
     const CATUnicodeString words = WBEditWords(Counts());
     m_words->SetTitle(words);
+    // A text that is not there leaves its room to the other one.
+    m_bar->SetColumnStretch(0, words.IsEmpty() ? 0 : 1);
+    m_bar->SetColumnStretch(1, words.IsEmpty() || m_marks->IsVisible() ? 1 : 0);
     const bool hasUnapplied = HasUnapplied();
     for (CATDlgPushButton* button : {m_undo, m_discard, m_apply}) {
         button->SetSensitivity(hasUnapplied);

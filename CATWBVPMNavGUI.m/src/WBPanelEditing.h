@@ -21,8 +21,9 @@ public:
     WBPanelEditing(CATDialog& window, std::function<void()> onApplied);
 
     WBEditForm& Form() { return m_form; }
-    /// Words in the first column of the frame, buttons from that column on; they take three.
-    void BuildBar(CATDialog* frame, int column);
+    /// Words in the first column of the frame, three buttons from the third on; `marks`, the other
+    /// text of the frame, stands between and shares the room.
+    void BuildBar(CATDialog* frame, CATDlgLabel* marks);
 
     /// Another record is shown, or the same one as it is now: the server is asked what is stated.
     /// Null: there is nothing to edit. Edits of before are forgotten.
@@ -75,7 +76,9 @@ private:
     std::unique_ptr<WBEdits> m_edits;
 
     // Controls belong to the controls that they stand in.
+    CATDialog* m_bar = nullptr;
     CATDlgLabel* m_words = nullptr;
+    CATDlgLabel* m_marks = nullptr;
     CATDlgPushButton* m_undo = nullptr;
     CATDlgPushButton* m_discard = nullptr;
     CATDlgPushButton* m_apply = nullptr;
