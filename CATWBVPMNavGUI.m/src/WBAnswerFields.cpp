@@ -12,6 +12,7 @@ constexpr std::string_view kNothing = "__null__";
 
 CATUnicodeString WBAnswerFields::Text()
 {
+    m_isGood = m_isGood && !m_fields.IsAtEnd(); // a field that was cut off is not an empty one
     const std::string_view text = m_fields.NextView();
     return text == kNothing ? CATUnicodeString() : CATUnicodeString(text);
 }
