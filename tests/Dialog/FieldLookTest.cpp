@@ -85,9 +85,20 @@ TEST_F(FieldLookTest, EditorThatIsLeftAsItWasTellsNothing)
 {
     Leave();
     EXPECT_TRUE(m_finished.empty());
-    m_editor.Widget()->setFocus();
+}
+
+TEST_F(FieldLookTest, SameTextTypedAgainIsToldToo)
+{
     Type("12 kg");
     QTest::keyClick(Line(), Qt::Key_Return);
+    EXPECT_EQ(m_finished.size(), 1U);
+}
+
+TEST_F(FieldLookTest, TextOfTheProgramTakesThePlaceOfWhatWasTyped)
+{
+    Type("13 kg");
+    m_editor.SetText("14 kg");
+    Leave();
     EXPECT_TRUE(m_finished.empty());
 }
 

@@ -66,8 +66,8 @@ class WB_EXPORT CATDlgEditor : public CATDialog
 public:
     CATDlgEditor(CATDialog* parent, const CATString& name, int style = 0x200000);
     static const CATEvent Modified; ///< the user changed the text
-    /// The user pressed Enter or left the field, and the text differs from the one that the program
-    /// set or that was told of last.
+    /// The user pressed Enter or left the field after he had typed in it, also when the text is the
+    /// same again; once for what he typed.
     static const CATEvent Finished;
     /// The user pressed Esc while the text differed from the one that the program set, or in a
     /// field that looks like a problem: the program's text stands there again. Otherwise Esc goes

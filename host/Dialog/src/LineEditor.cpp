@@ -32,13 +32,14 @@ LineEditor::LineEditor(QWidget* parent, bool isReadOnly)
         setPalette(ReadOnlyPalette());
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(this, &QLineEdit::textEdited, this, [this] { m_isTyped = true; });
     connect(this, &QLineEdit::editingFinished, this, [this] { TellIfFinished(); });
 }
 
 void LineEditor::SetGivenText(const QString& text)
 {
     m_given = text;
-    m_told = text;
+    m_isTyped = false;
     setText(text);
     home(false); // a long text shows its beginning
 }
@@ -58,9 +59,9 @@ void LineEditor::SetListeners(std::function<void()> onFinished, std::function<vo
 
 void LineEditor::TellIfFinished()
 {
-    // Enter and the loss of the keys behind it are one end, and so is leaving a field untouched.
-    if (text() != m_told) {
-        m_told = text();
+    // Enter and the loss of the keys behind it are one end.
+    if (m_isTyped) {
+        m_isTyped = false;
         m_onFinished();
     }
 }

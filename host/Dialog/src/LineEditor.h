@@ -35,8 +35,8 @@ private:
     bool CanBeTakenBack() const;
 
     int m_characters;
-    QString m_given; ///< by the program
-    QString m_told;  ///< what the listener knows the text to be
+    QString m_given;        ///< by the program
+    bool m_isTyped = false; ///< by the user since then, or since the listener was told
     CATDlgLook m_look = CATDlgLook::Plain;
     std::function<void()> m_onFinished;
     std::function<void()> m_onTakenBack;
