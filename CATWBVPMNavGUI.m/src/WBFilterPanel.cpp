@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace
 {
@@ -36,10 +37,19 @@ bool HasDamaged(const WBFilterSet& set)
 
 } // namespace
 
-WBFilterPanel::WBFilterPanel(CATCommand* parent) : CATWBVPMNavFilterPanel(parent)
+WBFilterPanel::WBFilterPanel(CATCommand* parent)
+    : CATWBVPMNavFilterPanel(parent), m_drafts(WBFilterDrafts::Below(parent))
 {
     SetPreferredSize(kPreferredWidth, kPreferredHeight);
     SetGuard([this] { return MayClose(); });
+}
+
+WBFilterPanel::~WBFilterPanel()
+{
+    WBFilterDrafts* drafts = m_drafts.Get();
+    if (drafts != nullptr && IsChanged()) {
+        drafts->Put(m_root, m_set);
+    }
 }
 
 const char* WBFilterPanel::ClassName() const
@@ -71,7 +81,12 @@ void WBFilterPanel::SetPRCId(const CATUnicodeString& rootIdentifier)
         return;
     }
     m_root = rootIdentifier;
-    SetCurrentFilters();
+    ReadKept();
+    if (std::optional<WBFilterSet> draft = m_drafts.Get()->Take(m_root)) {
+        m_set = std::move(*draft);
+        m_isDraft = true;
+    }
+    ShowFirst();
 }
 
 void WBFilterPanel::Build()
@@ -155,20 +170,26 @@ void WBFilterPanel::BuildLastLine()
 void WBFilterPanel::SetCurrentFilters()
 {
     ReadKept();
-    if (IsBuilt()) {
-        ShowAll();
-    }
+    ShowFirst();
 }
 
 void WBFilterPanel::ReadKept()
 {
     m_kept = m_root.IsEmpty() ? WBFilterSet() : WBKeptFilters(m_root);
     m_set = m_kept;
+    m_isDraft = false;
+    TellHandler();
+}
+
+void WBFilterPanel::ShowFirst()
+{
     m_shown = m_set.counting;
     if (m_shown == WBFilterSet::kNone && !m_set.entries.empty()) {
         m_shown = 0;
     }
-    TellHandler();
+    if (IsBuilt()) {
+        ShowAll();
+    }
 }
 
 void WBFilterPanel::TellHandler() const
@@ -235,6 +256,10 @@ void WBFilterPanel::ShowAll()
                          "until you delete it.",
                          {m_root}),
             CATDlgLabel::Role::Warning);
+    } else if (m_isDraft) {
+        Say(WBFilterText("Draft.Text",
+                         "@What you changed last time was not kept yet: press OK or Cancel."),
+            CATDlgLabel::Role::Warning);
     } else {
         Say({});
     }
@@ -292,8 +317,8 @@ void WBFilterPanel::ShowRest()
         return;
     }
     m_rest->SetTitle(std::ranges::any_of(lines, &WBFilterLine::isIn)
-                         ? WBFilterText("Rest.Out", "@What no line is about is left out.")
-                         : WBFilterText("Rest.In", "@What no line is about is left in."));
+                         ? WBFilterText("Rest.Out", "@Everything else is left out.")
+                         : WBFilterText("Rest.In", "@Everything else is left in."));
 }
 
 void WBFilterPanel::Say(const CATUnicodeString& text, CATDlgLabel::Role role)
@@ -331,7 +356,8 @@ void WBFilterPanel::Rename()
     ShownFilter()->name = name;
     m_filters->SetLine(m_shown, name);
     ShowCounting();
-    Say(WBNameProblem(name), CATDlgLabel::Role::Warning);
+    const CATUnicodeString problem = WBNameProblem(name);
+    Say(problem, problem.IsEmpty() ? CATDlgLabel::Role::Plain : CATDlgLabel::Role::Warning);
 }
 
 void WBFilterPanel::Switch(bool on)
@@ -364,6 +390,7 @@ bool WBFilterPanel::Keep()
         return false;
     }
     m_kept = m_set;
+    m_isDraft = false;
     TellHandler();
     return true;
 }

@@ -1,16 +1,20 @@
 #pragma once
 
+#include "CATCommandWatch.h"
 #include "CATWBVPMNavFilterPanel.h"
+#include "WBFilterDrafts.h"
 #include "WBFilterSet.h"
 
 class WBFilterLines;
 
 /// The filter panel as users see it: the filters of a root, the lines of one of them, and which one
-/// is on. Everything happens in the panel alone until OK keeps it.
+/// is on. Everything happens in the panel alone until OK keeps it. Where the panel goes without a
+/// word of the user, the next one of that root goes on with what was changed.
 class WBFilterPanel : public CATWBVPMNavFilterPanel
 {
 public:
     explicit WBFilterPanel(CATCommand* parent);
+    ~WBFilterPanel() override;
 
     const char* ClassName() const override;
     CATString GetResourceFilename(int level) const override;
@@ -39,6 +43,7 @@ private:
     WBDefinedFilter* ShownFilter();
 
     void ReadKept();
+    void ShowFirst();
     void TellHandler() const;
     void ShowAll();
     void ShowNames();
@@ -62,6 +67,8 @@ private:
     WBFilterSet m_set;       // as the user sees it
     WBFilterSet m_kept;      // as it stands in the settings
     int m_shown = WBFilterSet::kNone;
+    bool m_isDraft = false; // what was changed was changed in an earlier panel
+    CATCommandWatch<WBFilterDrafts> m_drafts;
 
     // Controls belong to the controls that they stand in.
     CATDlgLabel* m_product = nullptr;

@@ -398,12 +398,12 @@ TEST_F(WBFilterPanelTest, WindowSaysWhichLineWinsAndWhatTheRestIs)
     EXPECT_THAT(Text("Rule"), HasSubstr("everything below it"));
     EXPECT_THAT(Text("Rule"), HasSubstr("the last one wins"));
     PickWing();
-    EXPECT_EQ(Text("Rest"), "What no line is about is left in.");
+    EXPECT_EQ(Text("Rest"), "Everything else is left in.");
     PickFront();
     Click("ToggleButton");
-    EXPECT_EQ(Text("Rest"), "What no line is about is left out.");
+    EXPECT_EQ(Text("Rest"), "Everything else is left out.");
     Click("RemoveButton");
-    EXPECT_EQ(Text("Rest"), "What no line is about is left in.");
+    EXPECT_EQ(Text("Rest"), "Everything else is left in.");
     Click("RemoveButton");
     EXPECT_EQ(Text("Rest"), "");
 }
@@ -656,6 +656,57 @@ TEST_F(WBFilterPanelTest, AnotherRootWaitsForTheChangesOfThisOne)
     panel->SetPRCId("SC1");
     EXPECT_EQ(Text("Product"), "SC1");
     EXPECT_EQ(List()->RowCount(), 0);
+}
+
+TEST_F(WBFilterPanelTest, ChangesOutliveACommandThatEndsWithoutAWord)
+{
+    Open();
+    PickWing();
+    CATRequestDelayedDestruction(panel); // another command was started
+    Settle();
+    EXPECT_EQ(WBFilterOfRoot("LA1"), "0|No Filter");
+    Open("SC1");
+    EXPECT_EQ(List()->RowCount(), 0); // they are those of LA1
+    EXPECT_EQ(Text("Word"), "");
+    Open();
+    EXPECT_EQ(Name(), "Filter 1");
+    EXPECT_THAT(Lines(), ElementsAre("WNG-000.1 out"));
+    EXPECT_EQ(Text("Word"), "What you changed last time was not kept yet: press OK or Cancel.");
+    EXPECT_EQ(Handler(), "NoConfig");
+    PickFront();
+    EXPECT_EQ(Text("Word"), "");
+    CATRequestDelayedDestruction(panel);
+    Settle();
+    Open();
+    EXPECT_EQ(List()->RowCount(), 2);
+    Click("CancelButton");
+    CATRequestDelayedDestruction(panel);
+    Settle();
+    Open(); // given up
+    EXPECT_THAT(Filters(), IsEmpty());
+    EXPECT_EQ(Text("Word"), "");
+}
+
+TEST_F(WBFilterPanelTest, ChangesOfAnEarlierPanelAreKeptByOk)
+{
+    Open();
+    PickWing();
+    CATRequestDelayedDestruction(panel);
+    Settle();
+    Open();
+    Click("OkButton");
+    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "Filter 1");
+    panel->SetVisibility(true);
+    Click("NewButton");
+    EXPECT_EQ(Text("Word"), "");
+}
+
+TEST_F(WBFilterPanelTest, ChangesGoWithTheWindowThatThePanelBelongsTo)
+{
+    Open();
+    PickWing();
+    CATSession::Close(); // the sanitizers watch
+    EXPECT_EQ(WBFilterOfRoot("LA1"), "0|No Filter");
 }
 
 TEST_F(WBFilterPanelTest, DamagedFilterIsToldAndStaysUntilItIsDeleted)
