@@ -58,18 +58,18 @@ std::vector<bool> PartsAbove(const Product& product, const std::vector<std::uint
 
 } // namespace
 
-std::vector<PendingState> ReadPending(Database& database, const std::string& user)
+PendingRows ReadPending(Database& database, const std::string& user)
 {
-    std::vector<PendingState> changes;
+    PendingRows pending;
     if (!HasCurrentTables(database)) {
-        return changes;
+        return pending;
     }
-    Statement& rows =
-        database.Kept("SELECT of_use, owner, mass_type, quantity, seen, after, at, subject FROM "
-                      "pending_change WHERE who = ? ORDER BY id");
+    Statement& rows = database.Kept(
+        "SELECT of_use, owner, mass_type, quantity, seen, after, at, subject, number FROM "
+        "pending_change WHERE who = ? ORDER BY id");
     rows.BindText(user);
     while (rows.Step()) {
-        PendingState& change = changes.emplace_back();
+        PendingState& change = pending.changes.emplace_back();
         change.kind = rows.Integer() != 0 ? OwnerKind::Use : OwnerKind::Part;
         change.owner = rows.Integer();
         change.quantity.massType = rows.Text();
@@ -78,31 +78,16 @@ std::vector<PendingState> ReadPending(Database& database, const std::string& use
         change.after = rows.Text();
         change.when = rows.Text();
         change.subject = rows.Text();
+        pending.number = rows.Integer(); // the same of all of them
     }
-    return changes;
+    return pending;
 }
 
-std::int64_t ReadPendingNumber(Database& database, const std::string& user)
+PendingOverlay::PendingOverlay(Database& database, std::string user) : m_user(std::move(user))
 {
-    std::int64_t number = 0;
-    if (!HasCurrentTables(database)) {
-        return number;
-    }
-    Statement& row = database.Kept("SELECT max(number) FROM pending_change WHERE who = ?");
-    row.BindText(user);
-    while (row.Step()) {
-        number = row.Integer();
-    }
-    return number;
-}
-
-PendingOverlay::PendingOverlay(Database& database, std::string user)
-    : m_user(std::move(user)), m_number(ReadPendingNumber(database, m_user))
-{
-    if (m_number == 0) {
-        return;
-    }
-    for (PendingState& change : ReadPending(database, m_user)) {
+    PendingRows pending = ReadPending(database, m_user);
+    m_number = pending.number;
+    for (PendingState& change : pending.changes) {
         m_changes[{change.kind, change.owner}].push_back(std::move(change));
     }
 }

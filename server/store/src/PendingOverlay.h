@@ -11,10 +11,15 @@
 
 namespace wb
 {
-/// The pending changes of a user as they were put, oldest first, without what is said of conflicts;
-/// none in a file of an earlier version.
-std::vector<PendingState> ReadPending(Database& database, const std::string& user);
-std::int64_t ReadPendingNumber(Database& database, const std::string& user);
+/// The pending changes of a user as they were put, oldest first, without what is said of conflicts.
+struct PendingRows
+{
+    std::vector<PendingState> changes;
+    std::int64_t number = 0; // as Store::PendingNumber answers it
+};
+
+/// None in a file of an earlier version.
+PendingRows ReadPending(Database& database, const std::string& user);
 
 /// One user's pending changes, laid over what is read. Few people change many things at a time, so
 /// they are kept in memory while they are looked at.

@@ -35,7 +35,7 @@ struct Committed
     }
 };
 
-/// A text as the quantity would say it, or nothing and a sentence.
+/// The text as the quantity says it, or a sentence of why it cannot be stated.
 std::string Normalised(const Store& store, Committed& owner, const PendingChange& change,
                        std::string& sentence)
 {
@@ -129,7 +129,7 @@ void Store::PutPending(const std::string& user, const std::vector<PendingChange>
 std::vector<PendingState> Store::PendingChanges(const std::string& user) const
 {
     const StoreMoment moment(*this);
-    std::vector<PendingState> states = ReadPending(*m_database, user);
+    std::vector<PendingState> states = ReadPending(*m_database, user).changes;
     for (PendingState& state : states) {
         const Committed owner(*this, state.kind, state.owner);
         state.isGone = owner.IsGone();
@@ -144,7 +144,7 @@ std::vector<PendingState> Store::PendingChanges(const std::string& user) const
 
 std::int64_t Store::PendingNumber(const std::string& user) const
 {
-    return ReadPendingNumber(*m_database, user);
+    return ReadPending(*m_database, user).number;
 }
 
 SaveOutcome Store::SavePending(const std::string& user)
@@ -172,7 +172,7 @@ std::size_t Store::AbortPending(const std::string& user)
         return 0;
     }
     Transaction transaction(*m_database);
-    const std::size_t count = ReadPending(*m_database, user).size();
+    const std::size_t count = ReadPending(*m_database, user).changes.size();
     RemovePending(*m_database, user);
     CommitSeen(transaction);
     return count;
