@@ -114,6 +114,21 @@ TEST(PendingComputation, NothingThatIsKeptIsTakenForThem)
                 HasSubstr("|Computed|1|36|"));
 }
 
+TEST(PendingComputation, StaleSumsAreNotAssumedForThem)
+{
+    EditedProduct product;
+    product.Mass("anna"); // keeps what the wing weighs
+    product.WeighSpar("anna", "11");
+    EXPECT_EQ(product.Save("anna"), "Save|OK");
+    EXPECT_EQ(RootMass(product, "anna", "2|0"), kStored) << "the wings are taken as they were";
+    RecordFields record;
+    record.head = "1|BOLT|A|0||";
+    record.massTypes = {"Weighed|1|0|0|1.5|0|0|0|0|0|0|0|0|0|0|1"};
+    product.Apply("kim", wbtest::kBolt, {"PartInst|Weighed|mass|1|0.5"}, record);
+    // 1 kg more on each of three spars and on the bolt.
+    EXPECT_EQ(RootMass(product, "kim", "2|0"), "110.5");
+}
+
 TEST(PendingComputation, WhatSomebodyElseSavesReachesOnesOwnSums)
 {
     EditedProduct product;

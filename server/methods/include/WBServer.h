@@ -151,9 +151,10 @@ struct CallContext
 ///   "WBWarningMsg" says why. "Abort" gives them up: "Abort|OK", also where nothing is pending, or
 ///   "Save|FALSE". Any other request: "Save|FALSE". Never the error marker.
 ///
-/// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, a line
-///   each, and forgets them; an empty text where there are none. Lines begin with "- "; a line
-///   that begins with "ERROR" says that there is no result to speak of. Never the error marker.
+/// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, or why his
+///   last saving was refused, a line each, and forgets them; an empty text where there are none.
+///   Lines begin with "- "; a line that begins with "ERROR" says that there is no result to speak
+///   of. Never the error marker.
 ///
 /// A computation is asked for by: has-instance, instance, part, version, a count with that many
 /// instance names from the parent up, density priority (0 W&B density first, 1 material first),

@@ -42,12 +42,6 @@ void Report(const CallContext& context, double done, std::string_view what)
 ResidentProduct& ResidentProducts::Of(RowId root, bool anew, std::int64_t pending,
                                       const CallContext& context)
 {
-    if (pending == 0) {
-        // What he saved or gave up is of no use to anybody.
-        std::erase_if(m_products, [&](const auto& entry) {
-            return entry.second.pendingNumber != 0 && entry.first.second == context.user;
-        });
-    }
     const std::pair key(root, pending == 0 ? std::string() : context.user);
     const auto found = m_products.find(key);
     const bool isThere = found != m_products.end() &&
