@@ -95,6 +95,10 @@ TEST(SaveManagement, OtherWordsAreRefusedAndChangeNothing)
         EXPECT_EQ(product.As("kim", "WBSaveManagement", word), "Save|FALSE") << word;
         EXPECT_THAT(product.Warnings("kim"), EndsWith("expected Save or Abort."));
     }
+    // Clients cut warnings into lines at the mark that begins them.
+    EXPECT_EQ(product.As("kim", "WBSaveManagement", "Save - all"), "Save|FALSE");
+    EXPECT_EQ(product.Warnings("kim"),
+              "- The request holds \"Save -all\", expected Save or Abort.");
     EXPECT_EQ(SparMass(product, "kim"), "12|10|1|0");
 }
 

@@ -17,7 +17,7 @@ const char* OwnerField(OwnerKind kind)
 
 const Property* FindProperty(const std::vector<Property>& properties, const Quantity& quantity)
 {
-    if (!quantity.massType.empty() || !quantity.name.starts_with(kPropertyQuantity)) {
+    if (!quantity.name.starts_with(kPropertyQuantity)) {
         return nullptr;
     }
     const auto found = std::ranges::find(
