@@ -7,6 +7,9 @@ WBFilterDrafts::WBFilterDrafts(CATCommand* parent) : CATCommand(parent, "WBFilte
 
 WBFilterDrafts* WBFilterDrafts::Below(CATCommand* parent)
 {
+    if (parent == nullptr) {
+        return nullptr; // there is nobody who would own it
+    }
     for (int position = 1; position <= parent->ChildCount(); ++position) {
         if (auto* drafts = dynamic_cast<WBFilterDrafts*>(parent->Child(position))) {
             return drafts;

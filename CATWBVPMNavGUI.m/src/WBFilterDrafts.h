@@ -13,7 +13,7 @@
 class WBFilterDrafts : public CATCommand
 {
 public:
-    /// The one below that parent, made when there is none.
+    /// The one below that parent, made when there is none. Null without a parent.
     static WBFilterDrafts* Below(CATCommand* parent);
 
     const char* ClassName() const override;

@@ -82,10 +82,7 @@ void WBFilterPanel::SetPRCId(const CATUnicodeString& rootIdentifier)
     }
     m_root = rootIdentifier;
     ReadKept();
-    if (std::optional<WBFilterSet> draft = m_drafts.Get()->Take(m_root)) {
-        m_set = std::move(*draft);
-        m_isDraft = true;
-    }
+    TakeDraft();
     ShowFirst();
 }
 
@@ -179,6 +176,16 @@ void WBFilterPanel::ReadKept()
     m_set = m_kept;
     m_isDraft = false;
     TellHandler();
+}
+
+void WBFilterPanel::TakeDraft()
+{
+    WBFilterDrafts* drafts = m_drafts.Get();
+    std::optional<WBFilterSet> draft = drafts == nullptr ? std::nullopt : drafts->Take(m_root);
+    if (draft) {
+        m_set = std::move(*draft);
+        m_isDraft = true;
+    }
 }
 
 void WBFilterPanel::ShowFirst()
@@ -298,8 +305,9 @@ void WBFilterPanel::ShowFilter()
     if (isFilter) {
         m_lines->Show(m_root, filter->lines);
     } else if (m_shown != WBFilterSet::kNone) {
-        m_lines->ShowText(WBFilterText("Damaged.Stored", "@This stored text is no filter:\n/p1",
-                                       {m_set.entries[static_cast<std::size_t>(m_shown)].damaged}));
+        m_lines->ShowText(WBFilterText(
+            "Damaged.Stored", "@In the settings CATWBVPMNavFilterPanel this is no filter:\n/p1",
+            {m_set.entries[static_cast<std::size_t>(m_shown)].damaged}));
     } else {
         m_lines->ShowText(
             m_root.IsEmpty()

@@ -43,6 +43,7 @@ private:
     WBDefinedFilter* ShownFilter();
 
     void ReadKept();
+    void TakeDraft();
     void ShowFirst();
     void TellHandler() const;
     void ShowAll();

@@ -680,6 +680,7 @@ TEST_F(WBFilterPanelTest, ChangesOutliveACommandThatEndsWithoutAWord)
     Open();
     EXPECT_EQ(List()->RowCount(), 2);
     Click("CancelButton");
+    EXPECT_EQ(Text("Word"), "");
     CATRequestDelayedDestruction(panel);
     Settle();
     Open(); // given up
@@ -699,6 +700,15 @@ TEST_F(WBFilterPanelTest, ChangesOfAnEarlierPanelAreKeptByOk)
     panel->SetVisibility(true);
     Click("NewButton");
     EXPECT_EQ(Text("Word"), "");
+}
+
+TEST_F(WBFilterPanelTest, NeedsNoParent)
+{
+    const auto alone = std::make_unique<WBFilterPanel>(nullptr);
+    alone->SetPRCId("LA1");
+    alone->Build();
+    alone->AddValuesInMultiList("WNG-000.1", "WNG-000", "A", "", 0);
+    EXPECT_EQ(FindBelow<CATDlgLabel>(*alone, "Counting")->Title(), "Filter 1");
 }
 
 TEST_F(WBFilterPanelTest, ChangesGoWithTheWindowThatThePanelBelongsTo)
