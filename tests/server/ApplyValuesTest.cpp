@@ -306,6 +306,8 @@ TEST(ApplyValues, WrongValueIsRefusedByItsName)
 {
     EditedProduct product;
     EXPECT_THAT(product.WeighSpar("kim", "-1"), HasSubstr("mass type Weighed, mass"));
+    EXPECT_THAT(product.Apply("kim", kSpar, {"PartInst|Weighed|mass|1|__null__"}, SparOf("-1")),
+                HasSubstr("mass type Weighed, mass"));
     EXPECT_THAT(product.Apply("kim", kSpar, {"PartRef|Weighed|precision|1|percent;1;2"},
                               SparOf("10", "1|0|-1|2")),
                 HasSubstr("mass type Weighed, precision"));

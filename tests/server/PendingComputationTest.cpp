@@ -142,6 +142,25 @@ TEST(PendingComputation, WhatSomebodyElseSavesReachesOnesOwnSums)
     EXPECT_EQ(product.Mass("kim"), "113.5");
 }
 
+TEST(PendingComputation, ProductsOfSeveralUsersStayInMemory)
+{
+    EditedProduct product;
+    product.WeighSpar("kim", "12");
+    product.WeighSpar("anna", "13");
+    const auto mass = [&](const std::string& user) {
+        return Split(product.As(user, "WBCompPartCompute", kLeftComputed), '|').front();
+    };
+    EXPECT_EQ(mass("kim"), "36");
+    EXPECT_EQ(mass("anna"), "37");
+    EXPECT_EQ(mass("eve"), "34");
+    // Only who reads the product again sees this.
+    wbtest::SqlConnection secret(product.Store().Path());
+    ASSERT_EQ(secret.Run("UPDATE part_value SET volume = 1 WHERE volume IS NOT NULL"), SQLITE_OK);
+    EXPECT_EQ(mass("kim"), "36");
+    EXPECT_EQ(mass("anna"), "37");
+    EXPECT_EQ(mass("eve"), "34");
+}
+
 TEST(PendingComputation, RecordShowsThemAndItsSumIsUpToDate)
 {
     EditedProduct product;
