@@ -318,7 +318,8 @@ TEST(WBInitialValues, WrongFieldsAreNamed)
     EXPECT_THAT(error("1||A|P.1|P|A|x|S.1"),
                 HasSubstr("The field path count of the request holds"));
     EXPECT_THAT(error("1||A|P.1|P|A|-1|S.1"), HasSubstr("expected a whole number from 0"));
-    EXPECT_THAT(error("1||A|P.1|P|A|99999|S.1"), HasSubstr("expected a whole number from 0 to 10000"));
+    EXPECT_THAT(error("1||A|P.1|P|A|99999|S.1"),
+                HasSubstr("expected a whole number from 0 to 10000"));
     EXPECT_THAT(error("1||A|P.1|P|A|2|S.1"), HasSubstr("The field path of the request is missing"));
     EXPECT_THAT(error("1||A|P.1|P|A|1|S.1|x"), HasSubstr("behind its last field"));
 }

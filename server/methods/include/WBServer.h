@@ -151,7 +151,8 @@ struct CallContext
 ///   "WBWarningMsg" says why. "Abort" gives them up: "Abort|OK", also where nothing is pending, or
 ///   "Save|FALSE". Any other request: "Save|FALSE". Never the error marker.
 ///
-/// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, or why his
+/// "WBWarningMsg": request ignored. Answers the warnings of the caller's last computation, or why
+/// his
 ///   last saving was refused, a line each, and forgets them; an empty text where there are none.
 ///   Lines begin with "- "; a line that begins with "ERROR" says that there is no result to speak
 ///   of. Never the error marker.
