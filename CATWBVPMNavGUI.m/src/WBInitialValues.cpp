@@ -62,6 +62,7 @@ bool WBReadAnew(CATDialog* window, CATWBAllDataBuffer& record)
                                     Field(identity.root) + identity.path + *answer;
     const auto fresh = CATHandle<CATWBAllDataBuffer>::Adopt(new CATWBAllDataBuffer);
     if (fresh->SetAllData(stream, true) != S_OK) {
+        WBTellUnreadable(window);
         return false;
     }
     fresh->SetIsLeaf(record.IsLeaf());

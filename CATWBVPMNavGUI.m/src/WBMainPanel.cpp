@@ -18,7 +18,6 @@ using Definitions = CATENOWBCSCommonDefinitions;
 
 constexpr int kPreferredWidth = 1000;
 constexpr int kPreferredHeight = 700;
-constexpr int kErrorStyle = 0x10000000;
 constexpr int kMatrixRows = 3;
 
 } // namespace
@@ -594,12 +593,7 @@ std::optional<CATUnicodeString> WBMainPanel::AskForComputation(const CATUnicodeS
                     "@The server did not answer, so nothing was computed. Check that it "
                     "is running, then compute again."));
     if (answer && !WBIsComputedAnswer(*answer)) {
-        CATWBServices::DisplayMsg(
-            this, WBPanelText("AnswerError.Title", "@The answer cannot be read"),
-            WBPanelText("AnswerError.Text",
-                        "@The answer of the server is incomplete or damaged, so nothing "
-                        "was taken from it: what is shown is as it was before."),
-            kErrorStyle);
+        WBTellUnreadable(this);
         return std::nullopt;
     }
     return answer;

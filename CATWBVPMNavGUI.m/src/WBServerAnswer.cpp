@@ -42,6 +42,16 @@ std::optional<CATUnicodeString> WBCheckedAnswer(CATDialog* window, const CATUnic
     return answer;
 }
 
+void WBTellUnreadable(CATDialog* window)
+{
+    CATWBServices::DisplayMsg(
+        window, WBPanelText("AnswerError.Title", "@The answer cannot be read"),
+        WBPanelText("AnswerError.Text",
+                    "@The answer of the server is incomplete or damaged, so nothing "
+                    "was taken from it: what is shown is as it was before."),
+        kErrorStyle);
+}
+
 void WBShowWarning(CATDialog* window, const CATUnicodeString& warning,
                    const WBWarningTitles& titles)
 {

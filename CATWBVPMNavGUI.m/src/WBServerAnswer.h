@@ -14,6 +14,9 @@ class CATDialog;
 std::optional<CATUnicodeString> WBCheckedAnswer(CATDialog* window, const CATUnicodeString& answer,
                                                 const CATUnicodeString& noAnswer);
 
+/// Tells that an answer is damaged and that nothing was taken from it.
+void WBTellUnreadable(CATDialog* window);
+
 struct WBWarningTitles
 {
     CATUnicodeString warnings;

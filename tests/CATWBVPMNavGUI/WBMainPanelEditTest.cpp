@@ -1,0 +1,699 @@
+#include "EditingSession.h"
+
+#include "CATICkeUnit.h"
+#include "RunServerCode.h"
+
+#include <QLabel>
+
+namespace
+{
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+using WBMainPanelEditTest = EditingSession;
+
+constexpr const char* kOneEdit = "✎ 1 edit is not applied.";
+constexpr const char* kWrong = "\"heavy\" is no mass; expected a number like 12.5 kg.";
+
+} // namespace
+
+TEST_F(WBMainPanelEditTest, FieldsShowWhatIsStated)
+{
+    Open(record);
+    EXPECT_EQ(Field("StatedMassEditor"), "12.5 kg");
+    EXPECT_EQ(Field("CentreXEditor"), "10 mm");
+    EXPECT_EQ(Field("CentreZEditor"), "30 mm");
+    EXPECT_EQ(Chosen("PrecisionKindChoice"), "–");
+    EXPECT_EQ(Field("LowerPrecisionEditor"), "");
+    EXPECT_EQ(Field("IyyEditor"), "2 kg.m2");
+    EXPECT_EQ(Field("IxzEditor"), "0.2 kg.m2");
+    EXPECT_EQ(Chosen("MaterialNameChoice"), "Steel");
+    EXPECT_EQ(Text("EditWords"), "");
+    for (const char* button : {"ApplyButton", "UndoButton", "DiscardButton"}) {
+        EXPECT_FALSE(CanClick(button)) << button;
+    }
+    // Captions name the fields for those who hear them.
+    EXPECT_EQ(Line("StatedMassEditor")->accessibleName(), "Mass");
+    EXPECT_EQ(panel->Widget()->findChild<QWidget*>("ActiveMassTypeChoice")->accessibleName(),
+              "Active mass type");
+}
+
+TEST_F(WBMainPanelEditTest, WhereNothingIsStatedTheFieldSaysWhatCounts)
+{
+    Open(record);
+    EXPECT_EQ(Chosen("ActiveMassTypeChoice"), "Estimated (by default)");
+    EXPECT_EQ(Chosen("PriorityChoice"), "the density of the material (by default)");
+    EXPECT_EQ(Field("DensityEditor"), "");
+    EXPECT_EQ(Line("DensityEditor")->placeholderText(), "7850 kg/m3 (not stated)");
+    EXPECT_EQ(Line("LowerPrecisionEditor")->placeholderText(), "not stated");
+    // Somebody chose it.
+    rows[8].text = rows[8].stored = "Estimated";
+    SayWhatIsStated();
+    panel->SetModel(RecordOf("1|BOLT.1|BOLT|A|CAR|1|AXLE.1|" + Values("12.5")).Get());
+    EXPECT_EQ(Chosen("ActiveMassTypeChoice"), "Estimated");
+    Choose("ActiveMassTypeChoice", 0);
+    EXPECT_EQ(Chosen("ActiveMassTypeChoice"), "–");
+}
+
+TEST_F(WBMainPanelEditTest, WithoutStatedValuesThePanelShowsWhatItAlwaysDid)
+{
+    server->answers["WBGetStatedValues"] = "Bolt|1|damaged";
+    Open(record);
+    EXPECT_EQ(Text("EditWords"), "Nothing can be edited: the server does not say what is stated.");
+    for (const char* plain :
+         {"ActiveMassType", "Density", "MaterialName", "AppliedOn", "Priority", "PropertyValue"}) {
+        EXPECT_TRUE(Find<CATDlgLabel>(plain)->IsVisible()) << plain;
+    }
+    EXPECT_EQ(Text("ActiveMassType"), "Estimated");
+    for (const char* combo : {"ActiveMassTypeChoice", "MaterialNameChoice", "PriorityChoice"}) {
+        EXPECT_FALSE(Find<CATDlgCombo>(combo)->IsVisible()) << combo;
+    }
+    EXPECT_FALSE(Find<CATDlgEditor>("DensityEditor")->IsVisible());
+    EXPECT_FALSE(FindBelow<CATDlgFrame>(*Find<CATDlgTabPage>("Values"), "Stated")->IsVisible());
+    EXPECT_FALSE(FindBelow<CATDlgFrame>(*Find<CATDlgTabPage>("Inertia"), "Stated")->IsVisible());
+    EXPECT_FALSE(CanClick("ApplyButton"));
+}
+
+TEST_F(WBMainPanelEditTest, FieldTakesTheCellOfItsFact)
+{
+    Open(record);
+    EXPECT_FALSE(Find<CATDlgLabel>("ActiveMassType")->IsVisible());
+    EXPECT_TRUE(Find<CATDlgCombo>("ActiveMassTypeChoice")->IsVisible());
+    TurnTo("Material");
+    // Of an instance that the PDM knows the material is always the part's.
+    EXPECT_TRUE(Find<CATDlgLabel>("AppliedOn")->IsVisible());
+    EXPECT_FALSE(Find<CATDlgCombo>("AppliedOnChoice")->IsVisible());
+    const QWidget& page = *panel->Widget()->findChild<QWidget*>("Material");
+    EXPECT_EQ(PlaceIn(page, "DensityEditor").left(), PlaceIn(page, "AppliedOn").left());
+    EXPECT_EQ(PlaceIn(page, "DensityEditor").left(), PlaceIn(page, "MaterialNameChoice").left());
+}
+
+TEST_F(WBMainPanelEditTest, ComputedIsNotEditedAndSaysWhy)
+{
+    Open(record);
+    const auto fields = [this](const char* page) {
+        return FindBelow<CATDlgFrame>(*Find<CATDlgTabPage>(page), "Stated")->IsVisible();
+    };
+    const auto reason = [this](const char* page) {
+        const auto* label = FindBelow<CATDlgLabel>(*Find<CATDlgTabPage>(page), "WhyNot");
+        return label->IsVisible() ? label->Title().ToStdString() : "none";
+    };
+    for (const char* page : {"Values", "Inertia"}) {
+        EXPECT_TRUE(fields(page)) << page;
+        EXPECT_EQ(reason(page), "none") << page;
+    }
+    SelectMassType(1);
+    for (const char* page : {"Values", "Inertia"}) {
+        EXPECT_FALSE(fields(page)) << page;
+        EXPECT_EQ(reason(page), "Computed follows from what is below; it is not typed.") << page;
+    }
+    List("MassTypes")->Send(CATDlgMultiList::RowSelected, 0); // none
+    EXPECT_FALSE(fields("Values"));
+    EXPECT_EQ(reason("Values"), "none");
+}
+
+TEST_F(WBMainPanelEditTest, EntryIsTakenAtEnterInAnyUnitAndMarked)
+{
+    Open(record);
+    Type("StatedMassEditor", "2*3.5");
+    EXPECT_EQ(Field("StatedMassEditor"), "7 kg");
+    Type("StatedMassEditor", "10 lb"); // 4.5359237 kg
+    EXPECT_EQ(Field("StatedMassEditor"), "4.536 kg");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Edited);
+    EXPECT_EQ(Find<CATDlgEditor>("StatedMassEditor")->Tooltip(),
+              "Not applied yet. Saved is 12.5 kg.");
+    EXPECT_EQ(LookOf("CentreXEditor"), CATDlgLook::Plain);
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+    EXPECT_NEAR(EstimateOf(*record), 4.5359237, 1e-12);
+    // Lists and sums are of what is applied.
+    EXPECT_EQ(Text("Mass"), "12.5 kg");
+    EXPECT_EQ(List("MassTypes")->Cell(3, 2), "12.5");
+    EXPECT_THAT(server->CallsOf("WBApplyValues"), IsEmpty());
+}
+
+TEST_F(WBMainPanelEditTest, EntryIsTakenWhenTheFieldIsLeft)
+{
+    Open(record);
+    TurnTo("Values");
+    Line("StatedMassEditor")->setFocus();
+    Enter("StatedMassEditor", "13");
+    EXPECT_EQ(Text("EditWords"), "");
+    EXPECT_TRUE(CanClick("ApplyButton")); // what is typed is about to be an edit
+    Line("CentreXEditor")->setFocus();
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+}
+
+TEST_F(WBMainPanelEditTest, ChoiceIsTakenAtOnce)
+{
+    Open(record);
+    Choose("ActiveMassTypeChoice", 2);
+    EXPECT_EQ(Chosen("ActiveMassTypeChoice"), "Weighed");
+    EXPECT_EQ(Find<CATDlgCombo>("ActiveMassTypeChoice")->Look(), CATDlgLook::Edited);
+    Choose("MaterialNameChoice", 1);
+    EXPECT_EQ(Chosen("MaterialNameChoice"), "Brass");
+    EXPECT_EQ(Text("EditWords"), "✎ 2 edits are not applied.");
+    CATUnicodeString active;
+    record->GetActiveMassType(active);
+    EXPECT_EQ(active, "Weighed");
+}
+
+TEST_F(WBMainPanelEditTest, WrongEntryStaysMarkedAndIsNotTaken)
+{
+    Open(record);
+    TurnTo("Values");
+    Type("StatedMassEditor", "heavy");
+    EXPECT_EQ(Field("StatedMassEditor"), "heavy");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Problem);
+    EXPECT_EQ(Find<CATDlgEditor>("StatedMassEditor")->Tooltip(), kWrong);
+    EXPECT_EQ(ProblemOn("Values"), kWrong);
+    EXPECT_EQ(Text("EditWords"), "✕ 1 entry cannot be taken.");
+    EXPECT_EQ(EstimateOf(*record), 12.5);
+    // Every field has its own sentence.
+    Type("CentreXEditor", "left");
+    EXPECT_THAT(ProblemOn("Values"), AllOf(StartsWith(kWrong), HasSubstr("\n\"left\" is no")));
+    EXPECT_EQ(Text("EditWords"), "✕ 2 entries cannot be taken.");
+    EXPECT_EQ(ProblemOn("Inertia"), "none");
+
+    Press("CentreXEditor", Qt::Key_Escape);
+    EXPECT_EQ(Field("CentreXEditor"), "10 mm");
+    Type("StatedMassEditor", "13");
+    EXPECT_EQ(ProblemOn("Values"), "none");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Edited);
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+    EXPECT_TRUE(panel->IsVisible());
+}
+
+TEST_F(WBMainPanelEditTest, WrongEntryWaitsWhileAnotherMassTypeIsShown)
+{
+    Open(record);
+    TurnTo("Values");
+    Type("StatedMassEditor", "heavy");
+    SelectMassType(3);
+    EXPECT_EQ(Field("StatedMassEditor"), "");
+    EXPECT_EQ(ProblemOn("Values"), "none");
+    EXPECT_EQ(Text("EditWords"), "✕ 1 entry cannot be taken.");
+    SelectMassType(2);
+    EXPECT_EQ(Field("StatedMassEditor"), "heavy");
+    EXPECT_EQ(ProblemOn("Values"), kWrong);
+    Press("StatedMassEditor", Qt::Key_Escape);
+    EXPECT_EQ(Field("StatedMassEditor"), "12.5 kg");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Plain);
+    EXPECT_EQ(Text("EditWords"), "");
+    EXPECT_TRUE(panel->IsVisible());
+}
+
+TEST_F(WBMainPanelEditTest, WhatIsTypedBelongsToTheMassTypeItWasTypedFor)
+{
+    Open(record);
+    Enter("StatedMassEditor", "13");
+    SelectMassType(3);
+    EXPECT_EQ(Field("StatedMassEditor"), "");
+    EXPECT_EQ(EstimateOf(*record), 13.0);
+    Type("StatedMassEditor", "14");
+    SelectMassType(2);
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+}
+
+TEST_F(WBMainPanelEditTest, UndoTakesTheLastStepBackAndDiscardAll)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    Type("StatedMassEditor", "14");
+    Type("StatedMassEditor", "heavy");
+    Click("UndoButton");
+    EXPECT_EQ(Field("StatedMassEditor"), "14 kg");
+    Click("UndoButton");
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+    Click("UndoButton");
+    EXPECT_EQ(Field("StatedMassEditor"), "12.5 kg");
+    EXPECT_FALSE(CanClick("UndoButton"));
+    EXPECT_EQ(Text("EditWords"), "");
+
+    Type("StatedMassEditor", "13");
+    Choose("MaterialNameChoice", 1);
+    Type("CentreXEditor", "left");
+    Enter("CentreYEditor", "21");
+    Click("DiscardButton");
+    EXPECT_EQ(Field("StatedMassEditor"), "12.5 kg");
+    EXPECT_EQ(Field("CentreXEditor"), "10 mm");
+    EXPECT_EQ(Field("CentreYEditor"), "20 mm");
+    EXPECT_EQ(Chosen("MaterialNameChoice"), "Steel");
+    EXPECT_EQ(EstimateOf(*record), 12.5);
+    for (const char* button : {"ApplyButton", "UndoButton", "DiscardButton"}) {
+        EXPECT_FALSE(CanClick(button)) << button;
+    }
+}
+
+TEST_F(WBMainPanelEditTest, ApplyHandsTheEditsOverAndReadsTheRecordAnew)
+{
+    Open(record);
+    TurnTo("Values");
+    Type("StatedMassEditor", "13");
+    server->calls.clear();
+    ServerHas("13", "12.5");
+    Click("ApplyButton");
+    ASSERT_GE(server->calls.size(), 3U);
+    EXPECT_THAT(
+        server->calls[0],
+        StartsWith("WBApplyValues: 1|BOLT.1|BOLT|A|1|AXLE.1|CAR|1|PartRef|Estimated|mass|1|12.5|"));
+    EXPECT_EQ(server->calls[1], "WBCompPartGetInitialValues: 1||CAR|BOLT.1|BOLT|A|1|AXLE.1|");
+    EXPECT_THAT(server->CallsOf("WBGetStatedValues"), ElementsAre("1|BOLT.1|BOLT|A|1|AXLE.1|CAR|"));
+    EXPECT_THAT(boxes, IsEmpty());
+    // The same record, the same page, the same mass type.
+    EXPECT_EQ(EstimateOf(*record), 13.0);
+    EXPECT_TRUE(record->IsLeaf());
+    EXPECT_EQ(Text("Mass"), "13 kg");
+    EXPECT_EQ(List("MassTypes")->Cell(3, 2), "13");
+    EXPECT_EQ(Tabs()->currentIndex(), 1);
+    EXPECT_EQ(List("MassTypes")->SelectedRow(), 2);
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Unsaved);
+    EXPECT_EQ(Find<CATDlgEditor>("StatedMassEditor")->Tooltip(),
+              "Applied, but not saved. Saved is 12.5 kg.");
+    EXPECT_EQ(Text("EditWords"), "● 1 change is not saved.");
+    EXPECT_FALSE(CanClick("ApplyButton"));
+}
+
+TEST_F(WBMainPanelEditTest, AppliedMassTypeIsTheBoldOne)
+{
+    Open(record);
+    Choose("ActiveMassTypeChoice", 2);
+    std::string values = Values("12.5");
+    values.replace(values.find("1|Estimated|__null__|"), 21, "1|Weighed|Weighed|");
+    server->answers["WBCompPartGetInitialValues"] = values;
+    Click("ApplyButton");
+    const auto isBold = [this](int row) {
+        return ViewOf(*List("MassTypes"))
+            ->model()
+            ->index(row - 1, 0)
+            .data(Qt::FontRole)
+            .value<QFont>()
+            .bold();
+    };
+    EXPECT_FALSE(isBold(2));
+    EXPECT_TRUE(isBold(3));
+    EXPECT_EQ(List("MassTypes")->SelectedRow(), 2);
+}
+
+TEST_F(WBMainPanelEditTest, ConflictIsMarkedAndCounted)
+{
+    rows[0].text = "13";
+    rows[0].stored = "11";
+    rows[0].marks = "1|1|anna|2026/11/21 19:00:00|";
+    SayWhatIsStated();
+    Open(record);
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Warning);
+    EXPECT_THAT(Find<CATDlgEditor>("StatedMassEditor")->Tooltip().ToStdString(),
+                HasSubstr("anna saved 11 kg on 2026/11/21 19:00:00"));
+    EXPECT_EQ(Text("EditWords"), "⚠ 1 change cannot be saved: somebody else saved that value "
+                                 "first.   ● 1 change is not saved.");
+    // The same value typed again says that it is meant.
+    Type("StatedMassEditor", "13 kg");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Edited);
+    Click("ApplyButton");
+    EXPECT_THAT(server->CallsOf("WBApplyValues").at(0),
+                HasSubstr("|1|PartRef|Estimated|mass|1|11|"));
+}
+
+TEST_F(WBMainPanelEditTest, EditsStayWhereTheServerDoesNotTakeThem)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    const struct
+    {
+        const char* answer;
+        const char* title;
+        const char* text;
+    } faultsOfAnswers[] = {
+        {"#WB_ERROR#The field mass is refused.", "The server reports an error",
+         "The field mass is refused."},
+        {"", "No answer from the server", "so nothing was applied: the edits are still here"},
+        {"Apply|NO|", "The answer cannot be read", "did not say whether it took the edits"},
+        {"Save|OK", "The answer cannot be read", "did not say whether it took the edits"}};
+    for (const auto& row : faultsOfAnswers) {
+        boxes.clear();
+        server->answers["WBApplyValues"] = row.answer;
+        Click("ApplyButton");
+        ASSERT_EQ(boxes.size(), 1U) << row.answer;
+        EXPECT_EQ(boxes[0].title, row.title);
+        EXPECT_THAT(boxes[0].text, HasSubstr(row.text));
+        EXPECT_EQ(Text("EditWords"), kOneEdit);
+        EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+        EXPECT_EQ(EstimateOf(*record), 13.0);
+    }
+    EXPECT_THAT(server->CallsOf("WBCompPartGetInitialValues"), IsEmpty());
+}
+
+TEST_F(WBMainPanelEditTest, WhatCannotBeTakenOrIsIncompleteIsNotApplied)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    Type("CentreXEditor", "left");
+    Click("ApplyButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "An entry cannot be taken");
+    EXPECT_THAT(boxes[0].text, HasSubstr("\"left\" is no length"));
+    Type("CentreXEditor", "");
+    Click("ApplyButton");
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[1].title, "Something is missing");
+    EXPECT_THAT(boxes[1].text, HasSubstr("centre of gravity of Estimated"));
+    EXPECT_THAT(server->CallsOf("WBApplyValues"), IsEmpty());
+    EXPECT_EQ(Text("EditWords"), "✎ 2 edits are not applied.");
+}
+
+TEST_F(WBMainPanelEditTest, MaterialOfManyPlacesIsAskedAbout)
+{
+    places = "12";
+    SayWhatIsStated();
+    Open(record);
+    Choose("MaterialNameChoice", 1);
+    answers = {kNo};
+    Click("ApplyButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "Counts in other places too");
+    EXPECT_EQ(boxes[0].text, "This changes BOLT A in 12 places of CAR.\nApply it?");
+    EXPECT_THAT(server->CallsOf("WBApplyValues"), IsEmpty());
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+    answers = {kYes};
+    server->answers["WBCompPartGetInitialValues"] = Values("12.5");
+    Click("ApplyButton");
+    EXPECT_EQ(server->CallsOf("WBApplyValues").size(), 1U);
+    EXPECT_EQ(Text("EditWords"), "");
+}
+
+TEST_F(WBMainPanelEditTest, ComputationAsksToApplyFirst)
+{
+    server->answers["WBCompPartCompute"] =
+        "13|0.1|0.2|1|2|3|1|1|1|0|0|0|0|0|1|0|0|0|1|0|0|0|1|0|0|0|";
+    Open(record);
+    Type("StatedMassEditor", "13");
+    answers = {kNo};
+    Click("ComputeButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "Edits are not applied");
+    EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\n"
+                             "A computation counts what is applied. Apply them and compute?");
+    EXPECT_THAT(server->CallsOf("WBCompPartCompute"), IsEmpty());
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+
+    answers = {kYes};
+    ServerHas("13", "12.5");
+    server->calls.clear();
+    Click("ComputeButton");
+    EXPECT_THAT(server->calls.at(0), StartsWith("WBApplyValues"));
+    EXPECT_EQ(server->CallsOf("WBCompPartCompute").size(), 1U);
+    EXPECT_EQ(List("MassTypes")->Cell(3, 1), "13");
+    EXPECT_EQ(Text("EditWords"), "● 1 change is not saved.");
+    // Without edits nobody is asked; what a computation gave can be edited beside.
+    Click("ComputeButton");
+    EXPECT_EQ(boxes.size(), 2U);
+    Type("StatedMassEditor", "14");
+    EXPECT_EQ(Text("EditWords"), "✎ 1 edit is not applied.   ● 1 change is not saved.");
+    EXPECT_EQ(List("MassTypes")->Cell(3, 1), "13");
+}
+
+TEST_F(WBMainPanelEditTest, ComputationThatIsAskedForStaysOffWhereApplyingFails)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    answers = {kYes};
+    server->answers["WBApplyValues"] = "#WB_ERROR#No.";
+    Click("ComputeButton");
+    EXPECT_THAT(server->CallsOf("WBCompPartCompute"), IsEmpty());
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+}
+
+TEST_F(WBMainPanelEditTest, AnotherPickNeverDiscardsEdits)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    const RecordHandle next = RecordOf(FirewallStream());
+    answers = {kNo};
+    panel->SetModel(next.Get());
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\n"
+                             "Apply them and go on to what was picked, or stay here with them?");
+    EXPECT_EQ(Text("Part"), "BOLT, version A");
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+    EXPECT_EQ(next->ReferenceCount(), 1);
+
+    answers = {kYes};
+    server->answers["WBApplyValues"] = "#WB_ERROR#No.";
+    panel->SetModel(next.Get());
+    EXPECT_EQ(Text("Part"), "BOLT, version A");
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+
+    panel->SetModel(nullptr); // also not for nothing
+    EXPECT_EQ(Text("Part"), "BOLT, version A");
+}
+
+TEST_F(WBMainPanelEditTest, NextPickShowsWhatBecameOfItByTheEdits)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    const RecordHandle next =
+        RecordOf("1|AXLE.1|AXLE|A|CAR|0|" + Values("20")); // read before the edits were applied
+    answers = {kYes};
+    server->answers["WBCompPartGetInitialValues"] = Values("20.5");
+    panel->SetModel(next.Get());
+    EXPECT_EQ(server->CallsOf("WBApplyValues").size(), 1U);
+    EXPECT_EQ(server->CallsOf("WBCompPartGetInitialValues").back(), "1||CAR|AXLE.1|AXLE|A|0|");
+    EXPECT_EQ(Text("Part"), "AXLE, version A");
+    EXPECT_EQ(Text("Mass"), "20.5 kg");
+    EXPECT_EQ(Text("EditWords"), "");
+}
+
+TEST_F(WBMainPanelEditTest, WrongEntryAloneKeepsAPickAwayToo)
+{
+    Open(record);
+    Type("StatedMassEditor", "heavy");
+    answers = {kYes};
+    panel->SetModel(RecordOf(FirewallStream()).Get());
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_THAT(boxes[0].text, StartsWith("Bolt: ✕ 1 entry cannot be taken.\n"));
+    EXPECT_EQ(boxes[1].title, "An entry cannot be taken");
+    EXPECT_EQ(Text("Part"), "BOLT, version A");
+}
+
+TEST_F(WBMainPanelEditTest, ClosingAsksByButtonAndByFrame)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    answers = {kCancel};
+    Click("CloseButton");
+    EXPECT_TRUE(panel->IsVisible());
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\nApply them before this window closes?");
+    answers = {kCancel};
+    panel->Widget()->close();
+    Settle();
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+    // Apply, which may fail.
+    answers = {kYes};
+    server->answers["WBApplyValues"] = "#WB_ERROR#No.";
+    Click("CloseButton");
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+    // Discard.
+    answers = {kNo};
+    Click("CloseButton");
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(EstimateOf(*record), 12.5);
+    EXPECT_EQ(server->CallsOf("WBApplyValues").size(), 1U);
+}
+
+TEST_F(WBMainPanelEditTest, ClosingAppliesWhenTheUserSaysSo)
+{
+    Open(record);
+    Enter("StatedMassEditor", "13"); // not even left
+    answers = {kYes};
+    ServerHas("13", "12.5");
+    panel->Widget()->close();
+    Settle();
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(server->CallsOf("WBApplyValues").size(), 1U);
+}
+
+TEST_F(WBMainPanelEditTest, ClosingWithoutEditsAsksNothing)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    Type("StatedMassEditor", "12.5");
+    Click("CloseButton");
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_THAT(boxes, IsEmpty());
+}
+
+TEST_F(WBMainPanelEditTest, FaultKeepsTheEdits)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    Type("CentreXEditor", "left");
+    EXPECT_FALSE(CATSession::RunGuarded(panel, [] { throw CATFatalError("x", "Some.cpp", 1); }));
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+    EXPECT_EQ(Field("CentreXEditor"), "left");
+    EXPECT_EQ(Text("EditWords"), "✕ 1 entry cannot be taken.   ✎ 1 edit is not applied.");
+    EXPECT_EQ(List("MassTypes")->Cell(3, 2), "12.5"); // of what is applied
+}
+
+TEST_F(WBMainPanelEditTest, DamagedValuesAfterApplyingAreAFaultThatThePanelSurvives)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    server->answers["WBCompPartGetInitialValues"] = "1|0|1|0|0|many|";
+    Click("ApplyButton");
+    EXPECT_EQ(faults, 1);
+    EXPECT_TRUE(panel->IsVisible());
+    EXPECT_EQ(Text("Part"), "BOLT, version A");
+    // The next pick can be edited again.
+    panel->SetModel(RecordOf("1|BOLT.1|BOLT|A|CAR|1|AXLE.1|" + Values("13")).Get());
+    Type("StatedMassEditor", "14");
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+}
+
+TEST_F(WBMainPanelEditTest, EditsFollowTheUnits)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    Type("CentreXEditor", "left");
+    Enter("CentreYEditor", "2");
+    ShowIn("MASS", "g");
+    ShowIn("LENGTH", "cm");
+    EXPECT_EQ(Field("StatedMassEditor"), "13000 g");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Edited);
+    EXPECT_EQ(Field("CentreXEditor"), "left");
+    EXPECT_EQ(Field("CentreYEditor"), "2"); // still being typed
+    EXPECT_EQ(Field("CentreZEditor"), "3 cm");
+    Press("CentreYEditor", Qt::Key_Return);
+    EXPECT_EQ(Field("CentreYEditor"), "2 cm");
+}
+
+TEST_F(WBMainPanelEditTest, SavingAnywhereReadsTheRecordAnew)
+{
+    ServerHas("13", "12.5");
+    Open(RecordOf("1|BOLT.1|BOLT|A|CAR|1|AXLE.1|" + Values("13")));
+    EXPECT_EQ(Text("EditWords"), "● 1 change is not saved.");
+    ServerHas("13", "13");
+    server->answers["WBSaveManagement"] = "Save|OK";
+    RunServerCode("WBSaveManagement", "Save");
+    EXPECT_EQ(Text("EditWords"), "");
+    EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Plain);
+    ServerHas("12", "12");
+    RunServerCode("WBListRoots"); // another call changes nothing
+    EXPECT_EQ(Text("Mass"), "13 kg");
+    RunServerCode("WBSaveManagement", "Abort");
+    EXPECT_EQ(Text("Mass"), "12 kg");
+}
+
+TEST_F(WBMainPanelEditTest, SavingLeavesUnappliedEditsAlone)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    ServerHas("11", "11");
+    RunServerCode("WBSaveManagement", "Save");
+    EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
+    EXPECT_EQ(Text("EditWords"), kOneEdit);
+    EXPECT_THAT(server->CallsOf("WBCompPartGetInitialValues"), IsEmpty());
+}
+
+TEST_F(WBMainPanelEditTest, PanelWithoutARecordHearsOfSavingsWithoutHarm)
+{
+    Open(record);
+    panel->SetModel(nullptr);
+    RunServerCode("WBSaveManagement", "Save");
+    EXPECT_THAT(server->CallsOf("WBCompPartGetInitialValues"), IsEmpty());
+    EXPECT_EQ(Text("EditWords"), "");
+}
+
+TEST_F(WBMainPanelEditTest, SelectedPropertyIsEditedBelowTheList)
+{
+    Open(record);
+    EXPECT_EQ(Text("Selected"), "Select a property to change its value.");
+    EXPECT_FALSE(Find<CATDlgEditor>("PropertyValueEditor")->IsVisible());
+    List("Properties")->Send(CATDlgMultiList::RowSelected, 1);
+    EXPECT_EQ(Text("Selected"), "Vendor, of the part");
+    EXPECT_EQ(Field("PropertyValueEditor"), "Smith");
+    Enter("PropertyValueEditor", "Miller");
+    List("Properties")->Send(CATDlgMultiList::RowSelected, 2);
+    // A yes or no is chosen.
+    EXPECT_FALSE(Find<CATDlgEditor>("PropertyValueEditor")->IsVisible());
+    EXPECT_EQ(Chosen("PropertyValueChoice"), "no");
+    Choose("PropertyValueChoice", 1);
+    EXPECT_EQ(Chosen("PropertyValueChoice"), "yes");
+    EXPECT_EQ(Text("EditWords"), "✎ 2 edits are not applied.");
+    CATUnicodeString vendor;
+    record->GetPropertyValue(1, vendor);
+    EXPECT_EQ(vendor, "Miller");
+    List("Properties")->Send(CATDlgMultiList::RowSelected, 0);
+    EXPECT_FALSE(Find<CATDlgCombo>("PropertyValueChoice")->IsVisible());
+}
+
+TEST_F(WBMainPanelEditTest, SpeaksGermanWithACommaToo)
+{
+    CATMsgCatalog::SetLanguage("de");
+    ASSERT_TRUE(CATUseNumberLocale("de_DE.UTF-8"));
+    Open(record);
+    EXPECT_EQ(Chosen("ActiveMassTypeChoice"), "Estimated (Vorgabe)");
+    Type("StatedMassEditor", "13,25");
+    EXPECT_EQ(Field("StatedMassEditor"), "13,25 kg");
+    EXPECT_EQ(Text("EditWords"), "✎ 1 Eingabe ist nicht übernommen.");
+    EXPECT_EQ(Find<CATDlgPushButton>("ApplyButton")->Title(), "Übernehmen");
+    answers = {kCancel};
+    Click("CloseButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "Eingaben sind nicht übernommen");
+}
+
+TEST_F(WBMainPanelEditTest, NothingIsCutInSilenceWithEditsAndProblems)
+{
+    for (const char* language : {"en", "de"}) {
+        CATMsgCatalog::SetLanguage(language);
+        Open(record);
+        Type("StatedMassEditor", "heavy");
+        Type("CentreXEditor", "12 mm");
+        Type("IxxEditor", "round");
+        Choose("MaterialNameChoice", 1);
+        for (const QSize& size : {QSize(800, 600), QSize(1000, 700), QSize(1920, 1080)}) {
+            Resize(size.width(), size.height());
+            for (const char* page : {"Values", "Inertia", "Material", "Properties", "Changes"}) {
+                SCOPED_TRACE(std::string(language) + " " + std::to_string(size.width()) + " " +
+                             page);
+                TurnTo(page);
+                ExpectNoLabelIsCutInSilence(*panel->Widget());
+                ExpectNothingLeavesTheWindow(*panel->Widget());
+            }
+        }
+        CATRequestDelayedDestruction(panel);
+        Settle();
+        record = RecordOf("1|BOLT.1|BOLT|A|CAR|1|AXLE.1|" + Values("12.5"));
+    }
+}
+
+TEST_F(WBMainPanelEditTest, WordsAndMarksShareTheLastLine)
+{
+    server->answers["WBCompPartCompute"] =
+        "13|0.1|0.2|1|2|3|1|1|1|0|0|0|0|0|1|0|0|0|1|0|0|0|1|0|0|0|";
+    Open(record);
+    Resize(1280, 800);
+    const auto isWhole = [this](const char* name) {
+        const auto* label = panel->Widget()->findChild<QLabel*>(name);
+        return label->fontMetrics().horizontalAdvance(label->text()) <=
+               label->contentsRect().width();
+    };
+    Click("ComputeButton");
+    EXPECT_TRUE(isWhole("MarksNote"));
+    Type("StatedMassEditor", "13");
+    EXPECT_TRUE(isWhole("EditWords"));
+    const QRect words = PlaceIn(*panel->Widget(), "EditWords");
+    EXPECT_LT(words.right(), PlaceIn(*panel->Widget(), "MarksNote").left());
+    EXPECT_LT(PlaceIn(*panel->Widget(), "ApplyButton").right(),
+              PlaceIn(*panel->Widget(), "CloseButton").left());
+}
