@@ -13,6 +13,8 @@
 #include <array>
 #include <initializer_list>
 #include <optional>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace wb
@@ -89,13 +91,11 @@ AskedChange ReadChange(Request& request, const EditedPlace& place)
 std::vector<AskedChange> ReadChanges(Request& request, const EditedPlace& place)
 {
     std::vector<AskedChange> changes;
+    std::set<std::pair<OwnerKind, Quantity>> named;
     const std::int64_t count = request.Count("quantity count");
     for (std::int64_t i = 0; i < count; ++i) {
         AskedChange asked = ReadChange(request, place);
-        const bool isTwice = std::ranges::any_of(changes, [&](const AskedChange& other) {
-            return other.kind == asked.kind && other.quantity == asked.quantity;
-        });
-        if (isTwice) {
+        if (!named.emplace(asked.kind, asked.quantity).second) {
             throw RequestError("The field quantity of the request names " +
                                QuantityName(asked.quantity) + " of " + OwnerField(asked.kind) +
                                " twice.");

@@ -5,6 +5,10 @@
 #include "CATENOWBCSCommonDefinitions.h"
 
 #include <algorithm>
+#include <array>
+#include <set>
+#include <string>
+#include <utility>
 
 namespace wb
 {
@@ -76,10 +80,11 @@ RecordText::MassType ReadMassType(Request& request)
 
 void ReadMassTypes(Request& request, RecordText& record)
 {
+    std::set<std::string_view> named;
     const std::int64_t count = request.Count("mass type count");
     for (std::int64_t i = 0; i < count; ++i) {
         const RecordText::MassType type = ReadMassType(request);
-        if (record.Find(type.name) != nullptr) {
+        if (!named.insert(type.name).second) {
             Refuse("mass type", type.name, "each mass type once");
         }
         record.massTypes.push_back(type);

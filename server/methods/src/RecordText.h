@@ -3,6 +3,7 @@
 #include "WBBody.h"
 #include "WBProduct.h"
 
+#include <array>
 #include <optional>
 #include <string_view>
 #include <vector>
