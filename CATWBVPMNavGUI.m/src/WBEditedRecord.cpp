@@ -186,30 +186,31 @@ void WBWriteSet(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original,
 }
 
 void WBWriteMaterial(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original,
-                     const WBEditedMaterial& edited)
+                     const CATUnicodeString& owner, const WBEditedMaterial& ofOwner,
+                     const WBEditedMaterial& ofPart)
 {
     Material own;
     original.GetWBDensityStatus(own.status);
     original.GetWBDensity(own.density);
     original.GetWBMaterialName(own.name);
-    Material ofPart{original.GetPartRefWBDensityStatus(), original.GetPartRefWBDensity(),
-                    original.GetPartRefWBMaterialName()};
+    Material part{original.GetPartRefWBDensityStatus(), original.GetPartRefWBDensity(),
+                  original.GetPartRefWBMaterialName()};
     CATUnicodeString object = original.GetAppliedOnObject();
-    if (edited.density.isEdited || edited.material.isEdited) {
-        own = Edited(edited, own);
-        object = edited.owner;
-        // Of an instance that the PDM knows the record has the part's alone, and only once.
-        if (edited.owner == Definitions::partRef && !record.HasInstInENOVIA()) {
-            ofPart = Edited(edited, ofPart);
-        }
+    if (ofOwner.IsEdited()) {
+        own = Edited(ofOwner, own);
+        object = owner;
+    }
+    // Of an instance that the PDM knows the record has the part's alone, and only once.
+    if (ofPart.IsEdited() && !record.HasInstInENOVIA()) {
+        part = Edited(ofPart, part);
     }
     record.SetWBDensityStatus(own.status);
     record.SetWBDensity(own.density);
     record.SetWBMaterialName(own.name);
     record.SetAppliedOnObject(object);
-    record.SetPartRefWBDensityStatus(ofPart.status);
-    record.SetPartRefWBDensity(ofPart.density);
-    record.SetPartRefWBMaterialName(ofPart.name);
+    record.SetPartRefWBDensityStatus(part.status);
+    record.SetPartRefWBDensity(part.density);
+    record.SetPartRefWBMaterialName(part.name);
 }
 
 void WBWriteActive(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original,

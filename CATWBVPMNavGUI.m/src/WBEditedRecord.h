@@ -31,14 +31,17 @@ void WBWriteSet(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original,
 
 struct WBEditedMaterial
 {
-    CATUnicodeString owner; ///< CATENOWBCSCommonDefinitions::partRef or partInst
     WBEditedPieces density;
     WBEditedPieces material;
+
+    bool IsEdited() const { return density.isEdited || material.isEdited; }
 };
 /// The density that another material brings is the server's to know: until it says so the record
-/// has none.
+/// has none. `ofOwner` is what is shown as that of the owner,
+/// CATENOWBCSCommonDefinitions::partRef or partInst; `ofPart` is the same where that is the part.
 void WBWriteMaterial(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original,
-                     const WBEditedMaterial& edited);
+                     const CATUnicodeString& owner, const WBEditedMaterial& ofOwner,
+                     const WBEditedMaterial& ofPart);
 
 /// An empty name: nothing is chosen.
 void WBWriteActive(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original,

@@ -290,7 +290,8 @@ WBTypedPieces WBEdits::ReadChoice(const WBEditField& field, const CATUnicodeStri
     return {{chosen->piece}, {}};
 }
 
-/// What was typed for one owner and not applied yet is meant for the other one then.
+/// What was typed for one owner and not applied yet is meant for the other one then: the record has
+/// one place for it. What was cleared needs none and stays cleared.
 CATUnicodeString WBEdits::TypeOwner(const CATUnicodeString& text)
 {
     const WBEditField field{Kind::AppliedOn};
@@ -302,7 +303,7 @@ CATUnicodeString WBEdits::TypeOwner(const CATUnicodeString& text)
     draft.materialOwner = read.pieces[0];
     for (const auto& [place, pieces] : m_draft.edited) {
         const WBStatedQuantity& quantity = m_stated.quantities[place];
-        if (IsOfMaterial(quantity)) {
+        if (IsOfMaterial(quantity) && !WBTextOf(pieces).IsEmpty()) {
             draft.edited.erase(place);
             const WBStatedQuantity* other = m_stated.Find(read.pieces[0], {}, quantity.name);
             if (other != nullptr) {
@@ -367,12 +368,14 @@ void WBEdits::WriteIntoRecord(std::size_t place)
                    {piecesOf(kWBMassQuantity), piecesOf(kWBCentreQuantity),
                     piecesOf(kWBInertiaQuantity), piecesOf(kWBPrecisionQuantity)});
     } else if (IsOfMaterial(quantity)) {
-        const auto piecesOf = [&](const char* name) {
-            return EditedPieces(m_stated.Find(m_draft.materialOwner, {}, name), name);
+        const auto materialOf = [&](const CATUnicodeString& owner) {
+            const auto piecesOf = [&](const char* name) {
+                return EditedPieces(m_stated.Find(owner, {}, name), name);
+            };
+            return WBEditedMaterial{piecesOf(kWBDensityQuantity), piecesOf(kWBMaterialQuantity)};
         };
-        WBWriteMaterial(
-            m_record, *m_original,
-            {m_draft.materialOwner, piecesOf(kWBDensityQuantity), piecesOf(kWBMaterialQuantity)});
+        WBWriteMaterial(m_record, *m_original, m_draft.materialOwner,
+                        materialOf(m_draft.materialOwner), materialOf(Definitions::partRef));
     } else if (quantity.name == kWBActiveQuantity) {
         WBWriteActive(m_record, *m_original, Shown({Kind::ActiveMassType}, edited.pieces),
                       edited.isEdited);
@@ -420,6 +423,10 @@ CATUnicodeString WBEdits::Tooltip(const WBEditField& field) const
     if (WBIsOfMassType(field.kind) && field.massType == Definitions::Computed) {
         return WBEditText("Computed.Tooltip",
                           "@Computed follows from what is below; it is not typed.");
+    }
+    if (field.kind == Kind::AppliedOn && m_before.hasInstanceInPDM) {
+        return WBEditText("AppliedOn.Tooltip",
+                          "@Density and material of this instance are those of its part.");
     }
     const WBStatedQuantity* quantity = StatedOf(field);
     if (quantity == nullptr) {

@@ -348,12 +348,28 @@ TEST_F(WBEditsTest, EditedMaterialGoesAlongToTheOtherObject)
                        "PartRef|__null__|material|1|Steel|");
 }
 
+TEST_F(WBEditsTest, MaterialThatWasClearedStaysClearedWhileTheOtherObjectGetsOne)
+{
+    Type(Field(Kind::Material), "");
+    Type(Field(Kind::AppliedOn), "this instance alone");
+    Type(Field(Kind::Material), "Aluminium");
+    EXPECT_EQ(Lines(), "2|PartRef|__null__|material|0|Steel|"
+                       "PartInst|__null__|material|1|__null__|");
+    EXPECT_EQ(record->GetPartRefWBMaterialName(), "");
+    EXPECT_TRUE(Edits().ApplyRequest().Contains("|1|0|Aluminium|PartInst|3|"));
+    Edits().UndoAll();
+    EXPECT_EQ(record->GetPartRefWBMaterialName(), "Steel");
+    EXPECT_FALSE(Edits().HasEdits());
+}
+
 TEST_F(WBEditsTest, MaterialOfAnInstanceThatThePDMKnowsIsThePartsOwn)
 {
     record->SetHasInstInENOVIA(true);
     StateAs(kUse, "", "density", "2700");
     EXPECT_FALSE(Edits().IsEditable(Field(Kind::AppliedOn)));
     EXPECT_EQ(Text(Field(Kind::AppliedOn)), "the part, wherever it is used");
+    EXPECT_EQ(Edits().Tooltip(Field(Kind::AppliedOn)),
+              "Density and material of this instance are those of its part.");
     EXPECT_EQ(Text(Field(Kind::Density)), "");
     EXPECT_EQ(Text(Field(Kind::Material)), "Steel");
 }
