@@ -82,7 +82,7 @@ TEST_F(PendingViews, SeveralChangesOfOneOwnerAreAllSeen)
     ASSERT_EQ(part.sets.size(), 1U);
     EXPECT_EQ(part.sets[0].massType, "Supplier");
     EXPECT_EQ(part.activeType, "Supplier");
-    EXPECT_EQ(part.lastImposed, "Supplier");
+    EXPECT_EQ(part.Imposed(), "Supplier");
 }
 
 TEST_F(PendingViews, PropertiesOfUsesAreSeen)
@@ -100,23 +100,6 @@ TEST_F(PendingViews, PropertiesOfUsesAreSeen)
     const std::string right = std::to_string(Use("R", "right"));
     EXPECT_THAT(properties("ann"), ElementsAre(right + " Place=starboard"));
     EXPECT_THAT(properties("bob"), ElementsAre(right + " Place=port"));
-}
-
-TEST_F(PendingViews, PropertyThatWasClearedIsNone)
-{
-    m_ann->PutPending(
-        "ann", {OfUse("R", "right", m_place, "port", ""), OfPart("P", m_vendor, "Smith", "")});
-    const auto count = [&](const char* user) {
-        const PendingView view(*m_bob, user);
-        int found = 0;
-        m_bob->UseProperties([&](RowId, const Property&) { ++found; });
-        return found;
-    };
-    EXPECT_EQ(count("ann"), 0);
-    EXPECT_EQ(count("bob"), 1);
-    m_ann->SavePending("ann");
-    EXPECT_EQ(count("bob"), 0);
-    EXPECT_EQ(m_bob->ReadUse(Use("R", "right")).use.properties.size(), 1U) << "to be stated again";
 }
 
 TEST_F(PendingViews, DensitiesAreCountedWithThem)

@@ -332,7 +332,38 @@ TEST(ReportMethod, OwnValuesOfAUseCountAtThatUseAlone)
     EXPECT_THAT(Below(report.Prc(), "PartInstance", "Source"),
                 ElementsAre("scale", "offer", "scale"));
     EXPECT_THAT(Below(report.Prc(), "PartInstance", "WBLastImposedMassTypeID"),
-                ElementsAre("Weighed", "Supplier", "Weighed"));
+                ElementsAre("Weighed", "Supplier", ""))
+        << "a use with values of its own has a choice of its own";
+}
+
+TEST(ReportMethod, ImposedTypeStaysWhenTheChoiceIsTakenBack)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,mass_type,mass [kg],active\n"
+                       ",,A,,,\nA,1,P,Estimated,1,yes\nA,1,P,Weighed,2,\n");
+    wb::Store& store = served.Store();
+    const wb::RowId part = store.FindPart("P", "A")->id;
+    store.PutPending("kim", {{wb::OwnerKind::Part, part, {"", "active"}, "Estimated", "", {}}});
+    EXPECT_EQ(store.SavePending("kim").saved, 1U);
+    Asked asked;
+    asked.values = "1|Types";
+    EXPECT_THAT(Report(served, asked),
+                HasSubstr("WBActiveMassTypeID=\"Weighed\" WBLastImposedMassTypeID=\"Estimated\""));
+}
+
+TEST(ReportMethod, PropertyThatSomebodyClearedIsAbsent)
+{
+    ServedProduct served;
+    served.ImportTable("parent,instance,part,p:Vendor,i:Where\n,,A,,\nA,1,P,Smith,left\n");
+    wb::Store& store = served.Store();
+    const wb::RowId use = store.FindUse(store.FindPart("A", "A")->id, "1")->id;
+    const wb::RowId part = store.FindPart("P", "A")->id;
+    store.PutPending("kim", {{wb::OwnerKind::Part, part, {"", "property Vendor"}, "Smith", "", {}},
+                             {wb::OwnerKind::Use, use, {"", "property Where"}, "left", "", {}}});
+    EXPECT_EQ(store.SavePending("kim").saved, 2U);
+    Asked asked;
+    asked.values = "0";
+    EXPECT_THAT(Report(served, asked), HasSubstr("InstancePath=\"A/1\"/>"));
 }
 
 TEST(ReportMethod, DensityOfAUseGoesBeforeThatOfThePart)

@@ -255,13 +255,16 @@ TEST_F(WBQuantity, EmptySetThatWasThereStaysWhenNothingChanges)
 
 TEST_F(WBQuantity, LastImposedStaysWhenTheChoiceIsTakenBack)
 {
+    EXPECT_EQ(part.Imposed(), "");
     EXPECT_EQ(SetPart(kActive, "Estimated"), "");
-    EXPECT_EQ(part.lastImposed, "Estimated");
+    EXPECT_EQ(part.Imposed(), "Estimated");
     EXPECT_EQ(SetPart(kActive, ""), "");
     EXPECT_EQ(part.activeType, "");
-    EXPECT_EQ(part.lastImposed, "Estimated");
+    EXPECT_EQ(part.Imposed(), "Estimated");
+    EXPECT_EQ(SetPart(kActive, ""), "");
+    EXPECT_EQ(part.Imposed(), "Estimated");
     EXPECT_EQ(SetUse(kActive, "Weighed"), "");
-    EXPECT_EQ(use.lastImposed, "Weighed");
+    EXPECT_EQ(use.Imposed(), "Weighed");
 }
 
 TEST_F(WBQuantity, ClearedPropertyStaysToBeStatedAgain)
@@ -357,7 +360,7 @@ TEST_F(WBQuantity, WhatIsRefusedIsSaidAndChangesNothing)
         EXPECT_THAT(SetPart(quantity, row.first), HasSubstr(row.second));
         EXPECT_EQ(QuantityText(part, quantity), before) << row.first;
         EXPECT_EQ(part.sets.size(), 1U);
-        EXPECT_EQ(part.lastImposed, "");
+        EXPECT_EQ(part.Imposed(), "Weighed");
     }
 }
 

@@ -105,15 +105,6 @@ void AddMassTypes(AnswerText& answer, const Node& node, const KeptComputed* belo
     }
 }
 
-/// The type that somebody made active last, also where he has gone back to Computed since; one that
-/// is active because nobody chose was not imposed. A use with sets of its own has a choice of its
-/// own.
-const std::string& LastImposed(const Node& node)
-{
-    const bool useChooses = !node.use.activeType.empty() || !node.use.sets.empty();
-    return useChooses ? node.use.lastImposed : node.part.lastImposed;
-}
-
 /// The density that the record shows: of the dimension in which the active values are sized, else
 /// of whatever dimension there is.
 struct ShownDensity
@@ -231,7 +222,7 @@ std::string GetInitialValues(const MethodCall& call, std::string_view text)
     AddDocuments(answer, node.part);
     AddMassTypes(answer, node, below);
     constexpr int kUseRevisions = 1;
-    answer.Add(kUseRevisions).Add(node.activeType).Add(LastImposed(node));
+    answer.Add(kUseRevisions).Add(node.activeType).Add(LastImposed(&node.use, node.part));
     AddDensity(answer, node, hasInstance);
     // Nothing stands below a leaf that could have changed.
     answer.Add(below == nullptr || below->upToDate).Add(static_cast<int>(node.densities.first));

@@ -146,7 +146,7 @@ void ReportAttributes::AddTypes(XmlAttributes& to, std::uint32_t number) const
     if (Wanted().types) {
         to.Add("WBActiveMassTypeID", node.active < 0 ? CATENOWBCSCommonDefinitions::Computed
                                                      : TypeName(graph, node.active));
-        to.Add("WBLastImposedMassTypeID", TypeName(graph, node.chosen));
+        to.Add("WBLastImposedMassTypeID", TypeName(graph, node.imposed));
         to.Add("WBActiveDocumentID", m_source.facts.Of(node.part).document);
     }
     if (Wanted().date) {

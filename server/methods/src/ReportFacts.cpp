@@ -93,7 +93,8 @@ void ReportFacts::ReadUses(const Store& store)
 void ReportFacts::Take(const Property& property, std::vector<PropertyText>& texts) const
 {
     const auto position = m_positions.find(property.name);
-    if (position != m_positions.end()) {
+    // One that somebody has cleared is unknown.
+    if (position != m_positions.end() && !property.value.empty()) {
         texts.push_back({position->second,
                          property.isDate ? WireDate(property.value) : property.value,
                          property.magnitude});

@@ -166,10 +166,9 @@ struct Part
     double surfaceDensity = kUnknown; // kg/m2
     DensityOrder densityFirst = DensityOrder::Unstated;
     ErrorRule errors = ErrorRule::Unstated;
-    std::string material;   // empty: none
-    std::string activeType; // empty: nothing chosen
-    /// The type that was chosen last; it stays when the choice is taken back. Of a table: empty.
-    std::string lastImposed;
+    std::string material;    // empty: none
+    std::string activeType;  // empty: nothing chosen
+    std::string lastImposed; // the type that was chosen before the choice was taken back
     std::string note;
     std::string typed;
     std::vector<ValueSet> sets;
@@ -179,6 +178,8 @@ struct Part
     std::uint32_t firstLine = 0;
 
     const std::string& ShownName() const { return name.empty() ? identifier : name; }
+    /// The type that was chosen last; empty where none ever was.
+    const std::string& Imposed() const { return activeType.empty() ? lastImposed : activeType; }
 };
 
 /// One use of a part in a parent. In a Product both are positions in Product::parts.
@@ -204,6 +205,7 @@ struct Use
     std::uint32_t firstLine = 0;
 
     int Pieces() const { return quantity == 0 ? 1 : quantity; }
+    const std::string& Imposed() const { return activeType.empty() ? lastImposed : activeType; }
 };
 
 /// What a table says: parts, their uses, materials. Plain data, nothing checked again on reading.

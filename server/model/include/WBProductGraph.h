@@ -93,8 +93,8 @@ public:
         std::uint32_t part = 0;
         std::uint32_t firstClaim = 0; // its claims stand together, the most mature first
         std::uint32_t claimCount = 0;
-        std::int32_t active = -1; // mass type; -1: Computed
-        std::int32_t chosen = -1; // the mass type that somebody made active; -1: none, or Computed
+        std::int32_t active = -1;   // mass type; -1: Computed
+        std::int32_t imposed = -1;  // the mass type that somebody made active last; -1: none
         std::int32_t material = -1; // position in Materials()
         double density = kUnknown;  // kg/m3; stated of the use, else of the part
         bool ofUse = false;         // a use that states something of its own

@@ -84,4 +84,8 @@ struct NodeSets
 std::string ActiveType(const NodeSets& sets, const std::string& useChoice,
                        const std::string& partChoice, bool isLeaf,
                        const std::vector<MassType>& types);
+
+/// The mass type that somebody made active last, also where the choice was taken back since; empty
+/// where nobody did. A use with sets of its own has a choice of its own. use: null at a root.
+const std::string& LastImposed(const Use* use, const Part& part);
 } // namespace wb

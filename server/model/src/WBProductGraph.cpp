@@ -260,8 +260,7 @@ void ProductGraph::AddNode(const Part& part, std::uint32_t number, const Use* us
               [&](const Claim& left, const Claim& right) {
                   return m_types[left.type].order > m_types[right.type].order;
               });
-    const bool choosesItself = use != nullptr && !use->activeType.empty();
-    node.chosen = FindType(choosesItself ? use->activeType : part.activeType);
+    node.imposed = FindType(LastImposed(use, part));
     node.active = FindType(ActiveType(sets, use == nullptr ? std::string() : use->activeType,
                                       part.activeType, m_parts[number].IsLeaf(), m_types));
     if (node.active >= 0 &&

@@ -315,8 +315,8 @@ std::string SetActive(Owner& owner, const Quantity& quantity, std::string_view t
         if (type->kind == MassType::Kind::Goal) {
             return Found(quantity, text, "a claim, since a goal never counts");
         }
-        owner.lastImposed = text;
     }
+    owner.lastImposed = owner.Imposed();
     owner.activeType = text;
     return {};
 }

@@ -132,4 +132,10 @@ std::string ActiveType(const NodeSets& sets, const std::string& useChoice,
     }
     return highest == nullptr ? CATENOWBCSCommonDefinitions::Computed : highest->name;
 }
+
+const std::string& LastImposed(const Use* use, const Part& part)
+{
+    const bool useChooses = use != nullptr && (!use->activeType.empty() || !use->sets.empty());
+    return useChooses ? use->Imposed() : part.Imposed();
+}
 } // namespace wb

@@ -239,9 +239,8 @@ public:
     StoredUse ReadUse(RowId use) const;
     /// The names of all properties of parts and uses, each once, by name.
     std::vector<std::string> PropertyNames() const;
-    /// Calls take for every property of every use of the database that has a value, those of one
-    /// use together and in stored order. Cheaper than reading the uses one by one where there are
-    /// many.
+    /// Calls take for every property of every use of the database, those of one use together and
+    /// in stored order. Cheaper than reading the uses one by one where there are many.
     void UseProperties(const std::function<void(RowId use, const Property& property)>& take) const;
     DensityCount CountDensities(RowId part) const;
     PartPlaces PlacesOf(RowId part, RowId root) const;

@@ -13,7 +13,7 @@ namespace wb
 {
 namespace
 {
-/// What is committed of an owner; neither where it is gone.
+/// What is committed of an owner.
 struct Committed
 {
     std::optional<StoredPart> part;
@@ -33,20 +33,14 @@ struct Committed
     {
         return part ? QuantityText(part->part, quantity) : QuantityText(use->use, quantity);
     }
-};
-
-/// The text as the quantity says it, or a sentence of why it cannot be stated.
-std::string Normalised(const Store& store, Committed& owner, const PendingChange& change,
-                       std::string& sentence)
-{
-    if (owner.part) {
-        sentence = SetQuantity(owner.part->part, change.quantity, change.after, store);
-    } else {
-        const PartType type = store.CommittedPart(owner.use->part).part.type;
-        sentence = SetQuantity(owner.use->use, type, change.quantity, change.after, store);
+    /// As SetQuantity does.
+    std::string Set(const Store& store, const Quantity& quantity, std::string_view text)
+    {
+        return part ? SetQuantity(part->part, quantity, text, store)
+                    : SetQuantity(use->use, store.CommittedPart(use->part).part.type, quantity,
+                                  text, store);
     }
-    return owner.Text(change.quantity);
-}
+};
 
 /// Who committed the value that stands in the way, or removed its owner.
 void TellWhoChangedIt(const Store& store, PendingState& state)
@@ -61,6 +55,7 @@ void TellWhoChangedIt(const Store& store, PendingState& state)
         }
     }
 }
+
 void PutOne(const Store& store, Database& database, const std::string& user,
             const PendingChange& change)
 {
@@ -69,9 +64,8 @@ void PutOne(const Store& store, Database& database, const std::string& user,
         throw StoreError(store.Path() + ": what was to be changed is not in the database any more");
     }
     const std::string subject = SubjectOf(database, change.kind, change.owner);
-    std::string sentence;
-    const std::string after = Normalised(store, owner, change, sentence);
-    RefuseValue(database, subject, sentence);
+    RefuseValue(database, subject, owner.Set(store, change.quantity, change.after));
+    const std::string after = owner.Text(change.quantity); // as the quantity says it
     const std::int64_t ofUse = change.kind == OwnerKind::Use ? 1 : 0;
     database
         .Kept("DELETE FROM pending_change WHERE who = ? AND of_use = ? AND owner = ? AND "

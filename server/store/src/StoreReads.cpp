@@ -430,9 +430,7 @@ void Store::UseProperties(
         if (m_overlay != nullptr) {
             m_overlay->Apply(use, property);
         }
-        if (!property.value.empty()) {
-            take(use, property);
-        }
+        take(use, property);
     }
 }
 

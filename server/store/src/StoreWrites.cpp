@@ -25,13 +25,6 @@ std::int64_t Stored(Choice choice)
 {
     return static_cast<std::int64_t>(choice);
 }
-
-/// Whatever is made active was imposed by that.
-template <typename Owner>
-const std::string& LastImposed(const Owner& owner)
-{
-    return owner.activeType.empty() ? owner.lastImposed : owner.activeType;
-}
 } // namespace
 
 PartWriter::PartWriter(Database& database)
@@ -126,7 +119,7 @@ Statement& PartWriter::BindPart(Statement& statement, const Part& part)
         .Bind(Stored(part.errors));
     BindReference(statement, part.material, m_materials);
     BindReference(statement, part.activeType, m_massTypes);
-    BindReference(statement, LastImposed(part), m_massTypes);
+    BindReference(statement, part.Imposed(), m_massTypes);
     return statement.Bind(part.note).Bind(part.typed);
 }
 
@@ -186,7 +179,7 @@ Statement& PartWriter::BindUse(Statement& statement, const Use& use)
     statement.Bind(use.density).Bind(use.surfaceDensity);
     BindReference(statement, use.material, m_materials);
     BindReference(statement, use.activeType, m_massTypes);
-    BindReference(statement, LastImposed(use), m_massTypes);
+    BindReference(statement, use.Imposed(), m_massTypes);
     return statement.Bind(use.note).Bind(use.typed);
 }
 
