@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-const CATEvent WBGroupCriteriaPage::AddFound("AddFoundInstances");
+const CATEvent WBGroupCriteriaPage::FindAsked("FindInstances");
 
 namespace
 {
@@ -28,7 +28,7 @@ CATDlgPushButton* AddButton(CATDlgFrame* frame, const char* name, int column)
 } // namespace
 
 WBGroupCriteriaPage::WBGroupCriteriaPage(CATDlgTabContainer* pages, const CATUnicodeString& root)
-    : WBGroupPage(pages, "CriteriaPage"), m_root(root)
+    : WBGroupPage(pages, "CriteriaPage")
 {
     m_store = new WBGroupStoreBar(this, WBGroupKind::Criteria, root,
                                   {[this] { return WBStoredCriteria(m_criteria); },
@@ -43,10 +43,8 @@ WBGroupCriteriaPage::WBGroupCriteriaPage(CATDlgTabContainer* pages, const CATUni
     SetRowStretch(1, 1);
     BuildEdit();
     BuildJoin();
-    BuildFound();
     OfferAttributes();
-    ShowCriteria();
-    ForgetFound();
+    Show();
 }
 
 void WBGroupCriteriaPage::BuildEdit()
@@ -67,9 +65,13 @@ void WBGroupCriteriaPage::BuildEdit()
     m_value->SetVisibleTextWidth(kValueCharacters);
     m_value->SetAccessibleName(WBGroupText("Value.Title", "@Value"));
     m_add = AddButton(frame, "AddButton", 3);
+    m_remove = AddButton(frame, "RemoveButton", 4);
+    m_clear = AddButton(frame, "ClearButton", 5);
     Subscribe(m_attribute, CATDlgCombo::Selected,
               [this](const CATNotification&) { OfferComparisons(); });
     Subscribe(m_add, CATDlgPushButton::Activated, [this](const CATNotification&) { Add(); });
+    Subscribe(m_remove, CATDlgPushButton::Activated, [this](const CATNotification&) { Remove(); });
+    Subscribe(m_clear, CATDlgPushButton::Activated, [this](const CATNotification&) { Clear(); });
 }
 
 void WBGroupCriteriaPage::BuildJoin()
@@ -84,29 +86,12 @@ void WBGroupCriteriaPage::BuildJoin()
     m_or->SetPlacement(0, 1);
     m_fromPick = new CATDlgCheckButton(frame, "TakeFromPick");
     m_fromPick->SetPlacement(0, 3);
-    m_remove = AddButton(frame, "RemoveButton", 4);
-    m_clear = AddButton(frame, "ClearButton", 5);
+    m_find = AddButton(frame, "FindButton", 4);
     Subscribe(m_or, CATDlgRadioButton::Modified, [this](const CATNotification& change) {
         ChangeJoin(change.detail == 1 ? WBJoined::Or : WBJoined::And);
     });
-    Subscribe(m_remove, CATDlgPushButton::Activated, [this](const CATNotification&) { Remove(); });
-    Subscribe(m_clear, CATDlgPushButton::Activated, [this](const CATNotification&) { Clear(); });
-}
-
-void WBGroupCriteriaPage::BuildFound()
-{
-    m_foundList = WBAddList(this, "Found", 4, {});
-    m_foundList->SetVisibleLines(kLeastLines);
-    m_foundList->SetAccessibleName(WBGroupText("Found.Spoken", "@Found instances"));
-    SetRowStretch(4, 2);
-    auto* frame = new CATDlgFrame(this, "Buttons", kWBPlainFrame);
-    frame->SetPlacement(5, 0);
-    frame->SetColumnStretch(0, 1);
-    m_find = AddButton(frame, "FindButton", 1);
-    m_addFound = AddButton(frame, "AddFoundButton", 2);
-    Subscribe(m_find, CATDlgPushButton::Activated, [this](const CATNotification&) { Find(); });
-    Subscribe(m_addFound, CATDlgPushButton::Activated,
-              [this](const CATNotification&) { Send(AddFound); });
+    Subscribe(m_find, CATDlgPushButton::Activated,
+              [this](const CATNotification&) { Send(FindAsked); });
 }
 
 const WBGroupAttribute* WBGroupCriteriaPage::ChosenAttribute() const
@@ -179,9 +164,8 @@ void WBGroupCriteriaPage::Add()
     }
     m_criteria.criteria.push_back(criterion);
     EndValueInput();
-    ShowCriteria();
+    ShowChange();
     m_list->SelectRow(m_list->RowCount());
-    ForgetFound();
 }
 
 void WBGroupCriteriaPage::Remove()
@@ -191,64 +175,37 @@ void WBGroupCriteriaPage::Remove()
         return;
     }
     m_criteria.criteria.erase(m_criteria.criteria.begin() + row - 1);
-    ShowCriteria();
+    ShowChange();
     m_list->SelectRow(std::min(row, m_list->RowCount()));
-    ForgetFound();
 }
 
 void WBGroupCriteriaPage::Clear()
 {
     m_criteria.criteria.clear();
-    ShowCriteria();
-    ForgetFound();
+    ShowChange();
 }
 
 void WBGroupCriteriaPage::ChangeJoin(WBJoined joined)
 {
     if (joined != m_criteria.joined) {
         m_criteria.joined = joined;
-        ForgetFound();
+        Say({});
+        Send(Changed);
     }
 }
 
-void WBGroupCriteriaPage::Find()
+void WBGroupCriteriaPage::ShowChange()
 {
-    if (m_figures == nullptr) {
-        return;
-    }
-    m_found = WBMatchingRows(*m_figures, m_criteria.criteria, m_criteria.joined);
-    ShowFound();
-    Say(m_found->size() == 1
-            ? WBGroupText("Found.One", "@1 instance was found.")
-            : WBGroupText("Found.Several", "@/p1 instances were found.",
-                          {CATUnicodeString::FromInt(static_cast<int>(m_found->size()))}));
-    Send(Changed);
-}
-
-void WBGroupCriteriaPage::ForgetFound()
-{
-    m_found.reset();
-    ShowFound();
+    Show();
     Say({});
     Send(Changed);
 }
 
-void WBGroupCriteriaPage::ShowCriteria()
+void WBGroupCriteriaPage::Show()
 {
     WBShowTable(*m_list, WBCriteriaTable(m_criteria.criteria, m_attributes));
     m_and->SetChecked(m_criteria.joined == WBJoined::And);
     m_or->SetChecked(m_criteria.joined == WBJoined::Or);
-    ShowWhatCanBeDone();
-}
-
-void WBGroupCriteriaPage::ShowFound()
-{
-    m_foundList->SetEmptyText(
-        m_found ? WBGroupText("Found.None", "@No instance matches the criteria")
-                : WBGroupText("Found.NotYet", "@Find shows which instances match the criteria"));
-    const bool hasFigures = m_found && m_figures != nullptr;
-    WBShowTable(*m_foundList, hasFigures ? WBFoundTable(m_root, *m_figures, *m_found)
-                                         : WBGroupItems(m_root).Table());
     ShowWhatCanBeDone();
 }
 
@@ -260,7 +217,6 @@ void WBGroupCriteriaPage::ShowWhatCanBeDone()
     m_remove->SetSensitivity(hasCriteria);
     m_clear->SetSensitivity(hasCriteria);
     m_find->SetSensitivity(hasCriteria && m_figures != nullptr);
-    m_addFound->SetSensitivity(m_found && !m_found->empty());
 }
 
 bool WBGroupCriteriaPage::IsValueInputActive() const
@@ -297,52 +253,12 @@ void WBGroupCriteriaPage::TakeValueOf(const WBPickedInstance& picked)
     Say(WBGroupText("FromPick.Done", "@The value of /p1 was taken.", {picked.instance}));
 }
 
-std::vector<WBGroupItem> WBGroupCriteriaPage::Found() const
-{
-    std::vector<WBGroupItem> items;
-    if (m_found && m_figures != nullptr) {
-        for (const int row : *m_found) {
-            items.push_back({m_figures->Instance(row), m_figures->Text(row, "Name")});
-        }
-    }
-    return items;
-}
-
 void WBGroupCriteriaPage::TakeFigures(const WBGroupFigures* figures)
 {
     m_figures = figures;
     OfferAttributes();
-    ShowCriteria();
-    if (figures == nullptr) {
-        m_found.reset();
-    } else if (m_found) {
-        m_found = WBMatchingRows(*figures, m_criteria.criteria, m_criteria.joined);
-    }
-    ShowFound();
-}
-
-void WBGroupCriteriaPage::FollowUnits()
-{
-    if (m_found && m_figures != nullptr) {
-        WBRewriteTable(*m_foundList, WBFoundTable(m_root, *m_figures, *m_found));
-    }
-}
-
-std::optional<WBGroupTotals> WBGroupCriteriaPage::Totals() const
-{
-    return m_found && m_figures != nullptr ? std::optional(WBTotalsOf(*m_figures, *m_found))
-                                           : std::nullopt;
-}
-
-CATUnicodeString WBGroupCriteriaPage::WhatCounts() const
-{
-    const std::optional<WBGroupTotals> totals = Totals();
-    const int inside = totals ? static_cast<int>(m_found->size()) - totals->items : 0;
-    return inside == 0 ? CATUnicodeString()
-                       : WBGroupCount("Counts.Inside", inside,
-                                      "@1 more counts once, with the assembly that it stands in.",
-                                      "@/p1 more count once, with the assemblies that they stand "
-                                      "in.");
+    WBRewriteTable(*m_list, WBCriteriaTable(m_criteria.criteria, m_attributes));
+    ShowWhatCanBeDone();
 }
 
 bool WBGroupCriteriaPage::HasUnsaved() const
@@ -362,7 +278,6 @@ bool WBGroupCriteriaPage::Take(const WBStoredGroup& group)
         return false;
     }
     m_criteria = *read;
-    ShowCriteria();
-    ForgetFound();
+    ShowChange();
     return true;
 }

@@ -120,8 +120,7 @@ void WBGroupInstancesPage::ShowRemarks()
     for (std::size_t index = 0; index < standings.size(); ++index) {
         if (!(standings[index] == m_shown[index])) {
             const int row = static_cast<int>(index) + 1;
-            const WBPanelRow cells = m_items.Row(row);
-            m_list->SetCell(cells.Size() - 1, row, cells[cells.Size()]);
+            m_list->SetCell(kWBRemarkColumn, row, m_items.Row(row)[kWBRemarkColumn + 1]);
         }
     }
     m_shown = standings;
@@ -138,17 +137,16 @@ void WBGroupInstancesPage::ShowWhatCanBeDone()
 CATUnicodeString WBGroupInstancesPage::WhatCounts() const
 {
     std::vector<CATUnicodeString> sentences;
-    const auto add = [&](WBItemState state, const char* key, const char* one, const char* several) {
-        if (const int count = m_items.CountOf(state)) {
-            sentences.push_back(WBGroupCount(key, count, one, several));
-        }
-    };
-    add(WBItemState::Gone, "Counts.Gone", "@1 is gone.", "@/p1 are gone.");
-    add(WBItemState::FilteredOut, "Counts.FilteredOut", "@The filter leaves out 1.",
-        "@The filter leaves out /p1.");
-    add(WBItemState::CountsWithAssembly, "Counts.Inside",
-        "@1 more counts once, with the assembly that it stands in.",
-        "@/p1 more count once, with the assemblies that they stand in.");
+    if (const int gone = m_items.CountOf(WBItemState::Gone)) {
+        sentences.push_back(WBGroupCount("Counts.Gone", gone, "@1 is gone.", "@/p1 are gone."));
+    }
+    if (const int leftOut = m_items.CountOf(WBItemState::FilteredOut)) {
+        sentences.push_back(WBGroupCount("Counts.FilteredOut", leftOut, "@The filter leaves out 1.",
+                                         "@The filter leaves out /p1."));
+    }
+    if (const int inside = m_items.CountOf(WBItemState::CountsWithAssembly)) {
+        sentences.push_back(WBInsideText(inside));
+    }
     return Joined(sentences);
 }
 

@@ -43,16 +43,17 @@ bool IsLetInByFilter(const CATUnicodeString& root, const WBPickedInstance& picke
                                            JoinedPath(picked));
 }
 
+/// The path stands last: it is long, and what is before it is looked at more.
 std::vector<WBPanelTable::Column> Columns()
 {
     return {{WBGroupText("Instance.Title", "@Instance"), {}, false},
             {WBGroupText("Name.Title", "@Name"), {}, false},
             {WBGroupText("Part.Title", "@Part"), {}, false},
             {WBGroupText("Version.Title", "@Version"), {}, false},
-            {WBGroupText("Path.Title", "@Path"),
-             WBGroupText("Path.Tooltip", "@From the product down to the instance"), false},
             {WBTitleWithUnit(WBGroupText("Mass.Title", "@Mass"), kMass), {}, true},
-            {WBGroupText("Remark.Title", "@Remark"), {}, false}};
+            {WBGroupText("Remark.Title", "@Remark"), {}, false},
+            {WBGroupText("Path.Title", "@Path"),
+             WBGroupText("Path.Tooltip", "@From the product down to the instance"), false}};
 }
 
 CATUnicodeString MassText(const WBGroupFigures& figures, int row)
@@ -81,6 +82,13 @@ CATUnicodeString InsideText(const WBGroupFigures& figures, int coveringRow)
 }
 
 } // namespace
+
+CATUnicodeString WBInsideText(int count)
+{
+    return WBGroupCount("Counts.Inside", count,
+                        "@1 more counts once, with the assembly that it stands in.",
+                        "@/p1 more count once, with the assemblies that they stand in.");
+}
 
 CATUnicodeString WBPathText(const CATUnicodeString& root, const WBPickedInstance& picked)
 {
@@ -231,9 +239,9 @@ WBPanelRow WBGroupItems::Row(int position) const
             item.partName,
             item.picked.part,
             item.picked.version,
-            WBPathText(m_root, item.picked),
             row == kNone ? CATUnicodeString() : MassText(*m_figures, row),
-            RemarkOf(index)};
+            RemarkOf(index),
+            WBPathText(m_root, item.picked)};
 }
 
 std::vector<CATUnicodeString> WBGroupItems::GoneTexts() const
@@ -293,10 +301,12 @@ WBPanelTable WBFoundTable(const CATUnicodeString& root, const WBGroupFigures& fi
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const int row = rows[index];
         const WBPickedInstance picked = figures.Instance(row);
+        const CATUnicodeString remark = covering[index] == kNone
+                                            ? WhatIsMissing(figures, row)
+                                            : InsideText(figures, covering[index]);
         table.rows.push_back({picked.instance, figures.Text(row, "Name"), picked.part,
-                              picked.version, WBPathText(root, picked), MassText(figures, row),
-                              covering[index] == kNone ? WhatIsMissing(figures, row)
-                                                       : InsideText(figures, covering[index])});
+                              picked.version, MassText(figures, row), remark,
+                              WBPathText(root, picked)});
     }
     return table;
 }

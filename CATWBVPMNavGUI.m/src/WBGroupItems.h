@@ -60,7 +60,7 @@ public:
     int CountOf(WBItemState state) const;
     /// What those that count weigh; nothing without figures.
     std::optional<WBGroupTotals> Totals() const;
-    /// A row an item: instance, name, part, version, path with the root first, mass, remark.
+    /// A row an item: instance, name, part, version, mass, remark, path with the root first.
     WBPanelTable Table() const;
     /// The row of the item at that position, from 1.
     WBPanelRow Row(int position) const;
@@ -86,8 +86,12 @@ private:
     std::vector<WBItemStanding> m_standings;
 };
 
+/// The column of the remarks.
+inline constexpr int kWBRemarkColumn = 5;
 /// The instances in these rows of the figures, as a table of the same columns.
 WBPanelTable WBFoundTable(const CATUnicodeString& root, const WBGroupFigures& figures,
                           const std::vector<int>& rows);
+/// That so many items count with the assemblies that they stand in.
+CATUnicodeString WBInsideText(int count);
 /// "ROOT/.../INSTANCE"
 CATUnicodeString WBPathText(const CATUnicodeString& root, const WBPickedInstance& picked);

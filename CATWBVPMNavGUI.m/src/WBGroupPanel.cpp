@@ -1,6 +1,7 @@
 #include "WBGroupPanel.h"
 
 #include "WBGroupCriteriaPage.h"
+#include "WBGroupFoundPage.h"
 #include "WBGroupInstancesPage.h"
 #include "WBGroupTexts.h"
 #include "WBGroupTotalsFrame.h"
@@ -14,6 +15,8 @@
 #include "CATWBServices.h"
 #include "CATWBVPMNavFilterPanel.h"
 #include "RunServerCode.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -76,9 +79,14 @@ void WBGroupPanel::Build()
     BuildLastLine();
     SetRowStretch(1, 1);
     for (WBGroupPage* page : m_pages) {
-        Subscribe(page, WBGroupPage::Changed, [this](const CATNotification&) { ShowTotals(); });
         Subscribe(page, WBGroupPage::Said, [this](const CATNotification&) { ShowWord(); });
     }
+    for (WBGroupPage* page :
+         {static_cast<WBGroupPage*>(m_instances), static_cast<WBGroupPage*>(m_found)}) {
+        Subscribe(page, WBGroupPage::Changed, [this](const CATNotification&) { ShowTotals(); });
+    }
+    Subscribe(m_criteria, WBGroupPage::Changed,
+              [this](const CATNotification&) { m_found->Forget(); });
     SetGuard([this] { return MayClose(); });
     m_close->SetGuard([this] { return MayClose(); });
     ReadFigures();
@@ -101,14 +109,13 @@ void WBGroupPanel::BuildPages()
     m_container->SetPlacement(1, 0);
     m_instances = new WBGroupInstancesPage(m_container, m_root);
     m_criteria = new WBGroupCriteriaPage(m_container, m_root);
-    m_pages = {m_instances, m_criteria};
-    Subscribe(m_container, CATDlgTabContainer::PageSelected, [this](const CATNotification&) {
-        m_criteria->EndValueInput(); // nobody sees any more that a pick is waited for
-        ShowTotals();
-        ShowWord();
-    });
-    Subscribe(m_criteria, WBGroupCriteriaPage::AddFound,
-              [this](const CATNotification&) { AddFound(); });
+    m_found = new WBGroupFoundPage(m_container, m_root);
+    m_pages = {m_instances, m_criteria, m_found};
+    Subscribe(m_container, CATDlgTabContainer::PageSelected,
+              [this](const CATNotification&) { ShowPageInFront(); });
+    Subscribe(m_criteria, WBGroupCriteriaPage::FindAsked,
+              [this](const CATNotification&) { Find(); });
+    Subscribe(m_found, WBGroupFoundPage::AddAsked, [this](const CATNotification&) { AddFound(); });
 }
 
 void WBGroupPanel::BuildLastLine()
@@ -130,7 +137,22 @@ void WBGroupPanel::BuildLastLine()
 
 WBGroupPage& WBGroupPanel::PageInFront() const
 {
-    return m_container->SelectedPage() == 1 ? static_cast<WBGroupPage&>(*m_criteria) : *m_instances;
+    const int index = std::max(m_container->SelectedPage(), 0); // -1 without a screen
+    return *m_pages[static_cast<std::size_t>(index)];
+}
+
+void WBGroupPanel::GoTo(const WBGroupPage* page)
+{
+    const auto found = std::ranges::find(m_pages, page);
+    m_container->SelectPage(static_cast<int>(found - m_pages.begin()));
+    ShowPageInFront();
+}
+
+void WBGroupPanel::ShowPageInFront()
+{
+    m_criteria->EndValueInput(); // nobody sees any more that a pick is waited for
+    ShowTotals();
+    ShowWord();
 }
 
 void WBGroupPanel::ReadFigures()
@@ -184,7 +206,7 @@ void WBGroupPanel::AddValuesInMultiList(const CATUnicodeString& instance,
     }
     m_instances->Add({WBReadPickedInstance(instance, part, version, path, count), partName});
     if (&PageInFront() != m_instances) {
-        m_criteria->Say(
+        PageInFront().Say(
             WBGroupText("Added.Text", "@/p1 is in the group of instances.", {instance}));
     }
 }
@@ -197,16 +219,24 @@ void WBGroupPanel::SetWMMInstance(CATUnicodeString instance, CATUnicodeString pa
     }
 }
 
+void WBGroupPanel::Find()
+{
+    m_found->Find(m_criteria->Criteria());
+    GoTo(m_found);
+}
+
 void WBGroupPanel::AddFound()
 {
-    const int added = m_instances->AddAll(m_criteria->Found());
-    m_criteria->Say(WBGroupCount("AddFound", added, "@1 instance was added to the group.",
-                                 "@/p1 instances were added to the group."));
+    const int added = m_instances->AddAll(m_found->Found());
+    m_found->Say(WBGroupCount("AddFound", added, "@1 instance was added to the group.",
+                              "@/p1 instances were added to the group."));
 }
 
 void WBGroupPanel::ShowTotals()
 {
-    const WBGroupPage& page = PageInFront();
+    // Criteria add up to what matches them.
+    const WBGroupPage& page =
+        &PageInFront() == m_instances ? static_cast<WBGroupPage&>(*m_instances) : *m_found;
     m_totals->Show(page.Totals(), page.WhatCounts());
 }
 
@@ -228,28 +258,23 @@ void WBGroupPanel::FollowUnits()
 
 bool WBGroupPanel::MayClose()
 {
-    for (int index = 0; index < static_cast<int>(m_pages.size()); ++index) {
-        WBGroupPage& page = *m_pages[static_cast<std::size_t>(index)];
-        if (!page.HasUnsaved()) {
-            continue;
-        }
-        m_container->SelectPage(index);
-        ShowTotals();
-        ShowWord();
-        auto* question = new CATDlgNotify(this, "UnsavedGroup", CATDlgNotify::kQuestionWithCancel);
-        question->SetTitle(Title());
-        question->SetText(index == 0
-                              ? WBGroupText("Close.Instances",
-                                            "@The group of instances is not saved. Shall it be "
-                                            "saved before the window closes?")
-                              : WBGroupText("Close.Criteria",
-                                            "@The group of criteria is not saved. Shall it be "
-                                            "saved before the window closes?"));
-        const int answer = question->DisplayBlocking();
-        question->RequestDelayedDestruction();
-        if (answer != kNo && (answer != kYes || !page.Save())) {
-            return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(
+        m_pages, [this](WBGroupPage* page) { return !page->HasUnsaved() || MayLeave(*page); });
+}
+
+bool WBGroupPanel::MayLeave(WBGroupPage& page)
+{
+    GoTo(&page); // whoever is asked sees what is meant
+    auto* question = new CATDlgNotify(this, "UnsavedGroup", CATDlgNotify::kQuestionWithCancel);
+    question->SetTitle(Title());
+    question->SetText(&page == m_instances
+                          ? WBGroupText("Close.Instances",
+                                        "@The group of instances is not saved. Shall it be saved "
+                                        "before the window closes?")
+                          : WBGroupText("Close.Criteria",
+                                        "@The group of criteria is not saved. Shall it be saved "
+                                        "before the window closes?"));
+    const int answer = question->DisplayBlocking();
+    question->RequestDelayedDestruction();
+    return answer == kNo || (answer == kYes && page.Save());
 }

@@ -9,13 +9,14 @@
 #include <vector>
 
 class WBGroupCriteriaPage;
+class WBGroupFoundPage;
 class WBGroupInstancesPage;
 class WBGroupPage;
 class WBGroupTotalsFrame;
 
-/// The group panel as users see it: a page for the instances that were picked, a page for criteria
-/// and the instances that match them, and below both what the group of the page adds up to. The
-/// figures are those of one report of the product, read when the panel opens and again on demand.
+/// The group panel as users see it: a page for the instances that were picked, one for criteria and
+/// one for the instances that match them, and below them what the group adds up to. The figures are
+/// those of one report of the product, read when the panel opens and again on demand.
 class WBGroupPanel : public CATWBVPMNavGroupPanel
 {
 public:
@@ -41,14 +42,18 @@ private:
     void BuildLastLine();
 
     WBGroupPage& PageInFront() const;
+    void GoTo(const WBGroupPage* page);
+    void ShowPageInFront();
     /// Asks the server for the figures; what was known goes when it does not answer.
     void ReadFigures();
+    void Find();
     void AddFound();
     void ShowTotals();
     void ShowWord();
     void FollowUnits();
     /// Whether the window may close: groups that are not saved are asked about.
     bool MayClose();
+    bool MayLeave(WBGroupPage& page);
 
     CATUnicodeString m_root;
     std::unique_ptr<WBGroupFigures> m_figures; // null while they are not known
@@ -58,6 +63,7 @@ private:
     CATDlgTabContainer* m_container = nullptr;
     WBGroupInstancesPage* m_instances = nullptr;
     WBGroupCriteriaPage* m_criteria = nullptr;
+    WBGroupFoundPage* m_found = nullptr;
     std::vector<WBGroupPage*> m_pages; // in the order of the tabs
     WBGroupTotalsFrame* m_totals = nullptr;
     CATDlgLabel* m_word = nullptr;

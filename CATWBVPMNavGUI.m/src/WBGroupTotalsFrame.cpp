@@ -63,7 +63,7 @@ WBGroupTotalsTexts WBDescribeTotals(const std::optional<WBGroupTotals>& totals)
 }
 
 WBGroupTotalsFrame::WBGroupTotalsFrame(CATDialog* window)
-    : CATDlgFrame(window, "Totals"),
+    : CATDlgFrame(window, "Totals", kWBPlainFrame),
       m_items(WBAddFact(this, "Items", 0)),
       m_mass(WBAddFact(this, "Mass", 0, 2)),
       m_share(WBAddFact(this, "Share", 0, 4)),
