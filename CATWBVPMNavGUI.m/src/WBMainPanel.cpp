@@ -185,18 +185,22 @@ void WBMainPanel::BuildStatedValues(CATDlgTabPage* page, int row)
 void WBMainPanel::BuildInertia(CATDlgTabContainer* tabs)
 {
     auto* page = new CATDlgTabPage(tabs, "Inertia");
+    m_inertiaPage = page;
+    constexpr int kColumns = 2; // the fields, and beside them the matrix that they are the terms of
+    page->SetColumnStretch(1, 3);
     auto* heading = new CATDlgLabel(page, "Heading");
-    heading->SetPlacement(0, 0);
+    heading->SetPlacement(0, 0, 1, kColumns);
     auto* words = new CATDlgLabel(page, "Words");
-    words->SetPlacement(1, 0);
+    words->SetPlacement(1, 0, 1, kColumns);
     m_inertiaFacts = {{heading, &WBInertiaFacts::heading}, {words, &WBInertiaFacts::words}};
+    m_editing.Form().AddProblemLine(page, 3, kColumns);
     BuildStatedInertia(page, 2);
-    m_whyNoInertia = WBAddNote(page, "WhyNot", 3);
-    m_inertia = WBAddList(page, "Matrix", 4, WBPanelText("Inertia.None", "@Not known"));
-    WBAddNote(page, "InertiaNote", 5);
-    m_principal =
-        WBAddList(page, "Principal", 6, WBPanelText("Principal.None", "@No principal moments"));
-    WBAddNote(page, "PrincipalNote", 7);
+    m_inertia = WBAddList(page, "Matrix", 2, WBPanelText("Inertia.None", "@Not known"), 1);
+    m_whyNoInertia = WBAddNote(page, "WhyNot", 4, kColumns);
+    WBAddNote(page, "InertiaNote", 5, kColumns);
+    m_principal = WBAddList(page, "Principal", 6,
+                            WBPanelText("Principal.None", "@No principal moments"), 0, kColumns);
+    WBAddNote(page, "PrincipalNote", 7, kColumns);
     for (CATDlgMultiList* list : {m_inertia, m_principal}) {
         list->SetVisibleLines(kMatrixRows);
     }
@@ -205,21 +209,18 @@ void WBMainPanel::BuildInertia(CATDlgTabContainer* tabs)
 void WBMainPanel::BuildStatedInertia(CATDlgTabPage* page, int row)
 {
     using Kind = WBEditField::Kind;
-    constexpr int kColumns = 6; // three captions and their fields
     auto* frame = new CATDlgFrame(page, "Stated", kWBPlainFrame);
     m_statedInertia = frame;
     frame->SetPlacement(row, 0);
-    for (int column = 1; column < kColumns; column += 2) {
-        frame->SetColumnStretch(column, 1);
-    }
+    frame->SetColumnStretch(1, 1);
+    frame->SetColumnStretch(3, 1);
     WBEditForm& form = m_editing.Form();
-    form.AddProblemLine(frame, 2, kColumns);
     form.AddField({frame, "Ixx", 0, 0}, Kind::Ixx);
-    form.AddField({frame, "Iyy", 0, 2}, Kind::Iyy);
-    form.AddField({frame, "Izz", 0, 4}, Kind::Izz);
-    form.AddField({frame, "Ixy", 1, 0}, Kind::Ixy);
+    form.AddField({frame, "Iyy", 1, 0}, Kind::Iyy);
+    form.AddField({frame, "Izz", 2, 0}, Kind::Izz);
+    form.AddField({frame, "Ixy", 0, 2}, Kind::Ixy);
     form.AddField({frame, "Ixz", 1, 2}, Kind::Ixz);
-    form.AddField({frame, "Iyz", 1, 4}, Kind::Iyz);
+    form.AddField({frame, "Iyz", 2, 2}, Kind::Iyz);
 }
 
 void WBMainPanel::BuildSum(CATDlgTabContainer* tabs)
@@ -458,6 +459,8 @@ void WBMainPanel::ShowFieldsOfSelectedMassType()
     };
     show(*m_statedValues, *m_whyNoValues, Kind::Mass);
     show(*m_statedInertia, *m_whyNoInertia, Kind::Ixx);
+    // Fields that are not there leave their room to the matrix.
+    m_inertiaPage->SetColumnStretch(0, form.IsEditable(Kind::Ixx) ? 2 : 0);
 }
 
 void WBMainPanel::ShowSelectedProperty(WBShowing& showing)

@@ -110,6 +110,7 @@ private:
     std::vector<WBFactLabel<WBSetFacts>> m_set;
     CATDlgFrame* m_statedValues = nullptr;
     CATDlgLabel* m_whyNoValues = nullptr;
+    CATDlgTabPage* m_inertiaPage = nullptr;
     CATDlgFrame* m_statedInertia = nullptr;
     CATDlgLabel* m_whyNoInertia = nullptr;
     CATDlgMultiList* m_setFigures = nullptr;
