@@ -136,9 +136,14 @@ bool HostSession::Connect(std::string& problem)
         problem = opened.error;
         return false;
     }
-    const std::string user = m_options.user.empty() ? LoginName() : m_options.user;
-    CATSetServerCaller(std::make_shared<InProcessCaller>(std::move(opened.store), user));
+    CATSetServerCaller(
+        std::make_shared<InProcessCaller>(std::move(opened.store), UserOf(m_options)));
     return true;
+}
+
+std::string UserOf(const SessionOptions& options)
+{
+    return options.user.empty() ? LoginName() : options.user;
 }
 
 std::string LoginName()

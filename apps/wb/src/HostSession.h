@@ -38,5 +38,8 @@ private:
     std::shared_ptr<Log> m_log;
 };
 
+/// As whom a session works: as the user that its options name, or by his login name.
+std::string UserOf(const SessionOptions& options);
+
 /// The login name of the user.
 std::string LoginName();

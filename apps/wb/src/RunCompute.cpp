@@ -9,6 +9,8 @@
 #include "ComputeTable.h"
 #include "ReportUnits.h"
 #include "StandardOutput.h"
+#include "StoredPlace.h"
+#include "UnsavedNotice.h"
 #include "WBProductComputation.h"
 #include "WBStore.h"
 
@@ -98,6 +100,24 @@ bool Print(const ComputeReport& report, const ComputeCommandOptions& options)
     return WriteStandardOutput(text);
 }
 
+/// Says whose figures were printed where they are not those that everybody gets.
+void TellWhoseFigures(const wb::Store& store, const ComputeCommandOptions& options,
+                      const ComputeArguments& arguments)
+{
+    using Asked = wb::ComputeOptions::Asked;
+    std::string problem;
+    auto place = FindStoredPlace(store, arguments.path, options.rootVersion, problem);
+    if (!place) {
+        return;
+    }
+    const Asked asked = arguments.compute.asked;
+    if (asked == Asked::Root) {
+        place->uses.clear();
+    }
+    TellOfUnsaved(store, UserOf(options.session), *place,
+                  asked == Asked::Alone ? FiguresOf::PartAlone : FiguresOf::Place);
+}
+
 /// Computes what the arguments ask for. Nothing, with a sentence, when that cannot be.
 std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptions& options,
                                      ComputeArguments arguments, std::string& problem)
@@ -107,7 +127,8 @@ std::optional<ComputeReport> Compute(wb::Store& store, const ComputeCommandOptio
         return std::nullopt;
     }
     ComputeProgress progress(options.session.verbose);
-    wb::ProductComputation computation(store, root->root, LoginName(), progress.Listener());
+    wb::ProductComputation computation(store, root->root, UserOf(options.session),
+                                       progress.Listener());
     const wb::ProductGraph& graph = computation.Graph();
     const std::string& material = arguments.compute.material;
     if (!material.empty() && !store.FindMaterial(material)) {
@@ -158,5 +179,6 @@ int RunCompute(const ComputeCommandOptions& options)
     if (!Print(*report, options)) {
         return Refuse(kFailed, kStandardOutputProblem);
     }
+    TellWhoseFigures(*opened.store, options, *arguments);
     return report->result.total.IsPartial() ? kPartial : kDone;
 }

@@ -14,6 +14,8 @@
 #include "CATWBVPMNavGUITable.h"
 #include "RecordPrinter.h"
 #include "StandardOutput.h"
+#include "StoredPlace.h"
+#include "UnsavedNotice.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -132,6 +134,18 @@ CATCommand* CreateCommand(CATUnicodeString& problem)
     return command;
 }
 
+/// Says whose figures were printed where they are not those that everybody gets.
+void TellWhoseFigures(const PartOptions& options)
+{
+    const wb::Store::Opened opened = wb::Store::Open(options.session.database);
+    std::string problem;
+    const auto place =
+        opened.store ? FindStoredPlace(*opened.store, options.path, {}, problem) : std::nullopt;
+    if (place) {
+        TellOfUnsaved(*opened.store, UserOf(options.session), *place);
+    }
+}
+
 } // namespace
 
 int RunPart(int argc, char** argv, const PartOptions& options)
@@ -171,5 +185,9 @@ int RunPart(int argc, char** argv, const PartOptions& options)
     }
     const std::string text =
         options.json ? RecordAsJson(*TakenRecord()) : RecordAsText(*TakenRecord());
-    return WriteStandardOutput(text) ? 0 : fail(kStandardOutputProblem);
+    if (!WriteStandardOutput(text)) {
+        return fail(kStandardOutputProblem);
+    }
+    TellWhoseFigures(options);
+    return 0;
 }

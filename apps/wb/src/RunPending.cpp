@@ -118,7 +118,7 @@ int RunPending(const PendingOptions& options)
     if (!opened.store) {
         return Refuse(opened.error);
     }
-    const std::string user = options.session.user.empty() ? LoginName() : options.session.user;
+    const std::string user = UserOf(options.session);
     if (options.save) {
         return Manage(*opened.store, user, "Save", "saved");
     }

@@ -11,6 +11,7 @@
 #include "ReportRequest.h"
 #include "ReportSize.h"
 #include "StandardOutput.h"
+#include "UnsavedNotice.h"
 #include "WBProductComputation.h"
 #include "WBServer.h"
 #include "WBStore.h"
@@ -100,7 +101,7 @@ int AddPaths(wb::Store& store, const wb::PartLine& root, const ReportCommandOpti
     if (!isFiltered && options.picked.empty()) {
         return kDone;
     }
-    wb::ProductComputation product(store, root, LoginName(), progress.Listener());
+    wb::ProductComputation product(store, root, UserOf(computation.session), progress.Listener());
     const wb::ProductGraph& graph = product.Graph();
     problem = graph.Error();
     if (!problem.empty()) {
@@ -235,7 +236,7 @@ int RunReport(const ReportCommandOptions& options)
     }
     wb::Server server(*opened.store);
     wb::CallContext context;
-    context.user = who.user.empty() ? LoginName() : who.user;
+    context.user = UserOf(who);
     context.progress = progress.Listener();
     std::string report;
     const bool isMade = MakeReport(server, *request, context, report, problem) &&
@@ -249,5 +250,8 @@ int RunReport(const ReportCommandOptions& options)
         std::fprintf(stderr, "Warnings\n%s\n", warnings.c_str());
     }
     SayWhatWasWritten(options.output, report);
+    if (const auto root = opened.store->FindRoot(request->root)) {
+        TellOfUnsaved(*opened.store, context.user, {*root, {}});
+    }
     return kDone;
 }

@@ -9,12 +9,11 @@ namespace
 {
 using Rows = std::unordered_set<wb::RowId>;
 
-/// Adds the parts at and below a part, and the uses between them.
+/// Adds the parts below a part, and the uses between them.
 void AddBelow(const wb::Store& store, wb::RowId top, Rows& parts, Rows& uses)
 {
     const wb::StoreMoment moment(store);
     std::vector<wb::RowId> left{top};
-    parts.insert(top);
     while (!left.empty()) {
         const wb::RowId part = left.back();
         left.pop_back();
@@ -29,15 +28,17 @@ void AddBelow(const wb::Store& store, wb::RowId top, Rows& parts, Rows& uses)
 } // namespace
 
 std::size_t CountUnsavedWithin(const wb::Store& store, const std::string& user,
-                               const StoredPlace& place)
+                               const StoredPlace& place, FiguresOf figures)
 {
     const std::vector<wb::PendingState> changes = store.PendingChanges(user);
     if (changes.empty()) {
         return 0;
     }
-    Rows parts;
+    Rows parts{place.Part().id};
     Rows uses;
-    AddBelow(store, place.Part().id, parts, uses);
+    if (figures == FiguresOf::Place) {
+        AddBelow(store, place.Part().id, parts, uses);
+    }
     if (!place.uses.empty()) {
         uses.insert(place.uses.back().id);
     }
@@ -47,9 +48,10 @@ std::size_t CountUnsavedWithin(const wb::Store& store, const std::string& user,
     return static_cast<std::size_t>(count);
 }
 
-void TellOfUnsaved(const wb::Store& store, const std::string& user, const StoredPlace& place)
+void TellOfUnsaved(const wb::Store& store, const std::string& user, const StoredPlace& place,
+                   FiguresOf figures)
 {
-    const std::size_t count = CountUnsavedWithin(store, user, place);
+    const std::size_t count = CountUnsavedWithin(store, user, place, figures);
     if (count > 0) {
         std::fprintf(stderr,
                      "wb: The figures include %zu unsaved change%s of %s; wb pending lists %s.\n",

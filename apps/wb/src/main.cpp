@@ -247,6 +247,9 @@ Run AddCompute(CLI::App& app)
     app.add_option("--db", options->session.database, "Database: one SQLite file")
         ->check(IsName())
         ->required();
+    app.add_option("--user", options->session.user,
+                   "Work as this user (default: your login name):\n"
+                   "what he has changed and not saved counts");
     app.add_option("--root-version", options->rootVersion,
                    "Version of the root (default: the one that was\n"
                    "stored last)");
@@ -438,6 +441,8 @@ Run AddExport(CLI::App& app)
     app.add_option("--mass-types", options->massTypes,
                    "Write the mass types of the database too, for the option of wb import")
         ->type_name("TYPES.csv");
+    app.footer("The file holds saved values alone. What somebody has changed and not saved yet\n"
+               "is not in it, whoever exports; wb pending lists it.");
     app.callback([options] {
         constexpr const char* kMassTypes = "--mass-types";
         if (options->output == "-" && options->massTypes == "-") {

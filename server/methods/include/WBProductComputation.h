@@ -14,7 +14,8 @@ namespace wb
 class Computations;
 
 /// Computes nodes of one product for a program that works on the database itself: by the same
-/// rules, and from and into the same kept sums, as the methods do for their clients.
+/// rules, and from and into the same kept sums, as the methods do for their clients. What the user
+/// has changed and not saved counts, and then no sums are kept or taken.
 class ProductComputation
 {
 public:
@@ -27,7 +28,8 @@ public:
     /// Told the share done, from 0 to 1, and what is being done.
     using Progress = std::function<void(double, std::string_view)>;
 
-    /// Borrows the store. root: a part of it.
+    /// Borrows the store, whose reads show what is pending of the user while this lives. root: a
+    /// part of it. Throws StoreError.
     ProductComputation(Store& store, const PartLine& root, std::string user, Progress progress);
     ProductComputation(const ProductComputation&) = delete;
     ProductComputation& operator=(const ProductComputation&) = delete;
@@ -44,6 +46,7 @@ private:
     const PartLine m_root;
     const std::string m_user;
     const Progress m_progress;
+    const PendingView m_view;
     std::unique_ptr<Computations> m_computations;
 };
 } // namespace wb

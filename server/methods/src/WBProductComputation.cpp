@@ -36,6 +36,7 @@ ProductComputation::ProductComputation(Store& store, const PartLine& root, std::
     : m_root(root),
       m_user(std::move(user)),
       m_progress(std::move(progress)),
+      m_view(store, m_user),
       m_computations(std::make_unique<Computations>(store))
 {}
 
@@ -43,6 +44,7 @@ ProductComputation::~ProductComputation() = default;
 
 const ProductGraph& ProductComputation::Graph()
 {
+    m_computations->Begin(m_view.Number());
     return m_computations->GraphOf(m_root.id, ComputationRequest::Policy::Check,
                                    {m_user, nullptr, m_progress});
 }
