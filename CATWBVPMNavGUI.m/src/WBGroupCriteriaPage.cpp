@@ -37,14 +37,31 @@ WBGroupCriteriaPage::WBGroupCriteriaPage(CATDlgTabContainer* pages, const CATUni
                                        Say(word);
                                    }});
     m_store->SetPlacement(0, 0);
-    m_list = WBAddList(this, "List", 1, WBGroupText("Criteria.None", "@No criteria"));
-    m_list->SetVisibleLines(kLeastLines);
-    m_list->SetAccessibleName(WBGroupText("Criteria.Spoken", "@Criteria"));
-    SetRowStretch(1, 1);
+    BuildList();
     BuildEdit();
     BuildJoin();
     OfferAttributes();
     Show();
+}
+
+void WBGroupCriteriaPage::BuildList()
+{
+    auto* frame = new CATDlgFrame(this, "Criteria", kWBPlainFrame);
+    frame->SetPlacement(1, 0);
+    frame->SetColumnStretch(0, 1);
+    SetRowStretch(1, 1);
+    m_list = WBAddList(frame, "List", 0, WBGroupText("Criteria.None", "@No criteria"));
+    m_list->SetVisibleLines(kLeastLines);
+    m_list->SetAccessibleName(WBGroupText("Criteria.Spoken", "@Criteria"));
+    auto* buttons = new CATDlgFrame(frame, "Buttons", kWBPlainFrame);
+    buttons->SetPlacement(0, 1);
+    m_remove = new CATDlgPushButton(buttons, "RemoveButton");
+    m_remove->SetPlacement(0, 0);
+    m_clear = new CATDlgPushButton(buttons, "ClearButton");
+    m_clear->SetPlacement(1, 0);
+    buttons->SetRowStretch(2, 1);
+    Subscribe(m_remove, CATDlgPushButton::Activated, [this](const CATNotification&) { Remove(); });
+    Subscribe(m_clear, CATDlgPushButton::Activated, [this](const CATNotification&) { Clear(); });
 }
 
 void WBGroupCriteriaPage::BuildEdit()
@@ -65,13 +82,9 @@ void WBGroupCriteriaPage::BuildEdit()
     m_value->SetVisibleTextWidth(kValueCharacters);
     m_value->SetAccessibleName(WBGroupText("Value.Title", "@Value"));
     m_add = AddButton(frame, "AddButton", 3);
-    m_remove = AddButton(frame, "RemoveButton", 4);
-    m_clear = AddButton(frame, "ClearButton", 5);
     Subscribe(m_attribute, CATDlgCombo::Selected,
               [this](const CATNotification&) { OfferComparisons(); });
     Subscribe(m_add, CATDlgPushButton::Activated, [this](const CATNotification&) { Add(); });
-    Subscribe(m_remove, CATDlgPushButton::Activated, [this](const CATNotification&) { Remove(); });
-    Subscribe(m_clear, CATDlgPushButton::Activated, [this](const CATNotification&) { Clear(); });
 }
 
 void WBGroupCriteriaPage::BuildJoin()

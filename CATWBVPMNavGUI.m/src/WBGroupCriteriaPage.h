@@ -27,6 +27,7 @@ public:
     bool Save() override;
 
 private:
+    void BuildList();
     void BuildEdit();
     void BuildJoin();
     bool Take(const WBStoredGroup& group);

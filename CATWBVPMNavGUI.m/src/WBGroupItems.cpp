@@ -119,8 +119,8 @@ bool WBGroupItems::Append(const WBGroupItem& item)
     if (!m_places.insert(PlaceOf(item.picked)).second) {
         return false;
     }
-    m_rows.push_back(m_figures == nullptr ? kNone : m_figures->Find(item.picked));
     m_items.push_back(item);
+    m_lookedUp.push_back(Found(item.picked));
     return true;
 }
 
@@ -140,7 +140,7 @@ void WBGroupItems::Remove(int position)
     const auto offset = static_cast<std::ptrdiff_t>(position) - 1;
     m_places.erase(PlaceOf(m_items[static_cast<std::size_t>(offset)].picked));
     m_items.erase(m_items.begin() + offset);
-    m_rows.erase(m_rows.begin() + offset);
+    m_lookedUp.erase(m_lookedUp.begin() + offset);
     SettleStandings();
 }
 
@@ -157,40 +157,57 @@ void WBGroupItems::Clear()
 {
     m_items.clear();
     m_places.clear();
-    m_rows.clear();
+    m_lookedUp.clear();
     SettleStandings();
 }
 
 void WBGroupItems::LookUp(const WBGroupFigures* figures)
 {
     m_figures = figures;
-    m_rows.clear();
+    m_lookedUp.clear();
     for (const WBGroupItem& item : m_items) {
-        m_rows.push_back(figures == nullptr ? kNone : figures->Find(item.picked));
+        m_lookedUp.push_back(Found(item.picked));
     }
     SettleStandings();
 }
 
-void WBGroupItems::SettleStandings()
-{
-    const std::vector<int> covering =
-        m_figures == nullptr ? m_rows : WBCoveringRows(*m_figures, m_rows);
-    m_standings.clear();
-    for (std::size_t index = 0; index < m_items.size(); ++index) {
-        m_standings.push_back({StateOf(index, covering[index]), covering[index]});
-    }
-}
-
-WBItemState WBGroupItems::StateOf(std::size_t index, int coveringRow) const
+WBGroupItems::LookedUp WBGroupItems::Found(const WBPickedInstance& picked) const
 {
     if (m_figures == nullptr) {
-        return WBItemState::NotLookedUp;
+        return {kNone, WBItemState::NotLookedUp};
     }
-    if (m_rows[index] == kNone) {
-        return IsLetInByFilter(m_root, m_items[index].picked) ? WBItemState::Gone
-                                                              : WBItemState::FilteredOut;
+    const int row = m_figures->Find(picked);
+    if (row != kNone) {
+        return {row, WBItemState::Counts};
     }
-    return coveringRow == kNone ? WBItemState::Counts : WBItemState::CountsWithAssembly;
+    return {kNone, IsLetInByFilter(m_root, picked) ? WBItemState::Gone : WBItemState::FilteredOut};
+}
+
+std::vector<int> WBGroupItems::Rows() const
+{
+    std::vector<int> rows;
+    rows.reserve(m_lookedUp.size());
+    for (const LookedUp& item : m_lookedUp) {
+        rows.push_back(item.row);
+    }
+    return rows;
+}
+
+void WBGroupItems::SettleStandings()
+{
+    m_standings.clear();
+    for (const LookedUp& item : m_lookedUp) {
+        m_standings.push_back({item.state, kNone});
+    }
+    if (m_figures == nullptr) {
+        return;
+    }
+    const std::vector<int> covering = WBCoveringRows(*m_figures, Rows());
+    for (std::size_t index = 0; index < covering.size(); ++index) {
+        if (covering[index] != kNone) {
+            m_standings[index] = {WBItemState::CountsWithAssembly, covering[index]};
+        }
+    }
 }
 
 int WBGroupItems::CountOf(WBItemState state) const
@@ -200,7 +217,7 @@ int WBGroupItems::CountOf(WBItemState state) const
 
 std::optional<WBGroupTotals> WBGroupItems::Totals() const
 {
-    return m_figures == nullptr ? std::nullopt : std::optional(WBTotalsOf(*m_figures, m_rows));
+    return m_figures == nullptr ? std::nullopt : std::optional(WBTotalsOf(*m_figures, Rows()));
 }
 
 CATUnicodeString WBGroupItems::RemarkOf(std::size_t index) const
@@ -213,7 +230,7 @@ CATUnicodeString WBGroupItems::RemarkOf(std::size_t index) const
     case WBItemState::CountsWithAssembly:
         return InsideText(*m_figures, m_standings[index].coveringRow);
     case WBItemState::Counts:
-        return WhatIsMissing(*m_figures, m_rows[index]);
+        return WhatIsMissing(*m_figures, m_lookedUp[index].row);
     case WBItemState::NotLookedUp:
         break;
     }
@@ -234,7 +251,7 @@ WBPanelRow WBGroupItems::Row(int position) const
 {
     const auto index = static_cast<std::size_t>(position) - 1;
     const WBGroupItem& item = m_items[index];
-    const int row = m_rows[index];
+    const int row = m_lookedUp[index].row;
     return {item.picked.instance,
             item.partName,
             item.picked.part,

@@ -73,16 +73,24 @@ public:
     bool Take(const WBStoredGroup& group);
 
 private:
+    /// An item as it was found in the figures, asked once: filters may take long.
+    struct LookedUp
+    {
+        int row;
+        WBItemState state; ///< by itself, whatever other items there are
+    };
+
     bool Append(const WBGroupItem& item);
+    LookedUp Found(const WBPickedInstance& picked) const;
+    std::vector<int> Rows() const;
     void SettleStandings();
-    WBItemState StateOf(std::size_t index, int coveringRow) const;
     CATUnicodeString RemarkOf(std::size_t index) const;
 
     CATUnicodeString m_root;
     std::vector<WBGroupItem> m_items;
     std::unordered_set<std::string> m_places;
     const WBGroupFigures* m_figures = nullptr;
-    std::vector<int> m_rows; // of the figures, one an item
+    std::vector<LookedUp> m_lookedUp;
     std::vector<WBItemStanding> m_standings;
 };
 
