@@ -148,7 +148,6 @@ void WBFilterPanel::BuildLastLine()
     frame->SetPlacement(5, 0);
     frame->SetColumnStretch(0, 1);
     m_word = WBAddNote(frame, "Word", 0);
-    m_word->SetTitle({});
     m_ok = new CATDlgPushButton(frame, "OkButton");
     m_ok->SetPlacement(0, 1);
     m_ok->SetDefault();

@@ -161,6 +161,7 @@ TEST_F(WBFilterPanelTest, IsMadeThroughTheTableHiddenAndWithoutControls)
     EXPECT_EQ(made->GetResourceFilename(1), "");
     EXPECT_FALSE(made->IsVisible());
     EXPECT_EQ(made->ChildCount(), 0);
+    made->SetPRCId("LA1");
     made->AddValuesInMultiList("A.1", "A", "A", "", 0); // nowhere to put it yet
     EXPECT_EQ(made->ChildCount(), 0);
     EXPECT_EQ(made->GetOkButton(), nullptr);
@@ -173,6 +174,7 @@ TEST_F(WBFilterPanelTest, OpensEmptyWhereThereAreNoFilters)
 {
     Open();
     EXPECT_EQ(panel->Title(), "Filters");
+    EXPECT_EQ(panel->Widget()->height(), 520);
     EXPECT_EQ(Text("Product"), "LA1");
     EXPECT_EQ(Text("Counting"), "No filter");
     EXPECT_THAT(Filters(), IsEmpty());
@@ -418,6 +420,14 @@ TEST_F(WBFilterPanelTest, InstanceIsInTheListOnce)
     EXPECT_EQ(List()->SelectedRow(), 1);
     EXPECT_FALSE(IsUsable("UpButton"));
     EXPECT_EQ(Text("Word"), "FUS-100.1 is in the list already.");
+    Click("ToggleButton");
+    EXPECT_EQ(Text("Word"), "");
+    PickFront();
+    EXPECT_EQ(Text("Word"), "FUS-100.1 is in the list already.");
+    Click("On");
+    EXPECT_EQ(Text("Word"), "");
+    PickFront();
+    EXPECT_EQ(Text("Word"), "FUS-100.1 is in the list already.");
     Pick("FUS-100.1", "FUS-100", "OTH-000.1", 1); // the same part elsewhere
     EXPECT_EQ(List()->RowCount(), 3);
     EXPECT_EQ(Text("Word"), "");
@@ -581,10 +591,13 @@ TEST_F(WBFilterPanelTest, ClosingWithChangesAsks)
     answer = kCancel;
     panel->Widget()->close();
     ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "Filters");
     EXPECT_EQ(boxes[0].text, "Shall the changes of the filters of LA1 be kept?");
     EXPECT_EQ(boxes[0].style, CATDlgNotify::kQuestionWithCancel);
     EXPECT_TRUE(panel->IsVisible());
     EXPECT_EQ(List()->RowCount(), 2);
+    Settle();
+    EXPECT_EQ(Find<CATDlgNotify>("ChangedFilters"), nullptr);
 
     answer = kNo;
     panel->Widget()->close();
@@ -630,6 +643,7 @@ TEST_F(WBFilterPanelTest, SameRootAgainChangesNothingButTheHandler)
     CATWBVPMNavFilterPanel::selectedPRCConfigHandler = "Other";
     panel->SetPRCId("LA1");
     EXPECT_EQ(List()->RowCount(), 2);
+    EXPECT_EQ(Text("Word"), "");
     EXPECT_EQ(Handler(), "Front alone");
 }
 
@@ -819,6 +833,50 @@ TEST_F(WBFilterPanelTest, EverythingSpeaksGermanToo)
     Click("OkButton");
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_THAT(boxes[0].text, testing::StartsWith("„A|B“ kann kein Filter heißen"));
+}
+
+TEST_F(WBFilterPanelTest, ControlsStandInRowsFromTheProductDownToTheButtons)
+{
+    Open();
+    PickWing();
+    panel->Widget()->resize(1000, 700);
+    Settle();
+    const QWidget& window = *panel->Widget();
+    const auto place = [&window](const char* name) {
+        return PlaceIn(window, name);
+    };
+    const std::vector<std::vector<const char*>> rows{
+        {"ProductLabel", "Product", "CountingLabel", "Counting"},
+        {"FilterLabel", "Filter", "NewButton", "DeleteButton"},
+        {"NameLabel", "Name", "On"},
+        {"List"},
+        {"NewLinesLabel", "NewLines", "ToggleButton", "UpButton", "DownButton", "RemoveButton"},
+        {"Rule"},
+        {"Rest"},
+        {"Word", "OkButton", "CancelButton"}};
+    int bottom = 0;
+    for (const std::vector<const char*>& row : rows) {
+        int right = 0;
+        int lowest = 0;
+        for (const char* name : row) {
+            EXPECT_GE(place(name).top(), bottom) << name;
+            EXPECT_GE(place(name).left(), right) << name;
+            right = place(name).right();
+            lowest = std::max(lowest, place(name).bottom());
+        }
+        bottom = lowest;
+    }
+    // What needs room has it: names and lines; buttons keep to the right.
+    EXPECT_GT(place("Filter").width(), 500);
+    EXPECT_EQ(place("Name").width(), place("Filter").width());
+    EXPECT_EQ(place("On").left(), place("NewButton").left());
+    EXPECT_GT(place("Counting").width(), place("Product").width());
+    EXPECT_GT(place("Product").width(), 200);
+    EXPECT_GT(place("List").height(), 400);
+    EXPECT_GT(place("RemoveButton").right(), 950);
+    EXPECT_GT(place("NewLinesLabel").right(), 50);
+    EXPECT_GT(place("ToggleButton").left(), 400);
+    EXPECT_GT(place("OkButton").left(), 700);
 }
 
 TEST_F(WBFilterPanelTest, NothingIsCutInSilenceAtAnySize)
