@@ -169,7 +169,8 @@ void WorkbenchWindow::MakeActions()
         file->addAction(tr("Open &table file..."), this, &WorkbenchWindow::AskForFile);
     openFile->setToolTip(tr("Opens a CSV file as a document on disk, without the database"));
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    // The toolkit's own keys for it are none on some desktops.
+    file->addAction(tr("&Quit"), Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     auto* workshops = new QActionGroup(this);
