@@ -274,16 +274,6 @@ void WBGroupCriteriaPage::TakeFigures(const WBGroupFigures* figures)
     ShowWhatCanBeDone();
 }
 
-bool WBGroupCriteriaPage::HasUnsaved() const
-{
-    return m_store->HasUnsaved();
-}
-
-bool WBGroupCriteriaPage::Save()
-{
-    return m_store->Save();
-}
-
 bool WBGroupCriteriaPage::Take(const WBStoredGroup& group)
 {
     const std::optional<WBGroupCriteria> read = WBReadStoredCriteria(group);

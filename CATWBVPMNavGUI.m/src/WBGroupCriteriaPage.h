@@ -23,8 +23,7 @@ public:
     /// Writes what the instance has for the chosen attribute into the value's field.
     void TakeValueOf(const WBPickedInstance& picked);
     void TakeFigures(const WBGroupFigures* figures) override;
-    bool HasUnsaved() const override;
-    bool Save() override;
+    WBGroupStoreBar& Store() const { return *m_store; }
 
 private:
     void BuildList();

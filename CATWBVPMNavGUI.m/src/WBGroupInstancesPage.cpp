@@ -150,16 +150,6 @@ CATUnicodeString WBGroupInstancesPage::WhatCounts() const
     return Joined(sentences);
 }
 
-bool WBGroupInstancesPage::HasUnsaved() const
-{
-    return m_store->HasUnsaved();
-}
-
-bool WBGroupInstancesPage::Save()
-{
-    return m_store->Save();
-}
-
 bool WBGroupInstancesPage::Take(const WBStoredGroup& group)
 {
     if (!m_items.Take(group)) {

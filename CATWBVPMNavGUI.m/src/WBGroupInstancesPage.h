@@ -21,8 +21,7 @@ public:
     void FollowUnits() override;
     std::optional<WBGroupTotals> Totals() const override { return m_items.Totals(); }
     CATUnicodeString WhatCounts() const override;
-    bool HasUnsaved() const override;
-    bool Save() override;
+    WBGroupStoreBar& Store() const { return *m_store; }
 
 private:
     void BuildButtons();

@@ -20,9 +20,6 @@ public:
     virtual std::optional<WBGroupTotals> Totals() const { return std::nullopt; }
     /// Remarks on which items count, as sentences; may be empty.
     virtual CATUnicodeString WhatCounts() const { return {}; }
-    virtual bool HasUnsaved() const { return false; }
-    /// False, after a box, when the group is not saved.
-    virtual bool Save() { return true; }
 
     /// What the page has to say to its user, empty for nothing.
     const CATUnicodeString& Word() const { return m_word; }

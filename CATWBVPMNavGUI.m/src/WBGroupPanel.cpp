@@ -3,6 +3,7 @@
 #include "WBGroupCriteriaPage.h"
 #include "WBGroupFoundPage.h"
 #include "WBGroupInstancesPage.h"
+#include "WBGroupStoreBar.h"
 #include "WBGroupTexts.h"
 #include "WBGroupTotalsFrame.h"
 #include "WBNavigatorPlaces.h"
@@ -43,12 +44,20 @@ CATUnicodeString FiguresRequest(const CATUnicodeString& root)
 WBGroupPanel::WBGroupPanel(CATCommand* parent, const CATUnicodeString& root)
     : CATWBVPMNavGroupPanel(parent),
       m_root(root),
+      m_drafts(WBGroupDrafts::Below(parent)),
       m_unitWatch([this](const CATICkeMagnitude_var&) { FollowUnits(); })
 {
     SetPreferredSize(kPreferredWidth, kPreferredHeight);
 }
 
-WBGroupPanel::~WBGroupPanel() = default;
+WBGroupPanel::~WBGroupPanel()
+{
+    WBGroupDrafts* const drafts = m_drafts.Get();
+    if (drafts != nullptr && m_totals != nullptr) {
+        m_instances->Store().PutDraft(*drafts);
+        m_criteria->Store().PutDraft(*drafts);
+    }
+}
 
 const char* WBGroupPanel::ClassName() const
 {
@@ -89,6 +98,10 @@ void WBGroupPanel::Build()
               [this](const CATNotification&) { m_found->Forget(); });
     SetGuard([this] { return MayClose(); });
     m_close->SetGuard([this] { return MayClose(); });
+    if (WBGroupDrafts* const drafts = m_drafts.Get()) {
+        m_instances->Store().TakeDraft(*drafts);
+        m_criteria->Store().TakeDraft(*drafts);
+    }
     ReadFigures();
     ShowWord();
 }
@@ -258,23 +271,30 @@ void WBGroupPanel::FollowUnits()
 
 bool WBGroupPanel::MayClose()
 {
-    return std::ranges::all_of(
-        m_pages, [this](WBGroupPage* page) { return !page->HasUnsaved() || MayLeave(*page); });
+    return MayLeave(*m_instances, m_instances->Store(),
+                    WBGroupText("Close.Instances",
+                                "@The group of instances is not saved. Shall it be saved before "
+                                "the window closes?")) &&
+           MayLeave(*m_criteria, m_criteria->Store(),
+                    WBGroupText("Close.Criteria", "@The group of criteria is not saved. Shall it "
+                                                  "be saved before the window closes?"));
 }
 
-bool WBGroupPanel::MayLeave(WBGroupPage& page)
+bool WBGroupPanel::MayLeave(const WBGroupPage& page, WBGroupStoreBar& store,
+                            const CATUnicodeString& question)
 {
+    if (!store.HasUnsaved()) {
+        return true;
+    }
     GoTo(&page); // whoever is asked sees what is meant
-    auto* question = new CATDlgNotify(this, "UnsavedGroup", CATDlgNotify::kQuestionWithCancel);
-    question->SetTitle(Title());
-    question->SetText(&page == m_instances
-                          ? WBGroupText("Close.Instances",
-                                        "@The group of instances is not saved. Shall it be saved "
-                                        "before the window closes?")
-                          : WBGroupText("Close.Criteria",
-                                        "@The group of criteria is not saved. Shall it be saved "
-                                        "before the window closes?"));
-    const int answer = question->DisplayBlocking();
-    question->RequestDelayedDestruction();
-    return answer == kNo || (answer == kYes && page.Save());
+    auto* box = new CATDlgNotify(this, "UnsavedGroup", CATDlgNotify::kQuestionWithCancel);
+    box->SetTitle(Title());
+    box->SetText(question);
+    const int answer = box->DisplayBlocking();
+    box->RequestDelayedDestruction();
+    if (answer == kNo) {
+        store.GiveUp();
+        return true;
+    }
+    return answer == kYes && store.Save();
 }

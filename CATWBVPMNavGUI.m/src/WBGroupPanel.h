@@ -2,8 +2,11 @@
 
 #include "CATWBVPMNavGroupPanel.h"
 
+#include "WBGroupDrafts.h"
 #include "WBGroupFigures.h"
 #include "WBUnitWatch.h"
+
+#include "CATCommandWatch.h"
 
 #include <memory>
 #include <vector>
@@ -12,6 +15,7 @@ class WBGroupCriteriaPage;
 class WBGroupFoundPage;
 class WBGroupInstancesPage;
 class WBGroupPage;
+class WBGroupStoreBar;
 class WBGroupTotalsFrame;
 
 /// The group panel as users see it: a page for the instances that were picked, one for criteria and
@@ -53,9 +57,11 @@ private:
     void FollowUnits();
     /// Whether the window may close: groups that are not saved are asked about.
     bool MayClose();
-    bool MayLeave(WBGroupPage& page);
+    bool MayLeave(const WBGroupPage& page, WBGroupStoreBar& store,
+                  const CATUnicodeString& question);
 
     CATUnicodeString m_root;
+    CATCommandWatch<WBGroupDrafts> m_drafts;
     std::unique_ptr<WBGroupFigures> m_figures; // null while they are not known
 
     // Controls belong to the controls that they stand in.

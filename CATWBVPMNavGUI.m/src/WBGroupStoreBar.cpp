@@ -1,5 +1,6 @@
 #include "WBGroupStoreBar.h"
 
+#include "WBGroupDrafts.h"
 #include "WBGroupTexts.h"
 #include "WBPanelControls.h"
 
@@ -184,6 +185,21 @@ void WBGroupStoreBar::Retrieve()
     }
     NoteAsKept(name);
     m_group.say(WBGroupText("Retrieve.Done", "@/p1 was retrieved.", {name}));
+}
+
+void WBGroupStoreBar::PutDraft(WBGroupDrafts& drafts) const
+{
+    if (HasUnsaved() && !m_isGivenUp) {
+        drafts.Put(m_kind, m_root, m_group.stored());
+    }
+}
+
+void WBGroupStoreBar::TakeDraft(WBGroupDrafts& drafts)
+{
+    const std::optional<WBStoredGroup> draft = drafts.Take(m_kind, m_root);
+    if (draft && m_group.take(*draft)) {
+        m_group.say(WBGroupText("Draft.Text", "@What you had not saved is here again."));
+    }
 }
 
 void WBGroupStoreBar::Delete()

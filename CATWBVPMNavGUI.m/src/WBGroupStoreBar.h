@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class WBGroupDrafts;
+
 /// What the store bar needs of the page that shows the group, which is empty at first.
 struct WBGroupOnPage
 {
@@ -29,6 +31,12 @@ public:
     bool HasUnsaved() const;
     /// As the button does it; false, after a box, when the group is not saved.
     bool Save();
+    /// The user does not want what is not saved.
+    void GiveUp() { m_isGivenUp = true; }
+    /// Keeps what is not saved and not given up for the next panel.
+    void PutDraft(WBGroupDrafts& drafts) const;
+    /// Takes up what the last panel kept so; it is not saved here either.
+    void TakeDraft(WBGroupDrafts& drafts);
 
 private:
     void BuildNames();
@@ -48,6 +56,7 @@ private:
     WBStoredGroup m_empty;
     CATUnicodeString m_keptName; // of the group that is shown; empty when it was never stored
     WBStoredGroup m_kept;        // as it was stored or retrieved last
+    bool m_isGivenUp = false;
 
     // Controls belong to the controls that they stand in.
     CATDlgEditor* m_name = nullptr;

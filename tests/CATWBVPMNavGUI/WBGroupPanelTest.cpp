@@ -305,6 +305,43 @@ TEST_F(WBGroupPanelTest, GroupsThatNeedNotBeSavedGoWithTheWindow)
     EXPECT_THAT(boxes[1].text, HasSubstr("The group of criteria is not saved"));
 }
 
+TEST_F(WBGroupPanelTest, WhatIsNotSavedIsThereAgainWhenAnotherCommandEndedThePanel)
+{
+    Open();
+    Pick(Tail(), "Tail");
+    AddCriterion("Name", "is", "Tail");
+    Click(kCriteria, "Or");
+    GoTo(kInstances);
+    delete panel;
+    Open();
+    EXPECT_EQ(Text("Word"), "What you had not saved is here again.");
+    EXPECT_THAT(Column(*List(kInstances), 1), ElementsAre("Tail"));
+    EXPECT_EQ(Text("Mass"), "20 kg");
+    EXPECT_THAT(Column(*List(kCriteria), 2), ElementsAre("Tail"));
+    EXPECT_TRUE(On<CATDlgRadioButton>(kCriteria, "Or")->IsChecked());
+    answer = Answer::No; // it is not saved here either, and now it is given up
+    Click("CloseButton");
+    EXPECT_EQ(boxes.size(), 2U);
+    delete panel;
+    Open();
+    EXPECT_EQ(Text("Word"), "");
+    EXPECT_EQ(List(kInstances)->RowCount(), 0);
+    EXPECT_EQ(List(kCriteria)->RowCount(), 0);
+}
+
+TEST_F(WBGroupPanelTest, WhatWasNotSavedBelongsToItsProduct)
+{
+    Open();
+    Pick(Tail(), "Tail");
+    delete panel;
+    panel = new WBGroupPanel(Window(), "SC1");
+    panel->Build();
+    EXPECT_EQ(List(kInstances)->RowCount(), 0);
+    delete panel;
+    Open();
+    EXPECT_EQ(List(kInstances)->RowCount(), 1);
+}
+
 TEST_F(WBGroupPanelTest, EverythingCanBeReadInASmallWindowAndInGerman)
 {
     for (const char* language : {"en", "de"}) {
