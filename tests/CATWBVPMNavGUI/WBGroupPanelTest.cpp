@@ -1,4 +1,5 @@
 #include "GroupPanelSession.h"
+#include "ResourceKeys.h"
 
 #include <chrono>
 
@@ -360,6 +361,27 @@ TEST_F(WBGroupPanelTest, EverythingCanBeReadInASmallWindowAndInGerman)
             ExpectNoLabelIsCutInSilence(*panel->Widget());
         }
         delete panel;
+    }
+}
+
+TEST_F(WBGroupPanelTest, EveryTextIsThereInBothLanguages)
+{
+    for (const char* file : {"catalogs/WBGroupPanel.toml", "dialogs/CATWBVPMNavGroupPanel.toml"}) {
+        EXPECT_EQ(ResourceKeys(std::string("de/") + file), ResourceKeys(file));
+    }
+    Open();
+    for (const char* page : {kInstances, kCriteria, kFound}) {
+        GoTo(page);
+        for (const QAbstractButton* button : panel->Widget()->findChildren<QAbstractButton*>()) {
+            if (button->isVisible()) { // a control without a text shows its name
+                EXPECT_NE(button->text(), button->objectName());
+            }
+        }
+        for (const QLabel* label : panel->Widget()->findChildren<QLabel*>()) {
+            if (label->isVisible()) {
+                EXPECT_FALSE(label->text().endsWith("Label")) << label->text().toStdString();
+            }
+        }
     }
 }
 
