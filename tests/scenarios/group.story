@@ -146,4 +146,32 @@ click CATWBVPMNavGroupPanel/FindButton
 expect CATWBVPMNavGroupPanel/Mass "72.2 kg"
 resize CATWBVPMNavGroupPanel 640 480
 shot group_small.png CATWBVPMNavGroupPanel
+
+# What a filter leaves out is in the group and counts nothing, and cannot be added.
+start CATTEQWBDefineFilterCmd
+pick LA1/PWR-000.1
+click CATWBVPMNavFilterPanel/OkButton
+start CATWBVPMNavGroup
+pick LA1/FUS-000.1/FUS-100.1/FUS-110.1
+pick LA1/PWR-000.1/PWR-100.1
+expect-box "leaves this instance out"
+select CATWBVPMNavGroupPanel/InstancesPage/Stored "Nose heavy"
+answer Yes
+click CATWBVPMNavGroupPanel/InstancesPage/RetrieveButton
+expect CATWBVPMNavGroupPanel/Filter "Filter 1"
+expect-cell CATWBVPMNavGroupPanel/InstancesPage/List 2 Remark "left out by the filter"
+expect CATWBVPMNavGroupPanel/WhatCounts "The filter leaves out 1."
+# 1.9197 + 0.35 kg of 381.35925 - 98.2113 kg.
+expect CATWBVPMNavGroupPanel/Items 2
+expect CATWBVPMNavGroupPanel/Mass "2.27 kg"
+expect CATWBVPMNavGroupPanel/Share "0.802 %"
+# What is not saved is there again when another command came between.
+pick LA1/EMP-000.1
+start CATWBComputeCmd
+start CATWBVPMNavGroup
+pick LA1/EMP-000.1
+expect CATWBVPMNavGroupPanel/Word "EMP-000.1 is in the group already."
+expect CATWBVPMNavGroupPanel/InstancesPage/List 4
+answer No
 close CATWBVPMNavGroupPanel
+expect Prompt ""
