@@ -343,6 +343,20 @@ TEST_F(WBGroupPanelTest, WhatWasNotSavedBelongsToItsProduct)
     EXPECT_EQ(List(kInstances)->RowCount(), 1);
 }
 
+TEST_F(WBGroupPanelTest, DraftsStandOnceBelowTheMainWindow)
+{
+    WBGroupDrafts* drafts = WBGroupDrafts::Below(Window());
+    ASSERT_NE(drafts, nullptr);
+    EXPECT_EQ(drafts->Parent(), Window());
+    EXPECT_STREQ(drafts->ClassName(), "WBGroupDrafts");
+    EXPECT_EQ(WBGroupDrafts::Below(Window()), drafts);
+    EXPECT_EQ(WBGroupDrafts::Below(nullptr), nullptr);
+    drafts->Put(WBGroupKind::Criteria, "LA1", {"or", {}});
+    EXPECT_EQ(drafts->Take(WBGroupKind::Instances, "LA1"), std::nullopt);
+    EXPECT_EQ(drafts->Take(WBGroupKind::Criteria, "LA1"), (WBStoredGroup{"or", {}}));
+    EXPECT_EQ(drafts->Take(WBGroupKind::Criteria, "LA1"), std::nullopt);
+}
+
 TEST_F(WBGroupPanelTest, EverythingCanBeReadInASmallWindowAndInGerman)
 {
     for (const char* language : {"en", "de"}) {
