@@ -47,8 +47,6 @@ const CATEvent WBFilterLines::Changed("FilterLinesChanged");
 WBFilterLines::WBFilterLines(CATDialog* window)
     : CATDlgFrame(window, "Instances"), m_list(WBAddList(this, "List", 0, {}))
 {
-    constexpr int kLeastLines = 4;
-    m_list->SetVisibleLines(kLeastLines);
     m_list->SetAccessibleName(WBFilterText("Lines.Spoken", "@Lines of the filter"));
     auto* buttons = new CATDlgFrame(this, "Buttons", kWBPlainFrame);
     buttons->SetPlacement(1, 0);
@@ -69,7 +67,6 @@ WBFilterLines::WBFilterLines(CATDialog* window)
     m_remove = addButton("RemoveButton", [this](const CATNotification&) { Remove(); });
     Subscribe(m_list, CATDlgMultiList::RowSelected,
               [this](const CATNotification&) { ShowWhatCanBeDone(); });
-    ShowText({});
 }
 
 void WBFilterLines::Show(const CATUnicodeString& root, std::vector<WBFilterLine> lines)

@@ -258,6 +258,9 @@ TEST_F(WBFilterPanelTest, OpensOnTheFilterThatCounts)
     EXPECT_EQ(Text("Counting"), "Front alone");
     EXPECT_TRUE(IsOn());
     EXPECT_THAT(Lines(), ElementsAre("FUS-100.1 in"));
+    EXPECT_EQ(List()->SelectedRow(), 1);
+    EXPECT_TRUE(IsUsable("ToggleButton"));
+    EXPECT_EQ(ViewOf(*List())->accessibleName(), "Lines of the filter");
     EXPECT_EQ(Handler(), "Front alone");
     Choose("Filter", 0);
     EXPECT_EQ(Name(), "No wing");
@@ -338,6 +341,9 @@ TEST_F(WBFilterPanelTest, FiltersAreAddedAndDeleted)
 TEST_F(WBFilterPanelTest, NewLinesAreLeftOutOrInAsTheUserChose)
 {
     Open();
+    ASSERT_EQ(Find<CATDlgCombo>("NewLines")->LineCount(), 2);
+    EXPECT_EQ(Find<CATDlgCombo>("NewLines")->Line(0), "left out");
+    EXPECT_EQ(Find<CATDlgCombo>("NewLines")->Line(1), "left in");
     PickFuselage();
     Choose("NewLines", 1);
     PickFront();
@@ -376,6 +382,17 @@ TEST_F(WBFilterPanelTest, LinesAreTurnedMovedAndRemoved)
     TypeName("Rest");
     Click("OkButton");
     EXPECT_EQ(Stored("LA1.Filter"), "1|Rest|X|FUS-000.1|FUS-000|A|0");
+}
+
+TEST_F(WBFilterPanelTest, OrderOfLinesIsKept)
+{
+    Open();
+    PickFuselage();
+    PickWing();
+    TypeName("Order");
+    Click("UpButton");
+    Click("OkButton");
+    EXPECT_EQ(Stored("LA1.Filter"), "2|Order|X|WNG-000.1|WNG-000|A|0|X|FUS-000.1|FUS-000|A|0");
 }
 
 TEST_F(WBFilterPanelTest, ButtonsFollowTheRowThatTheUserSelects)
@@ -874,7 +891,8 @@ TEST_F(WBFilterPanelTest, ControlsStandInRowsFromTheProductDownToTheButtons)
     EXPECT_GT(place("Product").width(), 200);
     EXPECT_GT(place("List").height(), 400);
     EXPECT_GT(place("RemoveButton").right(), 950);
-    EXPECT_GT(place("NewLinesLabel").right(), 50);
+    EXPECT_LT(place("NewLines").width(), 250);
+    EXPECT_LT(place("RemoveButton").width(), 150);
     EXPECT_GT(place("ToggleButton").left(), 400);
     EXPECT_GT(place("OkButton").left(), 700);
 }
