@@ -48,6 +48,11 @@ CATUnicodeString WBEditWords(const WBEditCounts& counts)
             line += CATUnicodeString(words.sign) + " " + Said(words, counts.*words.count);
         }
     }
+    if (counts.isStandardPart && counts.edits > 0) {
+        line += "   ";
+        line += WBPanelText("Edits.StandardPart",
+                            "@A standard part: change it only if you look after it.");
+    }
     return line;
 }
 

@@ -7,10 +7,11 @@
 /// How things stand with what is edited.
 struct WBEditCounts
 {
-    int edits = 0;                ///< made here and not applied
-    int problems = 0;             ///< fields that hold what cannot be taken
-    int unsaved = 0;              ///< quantities of the shown part that are applied and not saved
-    int conflicts = 0;            ///< those of them that somebody else has saved since
+    int edits = 0;     ///< made here and not applied
+    int problems = 0;  ///< fields that hold what cannot be taken
+    int unsaved = 0;   ///< quantities of the shown part that are applied and not saved
+    int conflicts = 0; ///< those of them that somebody else has saved since
+    bool isStandardPart = false;
     bool isAnythingStated = true; ///< else the server does not tell what can be edited
 };
 

@@ -102,6 +102,7 @@ WBEditCounts WBPanelEditing::Counts() const
 {
     WBEditCounts counts;
     counts.isAnythingStated = m_record == nullptr || !m_stated.quantities.empty();
+    counts.isStandardPart = m_stated.isStandardPart;
     counts.edits = m_edits == nullptr ? 0 : m_edits->EditCount();
     counts.problems = static_cast<int>(m_form.Problems().size());
     for (const WBStatedQuantity& quantity : m_stated.quantities) {
@@ -115,8 +116,8 @@ CATUnicodeString WBPanelEditing::UnappliedWords() const
 {
     const WBEditCounts counts = Counts();
     const CATUnicodeString name = WBPanelText("Edits.Of", "@/p1: ", {WBOrDash(m_stated.partName)});
-    return name + (counts.edits > 0 ? WBUnappliedWords(counts.edits)
-                                    : WBEditWords({0, counts.problems, 0, 0}));
+    return name +
+           (counts.edits > 0 ? WBUnappliedWords(counts.edits) : WBEditWords({0, counts.problems}));
 }
 
 bool WBPanelEditing::HasUnapplied() const

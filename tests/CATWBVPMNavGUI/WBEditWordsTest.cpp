@@ -35,9 +35,16 @@ TEST_F(WBEditWordsTest, WhatIsWrongComesFirst)
               "saved: somebody else saved these values first.   ● 4 changes are not saved.");
 }
 
+TEST_F(WBEditWordsTest, EditsOfAStandardPartAreSaidToBe)
+{
+    EXPECT_EQ(WBEditWords({1, 0, 0, 0, true}),
+              "✎ 1 edit is not applied.   A standard part: change it only if you look after it.");
+    EXPECT_EQ(WBEditWords({0, 0, 0, 0, true}), "");
+}
+
 TEST_F(WBEditWordsTest, PanelThatCanEditNothingSaysSo)
 {
-    EXPECT_EQ(WBEditWords({0, 0, 0, 0, false}),
+    EXPECT_EQ(WBEditWords({0, 0, 0, 0, false, false}),
               "Nothing can be edited: the server does not say what is stated.");
 }
 

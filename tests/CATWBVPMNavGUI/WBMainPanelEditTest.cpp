@@ -87,6 +87,8 @@ TEST_F(WBMainPanelEditTest, FieldTakesTheCellOfItsFact)
     // Of an instance that the PDM knows the material is always the part's.
     EXPECT_TRUE(Find<CATDlgLabel>("AppliedOn")->IsVisible());
     EXPECT_FALSE(Find<CATDlgCombo>("AppliedOnChoice")->IsVisible());
+    EXPECT_EQ(Find<CATDlgLabel>("AppliedOn")->Tooltip(),
+              "Density and material of this instance are those of its part.");
     const QWidget& page = *panel->Widget()->findChild<QWidget*>("Material");
     EXPECT_EQ(PlaceIn(page, "DensityEditor").left(), PlaceIn(page, "AppliedOn").left());
     EXPECT_EQ(PlaceIn(page, "DensityEditor").left(), PlaceIn(page, "MaterialNameChoice").left());
@@ -557,6 +559,16 @@ TEST_F(WBMainPanelEditTest, DamagedValuesAfterApplyingAreAFaultThatThePanelSurvi
     panel->SetModel(RecordOf("1|BOLT.1|BOLT|A|CAR|1|AXLE.1|" + Values("13")).Get());
     Type("StatedMassEditor", "14");
     EXPECT_EQ(Text("EditWords"), kOneEdit);
+}
+
+TEST_F(WBMainPanelEditTest, StandardPartIsSaidToBeOne)
+{
+    std::string& stated = server->answers["WBGetStatedValues"];
+    stated.replace(0, 9, "Bolt|1|1|");
+    Open(record);
+    EXPECT_EQ(Text("EditWords"), "");
+    Type("StatedMassEditor", "13");
+    EXPECT_THAT(Text("EditWords"), AllOf(StartsWith(kOneEdit), HasSubstr("A standard part")));
 }
 
 TEST_F(WBMainPanelEditTest, EditsFollowTheUnits)
