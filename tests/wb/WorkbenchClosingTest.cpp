@@ -103,3 +103,23 @@ TEST_F(WorkbenchClosing, GermanUsersReadGerman)
     EXPECT_THAT(played.err,
                 AllOf(HasSubstr("Ungespeicherte Änderungen"), HasSubstr("Jetzt speichern?")));
 }
+
+TEST_F(WorkbenchClosing, PanelWithEditsIsAskedFirstAndWhatItAppliesIsAmongTheUnsavedChanges)
+{
+    const Outcome played = Play("start CATTEQWBComputePartCmd\n"
+                                "pick PLANE/left\n"
+                                "click CATWBVPMMainPanel/Values\n"
+                                "type CATWBVPMMainPanel/StatedMassEditor \"12 kg\"\n"
+                                "answer Cancel\n"
+                                "close Workbench\n"
+                                "expect CATWBVPMMainPanel/StatedMassEditor \"12 kg\"\n"
+                                "expect UnsavedChanges \"\"\n"
+                                "answer Yes\n"
+                                "answer Cancel\n"
+                                "close Workbench\n"
+                                "expect UnsavedChanges \"1 unsaved change\"\n"
+                                "answer Yes\n"
+                                "close Workbench\n");
+    EXPECT_EQ(played.status, 0) << played.err;
+    EXPECT_EQ(MassOfWing(), "12");
+}
