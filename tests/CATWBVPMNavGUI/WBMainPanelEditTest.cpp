@@ -689,6 +689,51 @@ TEST_F(WBMainPanelEditTest, NothingIsCutInSilenceWithEditsAndProblems)
     }
 }
 
+TEST_F(WBMainPanelEditTest, FieldsStandInReadingOrder)
+{
+    Open(record);
+    Resize(1280, 800);
+    List("Properties")->Send(CATDlgMultiList::RowSelected, 1);
+    Type("StatedMassEditor", "heavy");
+    const struct
+    {
+        const char* page;
+        std::vector<const char*> downwards;
+    } columns[] = {
+        {"Values", {"RemarkLabel", "StatedMassEditor", "PrecisionKindChoice", "Problem", "List"}},
+        {"Values", {"CentreYEditor", "LowerPrecisionEditor"}},
+        {"Inertia", {"Words", "IxxEditor", "IyyEditor", "IzzEditor", "InertiaNote", "Principal"}},
+        {"Inertia", {"IxyEditor", "IxzEditor", "IyzEditor"}},
+        {"Material", {"DensityEditor", "MaterialNameChoice", "AppliedOn", "List"}},
+        {"Properties", {"List", "Selected", "PropertyValueEditor"}},
+        {"Changes", {"Words", "Pending", "HistoryNote", "History"}},
+    };
+    for (const auto& column : columns) {
+        TurnTo(column.page);
+        const QWidget& page = *panel->Widget()->findChild<QWidget*>(column.page);
+        int above = -1;
+        for (const char* name : column.downwards) {
+            const QRect place = PlaceIn(page, name);
+            EXPECT_GT(place.top(), above) << column.page << " " << name;
+            above = place.bottom();
+        }
+    }
+}
+
+TEST_F(WBMainPanelEditTest, MatrixStandsBesideItsFieldsAndTakesTheirRoomWithoutThem)
+{
+    Open(record);
+    Resize(1280, 800);
+    TurnTo("Inertia");
+    const QWidget& page = *panel->Widget()->findChild<QWidget*>("Inertia");
+    EXPECT_GT(PlaceIn(page, "Matrix").left(), PlaceIn(page, "IxyEditor").right());
+    EXPECT_GT(PlaceIn(page, "IxyEditor").width(), 120);
+    SelectMassType(1); // Computed
+    Settle();
+    EXPECT_LT(PlaceIn(page, "Matrix").left(), 40);
+    EXPECT_GT(PlaceIn(page, "Matrix").width(), 1100);
+}
+
 TEST_F(WBMainPanelEditTest, WordsAndMarksShareTheLastLine)
 {
     server->answers["WBCompPartCompute"] =
