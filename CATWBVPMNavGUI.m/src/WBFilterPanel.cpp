@@ -1,11 +1,11 @@
 #include "WBFilterPanel.h"
 
 #include "WBFilterLines.h"
-#include "WBFilterPick.h"
 #include "WBFilterSettings.h"
 #include "WBNavigatorPlaces.h"
 #include "WBPanelControls.h"
 #include "WBPanelTexts.h"
+#include "WBPickReading.h"
 #include "WBRootFilter.h"
 
 #include "CATDlgNotify.h"
@@ -219,7 +219,7 @@ void WBFilterPanel::AddValuesInMultiList(const CATUnicodeString& instance,
         return;
     }
     const std::optional<WBPickedInstance> picked =
-        WBReadFilterPick(instance, part, version, path, count);
+        WBReadPickedInstance(instance, part, version, path, count);
     if (!picked) {
         Say(WBFilterText("Unusable.Text",
                          "@\"/p1\" was not added: what the server says of it cannot stand in a "

@@ -2,7 +2,7 @@
 
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATMsgCatalog.h"
-#include "WBFilterPick.h"
+#include "WBPickReading.h"
 #include "WBRootFilter.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 
 #include "CATSettingRepository.h"
 #include "CATStatus.h"
-#include "WBFilterPick.h"
 #include "WBNavigatorPlaces.h"
+#include "WBPickReading.h"
 #include "WBRootFilter.h"
 
 #include <optional>
@@ -101,7 +101,7 @@ bool WBIsValidInFilter(const CATUnicodeString& rootIdentifier, const CATUnicodeS
         return true;
     }
     const std::optional<WBPickedInstance> picked =
-        WBReadFilterPick(instance, part, version, path, count);
+        WBReadPickedInstance(instance, part, version, path, count);
     const auto find = [&](const std::vector<CATUnicodeString>& names) {
         return WBFindInNavigator(rootIdentifier, names);
     };

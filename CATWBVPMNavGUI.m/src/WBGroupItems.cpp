@@ -2,7 +2,7 @@
 
 #include "WBGroupTexts.h"
 #include "WBPanelUnits.h"
-#include "WBPickedInstances.h"
+#include "WBPickReading.h"
 
 #include "CATWBVPMNavFilterPanel.h"
 
@@ -291,20 +291,18 @@ WBStoredGroup WBGroupItems::Stored() const
 bool WBGroupItems::Take(const WBStoredGroup& group)
 {
     const auto& lists = group.lists;
-    const auto isEmpty = [](const CATUnicodeString& text) {
-        return text.IsEmpty();
-    };
-    if (std::ranges::any_of(lists[0].Items(), isEmpty) ||
-        std::ranges::any_of(lists[1].Items(), isEmpty)) {
-        return false;
-    }
-    Clear();
+    std::vector<WBGroupItem> items;
     for (int position = 1; position <= lists[0].Size(); ++position) {
         const CATUnicodeString& path = lists[3][position];
-        Append({WBReadPickedInstance(lists[0][position], lists[1][position], lists[2][position],
-                                     path, NameCount(path)),
-                lists[4][position]});
+        const std::optional<WBPickedInstance> picked = WBReadPickedInstance(
+            lists[0][position], lists[1][position], lists[2][position], path, NameCount(path));
+        if (!picked || picked->part.IsEmpty()) {
+            return false;
+        }
+        items.push_back({*picked, lists[4][position]});
     }
+    Clear();
+    std::ranges::for_each(items, [this](const WBGroupItem& item) { Append(item); });
     SettleStandings();
     return true;
 }

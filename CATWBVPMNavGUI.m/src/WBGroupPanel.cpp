@@ -8,7 +8,7 @@
 #include "WBGroupTotalsFrame.h"
 #include "WBNavigatorPlaces.h"
 #include "WBPanelControls.h"
-#include "WBPickedInstances.h"
+#include "WBPickReading.h"
 #include "WBReportOpening.h"
 #include "WBServerAnswer.h"
 
@@ -27,6 +27,13 @@ constexpr int kPreferredHeight = 600;
 constexpr int kErrorStyle = 0x10000000;
 constexpr int kYes = 1;
 constexpr int kNo = 2;
+
+CATUnicodeString UnusableText(const CATUnicodeString& instance)
+{
+    return WBGroupText("Unusable.Text",
+                       "@\"/p1\" was not taken: what the server says of it cannot be read.",
+                       {instance});
+}
 
 /// All of the product with all its values, under its filter.
 CATUnicodeString FiguresRequest(const CATUnicodeString& root)
@@ -217,7 +224,13 @@ void WBGroupPanel::AddValuesInMultiList(const CATUnicodeString& instance,
                                       {instance, m_root}));
         return;
     }
-    m_instances->Add({WBReadPickedInstance(instance, part, version, path, count), partName});
+    const std::optional<WBPickedInstance> picked =
+        WBReadPickedInstance(instance, part, version, path, count);
+    if (!picked) {
+        PageInFront().Say(UnusableText(instance));
+        return;
+    }
+    m_instances->Add({*picked, partName});
     if (&PageInFront() != m_instances) {
         PageInFront().Say(
             WBGroupText("Added.Text", "@/p1 is in the group of instances.", {instance}));
@@ -227,8 +240,15 @@ void WBGroupPanel::AddValuesInMultiList(const CATUnicodeString& instance,
 void WBGroupPanel::SetWMMInstance(CATUnicodeString instance, CATUnicodeString part,
                                   CATUnicodeString version, CATUnicodeString path, int count)
 {
-    if (m_criteria != nullptr) {
-        m_criteria->TakeValueOf(WBReadPickedInstance(instance, part, version, path, count));
+    if (m_criteria == nullptr) {
+        return;
+    }
+    const std::optional<WBPickedInstance> picked =
+        WBReadPickedInstance(instance, part, version, path, count);
+    if (picked) {
+        m_criteria->TakeValueOf(*picked);
+    } else {
+        m_criteria->Say(UnusableText(instance));
     }
 }
 

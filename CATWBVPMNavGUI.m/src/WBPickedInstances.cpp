@@ -1,7 +1,6 @@
 #include "WBPickedInstances.h"
 
 #include "CATMsgCatalog.h"
-#include "CATWBToken.h"
 
 #include <algorithm>
 #include <string>
@@ -107,18 +106,6 @@ CATUnicodeString WBPickedInstances::SelectionText() const
         text += " +" + CATUnicodeString::FromInt(static_cast<int>(m_items.size()) - 1);
     }
     return text;
-}
-
-WBPickedInstance WBReadPickedInstance(const CATUnicodeString& instance,
-                                      const CATUnicodeString& part, const CATUnicodeString& version,
-                                      const CATUnicodeString& path, int count)
-{
-    WBPickedInstance picked{instance, part, version, {}};
-    CATWBToken names(path);
-    for (int index = 0; index < count; ++index) {
-        picked.path.push_back(names.NextString());
-    }
-    return picked;
 }
 
 CATUnicodeString WBReportText(const char* key, const char* defaultText,

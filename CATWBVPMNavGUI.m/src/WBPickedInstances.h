@@ -33,11 +33,6 @@ private:
     std::vector<WBPickedInstance> m_items;
 };
 
-/// An instance as commands hand it over: the names of its path joined by "|".
-WBPickedInstance WBReadPickedInstance(const CATUnicodeString& instance,
-                                      const CATUnicodeString& part, const CATUnicodeString& version,
-                                      const CATUnicodeString& path, int count);
-
 /// The report panel's message `key`, `defaultText` where no catalog has it; "/p1", ... are
 /// replaced.
 CATUnicodeString WBReportText(const char* key, const char* defaultText,

@@ -1,6 +1,7 @@
 #include "WBReportPanel.h"
 
 #include "WBPanelControls.h"
+#include "WBPickReading.h"
 #include "WBReportContents.h"
 #include "WBReportOpening.h"
 #include "WBReportPicks.h"
@@ -141,7 +142,13 @@ void WBReportPanel::SetWMMInstance(CATUnicodeString instance, CATUnicodeString p
         return;
     }
     FollowRoot();
-    if (!m_picks->Add(WBReadPickedInstance(instance, part, version, path, count))) {
+    const std::optional<WBPickedInstance> picked =
+        WBReadPickedInstance(instance, part, version, path, count);
+    if (!picked) {
+        Say(WBReportText("Unusable.Text",
+                         "@\"/p1\" was not added: what the server says of it cannot be read.",
+                         {instance}));
+    } else if (!m_picks->Add(*picked)) {
         Say(WBReportText("Known.Text", "@/p1 is in the list already.", {instance}));
     }
 }

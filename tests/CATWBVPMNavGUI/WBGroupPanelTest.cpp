@@ -247,6 +247,23 @@ TEST_F(WBGroupPanelTest, PickOfAnotherProductIsNotAdded)
                             "open. Close this window first.");
 }
 
+TEST_F(WBGroupPanelTest, RecordWhoseCountLiesIsRefusedInWords)
+{
+    Open();
+    const CATUnicodeString refusal =
+        "\"RIB.1\" was not taken: what the server says of it cannot be read.";
+    for (const int count : {0, 2, -1, 2'000'000'000}) {
+        panel->AddValuesInMultiList("RIB.1", "RIB", "A", "TAIL.1", count, "Rib");
+        EXPECT_EQ(Text("Word"), refusal) << count;
+    }
+    EXPECT_EQ(List(kInstances)->RowCount(), 0);
+    Pick(Tail());
+    EXPECT_EQ(Text("Word"), "");
+    GoTo(kCriteria);
+    panel->SetWMMInstance("RIB.1", "RIB", "A", "TAIL.1", 2'000'000'000);
+    EXPECT_EQ(Text("Word"), refusal);
+}
+
 TEST_F(WBGroupPanelTest, ThousandsOfInstancesAreTakenAtOnce)
 {
     Open();

@@ -18,13 +18,6 @@ protected:
 
 } // namespace
 
-TEST_F(WBPickedInstancesTest, InstanceIsReadWithAsManyNamesAsAreAnnounced)
-{
-    EXPECT_EQ(WBReadPickedInstance("FUS-110.1", "FUS-110", "B", "FUS-100.1|FUS-000.1", 2),
-              kFirewall);
-    EXPECT_EQ(WBReadPickedInstance("WNG-000.1", "WNG-000", "A", "", 0), kWing);
-}
-
 TEST_F(WBPickedInstancesTest, OrderOfPickingStays)
 {
     EXPECT_TRUE(picked.Add(kWing));

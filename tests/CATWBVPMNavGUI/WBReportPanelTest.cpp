@@ -87,6 +87,19 @@ TEST_F(WBReportPanelTest, PicksAreListedOnceWithTheirPaths)
                                        "WNG-000.1|WNG-000|A|0|1|*|0|")));
 }
 
+TEST_F(WBReportPanelTest, RecordWhoseCountLiesIsRefusedInWords)
+{
+    Open();
+    Pick("WNG-000.1", "WNG-000");
+    for (const int count : {1, 3, -1, 2'000'000'000}) {
+        Pick("FUS-110.1", "FUS-110", "FUS-100.1|FUS-000.1", count);
+        EXPECT_EQ(Text("Word"),
+                  "\"FUS-110.1\" was not added: what the server says of it cannot be read.")
+            << count;
+    }
+    EXPECT_EQ(Instances()->RowCount(), 1);
+}
+
 TEST_F(WBReportPanelTest, UserSaysWhetherPicksAreAdded)
 {
     Open();

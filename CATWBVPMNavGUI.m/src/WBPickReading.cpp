@@ -1,7 +1,7 @@
-#include "WBFilterPick.h"
+#include "WBPickReading.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
-#include "WBPickedInstances.h"
+#include "CATWBToken.h"
 
 #include <algorithm>
 
@@ -36,15 +36,19 @@ bool WBMayEnterRequests(const CATUnicodeString& text)
            text != "__null__" && !text.Contains(CATENOWBCSCommonDefinitions::errMsgHeader);
 }
 
-std::optional<WBPickedInstance> WBReadFilterPick(const CATUnicodeString& instance,
-                                                 const CATUnicodeString& part,
-                                                 const CATUnicodeString& version,
-                                                 const CATUnicodeString& path, int count)
+std::optional<WBPickedInstance> WBReadPickedInstance(const CATUnicodeString& instance,
+                                                     const CATUnicodeString& part,
+                                                     const CATUnicodeString& version,
+                                                     const CATUnicodeString& path, int count)
 {
     if (!IsName(instance) || !WBMayEnterRequests(part) || !WBMayEnterRequests(version) ||
         !HoldsNames(path, count)) {
         return std::nullopt;
     }
-    WBPickedInstance picked = WBReadPickedInstance(instance, part, version, path, count);
+    WBPickedInstance picked{instance, part, version, {}};
+    CATWBToken names(path);
+    for (int index = 0; index < count; ++index) {
+        picked.path.push_back(names.NextString());
+    }
     return std::ranges::all_of(picked.path, IsName) ? std::optional(picked) : std::nullopt;
 }
