@@ -112,9 +112,13 @@ click CATWBVPMMainPanel/Changes
 expect CATWBVPMMainPanel/Changes/Pending 0
 expect CATWBVPMMainPanel/Changes/History 1
 
-# Edits that are not wanted go at closing.
+# Another command would close the panel: it asks first. Edits that are not wanted go at closing.
 click CATWBVPMMainPanel/Values
 type CATWBVPMMainPanel/StatedMassEditor "0.48 kg"
+answer Cancel
+start CATWBComputeCmd
+expect CATWBVPMMainPanel/StatedMassEditor "0.48 kg"
+expect Prompt "Select a part or an assembly"
 answer No
 click CATWBVPMMainPanel/CloseButton
 expect Prompt ""

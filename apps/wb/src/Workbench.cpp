@@ -10,6 +10,7 @@
 #include "CATSession.h"
 #include "CATSettingRepository.h"
 #include "CATStateCommand.h"
+#include "CATWBVPMMainPanel.h"
 #include "CATWBVPMNavUnitsConversion.h"
 #include "FileProducts.h"
 #include "ProductTreeModel.h"
@@ -223,8 +224,11 @@ void WorkbenchWindow::MakeCommandActions()
         m_commandActions.push_back(action);
     }
     menu->addSeparator();
-    auto* stop = menu->addAction(tr("&Stop the running command"),
-                                 [] { CATSession::CancelRunningCommand(); });
+    auto* stop = menu->addAction(tr("&Stop the running command"), [this] {
+        if (MayEndRunningCommand()) {
+            CATSession::CancelRunningCommand();
+        }
+    });
     stop->setShortcut(Qt::Key_Escape);
     for (const std::string& problem : problems) {
         ShowProblem(tr("A workbench file cannot be used"), problem);
@@ -330,6 +334,20 @@ bool WorkbenchWindow::ShowWorkshop(const CATString& workshop)
     return true;
 }
 
+bool WorkbenchWindow::MayEndRunningCommand()
+{
+    // The main panel goes with the command that opened it. Where it holds edits it asks first, as
+    // when the user closes it.
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->objectName() == CATWBVPMMainPanel::kName) {
+            const QPointer<QWidget> panel(window);
+            panel->close();
+            return panel == nullptr || !panel->isVisible();
+        }
+    }
+    return true;
+}
+
 bool WorkbenchWindow::StartCommand(const CATUnicodeString& name, CATUnicodeString& problem)
 {
     const auto header =
@@ -342,6 +360,12 @@ bool WorkbenchWindow::StartCommand(const CATUnicodeString& name, CATUnicodeStrin
         return false;
     }
     CATCommand* command = CATCreateCommand(*header, problem);
+    if (command != nullptr && command->Mode() == CATCommandMode::Exclusive &&
+        !MayEndRunningCommand()) {
+        CATRequestDelayedDestruction(command);
+        UpdateCommands();
+        return true; // the user stays with what is open: nothing went wrong
+    }
     const bool started = command != nullptr && CATSession::Start(command);
     UpdateCommands();
     return started;

@@ -68,6 +68,9 @@ private:
     /// that are not applied asks about them, and may keep all from closing. What they have applied
     /// is among the changes that the user is asked about then.
     bool MayClose();
+    /// Before another command takes the place of the running one, or it is stopped: the user may
+    /// stay with what he has edited.
+    bool MayEndRunningCommand();
     void UpdateCommands();
     void AskForRoot();
     void AskForFile();
