@@ -157,7 +157,8 @@ constexpr const char* kDiscard = "PushButton002";
 constexpr const char* kSaved = "All your changes were saved. They are there for everybody now.";
 constexpr const char* kNotSaved =
     "Nothing was saved: all your changes are still pending.\n"
-    "The page Changes of the main panel names what stands against them.";
+    "If somebody else was first with one of the values, the page Changes of the main panel says "
+    "who.";
 constexpr const char* kNothingToSave = "You have no changes to save.";
 constexpr const char* kSaveUnknown =
     "The server did not say whether your changes were saved.\n"
