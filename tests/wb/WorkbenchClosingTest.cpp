@@ -123,3 +123,29 @@ TEST_F(WorkbenchClosing, PanelWithEditsIsAskedFirstAndWhatItAppliesIsAmongTheUns
     EXPECT_EQ(played.status, 0) << played.err;
     EXPECT_EQ(MassOfWing(), "12");
 }
+
+TEST_F(WorkbenchClosing, EditsStayWhereTheUserStaysWithThem)
+{
+    folder.Write("other.csv", "parent,instance,part\n,,OTHER\nOTHER,a,A\n");
+    const std::string edit = "start CATTEQWBComputePartCmd\n"
+                             "pick PLANE/left\n"
+                             "click CATWBVPMMainPanel/Values\n"
+                             "type CATWBVPMMainPanel/StatedMassEditor \"12 kg\"\n";
+    for (const char* step :
+         {"workshop StructureWorkshop\n", "open GLIDER\n", "open other.csv\n", "key Esc\n"}) {
+        const Outcome stayed =
+            Play(edit + "answer Cancel\n" + step +
+                 "expect CATWBVPMMainPanel/StatedMassEditor \"12 kg\"\n"
+                 "answer No\n"
+                 "click CATWBVPMMainPanel/CloseButton\n"
+                 "start CATTEQWBComputePartCmd\n" // the navigator and its product are still there
+                 "pick PLANE/left\n"
+                 "expect CATWBVPMMainPanel/Path \"PLANE / left\"\n");
+        EXPECT_EQ(stayed.status, 0) << step << stayed.err;
+    }
+    const Outcome went = Play(edit + "answer Yes\nopen GLIDER\n"
+                                     "expect UnsavedChanges \"1 unsaved change\"\n"
+                                     "start CATTEQWBComputePartCmd\npick GLIDER/only\n"
+                                     "expect CATWBVPMMainPanel/Mass \"12 kg\"\n");
+    EXPECT_EQ(went.status, 0) << went.err;
+}

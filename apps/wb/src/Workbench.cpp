@@ -11,6 +11,7 @@
 #include "CATSettingRepository.h"
 #include "CATStateCommand.h"
 #include "CATWBVPMMainPanel.h"
+#include "CATWBVPMNavFilterPanel.h"
 #include "CATWBVPMNavUnitsConversion.h"
 #include "FileProducts.h"
 #include "ProductTreeModel.h"
@@ -224,11 +225,8 @@ void WorkbenchWindow::MakeCommandActions()
         m_commandActions.push_back(action);
     }
     menu->addSeparator();
-    auto* stop = menu->addAction(tr("&Stop the running command"), [this] {
-        if (MayEndRunningCommand()) {
-            CATSession::CancelRunningCommand();
-        }
-    });
+    auto* stop =
+        menu->addAction(tr("&Stop the running command"), this, &WorkbenchWindow::EndRunningCommand);
     stop->setShortcut(Qt::Key_Escape);
     for (const std::string& problem : problems) {
         ShowProblem(tr("A workbench file cannot be used"), problem);
@@ -282,8 +280,12 @@ bool WorkbenchWindow::OpenRoot(const CATUnicodeString& identifier, CATUnicodeStr
                   (known.IsEmpty() ? CATUnicodeString("none") : known) + ".";
         return false;
     }
-    CATSession::CancelRunningCommand();
+    if (!EndRunningCommand()) {
+        return true;
+    }
     CATNavigator::Open(m_database, *root);
+    // It was chosen for the root before; the filter panel chooses for this one.
+    CATWBVPMNavFilterPanel::selectedPRCConfigHandler = "NoConfig";
     m_navigatorTree->Products().SetSource(NavigatorTreeSource());
     m_navigatorTree->ShowFirstLevel();
     m_document = CATProductDocument::Open(m_database, *root, CATProductDocument::kPdmEnvironment);
@@ -306,7 +308,9 @@ bool WorkbenchWindow::OpenFile(const std::string& path, CATUnicodeString& proble
                          : CATUnicodeString(reason);
         return false;
     }
-    CATSession::CancelRunningCommand();
+    if (!EndRunningCommand()) {
+        return true;
+    }
     m_document =
         CATProductDocument::Open(source, roots.front(), CATProductDocument::kFileEnvironment);
     m_structureTree->Products().SetSource(DocumentTreeSource(m_document->GetRoot()));
@@ -323,12 +327,12 @@ bool WorkbenchWindow::ShowWorkshop(const CATString& workshop)
     if (!navigator && !(workshop == CATENOWBCSCommonDefinitions::prodStructWshp)) {
         return false;
     }
-    if (!(m_frame->Workshop() == workshop)) {
-        CATSession::CancelRunningCommand();
+    if (!(m_frame->Workshop() == workshop) && EndRunningCommand()) {
         m_frame->SetWorkshop(workshop, navigator ? kNavigatorWorkbench : kStructureWorkbench);
     }
-    m_pages->setCurrentIndex(navigator ? 0 : 1);
-    (navigator ? m_navigatorAction : m_structureAction)->setChecked(true);
+    const bool showsNavigator = m_frame->Workshop() == CATENOWBCSCommonDefinitions::vpmNavWshp;
+    m_pages->setCurrentIndex(showsNavigator ? 0 : 1);
+    (showsNavigator ? m_navigatorAction : m_structureAction)->setChecked(true);
     UpdateCommands();
     CurrentTree().setFocus();
     return true;
@@ -346,6 +350,15 @@ bool WorkbenchWindow::MayEndRunningCommand()
         }
     }
     return true;
+}
+
+bool WorkbenchWindow::EndRunningCommand()
+{
+    const bool mayEnd = MayEndRunningCommand();
+    if (mayEnd) {
+        CATSession::CancelRunningCommand();
+    }
+    return mayEnd;
 }
 
 bool WorkbenchWindow::StartCommand(const CATUnicodeString& name, CATUnicodeString& problem)

@@ -34,21 +34,23 @@ public:
     explicit WorkbenchWindow(const QString& databaseName);
     ~WorkbenchWindow() override;
 
+    // What follows ends the running command, and asks first where that would lose edits. A user
+    // who stays with them has it his way: nothing happens, and nothing went wrong.
     /// Opens a product root of the database in the navigator and as a document. False, with a
     /// sentence, when there is no such root.
     bool OpenRoot(const CATUnicodeString& identifier, CATUnicodeString& problem);
     /// Opens a CSV file as a document that lives on disk, outside the database, and shows it.
     /// False, with what is wrong with the file.
     bool OpenFile(const std::string& path, CATUnicodeString& problem);
-    /// The roots of the database, in its order.
-    std::vector<CATProductRow> Roots() const;
-
-    /// Shows the other workshop; the running command ends, since it belongs to its workshop. False
-    /// for an unknown name.
+    /// Shows the other workshop, to which the running command does not belong. False for an unknown
+    /// name.
     bool ShowWorkshop(const CATString& workshop);
     /// Starts the command of that class or title. False, with a sentence, when it is not offered
     /// here or cannot be loaded.
     bool StartCommand(const CATUnicodeString& name, CATUnicodeString& problem);
+
+    /// The roots of the database, in its order.
+    std::vector<CATProductRow> Roots() const;
     /// Shows the units panel, above the other windows. False, with a sentence, when it cannot be
     /// loaded.
     bool ShowUnits(CATUnicodeString& problem);
@@ -71,6 +73,8 @@ private:
     /// Before another command takes the place of the running one, or it is stopped: the user may
     /// stay with what he has edited.
     bool MayEndRunningCommand();
+    /// Stops the running command where it may end; false where it goes on.
+    bool EndRunningCommand();
     void UpdateCommands();
     void AskForRoot();
     void AskForFile();
