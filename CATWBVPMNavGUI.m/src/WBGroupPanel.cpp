@@ -205,7 +205,8 @@ void WBGroupPanel::ReadFigures()
 
 bool WBGroupPanel::IsInstanceInputActive() const
 {
-    return m_criteria != nullptr && m_criteria->IsValueInputActive();
+    // A window that the user has closed waits for nothing: a pick then shows it again.
+    return m_criteria != nullptr && IsVisible() && m_criteria->IsValueInputActive();
 }
 
 void WBGroupPanel::AddValuesInMultiList(const CATUnicodeString& instance,

@@ -213,6 +213,14 @@ TEST_F(WBGroupCriteriaPageTest, WaitingForAPickEndsWithThePageAndTheCriterion)
     EXPECT_FALSE(panel->IsInstanceInputActive());
 }
 
+TEST_F(WBGroupCriteriaPageTest, ClosedWindowWaitsForNoPick)
+{
+    Click(kCriteria, "TakeFromPick");
+    EXPECT_TRUE(panel->IsInstanceInputActive());
+    panel->SetVisibility(false);
+    EXPECT_FALSE(panel->IsInstanceInputActive());
+}
+
 TEST_F(WBGroupCriteriaPageTest, PagesHaveTheirOwnWordAndTotals)
 {
     Pick(Box());
