@@ -151,6 +151,34 @@ TEST_F(TwoProcesses, GivingUpBringsBackWhatIsSavedAndLeavesTheOthersChangesAlone
     EXPECT_EQ(HistoryLength(), 1U);
 }
 
+TEST_F(TwoProcesses, TwoPeopleChangeOnePartConflictGiveUpAndSave)
+{
+    // Each sees his own change alone.
+    EXPECT_EQ(m_anna.ChangeMass(1, "10", "12"), "Apply|OK|1|");
+    EXPECT_EQ(m_bert.ChangeMass(1, "10", "13"), "Apply|OK|1|");
+    EXPECT_EQ(m_anna.Mass(), "122");
+    EXPECT_EQ(m_bert.Mass(), "123");
+
+    // Whoever saves first has it; the other one loses nothing.
+    EXPECT_EQ(m_bert.Save(), "Save|OK");
+    EXPECT_EQ(m_anna.Save(), "Save|FALSE");
+    EXPECT_EQ(m_anna.Pending(), "1");
+    EXPECT_EQ(m_anna.Mass(), "122");
+    EXPECT_EQ(m_bert.Mass(), "123");
+
+    EXPECT_EQ(m_anna.Abort(), "Abort|OK");
+    EXPECT_EQ(m_anna.Pending(), "0");
+    EXPECT_EQ(m_anna.Mass(), "123");
+
+    // What was saved last can be changed by anybody.
+    EXPECT_EQ(m_anna.ChangeMass(1, "13", "14"), "Apply|OK|1|");
+    EXPECT_EQ(m_bert.Mass(), "123");
+    EXPECT_EQ(m_anna.Save(), "Save|OK");
+    EXPECT_EQ(m_bert.Mass(), "124");
+    EXPECT_EQ(m_bert.Save(), "Save|NA");
+    EXPECT_EQ(HistoryLength(), 3U); // the import and two savings
+}
+
 TEST_F(TwoProcesses, DifferentQuantitiesOfOneValueSetAreNoConflict)
 {
     EXPECT_EQ(m_anna.ChangeMass(1, "10", "12"), "Apply|OK|1|");
