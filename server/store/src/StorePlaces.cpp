@@ -17,20 +17,31 @@ struct Above
     double places = 0.0;
 };
 
-/// The part and all parts above it, each with what leads down to the part.
+/// The part and all parts above it, each with what leads down to the part. Each part's uses are
+/// read once, however many there are: people wait for this at every pick.
 std::unordered_map<RowId, Above> PartsAbove(Database& database, RowId part)
 {
     std::unordered_map<RowId, Above> parts{{part, {}}};
-    Statement& rows = database.Kept(
-        "WITH RECURSIVE above (id) AS (SELECT ? UNION SELECT u.parent FROM above a JOIN use u "
-        "ON u.part = a.id) SELECT u.parent, u.part, sum(max(u.quantity, 1)) FROM above a "
-        "JOIN use u ON u.part = a.id GROUP BY u.parent, u.part");
-    rows.Bind(part);
-    while (rows.Step()) {
-        const RowId user = rows.Integer();
-        const RowId used = rows.Integer();
-        parts[user].below.emplace_back(used, rows.Number());
-        ++parts[used].usersLeft;
+    std::vector<RowId> open{part};
+    std::unordered_map<RowId, double> users; // of one part, and how many pieces each holds of it
+    while (!open.empty()) {
+        const RowId used = open.back();
+        open.pop_back();
+        users.clear();
+        Statement& rows = database.Kept("SELECT parent, max(quantity, 1) FROM use WHERE part = ?");
+        rows.Bind(used);
+        while (rows.Step()) {
+            const RowId user = rows.Integer();
+            users[user] += rows.Number();
+        }
+        parts[used].usersLeft = users.size();
+        for (const auto& [user, pieces] : users) {
+            const auto [above, isNew] = parts.try_emplace(user);
+            above->second.below.emplace_back(used, pieces);
+            if (isNew) {
+                open.push_back(user);
+            }
+        }
     }
     return parts;
 }
