@@ -136,6 +136,8 @@ TEST_F(WBQuantity, NumbersAreWrittenWithFifteenDigitsAndReadWithEitherMark)
     EXPECT_EQ(QuantityText(part, kWeighedMass), "0.123456789012346");
     EXPECT_EQ(SetPart(kWeighedMass, "-0"), "");
     EXPECT_FALSE(std::signbit(part.sets.at(0)[Fact::Mass]));
+    EXPECT_EQ(SetPart(kDensity, "-0"), "");
+    EXPECT_EQ(QuantityText(part, kDensity), "0");
 }
 
 TEST_F(WBQuantity, TextThatSaysTheSameChangesNothingToTheLastDigit)
@@ -192,6 +194,9 @@ TEST_F(WBQuantity, TypedFormOfAnInertiaGoesAsAWhole)
     EXPECT_THAT(set.typed, HasSubstr("inertia_at"));
     EXPECT_EQ(SetPart(kWeighedInertia, "1;2;3;0;0;0.5"), "");
     EXPECT_EQ(set.typed, "mass=1 kg");
+    set.typed = "mass=1 kg|kx=1 m|ixx=1|iyz=0.5|poi_sign=negative";
+    EXPECT_EQ(SetPart(kWeighedInertia, "4;2;3;0;0;0.5"), "");
+    EXPECT_EQ(set.typed, "mass=1 kg") << "whichever of them changed";
 }
 
 TEST_F(WBQuantity, PrecisionsInMassAndInPerCentExcludeEachOther)
@@ -210,6 +215,12 @@ TEST_F(WBQuantity, PrecisionsInMassAndInPerCentExcludeEachOther)
     EXPECT_FALSE(set.Has(Fact::Upper));
 }
 
+TEST_F(WBQuantity, PrecisionMayBeExact)
+{
+    EXPECT_EQ(SetPart(kWeighedPrecision, "percent;0;0"), "");
+    EXPECT_EQ(QuantityText(part, kWeighedPrecision), "percent;0;0");
+}
+
 TEST_F(WBQuantity, NewSetStandsByTheOrderOfItsType)
 {
     part.sets = {Set("Estimated", 1), Set("Weighed", 2)};
@@ -220,6 +231,15 @@ TEST_F(WBQuantity, NewSetStandsByTheOrderOfItsType)
         names.push_back(set.massType);
     }
     EXPECT_THAT(names, ElementsAre("Target", "Estimated", "Supplier", "Weighed"));
+}
+
+TEST_F(WBQuantity, SetOfATypeThatIsNotKnownStandsFirst)
+{
+    part.sets = {Set("Forgotten", 1)};
+    EXPECT_EQ(SetPart({"Estimated", "mass"}, "2"), "");
+    ASSERT_EQ(part.sets.size(), 2U);
+    EXPECT_EQ(part.sets[0].massType, "Forgotten");
+    EXPECT_EQ(part.sets[1].massType, "Estimated");
 }
 
 TEST_F(WBQuantity, SetThatSaysNothingAnyMoreGoesAway)
@@ -341,6 +361,7 @@ TEST_F(WBQuantity, WhatIsRefusedIsSaidAndChangesNothing)
         {kWeighedPrecision, {"percent;1", "percent or absolute"}},
         {kWeighedPrecision, {"percent;1;-2", "two numbers that are not negative"}},
         {kWeighedPrecision, {"absolute1;2", "percent or absolute"}},
+        {kWeighedPrecision, {"percent,1;2", "percent or absolute"}},
         {{"Guess", "mass"}, {"1", "\"Guess\" is not a mass type of the database"}},
         {{"Computed", "mass"}, {"1", "\"Computed\" is not a mass type of the database"}},
         {{"Weighed", "colour"}, {"1", "mass type Weighed, colour: no value set states this"}},
@@ -354,7 +375,10 @@ TEST_F(WBQuantity, WhatIsRefusedIsSaidAndChangesNothing)
         {kOrder, {"first", "density order: found \"first\", expected wb or material"}},
         {kProperty, {"x", "property N: there is no such property here"}},
         {{"", "colour"}, {"x", "colour: nothing of this name can be stated here"}},
-        {{"", "mass"}, {"1", "mass: nothing of this name can be stated here"}}};
+        {{"", "mass"}, {"1", "mass: nothing of this name can be stated here"}},
+        {kDensity, {"1e91", "expected a number in kg/m3"}},
+        {kWeighedCentre, {"0;0;-1e91", "three numbers in mm"}},
+        {kWeighedPrecision, {"absolute;1e91;0", "two numbers that are not negative"}}};
     for (const auto& [quantity, row] : rows) {
         const std::string before = QuantityText(part, quantity);
         EXPECT_THAT(SetPart(quantity, row.first), HasSubstr(row.second));
@@ -362,6 +386,15 @@ TEST_F(WBQuantity, WhatIsRefusedIsSaidAndChangesNothing)
         EXPECT_EQ(part.sets.size(), 1U);
         EXPECT_EQ(part.Imposed(), "Weighed");
     }
+}
+
+TEST_F(WBQuantity, PropertyThatStaysTheSameKeepsItsTypedForm)
+{
+    AddProperty(Property::Type::Real, "5");
+    EXPECT_EQ(SetPart(kProperty, "5,0"), "");
+    EXPECT_EQ(part.properties[0].typed, "typed");
+    EXPECT_EQ(SetPart(kProperty, "6"), "");
+    EXPECT_EQ(part.properties[0].typed, "");
 }
 
 TEST_F(WBQuantity, DensityOrderIsOfPartsAlone)
@@ -385,6 +418,20 @@ TEST_F(WBQuantity, SumsDependOnAllButProperties)
         EXPECT_TRUE(TouchesSums(quantity)) << QuantityName(quantity);
     }
     EXPECT_FALSE(TouchesSums(kProperty));
+    EXPECT_TRUE(TouchesSums({"Weighed", "property N"})) << "no set holds properties";
+}
+
+TEST_F(WBQuantity, WhatIsOfASetIsNotOfTheOwner)
+{
+    part.sets = {Set("Weighed", 1)};
+    part.sets[0][Fact::LowerPct] = part.sets[0][Fact::UpperPct] = 1;
+    part.densityFirst = DensityOrder::Material;
+    EXPECT_EQ(QuantityText(part, {"Weighed", "density order"}), "");
+    EXPECT_EQ(QuantityText(part, {"Weighed", "colour"}), "");
+    EXPECT_THAT(FactsOf({"Weighed", "density order"}),
+                ElementsAre("mass type Weighed, density order"));
+    EXPECT_THAT(FactsOf({"", "centre"}), ElementsAre("centre"));
+    EXPECT_THAT(FactsOf({"", "precision"}), ElementsAre("precision"));
 }
 
 TEST_F(WBQuantity, NamesAreThoseOfTheHistory)

@@ -281,14 +281,19 @@ const PendingState* FindPending(const std::vector<PendingState>& pending,
 }
 
 /// What the user saw, written as the database keeps it.
-std::string SeenText(Owners stored, const AskedChange& asked, const Store& store)
+std::string SeenText(const Owners& stored, const AskedChange& asked, const Store& store)
 {
-    const std::string problem = stored.Set(asked, asked.seen, store);
+    // What a file brought may be more than anybody could state here.
+    if (asked.seen == stored.Text(asked)) {
+        return std::string(asked.seen);
+    }
+    Owners shown = stored;
+    const std::string problem = shown.Set(asked, asked.seen, store);
     if (!problem.empty()) {
         throw RequestError(
             "The field seen text of the request holds what nobody can have seen: " + problem + ".");
     }
-    return stored.Text(asked);
+    return shown.Text(asked);
 }
 
 /// Puts the changes into the part and the use as the user sees them, to learn whether they may be
@@ -304,7 +309,7 @@ std::vector<PendingChange> MakeChanges(const MethodCall& call, const EditedPlace
         seen.use = store.ReadUse(place.UseRow()).use;
         stored.use = store.CommittedUse(place.UseRow()).use;
     }
-    const std::vector<PendingState> pending = store.PendingChanges(call.context.user);
+    const std::vector<PendingState> pending = place.PendingOf(store, call.context.user);
     Owners wanted = seen;
     std::vector<PendingChange> made;
     for (const AskedChange& asked : changes) {

@@ -23,7 +23,7 @@ std::string ListPendingChanges(const MethodCall& call, std::string_view)
             .Add(ShownText(fact, state.after))
             .Add(ShownText(fact, state.stored))
             .Add(state.conflicts)
-            .Add(state.by)
+            .Add(WireName(state.by))
             .Add(WireTime(state.at))
             .Add(WireTime(state.when));
     }
@@ -46,9 +46,9 @@ std::string GetHistory(const MethodCall& call, std::string_view text)
     answer.Add(changes.size());
     for (const FactChange& change : changes) {
         answer.Add(WireTime(change.when))
-            .Add(change.who)
+            .Add(WireName(change.who))
             .Add(change.what)
-            .Add(change.file)
+            .Add(WireName(change.file))
             .Add(change.subject)
             .Add(change.fact)
             .Add(ShownText(change.fact, change.before))

@@ -2,6 +2,7 @@
 
 #include "QuantityFields.h"
 #include "ReportTime.h"
+#include "Request.h"
 
 #include "WBCompute.h"
 
@@ -51,8 +52,9 @@ std::string Obstacle(const PendingState& change)
         return "it is no longer there";
     }
     const std::string stored = Value(change.quantity, change.stored);
-    return change.by.empty() ? stored + " is stored now"
-                             : change.by + " saved " + stored + " on " + WireTime(change.at);
+    return change.by.empty()
+               ? stored + " is stored now"
+               : WireName(change.by) + " saved " + stored + " on " + WireTime(change.at);
 }
 } // namespace
 

@@ -3,8 +3,21 @@
 #include "PickedNode.h"
 #include "Request.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace wb
 {
+std::vector<PendingState> EditedPlace::PendingOf(const Store& store, const std::string& user) const
+{
+    std::vector<PendingState> pending = store.PendingChangesOf(user, OwnerKind::Part, PartRow());
+    if (HasUse()) {
+        std::ranges::move(store.PendingChangesOf(user, OwnerKind::Use, UseRow()),
+                          std::back_inserter(pending));
+    }
+    return pending;
+}
+
 EditedPlace ReadEditedPlace(const Store& store, Request& request)
 {
     EditedPlace edited;

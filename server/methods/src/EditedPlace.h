@@ -2,6 +2,9 @@
 
 #include "PickedPart.h"
 
+#include <string>
+#include <vector>
+
 namespace wb
 {
 class Request;
@@ -16,6 +19,8 @@ struct EditedPlace
     bool HasUse() const { return !picked.uses.empty(); }
     RowId PartRow() const { return picked.Part().id; }
     RowId UseRow() const { return picked.uses.back().id; } // where there is one
+    /// What a user has pending of the part and of its use.
+    std::vector<PendingState> PendingOf(const Store& store, const std::string& user) const;
 };
 
 /// Reads has-instance, instance, part, version, a count and so many instance names from the parent

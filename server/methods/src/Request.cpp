@@ -2,6 +2,7 @@
 
 #include "WBNumbers.h"
 #include "WBProduct.h"
+#include "WBTexts.h"
 
 #include "CATENOWBCSCommonDefinitions.h"
 
@@ -106,6 +107,25 @@ std::string WireDate(std::string date)
 {
     std::ranges::replace(date, '-', CATENOWBCSCommonDefinitions::dateYMDFieldDelimiter1[0]);
     return date;
+}
+
+std::string WireName(std::string name)
+{
+    std::ranges::replace_if(
+        name,
+        [](char character) {
+            const auto byte = static_cast<unsigned char>(character);
+            return byte < 0x20 || byte == 0x7F || character == '|';
+        },
+        '?');
+    while (const auto wrong = FirstNonUtf8(name)) {
+        name[*wrong] = '?';
+    }
+    const std::string_view mark = CATENOWBCSCommonDefinitions::errMsgHeader;
+    for (std::size_t at = name.find(mark); at != std::string::npos; at = name.find(mark)) {
+        name[at] = '?';
+    }
+    return name;
 }
 
 AnswerText& AnswerText::Add(std::string_view text)

@@ -55,6 +55,10 @@ constexpr std::int64_t kDeepest = 10000;
 /// A date as streams write it: with the delimiter that all clients read.
 std::string WireDate(std::string date);
 
+/// The name of a user or of a file, which may hold anything, as a field of an answer or a line of a
+/// warning: "?" stands for what would shift the fields or be taken for an error.
+std::string WireName(std::string name);
+
 /// Builds an answer, each field followed by "|".
 class AnswerText
 {

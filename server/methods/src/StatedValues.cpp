@@ -84,7 +84,7 @@ void AddQuantity(AnswerText& answer, const OwnedQuantity& owned, const EditedPla
         .Add(ShownText(property, isPending ? state->stored : text))
         .Add(isPending)
         .Add(isPending && state->conflicts)
-        .Add(isPending ? state->by : std::string())
+        .Add(isPending ? WireName(state->by) : std::string())
         .Add(isPending ? WireTime(state->at) : std::string());
 }
 } // namespace
@@ -104,7 +104,7 @@ std::string GetStatedValues(const MethodCall& call, std::string_view text)
     const PartPlaces places = store.PlacesOf(place.PartRow(), place.picked.root.id);
     const std::vector<std::string> materials = store.MaterialNames();
     const std::vector<OwnedQuantity> quantities = QuantitiesOf(owners, store.MassTypes());
-    const std::vector<PendingState> pending = store.PendingChanges(call.context.user);
+    const std::vector<PendingState> pending = place.PendingOf(store, call.context.user);
     AnswerText answer;
     answer.Add(owners.part.ShownName())
         .Add(!place.picked.Part().hasUses)

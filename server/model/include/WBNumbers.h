@@ -23,6 +23,7 @@ std::string WriteShortest(double value);
 /// though the conversion leaves a rounding in the last digit.
 bool AreAlike(double left, double right);
 
-/// Appends what WriteNumber writes; unknown (not a number) is written "0", as the streams want it.
+/// Appends what WriteNumber writes; what is unknown (not a number) or beyond all numbers is written
+/// "0", as the streams want it: their readers know no other word.
 void AppendNumber(std::string& text, double value);
 } // namespace wb

@@ -75,7 +75,7 @@ bool AreAlike(double left, double right)
 void AppendNumber(std::string& text, double value)
 {
     constexpr int kDigits = 15;
-    if (value == 0.0 || std::isnan(value)) {
+    if (value == 0.0 || !std::isfinite(value)) {
         text += '0';
         return;
     }

@@ -99,6 +99,9 @@ std::string Joined(const ValueSet& set, std::span<const Fact> facts)
     return text;
 }
 
+/// Beyond it a mass times the square of a distance is no number any more, and a sum would be lost.
+constexpr double kLargest = 1e90;
+
 /// As many numbers as are expected; nothing where the text holds others.
 std::optional<std::vector<double>> ReadNumbers(std::string_view text, std::size_t count)
 {
@@ -106,7 +109,7 @@ std::optional<std::vector<double>> ReadNumbers(std::string_view text, std::size_
     while (true) {
         const std::size_t end = std::min(text.find(kSeparator), text.size());
         const auto number = ReadNumber(text.substr(0, end));
-        if (!number) {
+        if (!number || std::abs(*number) > kLargest) {
             return std::nullopt;
         }
         // A negative zero becomes a plain one.
@@ -327,7 +330,7 @@ std::string SetDensity(Owner& owner, const Quantity& quantity, std::string_view 
     double density = kUnknown;
     if (!text.empty()) {
         const auto number = ReadNumber(text);
-        if (!number || *number < 0.0) {
+        if (!number || *number < 0.0 || *number > kLargest) {
             return Found(quantity, text, "a number in kg/m3 that is not negative");
         }
         density = *number + 0.0;

@@ -267,6 +267,9 @@ public:
     void PutPending(const std::string& user, const std::vector<PendingChange>& changes);
     /// Oldest first.
     std::vector<PendingState> PendingChanges(const std::string& user) const;
+    /// Those of one part or use, at the price of these alone.
+    std::vector<PendingState> PendingChangesOf(const std::string& user, OwnerKind kind,
+                                               RowId owner) const;
     /// 0: he has none. Otherwise another number after each change of what is pending.
     std::int64_t PendingNumber(const std::string& user) const;
     /// Commits all of them as one transaction, or nothing where something conflicts: everything is

@@ -7,6 +7,10 @@ namespace wb
 {
 std::string DatabaseSentence(const std::string& path, int code, const char* message)
 {
+    if (code == SQLITE_READONLY_DBMOVED) {
+        return path + ": the file was moved, removed or replaced while it was open; nothing was "
+                      "changed, open the database again";
+    }
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -33,8 +37,11 @@ namespace
 {
 [[noreturn]] void Fail(const std::string& path, sqlite3* database, int code)
 {
-    const char* message = database == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(database);
-    throw StoreError(DatabaseSentence(path, code, message));
+    if (database == nullptr) {
+        throw StoreError(DatabaseSentence(path, code, sqlite3_errstr(code)));
+    }
+    throw StoreError(
+        DatabaseSentence(path, sqlite3_extended_errcode(database), sqlite3_errmsg(database)));
 }
 
 int Length(std::string_view text)
@@ -119,7 +126,8 @@ bool Statement::Step()
         return true;
     }
     if (result != SQLITE_DONE) {
-        const std::string sentence = DatabaseSentence(m_path, result, sqlite3_errmsg(m_database));
+        const std::string sentence = DatabaseSentence(m_path, sqlite3_extended_errcode(m_database),
+                                                      sqlite3_errmsg(m_database));
         sqlite3_reset(m_statement);
         throw StoreError(sentence);
     }

@@ -56,6 +56,18 @@ void TellWhoChangedIt(const Store& store, PendingState& state)
     }
 }
 
+/// Fills in what is committed now, and who stands in the way of saving.
+void CompareWithStored(const Store& store, PendingState& state)
+{
+    const Committed owner(store, state.kind, state.owner);
+    state.isGone = owner.IsGone();
+    state.stored = state.isGone ? std::string() : owner.Text(state.quantity);
+    state.conflicts = state.isGone || state.stored != state.seen;
+    if (state.conflicts) {
+        TellWhoChangedIt(store, state);
+    }
+}
+
 void PutOne(const Store& store, Database& database, const std::string& user,
             const PendingChange& change)
 {
@@ -125,13 +137,21 @@ std::vector<PendingState> Store::PendingChanges(const std::string& user) const
     const StoreMoment moment(*this);
     std::vector<PendingState> states = ReadPending(*m_database, user).changes;
     for (PendingState& state : states) {
-        const Committed owner(*this, state.kind, state.owner);
-        state.isGone = owner.IsGone();
-        state.stored = state.isGone ? std::string() : owner.Text(state.quantity);
-        state.conflicts = state.isGone || state.stored != state.seen;
-        if (state.conflicts) {
-            TellWhoChangedIt(*this, state);
-        }
+        CompareWithStored(*this, state);
+    }
+    return states;
+}
+
+std::vector<PendingState> Store::PendingChangesOf(const std::string& user, OwnerKind kind,
+                                                  RowId owner) const
+{
+    const StoreMoment moment(*this);
+    std::vector<PendingState> states = ReadPending(*m_database, user).changes;
+    std::erase_if(states, [&](const PendingState& state) {
+        return state.kind != kind || state.owner != owner;
+    });
+    for (PendingState& state : states) {
+        CompareWithStored(*this, state);
     }
     return states;
 }
