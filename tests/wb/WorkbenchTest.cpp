@@ -7,6 +7,8 @@
 #include "CATDlgNotify.h"
 #include "CATENOWBCSCommonDefinitions.h"
 #include "CATSession.h"
+#include "CATWBVPMMainPanel.h"
+#include "CATWBVPMNavFilterPanel.h"
 #include "CATWBVPMNavUnitsConversion.h"
 #include "HostSession.h"
 #include "ProductTreeModel.h"
@@ -87,6 +89,21 @@ protected:
     std::unique_ptr<CATDlgApplication> m_application;
     WorkbenchWindow* m_window = nullptr;
     std::vector<std::string> m_boxes;
+};
+
+/// A main panel that the user may want to stay with.
+class PanelWithEdits : public CATWBVPMMainPanel
+{
+public:
+    PanelWithEdits() : CATWBVPMMainPanel(&CATSession::Root())
+    {
+        SetGuard([] { return s_mayClose; });
+        SetVisibility(true);
+    }
+    void SetModel(CATWBAllDataBuffer*) override {}
+    CATDlgPushButton* GetCloseButton() override { return nullptr; }
+
+    static inline bool s_mayClose = false;
 };
 
 } // namespace
@@ -209,6 +226,45 @@ TEST_F(Workbench, AnotherWorkshopEndsTheRunningCommand)
     Action("Navigator").trigger();
     EXPECT_EQ(CATApplicationFrame::GetFrame()->Workshop(),
               CATString(CATENOWBCSCommonDefinitions::vpmNavWshp));
+}
+
+TEST_F(Workbench, WhoeverStaysWithEditsKeepsTheRunningCommandAndAllThatIsOpen)
+{
+    Action("Part or assembly").trigger();
+    const CATCommand* running = CATSession::RunningCommand();
+    ASSERT_NE(running, nullptr);
+    PanelWithEdits::s_mayClose = false;
+    const auto* panel = new PanelWithEdits; // goes with the session
+    CATDlgFile::SetChooser([](const CATDlgFile::Request&) {
+        return std::optional<CATUnicodeString>(WB_SOURCE_DIR "/data/small_satellite.csv");
+    });
+    for (const char* action : {"Compute product", "Part or assembly", "Stop the running command",
+                               "Product structure", "Open table file...", "Save changes"}) {
+        Action(action).trigger();
+        EXPECT_EQ(CATSession::RunningCommand(), running) << action;
+        EXPECT_TRUE(panel->IsVisible()) << action;
+        EXPECT_TRUE(Action("Part or assembly").isChecked()) << action;
+        EXPECT_TRUE(Action("Navigator").isChecked()) << action;
+        EXPECT_EQ(DocumentLine(), "Document of LA1, in the database") << action;
+    }
+    CATUnicodeString reason;
+    EXPECT_TRUE(m_window->OpenRoot("SC1", reason));
+    EXPECT_EQ(Root(m_window->CurrentTree()), "LA1");
+    EXPECT_TRUE(m_boxes.empty());
+
+    PanelWithEdits::s_mayClose = true;
+    EXPECT_TRUE(m_window->OpenRoot("SC1", reason));
+    EXPECT_FALSE(panel->IsVisible());
+    EXPECT_EQ(CATSession::RunningCommand(), nullptr);
+    EXPECT_EQ(Root(m_window->CurrentTree()), "SC1");
+}
+
+TEST_F(Workbench, AnotherProductDoesNotTakeOverTheConfigurationOfTheLastOne)
+{
+    CATWBVPMNavFilterPanel::selectedPRCConfigHandler = "Without tail";
+    CATUnicodeString reason;
+    ASSERT_TRUE(m_window->OpenRoot("SC1", reason));
+    EXPECT_EQ(CATWBVPMNavFilterPanel::selectedPRCConfigHandler, "NoConfig");
 }
 
 TEST_F(Workbench, AboutSaysHowToBegin)
