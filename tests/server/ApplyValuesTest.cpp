@@ -68,6 +68,18 @@ TEST(ApplyValues, EachQuantityOfASetIsTakenFromItsFields)
     EXPECT_EQ(stated("centre"), "7;8;9|1;2;3|1|0");
     EXPECT_EQ(stated("inertia"), "14;15;16;0.4;0.5;0.6|4;5;6;0.1;0.2;0.3|1|0");
     EXPECT_EQ(stated("precision"), "absolute;0.1;0.2|percent;1;2|1|0");
+    product.Apply("kim", kSpar, {"PartRef|Weighed|precision|1|percent;1;2"},
+                  SparOf("12", "1|0|3|4"));
+    EXPECT_EQ(stated("precision"), "percent;3;4|percent;1;2|1|0");
+}
+
+TEST(ApplyValues, RootIsAPartToo)
+{
+    EditedProduct product;
+    EXPECT_EQ(product.Apply("kim", kRoot, {"PartRef|Estimated|mass|1|__null__"},
+                            With(Of("0|PLANE|A|0||"), "Estimated|1|0|0|900|0|0|0|0|0|0|0|0|0|0|0")),
+              "Apply|OK|1|");
+    EXPECT_EQ(product.Stated("kim", kRoot, "PartRef|Estimated|mass"), "900|__null__|1|0");
 }
 
 TEST(ApplyValues, WhatIsNotNamedIsLeftAlone)
@@ -182,6 +194,22 @@ TEST(ApplyValues, PropertiesArePutByTheirType)
     EXPECT_EQ(product.Stated("kim", kLeft, "PartInst|__null__|property Side"), "green|port|1|0");
 }
 
+TEST(ApplyValues, PropertyIsTakenByItsName)
+{
+    EditedProduct product;
+    RecordFields record;
+    record.properties = {"Vendor|1|0|Part|Computed", "Holes|2|0|Part|7"};
+    EXPECT_EQ(product.Apply("kim", kSpar,
+                            {"PartRef|__null__|property Holes|1|4",
+                             "PartRef|__null__|property Vendor|1|Smith"},
+                            record),
+              "Apply|OK|2|");
+    EXPECT_EQ(product.Stated("kim", kSpar, "PartRef|__null__|property Holes"), "7|4|1|0");
+    // The word has a meaning as an active type alone.
+    EXPECT_EQ(product.Stated("kim", kSpar, "PartRef|__null__|property Vendor"),
+              "Computed|Smith|1|0");
+}
+
 TEST(ApplyValues, ActiveTypeIsPutAndComputedMeansThatNobodyChose)
 {
     EditedProduct product;
@@ -230,6 +258,9 @@ TEST(ApplyValues, PickInstanceGivesDensityAndMaterialToThePart)
                     WithDensity(kRibRecord, "1|7000|Brass|")),
                 HasSubstr("density of PartRef twice"));
     // Everything else stays with the owner that is named.
+    EXPECT_THAT(product.Apply("kim", kRib, {"PartInst|Weighed|density|1|__null__"},
+                              WithDensity(kRibRecord, "1|7000|Brass|")),
+                HasSubstr("mass type Weighed, density of PartInst as stated"));
     EXPECT_EQ(product.Apply("kim", kRib, {"PartInst|Weighed|mass|1|__null__"},
                             With(kRibRecord, "Weighed|1|0|0|3|0|0|0|0|0|0|0|0|0|0|0")),
               "Apply|OK|1|");
@@ -326,6 +357,34 @@ TEST(ApplyValues, WrongValueIsRefusedByItsName)
     EXPECT_EQ(product.Pending("kim"), "0|");
 }
 
+TEST(ApplyValues, RefusalsAreWholeSentences)
+{
+    EditedProduct product;
+    const auto apply = [&](const std::string& change, const RecordFields& record) {
+        return product.Apply("kim", kSpar, {change}, record);
+    };
+    EXPECT_EQ(apply("Part|Weighed|mass|1|10", SparOf("12")),
+              "#WB_ERROR#The field owner of the request holds \"Part\", expected PartRef or "
+              "PartInst.");
+    EXPECT_EQ(apply("PartRef|Weighed|mass|1|ten", SparOf("12")),
+              "#WB_ERROR#The field seen text of the request holds what nobody can have seen: mass "
+              "type Weighed, mass: found \"ten\", expected a number in kg.");
+    EXPECT_EQ(apply("PartRef|Weighed|mass|1|10", SparOf("-1")),
+              "#WB_ERROR#The record cannot be applied: mass type Weighed, mass: found \"-1\", "
+              "expected a mass that is not negative, or a part of type adjustment.");
+    EXPECT_EQ(apply("PartRef|Weighed|mass|1|10", kRibRecord),
+              "#WB_ERROR#The field part of the record holds \"RIB\", but the place says \"SPAR\".");
+    EXPECT_EQ(
+        product.Apply("kim", kSpar, {"PartRef|Weighed|mass|1|10", "PartRef|Weighed|mass|1|10"},
+                      SparOf("12")),
+        "#WB_ERROR#The field quantity of the request names mass type Weighed, mass of PartRef "
+        "twice.");
+    RecordFields record = SparOf("12");
+    record.head = "1|SPAR|A|\xff||";
+    EXPECT_EQ(apply("PartRef|Weighed|mass|1|10", record),
+              "#WB_ERROR#The request is not written in UTF-8.");
+}
+
 TEST(ApplyValues, AllQuantitiesOrNone)
 {
     EditedProduct product;
@@ -371,10 +430,18 @@ TEST(ApplyValues, DamagedRequestChangesNothing)
         std::string(kSpar) + "1|PartRef|Weighed|mass|1|10|" + SparOf("12").Text();
     const auto fields = wbtest::Split(whole, '|');
     std::string shortened;
-    for (const std::string& field : fields) {
+    std::size_t sent = 0;
+    for (const char* name :
+         {"has-instance", "instance", "part", "version", "path count", "path", "root",
+          "quantity count", "owner", "mass type", "quantity", "stated", "seen text"}) {
+        EXPECT_EQ(product.As("kim", "WBApplyValues", shortened),
+                  std::string("#WB_ERROR#The field ") + name + " of the request is missing.");
+        shortened += fields.at(sent++) + "|";
+    }
+    for (; sent < fields.size(); ++sent) {
         EXPECT_THAT(product.As("kim", "WBApplyValues", shortened), StartsWith("#WB_ERROR#"))
             << shortened;
-        shortened += field + "|";
+        shortened += fields[sent] + "|";
     }
     EXPECT_THAT(product.As("kim", "WBApplyValues", whole + "x|"), StartsWith("#WB_ERROR#"));
     for (const char* count : {"0", "2", "99999999999", "-1", "x", ""}) {
@@ -396,6 +463,17 @@ TEST(ApplyValues, ChangingBackLeavesNothingPending)
     EXPECT_EQ(product.WeighSpar("kim", "10"), "Apply|OK|1|");
     EXPECT_EQ(product.Pending("kim"), "0|");
     EXPECT_EQ(product.Save("kim"), "Save|NA");
+}
+
+TEST(ApplyValues, WhatIsPendingAlreadyIsNotCountedAgain)
+{
+    EditedProduct product;
+    const std::vector<std::string> changes{"PartRef|Weighed|mass|1|10",
+                                           "PartInst|Weighed|mass|1|__null__",
+                                           "PartRef|Weighed|precision|1|percent;1;2"};
+    const RecordFields record = SparOf("12", "1|0|3|4");
+    EXPECT_EQ(product.Apply("kim", kSpar, changes, record), "Apply|OK|3|");
+    EXPECT_EQ(product.Apply("kim", kSpar, changes, record), "Apply|OK|0|");
 }
 
 TEST(ApplyValues, LaterChangeTakesThePlaceOfTheEarlier)

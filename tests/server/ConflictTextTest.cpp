@@ -56,6 +56,14 @@ TEST(ConflictText, DatesHaveTheDelimiterOfClients)
                  "noon"));
 }
 
+TEST(ConflictText, OtherTextsKeepTheirHyphens)
+{
+    EXPECT_THAT(ConflictText(Change({"", "property Norm"}, "EN-2", "EN-3", "EN-4")),
+                EndsWith("you changed EN-2 to EN-3, but ANNA saved EN-4 on noon"));
+    EXPECT_THAT(ConflictText(Change({"", "material"}, "2026-01-31", "", "Steel")),
+                EndsWith("you changed 2026-01-31 to nothing, but ANNA saved Steel on noon"));
+}
+
 TEST(ConflictText, WhoSavedMayBeUnknown)
 {
     PendingState change = Change({"Weighed", "mass"}, "10", "12", "11");

@@ -100,6 +100,8 @@ TEST_F(PendingViews, PropertiesOfUsesAreSeen)
     const std::string right = std::to_string(Use("R", "right"));
     EXPECT_THAT(properties("ann"), ElementsAre(right + " Place=starboard"));
     EXPECT_THAT(properties("bob"), ElementsAre(right + " Place=port"));
+    Import("parent,instance,part,i:Place\nZ,p,P,bow\n");
+    EXPECT_THAT(properties("ann"), testing::Contains(std::to_string(Use("Z", "p")) + " Place=bow"));
 }
 
 TEST_F(PendingViews, DensitiesAreCountedWithThem)
@@ -121,6 +123,22 @@ TEST_F(PendingViews, DensitiesAreCountedWithThem)
     EXPECT_EQ(Densities("bob").with, 2) << "as after saving";
 }
 
+TEST_F(PendingViews, DensitiesOfSurfacesAndOfMaterialsCountToo)
+{
+    Import("parent,instance,part,surface_density [kg/m2],material,"
+           "material_surface_density [kg/m2]\nASM,s,SHEET,3,,\n,,COVER,,Foil,0.2\n"
+           ",,LID,,Riddle,\n");
+    EXPECT_EQ(Densities("ann").with, 3);
+    m_ann->PutPending("ann", {OfPart("SHEET", m_material, "", "Riddle")});
+    EXPECT_EQ(Densities("ann").with, 3) << "it has a density of its own";
+    m_ann->PutPending("ann", {OfPart("P", m_material, "Steel", "Foil")});
+    EXPECT_EQ(Densities("ann").with, 3);
+    m_ann->PutPending("ann", {OfPart("P", m_material, "Steel", "Riddle")});
+    EXPECT_EQ(Densities("ann").with, 2) << "nobody knows what that weighs";
+    m_ann->SavePending("ann");
+    EXPECT_EQ(Densities("bob").with, 2) << "as after saving";
+}
+
 TEST_F(PendingViews, OtherPendingChangesLeaveTheCountAlone)
 {
     m_ann->PutPending("ann", {OfPart("P", m_mass, "4", "5")});
@@ -136,6 +154,28 @@ TEST_F(PendingViews, SetsAboveAPendingChangeCountAsOlder)
     EXPECT_THAT(Outdated("ann"), ElementsAre("use right Supplier")) << "he has stated it anew";
     m_ann->SavePending("ann");
     EXPECT_THAT(Outdated("bob"), ElementsAre("use right Supplier")) << "as after saving";
+}
+
+TEST_F(PendingViews, SetsFarAboveAPendingChangeCountAsOlder)
+{
+    Import("parent,instance,part,mass_type,values_on,mass [kg]\n,,R,Supplier,,30\n"
+           "R,left,ASM,Supplier,instance,12\n");
+    EXPECT_THAT(Outdated("ann"), IsEmpty());
+    m_ann->PutPending("ann", {OfPart("P", m_mass, "4", "6")});
+    EXPECT_THAT(Outdated("ann"), ElementsAre("part R Supplier", "part ASM Weighed",
+                                             "use left Supplier", "use right Supplier"));
+    m_ann->AbortPending("ann");
+    m_ann->PutPending("ann", {OfUse("R", "left", m_density, "", "5")});
+    EXPECT_THAT(Outdated("ann"), ElementsAre("part R Supplier"));
+}
+
+TEST_F(PendingViews, SetThatIsNotStatedAnewStaysOlder)
+{
+    Import("part,mass_type,mass [kg]\nASM,Estimated,9\n");
+    m_ann->PutPending("ann", {OfPart("P", m_mass, "4", "6"), OfPart("ASM", m_mass, "10", "12")});
+    EXPECT_THAT(Outdated("ann"), ElementsAre("part ASM Estimated", "use right Supplier"));
+    m_ann->SavePending("ann");
+    EXPECT_THAT(Outdated("bob"), ElementsAre("part ASM Estimated", "use right Supplier"));
 }
 
 TEST_F(PendingViews, ChangeOfAUseMakesItsParentOlder)

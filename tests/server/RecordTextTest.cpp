@@ -139,6 +139,87 @@ TEST(RecordText, TextThatEndsEarlyIsNoRecord)
     EXPECT_EQ(Refusal(Joined(fields, fields.size())), "");
 }
 
+TEST(RecordText, MissingFieldIsNamed)
+{
+    const auto fields = wbtest::Split(kOfClient, '|');
+    const std::vector<std::string> names{"has-instance",
+                                         "part",
+                                         "version",
+                                         "active document",
+                                         "active document version",
+                                         "mass type count",
+                                         "mass type",
+                                         "status",
+                                         "lower deviation",
+                                         "upper deviation",
+                                         "mass",
+                                         "centre x",
+                                         "centre y",
+                                         "centre z",
+                                         "Ixx",
+                                         "Iyy",
+                                         "Izz",
+                                         "Ixz",
+                                         "Ixy",
+                                         "Iyz",
+                                         "precision type",
+                                         "precision value type",
+                                         "lower precision",
+                                         "upper precision",
+                                         "standard part",
+                                         "mass type",
+                                         "status",
+                                         "precision type",
+                                         "active mass type",
+                                         "last imposed mass type",
+                                         "density status",
+                                         "density",
+                                         "material",
+                                         "applied on",
+                                         "address count",
+                                         "address",
+                                         "address",
+                                         "address",
+                                         "address",
+                                         "density priority",
+                                         "<userDefinedProps>",
+                                         "property count",
+                                         "property name",
+                                         "property type",
+                                         "property is-date",
+                                         "property owner",
+                                         "property value",
+                                         "</userDefinedProps>"};
+    ASSERT_EQ(names.size(), fields.size());
+    for (std::size_t count = 0; count < fields.size(); ++count) {
+        EXPECT_EQ(Refusal(Joined(fields, count)),
+                  "The field " + names[count] + " of the request is missing.");
+    }
+}
+
+TEST(RecordText, WhatIsExpectedIsSaid)
+{
+    const auto fields = wbtest::Split(kOfClient, '|');
+    const auto refusal = [&](std::size_t field, const char* text) {
+        auto changed = fields;
+        changed[field] = text;
+        return Refusal(Joined(changed, changed.size()));
+    };
+    EXPECT_EQ(refusal(25, "Computed"),
+              "The field mass type of the request holds \"Computed\", expected each mass type "
+              "once.");
+    EXPECT_EQ(refusal(33, "Part"), "The field applied on of the request holds \"Part\", expected "
+                                   "PartRef or PartInst.");
+    EXPECT_EQ(refusal(34, "1"),
+              "The field address count of the request holds \"1\", expected at least 2.");
+    EXPECT_EQ(refusal(34, "10003"), "The field address count of the request holds \"10003\", "
+                                    "expected a whole number from 0 to 10002.");
+    EXPECT_EQ(refusal(40, "x"), "The field <userDefinedProps> of the request holds \"x\", "
+                                "expected this very word.");
+    EXPECT_EQ(refusal(45, "Use"), "The field property owner of the request holds \"Use\", "
+                                  "expected Part or Instance.");
+}
+
 TEST(RecordText, FieldTooManyIsNoRecord)
 {
     const auto fields = wbtest::Split(kOfClient, '|');

@@ -3,6 +3,7 @@
 #include "SqlConnection.h"
 #include "WBTablePieces.h"
 
+#include <chrono>
 #include <filesystem>
 #include <tuple>
 
@@ -102,6 +103,9 @@ TEST_F(SchemaUpdate, FirstVersionIsBroughtUpTheWholeWay)
     store->PutPending("ann", {{OwnerKind::Part, m_part, m_mass, "4", "6", {}}});
     EXPECT_EQ(store->SavePending("ann").saved, 1U);
     EXPECT_TRUE(store->Keep({{m_part, "k", 1, "x"}}, "ann"));
+    const Product product = store->ReadProduct(store->FindRoot("R")->id);
+    EXPECT_TRUE(wbtest::PartNamed(product, "ASM").sets.at(0).isOutdated)
+        << "what stands above the change is older now";
 }
 
 TEST_F(SchemaUpdate, HistoryLinesBecomeFactsOfTheirOwners)
@@ -126,8 +130,10 @@ TEST_F(SchemaUpdate, HistoryLinesBecomeFactsOfTheirOwners)
 TEST_F(SchemaUpdate, RemovedUsesAreKeptWithoutAnOwner)
 {
     Tell("use R/left: T A\nuse S/q: Q A", "use R/left: \nuse S/q: ");
-    EXPECT_THAT(Lines(*Open()),
+    const auto store = Open();
+    EXPECT_THAT(Lines(*store),
                 ElementsAre(Line(0, "use R/left", "T A", ""), Line(0, "use S/q", "Q A", "")));
+    EXPECT_THAT(store->FactChangesOf(OwnerKind::Use, 0), IsEmpty()) << "nobody is no owner";
 }
 
 TEST_F(SchemaUpdate, NamesWithMarksAreFoundAndUnknownOnesStayAsTheyWere)
@@ -156,6 +162,14 @@ TEST_F(SchemaUpdate, UseOfSeveralVersionsOfItsParentHasNoOwner)
               SQLITE_OK);
     Tell("use R/left, quantity: 1", "use R/left, quantity: 2");
     EXPECT_THAT(Lines(*Open()), ElementsAre(Line(0, "use R/left, quantity", "1", "2")));
+}
+
+TEST_F(SchemaUpdate, EveryPlaceIsTriedAtWhichNamesMayPart)
+{
+    SqlConnection other(Path());
+    ASSERT_EQ(other.Run("UPDATE part SET identifier = 'R/' WHERE identifier = 'R'"), SQLITE_OK);
+    Tell("use R//left, quantity: 1", "use R//left, quantity: 2");
+    EXPECT_THAT(Lines(*Open()), ElementsAre(Line(m_left, "use R/ A / left, quantity", "1", "2")));
 }
 
 TEST_F(SchemaUpdate, LineWithoutAValueKeepsItsText)
@@ -216,6 +230,16 @@ TEST_F(SchemaAsItIs, EverythingCanBeRead)
     ASSERT_THAT(changes, SizeIs(1));
     EXPECT_EQ(changes[0].subject + ", " + changes[0].fact, "use R A / left, quantity");
     EXPECT_EQ(changes[0].who, "kim");
+    EXPECT_THAT(m_store->FactChangesOf(OwnerKind::Part, m_left), IsEmpty()) << "another number";
+    EXPECT_THAT(m_store->FactChangesOf(OwnerKind::Use, m_right), IsEmpty());
+}
+
+TEST_F(SchemaAsItIs, NobodyWaitsForTheOthers)
+{
+    constexpr int kLong = 20000; // milliseconds; a write would wait as long
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_NE(Store::Open(Path(), kLong).store, nullptr);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(kLong / 2));
 }
 
 TEST_F(SchemaAsItIs, NothingIsPendingInIt)

@@ -139,6 +139,12 @@ TEST(StatedValues, DateThatIsPendingHasTheDelimiterOfClients)
               "Apply|OK|1|");
     EXPECT_EQ(product.Stated("kim", kSpar, "PartRef|__null__|property Built"),
               "2026/02/28|2026/01/31|1|0");
+    record.properties = {"Vendor|1|0|Part|2026-02-28"};
+    EXPECT_EQ(product.Apply("kim", kSpar, {"PartRef|__null__|property Vendor|1|Smith"}, record),
+              "Apply|OK|1|");
+    EXPECT_EQ(product.Stated("kim", kSpar, "PartRef|__null__|property Vendor"),
+              "2026-02-28|Smith|1|0")
+        << "what is no date stays as it was typed";
 }
 
 TEST(StatedValues, NumberChangesWithWhatIsPending)

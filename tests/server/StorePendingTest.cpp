@@ -164,10 +164,14 @@ TEST_F(StorePending, PutIsAllOrNothing)
 
 TEST_F(StorePending, ChangeOfWhatIsNotThereIsRefused)
 {
-    EXPECT_THROW(m_ann->PutPending("ann", {{OwnerKind::Part, 999, m_mass, "", "1", {}}}),
-                 StoreError);
-    EXPECT_THROW(m_ann->PutPending("ann", {{OwnerKind::Use, 999, m_mass, "", "1", {}}}),
-                 StoreError);
+    for (const OwnerKind kind : {OwnerKind::Part, OwnerKind::Use}) {
+        EXPECT_THAT(
+            [&] {
+                m_ann->PutPending("ann", {{kind, 999, m_mass, "", "1", {}}});
+            },
+            testing::ThrowsMessage<StoreError>(
+                Path() + ": what was to be changed is not in the database any more"));
+    }
     EXPECT_THAT(m_ann->PendingChanges("ann"), IsEmpty());
 }
 
@@ -200,6 +204,10 @@ TEST_F(StorePending, SaveTellsTheHistoryOnce)
     EXPECT_EQ(history[1].changes[0].after, "6");
     EXPECT_EQ(history[1].changes[1].What(), "use R A / right, property Place");
     EXPECT_EQ(history[1].changes[2].after, "");
+    EXPECT_EQ(history[1].changes[0].kind, OwnerKind::Part);
+    EXPECT_EQ(history[1].changes[0].owner, Part("P"));
+    EXPECT_EQ(history[1].changes[1].kind, OwnerKind::Use);
+    EXPECT_EQ(history[1].changes[1].owner, Use("R", "right"));
 }
 
 TEST_F(StorePending, ChangesOfAnOwnerAreToldNewestFirst)
@@ -246,6 +254,24 @@ TEST_F(StorePending, SecondSaveOfOneQuantityConflictsAndLosesNothing)
     EXPECT_EQ(Committed("W", m_density), "") << "nothing of it is saved";
     EXPECT_THAT(m_bob->PendingChanges("bob"), SizeIs(2));
     EXPECT_THAT(m_bob->History(), SizeIs(2));
+}
+
+TEST_F(StorePending, WhoSavedThatQuantityLastStandsInTheWay)
+{
+    const auto save = [&](const char* user, const PendingChange& change) {
+        m_bob->PutPending(user, {change});
+        EXPECT_EQ(m_bob->SavePending(user).saved, 1U);
+    };
+    m_ann->PutPending("ann", {OfPart("P", m_centre, "1;2;3", "0;0;0")});
+    save("bob", OfPart("P", m_centre, "1;2;3", "4;5;6"));
+    save("carl", OfPart("P", m_centre, "4;5;6", "7;8;9"));
+    save("dora", OfPart("P", m_mass, "4", "6"));
+    m_ann->PutPending("ann", {OfPart("P", m_mass, "6", "9")});
+    const std::vector<PendingState> changes = m_ann->PendingChanges("ann");
+    ASSERT_THAT(changes, SizeIs(2));
+    EXPECT_EQ(changes[0].by, "carl");
+    EXPECT_FALSE(changes[1].conflicts);
+    EXPECT_EQ(changes[1].by + changes[1].at, "") << "nobody stands in the way of the mass";
 }
 
 TEST_F(StorePending, ConflictIsSolvedByWhoeverChangesTheNewValue)
