@@ -181,9 +181,8 @@ Text DensityText(const RecordText& record, const AskedChange&)
 Text MaterialText(const RecordText& record, const AskedChange& asked)
 {
     const bool isOfOwner = record.hasInstance || record.appliedOn == OwnerField(asked.kind);
-    return record.hasDensity && isOfOwner && !record.material.empty()
-               ? Text(std::string(record.material))
-               : std::nullopt;
+    return isOfOwner && !record.material.empty() ? Text(std::string(record.material))
+                                                 : std::nullopt;
 }
 
 Text ActiveText(const RecordText& record, const AskedChange&)
@@ -269,13 +268,12 @@ std::string WantedText(const RecordText& record, const AskedChange& asked, bool 
     return {};
 }
 
-/// What the user has pending of a quantity, or null.
+/// What the user has pending of a quantity of the place, or null.
 const PendingState* FindPending(const std::vector<PendingState>& pending,
                                 const PendingChange& change)
 {
     const auto found = std::ranges::find_if(pending, [&](const PendingState& state) {
-        return state.kind == change.kind && state.owner == change.owner &&
-               state.quantity == change.quantity;
+        return state.kind == change.kind && state.quantity == change.quantity;
     });
     return found == pending.end() ? nullptr : &*found;
 }

@@ -63,16 +63,14 @@ std::vector<OwnedQuantity> QuantitiesOf(const Owners& owners, const std::vector<
 }
 
 /// Adds one quantity: what the caller sees and what is stored.
-void AddQuantity(AnswerText& answer, const OwnedQuantity& owned, const EditedPlace& place,
-                 const Owners& owners, const std::vector<PendingState>& pending)
+void AddQuantity(AnswerText& answer, const OwnedQuantity& owned, const Owners& owners,
+                 const std::vector<PendingState>& pending)
 {
     const bool ofPart = owned.kind == OwnerKind::Part;
-    const RowId owner = ofPart ? place.PartRow() : place.UseRow();
     const Property* property =
         FindProperty(ofPart ? owners.part.properties : owners.use.properties, owned.quantity);
     const auto state = std::ranges::find_if(pending, [&](const PendingState& candidate) {
-        return candidate.kind == owned.kind && candidate.owner == owner &&
-               candidate.quantity == owned.quantity;
+        return candidate.kind == owned.kind && candidate.quantity == owned.quantity;
     });
     const bool isPending = state != pending.end();
     const std::string text = ofPart ? QuantityText(owners.part, owned.quantity)
@@ -118,7 +116,7 @@ std::string GetStatedValues(const MethodCall& call, std::string_view text)
     answer.Add(!owners.use.sets.empty()).Add(store.PendingNumber(call.context.user));
     answer.Add(quantities.size());
     for (const OwnedQuantity& owned : quantities) {
-        AddQuantity(answer, owned, place, owners, pending);
+        AddQuantity(answer, owned, owners, pending);
     }
     return answer.Take();
 }

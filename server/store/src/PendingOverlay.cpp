@@ -105,11 +105,7 @@ void PendingOverlay::Apply(StoredPart& stored, const KnownProducts& known) const
 
 void PendingOverlay::Apply(StoredUse& stored, PartType type, const KnownProducts& known) const
 {
-    const auto found = m_changes.find({OwnerKind::Use, stored.id});
-    if (found == m_changes.end()) {
-        return;
-    }
-    for (const PendingChange& change : found->second) {
+    for (const PendingChange& change : m_changes.at({OwnerKind::Use, stored.id})) {
         SetQuantity(stored.use, type, change.quantity, change.after, known);
     }
 }

@@ -34,6 +34,7 @@ public:
 
     /// A text that cannot be stated any more, as of a mass type that became a goal, is not seen.
     void Apply(StoredPart& stored, const KnownProducts& known) const;
+    /// For uses that the user changes; type is that of the part, which costs a read.
     void Apply(StoredUse& stored, PartType type, const KnownProducts& known) const;
     void Apply(RowId use, Property& property) const;
 

@@ -61,7 +61,7 @@ void CompareWithStored(const Store& store, PendingState& state)
 {
     const Committed owner(store, state.kind, state.owner);
     state.isGone = owner.IsGone();
-    state.stored = state.isGone ? std::string() : owner.Text(state.quantity);
+    state.stored = owner.Text(state.quantity); // what is gone says nothing
     state.conflicts = state.isGone || state.stored != state.seen;
     if (state.conflicts) {
         TellWhoChangedIt(store, state);
