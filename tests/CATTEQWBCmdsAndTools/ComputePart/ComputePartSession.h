@@ -2,6 +2,7 @@
 
 #include "CATTEQWBComputePartCmd.h"
 
+#include "../CommandServer.h"
 #include "../ModuleSession.h"
 #include "PickedProducts.h"
 
@@ -11,7 +12,6 @@
 
 #include "CATApplicationFrame.h"
 #include "CATDlgNotify.h"
-#include "CATServerCaller.h"
 #include "CATSession.h"
 
 #include <gtest/gtest.h>
@@ -23,34 +23,6 @@
 
 constexpr const char* kNavigator = "NavigatorWorkshop";
 constexpr const char* kStructure = "StructureWorkshop";
-
-/// What the server says about the aeroplane's firewall, and what it was asked.
-class FakeServer : public CATServerCaller
-{
-public:
-    std::string CallMethod(std::string_view method, std::string_view request,
-                           CATServerCallState&) override
-    {
-        calls.push_back(std::string(method) + ": " + std::string(request));
-        return answer;
-    }
-    std::optional<std::string> CallObjectService(std::string_view service,
-                                                 std::vector<std::string>& identificators,
-                                                 std::string_view input, bool,
-                                                 CATServerCallState&) override
-    {
-        std::string call = std::string(service) + " of";
-        for (const std::string& identificator : identificators) {
-            call += " " + identificator;
-        }
-        calls.push_back(call + ": " + std::string(input));
-        return record;
-    }
-
-    std::optional<std::string> record = "0|FUS-110.1|FUS-110|A|2|FUS-100.1|FUS-000.1|Firewall";
-    std::string answer;
-    std::vector<std::string> calls;
-};
 
 // One mass type, Calculated with 2 kg; no density; the last twelve fields before the final 0 are
 // the position, which the client's own replaces in the product structure.
@@ -124,6 +96,7 @@ class ComputePart : public testing::Test
 protected:
     ComputePart()
     {
+        server->record = "0|FUS-110.1|FUS-110|A|2|FUS-100.1|FUS-000.1|Firewall";
         CATSetServerCaller(server);
         CATWBVPMNavGUITable table;
         table.createMainPanel = FakePanel::Create;
@@ -190,7 +163,7 @@ protected:
         }
     }
 
-    std::shared_ptr<FakeServer> server = std::make_shared<FakeServer>();
+    std::shared_ptr<CommandServer> server = std::make_shared<CommandServer>();
     DiagnosticCapture output{CATDiagnosticOutput()};
     DiagnosticCapture errors{CATDiagnosticErrors()};
     std::unique_ptr<CATApplicationFrame> frame;

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 TEST_F(FilterCommand, PickedInstanceBecomesALineOfThePanel)
 {
-    server->answer = kFirewall;
+    server->record = kFirewall;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     EXPECT_THAT(server->calls, ElementsAre("ENOVIA5_GetObjectIdentifier of "
@@ -30,7 +30,7 @@ TEST_F(FilterCommand, PickedInstanceBecomesALineOfThePanel)
 
 TEST_F(FilterCommand, InstancesPickedTogetherBecomeLinesInPickOrder)
 {
-    server->answer = std::string(kFirewall) + kFuselage;
+    server->record = std::string(kFirewall) + kFuselage;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_EQ(server->calls.size(), 1U);
@@ -41,9 +41,9 @@ TEST_F(FilterCommand, InstancesPickedTogetherBecomeLinesInPickOrder)
 TEST_F(FilterCommand, EveryFurtherPickAddsItsOwnLines)
 {
     Start();
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(Given(), ElementsAre("root LA1", "FUS-100.1, FUS-100, A, FUS-000.1, 1", "root LA1",
                                      "FUS-000.1, FUS-000, A, , 0"));
@@ -52,7 +52,7 @@ TEST_F(FilterCommand, EveryFurtherPickAddsItsOwnLines)
 
 TEST_F(FilterCommand, HiddenPanelShowsTheCurrentFiltersAgain)
 {
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     Panel()->SetVisibility(false);
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
@@ -62,7 +62,7 @@ TEST_F(FilterCommand, HiddenPanelShowsTheCurrentFiltersAgain)
 
 TEST_F(FilterCommand, HiddenPanelComesBackAlsoWhenThePdmKnowsNoneOfThePickedInstances)
 {
-    server->answer = "";
+    server->record = "";
     server->unknown = "LA1|FUS-000.1";
     Start();
     Panel()->SetVisibility(false);
@@ -73,7 +73,7 @@ TEST_F(FilterCommand, HiddenPanelComesBackAlsoWhenThePdmKnowsNoneOfThePickedInst
 
 TEST_F(FilterCommand, FirstRootIsKeptWhateverIsOpenedLater)
 {
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     const CATPathElement_var path = PathToFuselage();
     CATNavigator::Open(std::make_shared<AeroplaneSource>(),
@@ -88,7 +88,7 @@ TEST_F(FilterCommand, WithoutAKeptRootThePickIsAskedAboutAllTheSame)
 {
     const CATPathElement_var path = PathToFuselage();
     CATNavigator::Close();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     OpenAeroplane(); // too late for the command
     EXPECT_TRUE(CATOfferPick({path}));
@@ -112,7 +112,7 @@ TEST_F(FilterCommand, PickWithoutItemInstancesAsksNobodyAndLeavesThePanelAsItWas
 
 TEST_F(FilterCommand, InstanceThatThePdmCannotIdentifyIsSkipped)
 {
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     EXPECT_TRUE(
         CATOfferPick({PathToStranger({{"Type", "ENOVIA_VPMItemInstance"}}), PathToFuselage()}));
@@ -122,14 +122,14 @@ TEST_F(FilterCommand, InstanceThatThePdmCannotIdentifyIsSkipped)
 
 TEST_F(FilterCommand, FailedServiceLeavesThePanelAsItWas)
 {
-    server->answer.reset();
+    server->record.reset();
     Start();
     Panel()->SetVisibility(false);
     EXPECT_FALSE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(Given(), IsEmpty());
     EXPECT_FALSE(Panel()->IsVisible());
     ExpectWaitsAgain();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(Given(), ElementsAre("root LA1", "current filters", "FUS-000.1, FUS-000, A, , 0"));
 }
@@ -147,7 +147,7 @@ TEST_F(FilterCommand, NothingIsTakenOnceTheCommandEnds)
 TEST_F(FilterCommand, PickWithoutPartNamesIsReadWithoutThem)
 {
     environment.Set("KR4_DA_FOR_CGR", "1");
-    server->answer = "0|FUS-110.1|FUS-110|B|2|FUS-100.1|FUS-000.1|1|FUS-000.1|FUS-000|A|0|";
+    server->record = "0|FUS-110.1|FUS-110|B|2|FUS-100.1|FUS-000.1|1|FUS-000.1|FUS-000|A|0|";
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_THAT(Given(), ElementsAre("root LA1", "FUS-110.1, FUS-110, B, FUS-100.1|FUS-000.1, 2",
@@ -157,7 +157,7 @@ TEST_F(FilterCommand, PickWithoutPartNamesIsReadWithoutThem)
 TEST_F(FilterCommand, PartNamesThatNobodyAskedForShiftTheRecordsBehindThem)
 {
     environment.Set("KR4_DA_FOR_CGR", "1");
-    server->answer = std::string(kFuselage) + kForward;
+    server->record = std::string(kFuselage) + kForward;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFuselage(), PathToForward()}));
     // "Fuselage" counts as the second record's first field, so its path count reads "A".
@@ -167,7 +167,7 @@ TEST_F(FilterCommand, PartNamesThatNobodyAskedForShiftTheRecordsBehindThem)
 
 TEST_F(FilterCommand, CountThatIsTooSmallLeavesNamesToTheNextRecord)
 {
-    server->answer = "0|FUS-110.1|FUS-110|B|1|FUS-100.1|FUS-000.1|Firewall|1|FUS-000.1|FUS-000|A|";
+    server->record = "0|FUS-110.1|FUS-110|B|1|FUS-100.1|FUS-000.1|Firewall|1|FUS-000.1|FUS-000|A|";
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     // "FUS-000.1" is taken for the first part's name, "Firewall" for the second record's beginning.
@@ -177,7 +177,7 @@ TEST_F(FilterCommand, CountThatIsTooSmallLeavesNamesToTheNextRecord)
 
 TEST_F(FilterCommand, CountThatIsTooLargeTakesNamesFromTheNextRecord)
 {
-    server->answer = "0|FUS-100.1|FUS-100|A|3|FUS-000.1|Forward section|1|FUS-000.1|FUS-000|A|0|";
+    server->record = "0|FUS-100.1|FUS-100|A|3|FUS-000.1|Forward section|1|FUS-000.1|FUS-000|A|0|";
     Start();
     EXPECT_TRUE(CATOfferPick({PathToForward(), PathToFuselage()}));
     // The path takes the part's name and the next record's "1", the part's name the next instance.
@@ -188,7 +188,7 @@ TEST_F(FilterCommand, CountThatIsTooLargeTakesNamesFromTheNextRecord)
 
 TEST_F(FilterCommand, AnswerThatIsShorterThanItsCountGivesEmptyFields)
 {
-    server->answer = "0|FUS-110.1|FUS-110|B|2|FUS-100.1";
+    server->record = "0|FUS-110.1|FUS-110|B|2|FUS-100.1";
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_THAT(Given(),
@@ -197,7 +197,7 @@ TEST_F(FilterCommand, AnswerThatIsShorterThanItsCountGivesEmptyFields)
 
 TEST_F(FilterCommand, UnreadableCountIsZero)
 {
-    server->answer = "0|FUS-110.1|FUS-110|B|two|Firewall|";
+    server->record = "0|FUS-110.1|FUS-110|B|two|Firewall|";
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     EXPECT_THAT(Given(), ElementsAre("root LA1", "FUS-110.1, FUS-110, B, , 0"));

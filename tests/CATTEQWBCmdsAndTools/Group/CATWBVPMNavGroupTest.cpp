@@ -1,9 +1,7 @@
 #include "GroupSession.h"
 
-#include "ResourceKeys.h"
-#include "TemporaryDirectory.h"
+#include "../NavigatorCommandTests.h"
 #include "Toolkit.h"
-#include "VirtualSlots.h"
 
 namespace
 {
@@ -22,83 +20,7 @@ CATBaseUnknown_var ObjectWith(const char* attribute, const char* value)
 
 } // namespace
 
-// The command itself
-
-TEST_F(GroupCommand, IsMadeByItsFactoryUnderItsName)
-{
-    Make();
-    EXPECT_EQ(command->Name(), "CATWBVPMNavGroup");
-    EXPECT_STREQ(command->ClassName(), "CATWBVPMNavGroup");
-    EXPECT_EQ(command->Mode(), CATCommandMode::Exclusive);
-    CATSession::Start(command);
-}
-
-TEST_F(GroupCommand, HasItsOwnCatalogAtLevelZeroAndBelowAndTheAgentsAbove)
-{
-    Start();
-    const CATCommand* base = command;
-    EXPECT_EQ(base->GetResourceFilename(0), "CATWBVPMNavGroup");
-    EXPECT_EQ(base->GetResourceFilename(-1), "CATWBVPMNavGroup");
-    EXPECT_EQ(base->GetResourceFilename(1), "");
-    EXPECT_EQ(base->GetResourceFilename(2), "");
-}
-
-TEST_F(GroupCommand, PromptsAsTheComputePartCommandDoes)
-{
-    Start();
-    EXPECT_EQ(frame->Prompt(), "Select a part or an assembly");
-}
-
-TEST_F(GroupCommand, PromptsInGermanToo)
-{
-    CATMsgCatalog::SetLanguage("de");
-    Start();
-    EXPECT_EQ(frame->Prompt(), "Wählen Sie ein Teil oder eine Baugruppe");
-    CATMsgCatalog::SetLanguage("en");
-}
-
-TEST_F(GroupCommand, PromptsWithItsOwnTextWhereTheCatalogLacksIt)
-{
-    const TemporaryDirectory resources;
-    resources.Write("catalogs/CATTEQWBComputePartCmd.toml", "Other = \"another text\"\n");
-    environment.Set("WB_RESOURCE_PATH", resources.Path());
-    CATMsgCatalog::SetLanguage("en"); // reads the catalogs anew
-    Start();
-    EXPECT_EQ(frame->Prompt(), "Select a Part in VPM Navigator");
-    environment.Unset("WB_RESOURCE_PATH");
-    CATMsgCatalog::SetLanguage("en");
-}
-
-TEST_F(GroupCommand, EveryEnglishTextHasAGermanOne)
-{
-    EXPECT_EQ(ResourceKeys("catalogs/CATWBVPMNavGroup.toml"),
-              ResourceKeys("de/catalogs/CATWBVPMNavGroup.toml"));
-}
-
-TEST_F(GroupCommand, WaitsWithOneAgentOfTheNavigatorThatTakesSets)
-{
-    Start();
-    ASSERT_EQ(command->CurrentState()->Agents().size(), 1U);
-    EXPECT_STREQ(agent.Get()->ClassName(), "CATImmIdentifierAcquisitionAgent");
-    EXPECT_EQ(agent.Get()->Behaviour(), 0x40a40010);
-}
-
-TEST_F(GroupCommand, AddsNoVirtualOperationToTheStateCommand)
-{
-    EXPECT_EQ(SlotOf(&SlotProbe<CATWBVPMNavGroup>::Added),
-              SlotOf(&SlotProbe<CATStateCommand>::Added));
-    EXPECT_EQ(SlotOf(&CATWBVPMNavGroup::Activate), SlotOf(&CATCommand::Activate));
-    EXPECT_EQ(SlotOf(&CATWBVPMNavGroup::Desactivate), SlotOf(&CATCommand::Activate) + 1);
-    EXPECT_EQ(SlotOf(&CATWBVPMNavGroup::Cancel), SlotOf(&CATCommand::Activate) + 2);
-    EXPECT_EQ(SlotOf(&CATWBVPMNavGroup::GetResourceFilename), SlotOf(&CATCommand::Activate) + 3);
-}
-
-TEST_F(GroupCommand, CancelAsksForDestructionAndSaysDone)
-{
-    Start();
-    EXPECT_EQ(command->Cancel(nullptr, nullptr), S_OK);
-    ExpectEnds();
-}
+INSTANTIATE_TYPED_TEST_SUITE_P(Group, NavigatorCommand, GroupCommand);
 
 TEST_F(GroupCommand, CloseActionEndsTheCommand)
 {
@@ -165,7 +87,7 @@ TEST_F(GroupCommand, PanelOpensWithTheFirstAcceptedPick)
 {
     Start();
     EXPECT_EQ(Panel(), nullptr);
-    server->answer = kFirewall;
+    server->record = kFirewall;
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     ASSERT_EQ(FakeGroupPanel::s_made.size(), 1U);
     EXPECT_THAT(Panel()->calls,
@@ -201,7 +123,7 @@ TEST_F(GroupCommand, PanelIsClosedOnceHoweverManyPicksThereWere)
 
 TEST_F(GroupCommand, PanelWithoutACloseButtonEndsTheCommandByItsWindow)
 {
-    FakeGroupPanel::s_hasCloseButton = false;
+    FakeGroupPanel::s_hasButtons = false;
     StartWithPanel();
     Panel()->Send(CATDlgDialog::WindowClosed);
     ExpectEnds();
@@ -241,7 +163,7 @@ TEST_F(GroupCommand, PanelThatCannotBeBuiltGoesWithTheCommand)
     const FatalErrors fatal(FatalErrors::Then::Throw);
     FakeGroupPanel::s_cannotBeBuilt = true;
     Start();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     CATOfferPick({PathToFuselage()});
     ASSERT_NE(Panel(), nullptr);
     EXPECT_FALSE(Panel()->IsVisible());
@@ -256,7 +178,7 @@ TEST_F(GroupCommand, PanelThatIsGoneIsMadeAnewAtTheNextPick)
     Panel()->RequestDelayedDestruction();
     CATSession::RunDelayedDestructions();
     ASSERT_EQ(Panel(), nullptr);
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
     ASSERT_NE(Panel(), nullptr);
     EXPECT_THAT(Panel()->calls,
@@ -277,7 +199,7 @@ TEST_F(GroupCommand, WithoutAPanelsLibraryPicksAreAskedAboutAndDropped)
 {
     CATWBVPMNavGUISetTable({});
     Start();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_EQ(server->calls.size(), 1U);
     EXPECT_EQ(Panel(), nullptr);
@@ -289,7 +211,7 @@ TEST_F(GroupCommand, WithoutAMainWindowThereIsNoPanel)
 {
     frame.reset();
     Start();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_EQ(Panel(), nullptr);
     ExpectWaitsAgain();
@@ -300,7 +222,7 @@ TEST_F(GroupCommand, WithoutAMainWindowTheWarningIsADiagnosticLine)
     frame.reset();
     FakeFilter::s_leavesOut = {"FUS-000"};
     Start();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(boxes, IsEmpty());
     EXPECT_EQ(output.Lines().back(), "The pointer to the parent window is null!");

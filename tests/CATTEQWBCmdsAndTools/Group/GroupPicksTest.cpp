@@ -1,7 +1,5 @@
 #include "GroupSession.h"
 
-#include "TemporaryDirectory.h"
-
 // What the user picks, and what the product's filter says to it.
 
 namespace
@@ -10,7 +8,7 @@ namespace
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const GroupBox kWarning{"Left out by the filter",
+const ShownBox kWarning{"Left out by the filter",
                         "The filter of the product leaves this instance out, so it cannot be in a "
                         "group. It and what you picked after it were not added.",
                         0x8000000};
@@ -19,7 +17,7 @@ const GroupBox kWarning{"Left out by the filter",
 
 TEST_F(GroupCommand, PickedInstanceIsCheckedAgainstTheFilterOfTheRoot)
 {
-    server->answer = kFirewall;
+    server->record = kFirewall;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     EXPECT_THAT(server->calls, ElementsAre("ENOVIA5_GetObjectIdentifier of "
@@ -35,7 +33,7 @@ TEST_F(GroupCommand, PickedInstanceIsCheckedAgainstTheFilterOfTheRoot)
 
 TEST_F(GroupCommand, InstancesPickedTogetherGoIntoOnePanelInPickOrder)
 {
-    server->answer = std::string(kFirewall) + kFuselage;
+    server->record = std::string(kFirewall) + kFuselage;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_EQ(FakeGroupPanel::s_made.size(), 1U);
@@ -48,7 +46,7 @@ TEST_F(GroupCommand, InstancesPickedTogetherGoIntoOnePanelInPickOrder)
 TEST_F(GroupCommand, EveryFurtherPickGoesIntoTheSamePanel)
 {
     StartWithPanel();
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
     EXPECT_TRUE(CATOfferPick({PathToForward()})); // the panel decides what twice means
     EXPECT_EQ(FakeGroupPanel::s_made.size(), 1U);
@@ -70,7 +68,7 @@ TEST_F(GroupCommand, HiddenPanelIsShownAgainBeforeItGetsTheInstance)
 TEST_F(GroupCommand, MixedPickGivesItsItemInstancesAlone)
 {
     StartWithPanel();
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathTo(CATNavigator::CurrentRoot()), PathToForward(),
                               PathToStranger({{"Type", "Note"}})}));
     EXPECT_THAT(server->calls, ElementsAre("ENOVIA5_GetObjectIdentifier of "
@@ -82,7 +80,7 @@ TEST_F(GroupCommand, MixedPickGivesItsItemInstancesAlone)
 TEST_F(GroupCommand, PickWithoutItemInstancesIsAskedAboutAndOpensNoPanel)
 {
     Start();
-    server->answer = "";
+    server->record = "";
     EXPECT_TRUE(CATOfferPick({PathTo(CATNavigator::CurrentRoot())}));
     EXPECT_THAT(server->calls, ElementsAre("ENOVIA5_GetObjectIdentifier of: LA1|NoConfig"));
     EXPECT_EQ(Panel(), nullptr);
@@ -116,7 +114,7 @@ TEST_F(GroupCommand, RootWithoutAnIdentifierMakesEveryPickANoOp)
 TEST_F(GroupCommand, FailedServiceLeavesThePanelAsItWas)
 {
     StartWithPanel();
-    server->answer.reset();
+    server->record.reset();
     EXPECT_FALSE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(Panel()->calls, IsEmpty());
     EXPECT_THAT(boxes, IsEmpty());
@@ -136,7 +134,7 @@ TEST_F(GroupCommand, NothingIsTakenOnceTheCommandEnds)
 TEST_F(GroupCommand, FirstPickThatTheFilterLeavesOutWarnsAndOpensNoPanel)
 {
     FakeFilter::s_leavesOut = {"FUS-000"};
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(boxes, ElementsAre(kWarning));
@@ -147,7 +145,7 @@ TEST_F(GroupCommand, FirstPickThatTheFilterLeavesOutWarnsAndOpensNoPanel)
 TEST_F(GroupCommand, SecondInstanceThatIsLeftOutTakesTheRestOfThePickAlong)
 {
     FakeFilter::s_leavesOut = {"FUS-100"};
-    server->answer = std::string(kFuselage) + kForward + kFirewall;
+    server->record = std::string(kFuselage) + kForward + kFirewall;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFuselage(), PathToForward(), PathToFirewall()}));
     EXPECT_THAT(Panel()->calls, ElementsAre("made for LA1, FUS-000, A", "built",
@@ -163,7 +161,7 @@ TEST_F(GroupCommand, InstancesOfEarlierPicksStayWhenALaterOneIsLeftOut)
     StartWithPanel();
     Panel()->SetVisibility(false);
     FakeFilter::s_leavesOut = {"FUS-100"};
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
     EXPECT_THAT(Panel()->calls, IsEmpty());
     EXPECT_FALSE(Panel()->IsVisible());
@@ -173,7 +171,7 @@ TEST_F(GroupCommand, InstancesOfEarlierPicksStayWhenALaterOneIsLeftOut)
 TEST_F(GroupCommand, PanelOfAPickThatWasCutShortClosesWithoutEndingTheCommand)
 {
     FakeFilter::s_leavesOut = {"FUS-100"};
-    server->answer = std::string(kFuselage) + kForward;
+    server->record = std::string(kFuselage) + kForward;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFuselage(), PathToForward()}));
     Panel()->Send(CATDlgDialog::WindowClosed);
@@ -181,7 +179,7 @@ TEST_F(GroupCommand, PanelOfAPickThatWasCutShortClosesWithoutEndingTheCommand)
     ExpectWaitsAgain();
 
     // The next pick that is taken whole ties the command to the panel.
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     Panel()->Send(CATDlgDialog::WindowClosed);
     ExpectEnds();
@@ -191,7 +189,7 @@ TEST_F(GroupCommand, PickThatIsCutShortLeavesThePanelTiedAsItWas)
 {
     StartWithPanel();
     FakeFilter::s_leavesOut = {"FUS-100"};
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
     Panel()->Send(CATDlgDialog::WindowClosed);
     ExpectEnds();
@@ -201,34 +199,28 @@ TEST_F(GroupCommand, WarningIsInGermanToo)
 {
     CATMsgCatalog::SetLanguage("de");
     FakeFilter::s_leavesOut = {"FUS-000"};
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     CATOfferPick({PathToFuselage()});
-    EXPECT_THAT(boxes, ElementsAre(GroupBox{
+    EXPECT_THAT(boxes, ElementsAre(ShownBox{
                            "Vom Filter ausgelassen",
                            "Der Filter des Produkts lässt diese Instanz aus, sie kann deshalb in "
                            "keiner Gruppe sein. Sie und was Sie nach ihr gewählt haben wurden "
                            "nicht aufgenommen.",
                            0x8000000}));
-    CATMsgCatalog::SetLanguage("en");
 }
 
 TEST_F(GroupCommand, WarningHasADefaultWhereTheCatalogLacksIt)
 {
-    const TemporaryDirectory resources;
-    resources.Write("catalogs/CATWBVPMNavGroup.toml", "Other = \"another text\"\n");
-    environment.Set("WB_RESOURCE_PATH", resources.Path());
-    CATMsgCatalog::SetLanguage("en"); // reads the catalogs anew
+    LoseTextsOf("CATWBVPMNavGroup");
     FakeFilter::s_leavesOut = {"FUS-000"};
-    server->answer = kFuselage;
+    server->record = kFuselage;
     Start();
     CATOfferPick({PathToFuselage()});
-    EXPECT_THAT(boxes, ElementsAre(GroupBox{"Filter",
+    EXPECT_THAT(boxes, ElementsAre(ShownBox{"Filter",
                                             "The filter of the product leaves the instance out, so "
                                             "it cannot be in a group.",
                                             0x8000000}));
-    environment.Unset("WB_RESOURCE_PATH");
-    CATMsgCatalog::SetLanguage("en");
 }
 
 // While the panel waits for an instance
@@ -238,7 +230,7 @@ TEST_F(GroupCommand, InstanceThatThePanelWaitsForIsNotCheckedAgainstTheFilter)
     StartWithPanel();
     FakeFilter::s_leavesOut = {"FUS-110"};
     Panel()->instancesWanted = 1;
-    server->answer = kFirewall;
+    server->record = kFirewall;
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     EXPECT_THAT(Panel()->calls,
                 ElementsAre("wanted: FUS-110.1, FUS-110, B, FUS-100.1|FUS-000.1, 2"));
@@ -251,7 +243,7 @@ TEST_F(GroupCommand, PanelThatHasItsInstanceTakesTheRestOfThePickIntoTheGroup)
 {
     StartWithPanel();
     Panel()->instancesWanted = 1;
-    server->answer = std::string(kFirewall) + kForward;
+    server->record = std::string(kFirewall) + kForward;
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToForward()}));
     EXPECT_THAT(Panel()->calls,
                 ElementsAre("wanted: FUS-110.1, FUS-110, B, FUS-100.1|FUS-000.1, 2",
@@ -275,7 +267,7 @@ TEST_F(GroupCommand, PickWithoutPartNamesIsReadWithoutThem)
 {
     StartWithPanel();
     environment.Set("KR4_DA_FOR_CGR", "1");
-    server->answer = "0|FUS-110.1|FUS-110|B|2|FUS-100.1|FUS-000.1|1|FUS-000.1|FUS-000|A|0|";
+    server->record = "0|FUS-110.1|FUS-110|B|2|FUS-100.1|FUS-000.1|1|FUS-000.1|FUS-000|A|0|";
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_THAT(Panel()->calls, ElementsAre("FUS-110.1, FUS-110, B, FUS-100.1|FUS-000.1, 2, ",
                                             "FUS-000.1, FUS-000, A, , 0, "));
@@ -285,7 +277,7 @@ TEST_F(GroupCommand, PartNamesThatNobodyAskedForShiftTheRecordsBehindThem)
 {
     StartWithPanel();
     environment.Set("KR4_DA_FOR_CGR", "1");
-    server->answer = std::string(kFuselage) + kForward;
+    server->record = std::string(kFuselage) + kForward;
     EXPECT_TRUE(CATOfferPick({PathToFuselage(), PathToForward()}));
     // "Fuselage" counts as the second record's first field, so its path count reads "A".
     EXPECT_THAT(Panel()->calls,
@@ -295,7 +287,7 @@ TEST_F(GroupCommand, PartNamesThatNobodyAskedForShiftTheRecordsBehindThem)
 TEST_F(GroupCommand, CountThatIsTooSmallLeavesNamesToTheNextRecord)
 {
     StartWithPanel();
-    server->answer = "0|FUS-110.1|FUS-110|B|1|FUS-100.1|FUS-000.1|Firewall|1|FUS-000.1|FUS-000|A|";
+    server->record = "0|FUS-110.1|FUS-110|B|1|FUS-100.1|FUS-000.1|Firewall|1|FUS-000.1|FUS-000|A|";
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     // "FUS-000.1" is taken for the first part's name, "Firewall" for the second record's beginning.
     EXPECT_THAT(Panel()->calls, ElementsAre("FUS-110.1, FUS-110, B, FUS-100.1, 1, FUS-000.1",
@@ -305,7 +297,7 @@ TEST_F(GroupCommand, CountThatIsTooSmallLeavesNamesToTheNextRecord)
 TEST_F(GroupCommand, CountThatIsTooLargeTakesNamesFromTheNextRecord)
 {
     StartWithPanel();
-    server->answer = "0|FUS-100.1|FUS-100|A|3|FUS-000.1|Forward section|1|FUS-000.1|FUS-000|A|0|";
+    server->record = "0|FUS-100.1|FUS-100|A|3|FUS-000.1|Forward section|1|FUS-000.1|FUS-000|A|0|";
     EXPECT_TRUE(CATOfferPick({PathToForward(), PathToFuselage()}));
     // The path takes the part's name and the next record's "1", the part's name the next instance.
     EXPECT_THAT(Panel()->calls,
@@ -316,7 +308,7 @@ TEST_F(GroupCommand, CountThatIsTooLargeTakesNamesFromTheNextRecord)
 TEST_F(GroupCommand, AnswerThatIsShorterThanItsCountGivesEmptyFields)
 {
     StartWithPanel();
-    server->answer = "0|FUS-110.1|FUS-110|B|2|FUS-100.1";
+    server->record = "0|FUS-110.1|FUS-110|B|2|FUS-100.1";
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_THAT(Panel()->calls,
                 ElementsAre("FUS-110.1, FUS-110, B, FUS-100.1|, 2, ", ", , , , 0, "));
@@ -325,7 +317,7 @@ TEST_F(GroupCommand, AnswerThatIsShorterThanItsCountGivesEmptyFields)
 TEST_F(GroupCommand, UnreadableCountIsZero)
 {
     StartWithPanel();
-    server->answer = "0|FUS-110.1|FUS-110|B|two|Firewall|";
+    server->record = "0|FUS-110.1|FUS-110|B|two|Firewall|";
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     EXPECT_THAT(Panel()->calls, ElementsAre("FUS-110.1, FUS-110, B, , 0, Firewall"));
 }

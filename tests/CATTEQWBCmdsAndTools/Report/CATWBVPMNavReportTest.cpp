@@ -1,19 +1,7 @@
 #include "CATWBVPMNavReport.h"
 
-#include "../../System/TestEnvironment.h"
-#include "RecordServer.h"
-#include "TemporaryDirectory.h"
+#include "../NavigatorCommandTests.h"
 #include "Toolkit.h"
-#include "VirtualSlots.h"
-
-#include "CATWBVPMNavGUITable.h"
-
-#include "CATApplicationFrame.h"
-#include "CATDlgNotify.h"
-#include "CATMsgCatalog.h"
-#include "CATSession.h"
-
-#include <memory>
 
 namespace
 {
@@ -23,33 +11,16 @@ using testing::IsEmpty;
 
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
-/// A panel that remembers what it was given.
-class FakeReportPanel : public CATWBVPMNavReportPanel
+class FakeReportPanel : public PanelDouble<CATWBVPMNavReportPanel>
 {
 public:
-    explicit FakeReportPanel(CATCommand* parent) : CATWBVPMNavReportPanel(parent)
-    {
-        if (s_hasCloseButton) {
-            m_close = new CATDlgPushButton(this, "CloseButton");
-        }
-        s_made.push_back(this);
-    }
-    ~FakeReportPanel() override { std::erase(s_made, this); }
+    using PanelDouble::PanelDouble;
 
-    void Build() override
-    {
-        if (s_cannotBeBuilt) {
-            CATRaiseFatalError("a control is missing", "panel", 1);
-        }
-        calls.emplace_back(IsVisible() ? "built too late" : "built");
-    }
     bool IsInstanceInputActive() const override { return instancesWanted > 0; }
     void SetWMMInstance(CATUnicodeString instance, CATUnicodeString part, CATUnicodeString version,
                         CATUnicodeString path, int count) override
     {
-        calls.push_back((instance + ", " + part + ", " + version + ", " + path + ", " +
-                         CATUnicodeString::FromInt(count))
-                            .ToStdString());
+        calls.push_back(InstanceText(instance, part, version, path, count));
         --instancesWanted;
     }
     CATDlgPushButton* GetCloseButton() override { return m_close; }
@@ -59,158 +30,39 @@ public:
         return new FakeReportPanel(parent);
     }
 
-    std::vector<std::string> calls;
     int instancesWanted = 100; ///< after so many the panel takes no more
-    static inline bool s_hasCloseButton = true;
-    static inline bool s_cannotBeBuilt = false;
-    static inline std::vector<FakeReportPanel*> s_made;
 
 private:
-    CATDlgPushButton* m_close = nullptr;
+    CATDlgPushButton* m_close = MakeButton("CloseButton");
 };
 
-class ReportCommand : public testing::Test
+class ReportCommand : public NavigatorSession<CATWBVPMNavReport, FakeReportPanel>
 {
+public:
+    static constexpr const char* kName = "CATWBVPMNavReport";
+    static constexpr NavigatorPrompts kPrompts{
+        kName, "Select the instances that the report shall hold",
+        "Wählen Sie die Instanzen für den Bericht", "Select a Part in VPM Navigator"};
+
 protected:
-    ReportCommand()
-    {
-        CATSetServerCaller(server);
-        CATWBVPMNavGUITable table;
-        table.createReportPanel = FakeReportPanel::Create;
-        CATWBVPMNavGUISetTable(table);
-        CATDlgNotify::SetAnswerer([](const CATDlgNotify::Shown& box) -> std::optional<int> {
-            ADD_FAILURE() << "the command shows no boxes of its own: " << box.text.Text();
-            return 1;
-        });
-        frame = std::make_unique<CATApplicationFrame>(
-            new CATDlgDialog(&CATSession::Root(), "MainWindow", 0));
-        OpenAeroplane();
-    }
+    ReportCommand() : NavigatorSession(fctCreateCATWBVPMNavReport, Panels()) {}
     ~ReportCommand() override
     {
-        CATSession::Close();
-        frame.reset();
-        CATNavigator::Close();
-        CATDlgNotify::SetAnswerer({});
-        CATWBVPMNavGUISetTable({});
-        CATSetServerCaller(nullptr);
-        FakeReportPanel::s_hasCloseButton = true;
-        FakeReportPanel::s_cannotBeBuilt = false;
+        EXPECT_THAT(boxes, testing::IsEmpty()) << "the command shows no boxes of its own";
     }
 
-    void Make()
+private:
+    static CATWBVPMNavGUITable Panels()
     {
-        command = dynamic_cast<CATWBVPMNavReport*>(fctCreateCATWBVPMNavReport());
-        ASSERT_NE(command, nullptr);
+        CATWBVPMNavGUITable panels;
+        panels.createReportPanel = FakeReportPanel::Create;
+        return panels;
     }
-    void Start()
-    {
-        Make();
-        ASSERT_TRUE(CATSession::Start(command));
-        agent = command->CurrentState()->Agents().front();
-    }
-    static FakeReportPanel* Panel()
-    {
-        return FakeReportPanel::s_made.empty() ? nullptr : FakeReportPanel::s_made.back();
-    }
-    /// What the panel was given since it was built.
-    static std::vector<std::string> Given()
-    {
-        const std::vector<std::string>& calls = Panel()->calls;
-        return {calls.begin() + 1, calls.end()};
-    }
-    void ExpectWaitsAgain()
-    {
-        EXPECT_TRUE(command->IsWaiting());
-        EXPECT_FALSE(agent.Get()->IsOutputSet());
-        EXPECT_FALSE(command->IsDestructionRequested());
-    }
-    void ExpectEnds()
-    {
-        const CATCommandWatch<CATWBVPMNavReport> ending(command);
-        CATSession::RunDelayedDestructions();
-        EXPECT_EQ(ending.Get(), nullptr);
-        EXPECT_EQ(agent.Get(), nullptr);
-        EXPECT_EQ(Panel(), nullptr);
-        EXPECT_EQ(CATSession::RunningCommand(), nullptr);
-        EXPECT_EQ(CATSession::PendingDestructions(), 0);
-    }
-
-    std::shared_ptr<RecordServer> server = std::make_shared<RecordServer>();
-    TestEnvironment environment;
-    DiagnosticCapture output{CATDiagnosticOutput()};
-    DiagnosticCapture errors{CATDiagnosticErrors()};
-    std::unique_ptr<CATApplicationFrame> frame;
-    CATWBVPMNavReport* command = nullptr;
-    CATCommandWatch<CATDialogAgent> agent; // of the command that was started
 };
 
 } // namespace
 
-// The command itself
-
-TEST_F(ReportCommand, IsMadeByItsFactoryUnderItsName)
-{
-    Make();
-    EXPECT_EQ(command->Name(), "CATWBVPMNavReport");
-    EXPECT_STREQ(command->ClassName(), "CATWBVPMNavReport");
-    EXPECT_EQ(command->Mode(), CATCommandMode::Exclusive);
-    CATSession::Start(command);
-}
-
-TEST_F(ReportCommand, HasItsOwnCatalogAtLevelZeroAndBelowAndTheAgentsAbove)
-{
-    Start();
-    const CATCommand* base = command;
-    EXPECT_EQ(base->GetResourceFilename(0), "CATWBVPMNavReport");
-    EXPECT_EQ(base->GetResourceFilename(-1), "CATWBVPMNavReport");
-    EXPECT_EQ(base->GetResourceFilename(1), "");
-    EXPECT_EQ(base->GetResourceFilename(2), "");
-}
-
-TEST_F(ReportCommand, PromptsForInstances)
-{
-    Start();
-    EXPECT_EQ(frame->Prompt(), "Select the instances that the report shall hold");
-}
-
-TEST_F(ReportCommand, PromptsInGermanToo)
-{
-    CATMsgCatalog::SetLanguage("de");
-    Start();
-    EXPECT_EQ(frame->Prompt(), "Wählen Sie die Instanzen für den Bericht");
-    CATMsgCatalog::SetLanguage("en");
-}
-
-TEST_F(ReportCommand, PromptsWithItsOwnTextWhereTheCatalogLacksIt)
-{
-    const TemporaryDirectory resources;
-    resources.Write("catalogs/CATWBVPMNavReport.toml", "Other = \"another text\"\n");
-    environment.Set("WB_RESOURCE_PATH", resources.Path());
-    CATMsgCatalog::SetLanguage("en"); // reads the catalogs anew
-    Start();
-    EXPECT_EQ(frame->Prompt(), "Select a Part in VPM Navigator");
-    environment.Unset("WB_RESOURCE_PATH");
-    CATMsgCatalog::SetLanguage("en");
-}
-
-TEST_F(ReportCommand, WaitsWithOneAgentOfTheNavigatorThatTakesSets)
-{
-    Start();
-    ASSERT_EQ(command->CurrentState()->Agents().size(), 1U);
-    EXPECT_STREQ(agent.Get()->ClassName(), "CATImmIdentifierAcquisitionAgent");
-    EXPECT_EQ(agent.Get()->Behaviour(), 0x40a40010);
-}
-
-TEST_F(ReportCommand, AddsNoVirtualOperationToTheStateCommand)
-{
-    EXPECT_EQ(SlotOf(&SlotProbe<CATWBVPMNavReport>::Added),
-              SlotOf(&SlotProbe<CATStateCommand>::Added));
-    EXPECT_EQ(SlotOf(&CATWBVPMNavReport::Activate), SlotOf(&CATCommand::Activate));
-    EXPECT_EQ(SlotOf(&CATWBVPMNavReport::Desactivate), SlotOf(&CATCommand::Activate) + 1);
-    EXPECT_EQ(SlotOf(&CATWBVPMNavReport::Cancel), SlotOf(&CATCommand::Activate) + 2);
-    EXPECT_EQ(SlotOf(&CATWBVPMNavReport::GetResourceFilename), SlotOf(&CATCommand::Activate) + 3);
-}
+INSTANTIATE_TYPED_TEST_SUITE_P(Report, NavigatorCommand, ReportCommand);
 
 // The panel
 
@@ -230,7 +82,6 @@ TEST_F(ReportCommand, ClosingThePanelsWindowEndsTheCommandAndThePanel)
 {
     Start();
     Panel()->Send(CATDlgDialog::WindowClosed);
-    EXPECT_TRUE(command->IsDestructionRequested());
     ExpectEnds();
 }
 
@@ -238,23 +89,7 @@ TEST_F(ReportCommand, CloseButtonOfThePanelEndsTheCommandAndThePanel)
 {
     Start();
     Panel()->GetCloseButton()->Send(CATDlgPushButton::Activated);
-    EXPECT_TRUE(command->IsDestructionRequested());
     ExpectEnds();
-}
-
-TEST_F(ReportCommand, CancelledCommandTakesItsPanelAndItsAgentAlong)
-{
-    Start();
-    CATSession::CancelRunningCommand();
-    EXPECT_TRUE(command->IsDestructionRequested());
-    ExpectEnds();
-}
-
-TEST_F(ReportCommand, CancelAsksForDestructionAndSaysDone)
-{
-    Start();
-    EXPECT_EQ(command->Cancel(nullptr, nullptr), S_OK);
-    EXPECT_TRUE(command->IsDestructionRequested());
 }
 
 TEST_F(ReportCommand, StartedAgainReplacesTheOneBeforeAndItsPanel)
@@ -265,7 +100,7 @@ TEST_F(ReportCommand, StartedAgainReplacesTheOneBeforeAndItsPanel)
     CATSession::RunDelayedDestructions();
     ASSERT_EQ(FakeReportPanel::s_made.size(), 1U);
     EXPECT_NE(Panel(), first);
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(Given(), ElementsAre("FUS-000.1, FUS-000, A, , 0"));
 }
@@ -301,7 +136,7 @@ TEST_F(ReportCommand, PanelThatIsGoneGetsNothingMore)
     Panel()->RequestDelayedDestruction();
     CATSession::RunDelayedDestructions();
     ASSERT_EQ(Panel(), nullptr);
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_EQ(server->calls.size(), 1U);
     ExpectWaitsAgain();
@@ -316,7 +151,7 @@ TEST_F(ReportCommand, SessionThatEndsFirstTakesThePanelFromUnderTheCommand)
 
 TEST_F(ReportCommand, PanelWithoutACloseButtonEndsTheCommandByItsWindow)
 {
-    FakeReportPanel::s_hasCloseButton = false;
+    FakeReportPanel::s_hasButtons = false;
     Start();
     Panel()->Send(CATDlgDialog::WindowClosed);
     ExpectEnds();
@@ -327,7 +162,7 @@ TEST_F(ReportCommand, WithoutAPanelsLibraryPicksAreAskedAboutAndDropped)
     CATWBVPMNavGUISetTable({});
     Start();
     EXPECT_EQ(Panel(), nullptr);
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_EQ(server->calls.size(), 1U);
     ExpectWaitsAgain();
@@ -348,7 +183,7 @@ TEST_F(ReportCommand, WithoutAMainWindowThereIsNoPanel)
 
 TEST_F(ReportCommand, PickedInstanceGoesIntoThePanel)
 {
-    server->answer = kFirewall;
+    server->record = kFirewall;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
     EXPECT_THAT(server->calls, ElementsAre("ENOVIA5_GetObjectIdentifier of "
@@ -363,7 +198,7 @@ TEST_F(ReportCommand, PickedInstanceGoesIntoThePanel)
 
 TEST_F(ReportCommand, InstancesPickedTogetherGoIntoThePanelInPickOrder)
 {
-    server->answer = std::string(kFirewall) + kFuselage;
+    server->record = std::string(kFirewall) + kFuselage;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_EQ(server->calls.size(), 1U);
@@ -374,11 +209,11 @@ TEST_F(ReportCommand, InstancesPickedTogetherGoIntoThePanelInPickOrder)
 TEST_F(ReportCommand, EveryFurtherPickSendsItsOwnRecords)
 {
     Start();
-    server->answer = kForward;
+    server->record = kForward;
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
-    server->answer = kFirewall;
+    server->record = kFirewall;
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
-    server->answer = kForward; // the same again: the panel decides what that means
+    server->record = kForward; // the same again: the panel decides what that means
     EXPECT_TRUE(CATOfferPick({PathToForward()}));
     EXPECT_THAT(Given(), ElementsAre("FUS-100.1, FUS-100, A, FUS-000.1, 1",
                                      "FUS-110.1, FUS-110, B, FUS-100.1|FUS-000.1, 2",
@@ -388,7 +223,7 @@ TEST_F(ReportCommand, EveryFurtherPickSendsItsOwnRecords)
 
 TEST_F(ReportCommand, PanelThatTakesNoInstancesGetsNothingButTheServerIsAsked)
 {
-    server->answer = kFirewall;
+    server->record = kFirewall;
     Start();
     Panel()->instancesWanted = 0;
     EXPECT_TRUE(CATOfferPick({PathToFirewall()}));
@@ -401,7 +236,7 @@ TEST_F(ReportCommand, PanelThatTakesNoInstancesGetsNothingButTheServerIsAsked)
 
 TEST_F(ReportCommand, PanelThatHasEnoughAmidAPickGetsNoMoreOfIt)
 {
-    server->answer = std::string(kFuselage) + kForward + kFirewall;
+    server->record = std::string(kFuselage) + kForward + kFirewall;
     Start();
     Panel()->instancesWanted = 1;
     EXPECT_TRUE(CATOfferPick({PathToFuselage(), PathToForward(), PathToFirewall()}));
@@ -410,7 +245,7 @@ TEST_F(ReportCommand, PanelThatHasEnoughAmidAPickGetsNoMoreOfIt)
 
 TEST_F(ReportCommand, MixedPickGivesItsItemInstancesAlone)
 {
-    server->answer = std::string(kFirewall) + kFuselage;
+    server->record = std::string(kFirewall) + kFuselage;
     Start();
     EXPECT_TRUE(CATOfferPick({PathTo(CATNavigator::CurrentRoot()), PathToFirewall(),
                               PathToStranger({{"Type", "Note"}}), PathToFuselage()}));
@@ -421,7 +256,7 @@ TEST_F(ReportCommand, MixedPickGivesItsItemInstancesAlone)
 TEST_F(ReportCommand, PickWithoutPartNamesIsReadWithoutThem)
 {
     environment.Set("KR4_DA_FOR_CGR", "1");
-    server->answer = "0|FUS-110.1|FUS-110|B|2|FUS-100.1|FUS-000.1|1|FUS-000.1|FUS-000|A|0|";
+    server->record = "0|FUS-110.1|FUS-110|B|2|FUS-100.1|FUS-000.1|1|FUS-000.1|FUS-000|A|0|";
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFirewall(), PathToFuselage()}));
     EXPECT_THAT(Given(), ElementsAre("FUS-110.1, FUS-110, B, FUS-100.1|FUS-000.1, 2",
@@ -431,7 +266,7 @@ TEST_F(ReportCommand, PickWithoutPartNamesIsReadWithoutThem)
 TEST_F(ReportCommand, PartNamesThatNobodyAskedForShiftTheRecordsBehindThem)
 {
     environment.Set("KR4_DA_FOR_CGR", "1");
-    server->answer = std::string(kFuselage) + kForward;
+    server->record = std::string(kFuselage) + kForward;
     Start();
     EXPECT_TRUE(CATOfferPick({PathToFuselage(), PathToForward()}));
     // "Fuselage" counts as the second record's first field, so its path count reads "A".
@@ -452,12 +287,12 @@ TEST_F(ReportCommand, RootWithoutAnIdentifierMakesEveryPickANoOp)
 
 TEST_F(ReportCommand, FailedServiceLeavesThePanelAsItWas)
 {
-    server->answer.reset();
+    server->record.reset();
     Start();
     EXPECT_FALSE(CATOfferPick({PathToFuselage()}));
     EXPECT_THAT(Given(), IsEmpty());
     ExpectWaitsAgain();
-    server->answer = kFuselage;
+    server->record = kFuselage;
     EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
     EXPECT_EQ(Given().size(), 1U);
 }

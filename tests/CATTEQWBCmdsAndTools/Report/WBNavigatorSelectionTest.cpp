@@ -1,7 +1,9 @@
 #include "WBNavigatorSelection.h"
 
 #include "../../System/TestEnvironment.h"
-#include "RecordServer.h"
+#include "../AeroplanePicks.h"
+#include "../CommandServer.h"
+#include "../ModuleSession.h"
 
 #include "CATImmIdentifierAcquisitionAgent.h"
 #include "CATWBVPMNavFilterPanel.h"
@@ -41,7 +43,7 @@ protected:
     /// What is handed on of the answer when `picks` instances were picked.
     std::vector<WBNavigatorRecord> RecordsOf(const std::string& answer, int picks = 1)
     {
-        m_server->answer = answer;
+        m_server->record = answer;
         const std::vector<CATPathElement_var> picked{PathToFuselage(), PathToForward(),
                                                      PathToFirewall()};
         WBNavigatorSelection selection(WBNavigatorCommand::Report);
@@ -58,7 +60,7 @@ protected:
         return records;
     }
 
-    std::shared_ptr<RecordServer> m_server = std::make_shared<RecordServer>();
+    std::shared_ptr<CommandServer> m_server = std::make_shared<CommandServer>();
     CATImmIdentifierAcquisitionAgent m_agent;
     TestEnvironment m_environment;
     DiagnosticCapture m_output{CATDiagnosticOutput()};
@@ -129,7 +131,7 @@ TEST_F(NavigatorSelection, ReportAndGroupTellEachEntryAndTheRoot)
 
 TEST_F(NavigatorSelection, DefineFilterTellsDepthsSkippedObjectsAndTheTexts)
 {
-    m_server->answer = kFirewall;
+    m_server->record = kFirewall;
     WBNavigatorSelection selection(WBNavigatorCommand::DefineFilter);
     Ask(selection, MixedPick());
     EXPECT_THAT(
@@ -172,7 +174,7 @@ TEST_F(NavigatorSelection, TypeMustBeExactlyThatOfAnItemInstance)
 
 TEST_F(NavigatorSelection, AgentIsReadyForTheNextPickAtOnce)
 {
-    m_server->answer.reset(); // also where nothing comes of it
+    m_server->record.reset(); // also where nothing comes of it
     bool isReady = false;
     m_server->onCall = [this, &isReady] { // before the server answers
         isReady = !m_agent.IsOutputSet() && m_agent.GetListOfValues().empty();
@@ -334,7 +336,7 @@ TEST_F(NavigatorSelection, RecordsComeInPickOrder)
 
 TEST_F(NavigatorSelection, EachRecordBelongsToAnObjectThatTheServiceKnows)
 {
-    m_server->answer = std::string(kFuselage) + kFirewall;
+    m_server->record = std::string(kFuselage) + kFirewall;
     m_server->unknown = "LA1|FUS-000.1|FUS-100.1";
     WBNavigatorSelection selection(WBNavigatorCommand::Report);
     Ask(selection, {PathToFuselage(), PathToForward(), PathToFirewall()});
@@ -346,11 +348,11 @@ TEST_F(NavigatorSelection, EachRecordBelongsToAnObjectThatTheServiceKnows)
 TEST_F(NavigatorSelection, FailedServiceFailsThePickAndLeavesNoRecords)
 {
     for (const WBNavigatorCommand command : kEveryCommand) {
-        m_server->answer = kFuselage;
+        m_server->record = kFuselage;
         WBNavigatorSelection selection(command);
         EXPECT_TRUE(Ask(selection, {PathToFuselage()}));
         EXPECT_EQ(RecordsOf(selection).size(), 1U);
-        m_server->answer.reset();
+        m_server->record.reset();
         EXPECT_FALSE(Ask(selection, {PathToFuselage()}));
         EXPECT_THAT(RecordsOf(selection), IsEmpty());
     }
@@ -378,7 +380,7 @@ TEST_F(NavigatorSelection, AnswerOfAFailedServiceIsNotRead)
 
 TEST_F(NavigatorSelection, ConsumerEndsTheHandingOn)
 {
-    m_server->answer = std::string(kFuselage) + kForward + kFirewall;
+    m_server->record = std::string(kFuselage) + kForward + kFirewall;
     WBNavigatorSelection selection(WBNavigatorCommand::Group);
     Ask(selection, {PathToFuselage(), PathToForward(), PathToFirewall()});
     std::vector<std::string> parts;

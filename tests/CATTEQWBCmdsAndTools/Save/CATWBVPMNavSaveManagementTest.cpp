@@ -1,25 +1,16 @@
 #include "CATWBVPMNavSaveManagement.h"
 
-#include "../../System/TestEnvironment.h"
-#include "../ModuleSession.h"
+#include "../CommandSession.h"
 #include "ResourceKeys.h"
-#include "TemporaryDirectory.h"
 #include "Toolkit.h"
 #include "VirtualSlots.h"
 
-#include "CATApplicationFrame.h"
 #include "CATCommandWatch.h"
 #include "CATDlgApplication.h"
 #include "CATDlgControls.h"
-#include "CATDlgNotify.h"
-#include "CATMsgCatalog.h"
-#include "CATServerCaller.h"
-#include "CATSession.h"
 
 #include <QAbstractButton>
 #include <QGridLayout>
-
-#include <memory>
 
 namespace
 {
@@ -29,59 +20,9 @@ using testing::IsEmpty;
 
 const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
-/// Gives the answer that a test sets, and writes down what it was asked.
-class ChangesServer : public CATServerCaller
-{
-public:
-    std::string CallMethod(std::string_view method, std::string_view request,
-                           CATServerCallState&) override
-    {
-        calls.push_back(std::string(method) + ": " + std::string(request));
-        return answer;
-    }
-    std::optional<std::string> CallObjectService(std::string_view, std::vector<std::string>&,
-                                                 std::string_view, bool,
-                                                 CATServerCallState&) override
-    {
-        calls.emplace_back("unexpected service");
-        return std::nullopt;
-    }
-
-    std::string answer;
-    std::vector<std::string> calls;
-};
-
-struct Box
-{
-    std::string title;
-    std::string text;
-    int style;
-    bool blocking;
-};
-
-class SaveCommand : public testing::Test
+class SaveCommand : public CommandSession
 {
 protected:
-    SaveCommand()
-    {
-        CATSetServerCaller(server);
-        CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) -> std::optional<int> {
-            boxes.push_back(
-                {box.title.ToStdString(), box.text.ToStdString(), box.style, box.blocking});
-            return 1;
-        });
-        frame = std::make_unique<CATApplicationFrame>(
-            new CATDlgDialog(&CATSession::Root(), "MainWindow", 0));
-    }
-    ~SaveCommand() override
-    {
-        CATSession::Close();
-        frame.reset();
-        CATDlgNotify::SetAnswerer({});
-        CATSetServerCaller(nullptr);
-        CATMsgCatalog::SetLanguage("en");
-    }
-
     void Make()
     {
         command = dynamic_cast<CATWBVPMNavSaveManagement*>(fctCreateCATWBVPMNavSaveManagement());
@@ -128,12 +69,6 @@ protected:
         EXPECT_EQ(CATSession::PendingDestructions(), 0);
     }
 
-    std::shared_ptr<ChangesServer> server = std::make_shared<ChangesServer>();
-    TestEnvironment environment;
-    DiagnosticCapture output{CATDiagnosticOutput()};
-    DiagnosticCapture errors{CATDiagnosticErrors()};
-    std::unique_ptr<CATApplicationFrame> frame;
-    std::vector<Box> boxes;
     CATWBVPMNavSaveManagement* command = nullptr;
     CATCommandWatch<CATWBVPMNavSaveManagement> watch;
 
@@ -476,10 +411,7 @@ TEST_F(SaveCommand, StaysOpenAfterEitherButton)
 
 TEST_F(SaveCommand, EveryOutcomeHasADefaultTextWhereTheCatalogLacksIt)
 {
-    const TemporaryDirectory resources;
-    resources.Write("catalogs/CATWBVPMNavSaveManagement.toml", "Other = \"another text\"\n");
-    environment.Set("WB_RESOURCE_PATH", resources.Path());
-    CATMsgCatalog::SetLanguage("en"); // reads the catalogs anew
+    LoseTextsOf("CATWBVPMNavSaveManagement");
     Start();
     EXPECT_EQ(Told(kSave, "Save|OK"), "All changes were saved.");
     EXPECT_EQ(boxes.front().title, "Changes");
@@ -490,6 +422,4 @@ TEST_F(SaveCommand, EveryOutcomeHasADefaultTextWhereTheCatalogLacksIt)
     EXPECT_EQ(Told(kDiscard, "Save|FALSE"),
               "The changes could not be discarded. All of them are still pending.");
     EXPECT_EQ(Told(kDiscard, ""), "The server did not say whether the changes were discarded.");
-    environment.Unset("WB_RESOURCE_PATH");
-    CATMsgCatalog::SetLanguage("en");
 }
