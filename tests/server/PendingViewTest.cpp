@@ -228,6 +228,30 @@ TEST_F(PendingViews, WhatIsPutSavedAndGivenUpUnderAViewIsSeenAtOnce)
     EXPECT_EQ(view.Number(), 0);
 }
 
+TEST_F(PendingViews, UsesBelowAPartAreReadTogetherAsOneByOne)
+{
+    Import("parent,instance,part,values_on,mass_type,mass [kg]\n,,R,,,\n"
+           "R,a,P,instance,Estimated,3\n");
+    m_ann->PutPending("ann", {OfUse("R", "right", {"Supplier", "mass"}, "11", "12")});
+    const PendingView view(*m_ann, "ann");
+    const auto uses = m_ann->ReadUsesBelow(Part("R"));
+    ASSERT_EQ(uses.size(), 3U);
+    EXPECT_EQ(uses[0].use.instance, "left");
+    EXPECT_EQ(uses[1].use.instance, "right");
+    EXPECT_EQ(uses[2].use.instance, "a") << "in the order they were stored, not by name";
+    EXPECT_THAT(uses[0].use.sets, IsEmpty());
+    EXPECT_EQ(QuantityText(uses[1].use, {"Supplier", "mass"}), "12");
+    EXPECT_EQ(QuantityText(uses[1].use, m_place), "port");
+    EXPECT_EQ(QuantityText(uses[2].use, {"Estimated", "mass"}), "3");
+    for (const StoredUse& use : uses) {
+        const StoredUse single = m_ann->ReadUse(use.id);
+        EXPECT_EQ(use.parent, single.parent);
+        EXPECT_EQ(use.part, single.part);
+        EXPECT_EQ(use.use.instance, single.use.instance);
+    }
+    EXPECT_THAT(m_ann->ReadUsesBelow(Part("P")), IsEmpty());
+}
+
 TEST_F(PendingViews, ChangesOfOthersAreNotSeenUnderAView)
 {
     const PendingView view(*m_ann, "bob");

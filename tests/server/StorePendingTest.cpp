@@ -223,6 +223,26 @@ TEST_F(StorePending, ChangesOfAnOwnerAreToldNewestFirst)
                 testing::MatchesRegex("....-..-.. ..:..:.."));
 }
 
+TEST_F(StorePending, ThoseOfOneOwnerAreTheSameAsAmongAll)
+{
+    m_ann->PutPending("ann", {OfPart("P", m_mass, "4", "6"), OfPart("Q", m_density, "2700", "1"),
+                              OfUse("ASM", "p", m_density, "", "3"),
+                              OfPart("P", m_vendor, "Smith", "Miller")});
+    m_bob->PutPending("bob", {OfPart("P", m_mass, "4", "9")});
+    m_bob->SavePending("bob");
+    const auto ofP = m_ann->PendingChangesOf("ann", OwnerKind::Part, Part("P"));
+    ASSERT_THAT(ofP, SizeIs(2));
+    EXPECT_EQ(ofP[0].quantity, m_mass);
+    EXPECT_TRUE(ofP[0].conflicts);
+    EXPECT_EQ(ofP[0].stored, "9");
+    EXPECT_EQ(ofP[0].by, "bob");
+    EXPECT_EQ(ofP[1].quantity, m_vendor);
+    EXPECT_FALSE(ofP[1].conflicts);
+    EXPECT_THAT(m_ann->PendingChangesOf("ann", OwnerKind::Use, Use("ASM", "p")), SizeIs(1));
+    EXPECT_THAT(m_ann->PendingChangesOf("ann", OwnerKind::Part, Part("ASM")), IsEmpty());
+    EXPECT_THAT(m_ann->PendingChangesOf("bob", OwnerKind::Part, Part("P")), IsEmpty());
+}
+
 TEST_F(StorePending, AbortGivesUpThoseOfTheUserAlone)
 {
     m_ann->PutPending("ann", {OfPart("P", m_mass, "4", "6"), OfPart("Q", m_density, "2700", "1")});

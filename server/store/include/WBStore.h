@@ -237,6 +237,8 @@ public:
     /// Everything that was stated about a part or a use.
     StoredPart ReadPart(RowId part) const;
     StoredUse ReadUse(RowId use) const;
+    /// ReadUse of all uses below a part, in the order they were stored, in far less time.
+    std::vector<StoredUse> ReadUsesBelow(RowId part) const;
     /// The names of all properties of parts and uses, each once, by name.
     std::vector<std::string> PropertyNames() const;
     /// Calls take for every property of every use of the database, those of one use together and

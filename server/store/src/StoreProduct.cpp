@@ -38,18 +38,6 @@ private:
     const std::function<bool(double)>& m_goOn;
     double m_all = 1.0;
 };
-
-/// The uses below a part, in the order they were stored.
-std::vector<RowId> UseIdsOf(Database& database, RowId part)
-{
-    std::vector<RowId> ids;
-    Statement& rows = database.Kept("SELECT id FROM use WHERE parent = ? ORDER BY id");
-    rows.Bind(part);
-    while (rows.Step()) {
-        ids.push_back(rows.Integer());
-    }
-    return ids;
-}
 } // namespace
 
 StoreMoment::StoreMoment(const Store& store)
@@ -88,15 +76,14 @@ ReadProductRows Store::ReadRows(RowId root, const std::function<bool(double)>& g
         const Part& part = product.parts.emplace_back(ReadPart(ids[parent]).part);
         rows.changeNumbers.push_back(ChangeNumber(ids[parent]));
         materials.insert(part.material);
-        for (const RowId id : UseIdsOf(*m_database, ids[parent])) {
+        for (StoredUse& stored : ReadUsesBelow(ids[parent])) {
             watch.Look(product.parts.size() + product.uses.size());
-            StoredUse stored = ReadUse(id);
             const auto [child, isNew] =
                 positions.emplace(stored.part, static_cast<std::uint32_t>(ids.size()));
             if (isNew) {
                 ids.push_back(stored.part);
             }
-            rows.uses.push_back(id);
+            rows.uses.push_back(stored.id);
             Use& use = product.uses.emplace_back(std::move(stored.use));
             use.parent = parent;
             use.part = child->second;

@@ -3,6 +3,9 @@
 #include "Schema.h"
 #include "WBStore.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace wb
 {
 namespace
@@ -103,6 +106,64 @@ std::vector<Property> ReadProperties(Database& database, const char* owner, RowI
 std::string LastImposedColumn(Database& database)
 {
     return HasCurrentTables(database) ? "last_imposed" : "active";
+}
+
+/// The columns of a StoredUse but for its sets and properties; u is the use.
+std::string UseColumns(Database& database)
+{
+    return "u.id, parent, part, instance, quantity, stated, rotation, x, y, z, u.density, "
+           "u.surface_density, m.name, t.name, i.name, note, u.typed, EXISTS (SELECT 1 FROM "
+           "use_value WHERE owner = u.id), EXISTS (SELECT 1 FROM use_property WHERE owner = u.id) "
+           "FROM use u LEFT JOIN material m ON m.id = u.material LEFT JOIN mass_type t ON t.id = "
+           "u.active LEFT JOIN mass_type i ON i.id = u." +
+           LastImposedColumn(database);
+}
+
+/// A row of those columns. Few uses have sets or properties of their own, so that the others are
+/// not asked for them.
+struct UseRow
+{
+    StoredUse stored;
+    bool hasSets = false;
+    bool hasProperties = false;
+};
+
+UseRow ReadUseRow(Statement& row)
+{
+    UseRow read;
+    StoredUse& stored = read.stored;
+    stored.id = row.Integer();
+    stored.parent = row.Integer();
+    stored.part = row.Integer();
+    Use& use = stored.use;
+    use.instance = row.Text();
+    use.quantity = static_cast<int>(row.Integer());
+    const std::int64_t stated = row.Integer();
+    use.positionStated = (stated & 1) != 0;
+    use.rotationStated = (stated & 2) != 0;
+    use.placement = ReadPlacement(row);
+    use.density = row.Number();
+    use.surfaceDensity = row.Number();
+    use.material = row.Text();
+    use.activeType = row.Text();
+    use.lastImposed = row.Text();
+    use.note = row.Text();
+    use.typed = row.Text();
+    read.hasSets = row.Integer() != 0;
+    read.hasProperties = row.Integer() != 0;
+    return read;
+}
+
+/// The use with what stands in tables of their own.
+StoredUse Completed(Database& database, UseRow&& row)
+{
+    if (row.hasSets) {
+        row.stored.use.sets = ReadSets(database, "use", row.stored.id);
+    }
+    if (row.hasProperties) {
+        row.stored.use.properties = ReadProperties(database, "use", row.stored.id);
+    }
+    return std::move(row.stored);
 }
 
 std::vector<DocumentRevision> ReadDocuments(Database& database, RowId id)
@@ -340,36 +401,31 @@ StoredPart Store::CommittedPart(RowId id) const
 
 StoredUse Store::CommittedUse(RowId id) const
 {
-    StoredUse stored;
-    Statement& row = m_database->Kept(
-        "SELECT u.id, parent, part, instance, quantity, stated, rotation, "
-        "x, y, z, u.density, u.surface_density, m.name, t.name, i.name, note, u.typed FROM use u "
-        "LEFT JOIN material m ON m.id = u.material LEFT JOIN mass_type t ON t.id = u.active "
-        "LEFT JOIN mass_type i ON i.id = u." +
-        LastImposedColumn(*m_database) + " WHERE u.id = ?");
-    row.Bind(id);
+    UseRow read;
+    Statement& row =
+        m_database->Kept("SELECT " + UseColumns(*m_database) + " WHERE u.id = ?").Bind(id);
     while (row.Step()) {
-        stored.id = row.Integer();
-        stored.parent = row.Integer();
-        stored.part = row.Integer();
-        Use& use = stored.use;
-        use.instance = row.Text();
-        use.quantity = static_cast<int>(row.Integer());
-        const std::int64_t stated = row.Integer();
-        use.positionStated = (stated & 1) != 0;
-        use.rotationStated = (stated & 2) != 0;
-        use.placement = ReadPlacement(row);
-        use.density = row.Number();
-        use.surfaceDensity = row.Number();
-        use.material = row.Text();
-        use.activeType = row.Text();
-        use.lastImposed = row.Text();
-        use.note = row.Text();
-        use.typed = row.Text();
+        read = ReadUseRow(row);
     }
-    stored.use.sets = ReadSets(*m_database, "use", id);
-    stored.use.properties = ReadProperties(*m_database, "use", id);
-    return stored;
+    return Completed(*m_database, std::move(read));
+}
+
+std::vector<StoredUse> Store::ReadUsesBelow(RowId part) const
+{
+    std::vector<UseRow> read;
+    Statement& rows =
+        m_database->Kept("SELECT " + UseColumns(*m_database) + " WHERE parent = ?")
+            .Bind(part);
+    while (rows.Step()) {
+        read.push_back(ReadUseRow(rows));
+    }
+    std::ranges::sort(read, {}, [](const UseRow& row) { return row.stored.id; });
+    std::vector<StoredUse> uses;
+    uses.reserve(read.size());
+    for (UseRow& row : read) {
+        uses.push_back(Seen(Completed(*m_database, std::move(row))));
+    }
+    return uses;
 }
 
 DensityCount Store::CountDensities(RowId part) const
