@@ -233,6 +233,6 @@ const RegisterBenchLine kInitial({"initial values of who changed a value / of wh
 const RegisterBenchLine kCompute({"compute with 1,000 changed values of one's own / with none",
                                   "EditComputeWithMany", "EditComputeWithNone", 2});
 const RegisterBenchLine kSave({"save 1,000 values / writing them with SQLite", "EditSaveMany",
-                               "EditSaveManyRows", 8});
+                               "EditSaveManyRows", 20});
 
 } // namespace
