@@ -258,7 +258,7 @@ CATUnicodeString WBPendingWords(const std::vector<WBPendingChange>& changes)
                ? all
                : all + " " +
                      WBPanelText("Pending.WordsConflicts",
-                                 "@None can be saved while /p1 conflict: type the value that is "
+                                 "@None can be saved while /p1 conflict.\nType the value that is "
                                  "right in its field and apply it, or discard your changes.",
                                  {CATUnicodeString::FromInt(static_cast<int>(conflicts))});
 }

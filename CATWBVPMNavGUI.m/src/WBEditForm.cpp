@@ -205,7 +205,7 @@ std::vector<CATUnicodeString> WBEditForm::Problems() const
     std::vector<CATUnicodeString> sentences;
     sentences.reserve(m_untaken.size());
     for (const Untaken& entry : m_untaken) {
-        sentences.push_back(entry.sentence);
+        sentences.push_back(m_edits->Name(entry.field) + ": " + entry.sentence);
     }
     return sentences;
 }

@@ -61,7 +61,8 @@ public:
     void TakeTyped();
     /// Whether something stands in a field that was not taken.
     bool HasUntaken() const;
-    /// What is wrong with it, a sentence each.
+    /// What is wrong with it, a sentence each behind the name of what it was typed for: that may be
+    /// another property or mass type than the one that is shown.
     std::vector<CATUnicodeString> Problems() const;
     /// Takes back the latest entry that could not be taken; false when there is none.
     bool TakeBackProblem();

@@ -22,8 +22,8 @@ constexpr std::array kWords{
     Words{&WBEditCounts::edits, "\u270e", "Edits.One", "@1 edit is not applied.", "Edits.Many",
           "@/p1 edits are not applied."},
     Words{&WBEditCounts::conflicts, "\u26a0", "Edits.Conflict",
-          "@1 change cannot be saved: somebody else saved that value first.", "Edits.Conflicts",
-          "@/p1 changes cannot be saved: somebody else saved these values first."},
+          "@1 change cannot be saved: see the page Changes.", "Edits.Conflicts",
+          "@/p1 changes cannot be saved: see the page Changes."},
     Words{&WBEditCounts::unsaved, "\u25cf", "Edits.UnsavedOne", "@1 change is not saved.",
           "Edits.UnsavedMany", "@/p1 changes are not saved."}};
 

@@ -1,5 +1,6 @@
 #include "WBEdits.h"
 
+#include "WBChanges.h"
 #include "WBEditFields.h"
 #include "WBEditSentences.h"
 #include "WBEditTexts.h"
@@ -34,6 +35,13 @@ CATUnicodeString OwnerOf(const WBPanelProperty& property)
 WBPieces StatedPieces(const WBStatedQuantity& quantity)
 {
     return WBPiecesOf(quantity.name, quantity.text);
+}
+
+/// As the server names it in lists of changes.
+CATUnicodeString FactOf(const WBStatedQuantity& quantity)
+{
+    return quantity.massType.IsEmpty() ? quantity.name
+                                       : "mass type " + quantity.massType + ", " + quantity.name;
 }
 
 CATUnicodeString OrNothing(const CATUnicodeString& text)
@@ -442,6 +450,36 @@ CATUnicodeString WBEdits::Tooltip(const WBEditField& field) const
         tooltip += tooltip.IsEmpty() || counts.IsEmpty() ? counts : " " + counts;
     }
     return tooltip;
+}
+
+CATUnicodeString WBEdits::Name(const WBEditField& field) const
+{
+    const WBStatedQuantity* quantity = StatedOf(field);
+    return quantity == nullptr ? CATUnicodeString() : WBFactText(FactOf(*quantity));
+}
+
+std::vector<CATUnicodeString> WBEdits::EditLines() const
+{
+    std::vector<CATUnicodeString> lines;
+    for (const auto& [place, pieces] : m_draft.edited) {
+        const WBStatedQuantity& quantity = m_stated.quantities[place];
+        lines.push_back(
+            WBEditText("Edit.Line", "@/p1 (/p2 → /p3)",
+                       {WBFactText(FactOf(quantity)), Listed(quantity, StatedPieces(quantity)),
+                        Listed(quantity, pieces)}));
+    }
+    return lines;
+}
+
+CATUnicodeString WBEdits::Listed(const WBStatedQuantity& quantity, const WBPieces& pieces) const
+{
+    if (!WBAreComplete(pieces)) {
+        return WBEditText("Edit.Incomplete", "@incomplete");
+    }
+    if (quantity.name.View().starts_with(kWBPropertyQuantity)) {
+        return WBOrDash(Shown({Kind::Property, {}, PositionOf(quantity)}, pieces));
+    }
+    return WBChangedText(FactOf(quantity), WBTextOf(pieces));
 }
 
 bool WBEdits::HasEdits() const

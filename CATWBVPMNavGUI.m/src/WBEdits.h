@@ -86,6 +86,11 @@ public:
     /// instead.
     CATUnicodeString Tooltip(const WBEditField& field) const;
 
+    /// What the field is about, as changes are listed: "Estimated: mass", "property Vendor".
+    CATUnicodeString Name(const WBEditField& field) const;
+    /// A line for each quantity that was edited: its name, what stands there and what shall.
+    std::vector<CATUnicodeString> EditLines() const;
+
     bool HasEdits() const;
     /// How many quantities were edited: a centre of gravity is one.
     int EditCount() const;
@@ -144,6 +149,7 @@ private:
     void GoTo(Draft draft);
     void WriteIntoRecord(std::size_t place);
     int PositionOf(const WBStatedQuantity& quantity) const;
+    CATUnicodeString Listed(const WBStatedQuantity& quantity, const WBPieces& pieces) const;
 
     CATWBAllDataBuffer& m_record;
     CATHandle<CATWBAllDataBuffer> m_original;

@@ -285,10 +285,9 @@ void WBFilterPanel::ShowCounting()
 {
     const WBDefinedFilter* counting = m_set.Counting();
     const bool isDamaged = counting == nullptr && m_set.counting != WBFilterSet::kNone;
-    m_counting->SetTitle(
-        counting != nullptr ? counting->name
-        : isDamaged ? WBFilterText("Damaged.Counts", "@No filter: the stored one cannot be read")
-                    : WBNoFilterText());
+    m_counting->SetTitle(counting != nullptr ? counting->name
+                         : isDamaged         ? WBUnreadableFilterText()
+                                             : WBNoFilterText());
     m_counting->SetRole(isDamaged ? CATDlgLabel::Role::Warning : CATDlgLabel::Role::Plain);
 }
 

@@ -17,6 +17,17 @@ namespace
 constexpr int kErrorStyle = 0x10000000;
 constexpr int kYes = 1;
 constexpr int kNo = 2;
+/// A question names so many edits.
+constexpr std::size_t kMostNamed = 5;
+
+CATUnicodeString Joined(const std::vector<CATUnicodeString>& lines)
+{
+    CATUnicodeString text;
+    for (const CATUnicodeString& line : lines) {
+        text += text.IsEmpty() ? line : "\n" + line;
+    }
+    return text;
+}
 
 /// "Apply|OK|n|"
 bool IsApplied(const CATUnicodeString& answer)
@@ -89,6 +100,8 @@ void WBPanelEditing::ShowBar()
 {
     const CATUnicodeString words = WBEditWords(Counts());
     m_words->SetTitle(words);
+    // They may stand on other pages, or belong to another mass type than the selected one.
+    m_words->SetTooltip(Joined(UnappliedLines()));
     // A text that is not there leaves its room to the other one.
     m_bar->SetColumnStretch(0, words.IsEmpty() ? 0 : 1);
     m_bar->SetColumnStretch(1, words.IsEmpty() || m_marks->IsVisible() ? 1 : 0);
@@ -112,12 +125,29 @@ WBEditCounts WBPanelEditing::Counts() const
     return counts;
 }
 
+std::vector<CATUnicodeString> WBPanelEditing::UnappliedLines() const
+{
+    std::vector<CATUnicodeString> lines = m_form.Problems();
+    if (m_edits != nullptr) {
+        const std::vector<CATUnicodeString> edits = m_edits->EditLines();
+        lines.insert(lines.end(), edits.begin(), edits.end());
+    }
+    return lines;
+}
+
 CATUnicodeString WBPanelEditing::UnappliedWords() const
 {
     const WBEditCounts counts = Counts();
-    const CATUnicodeString name = WBPanelText("Edits.Of", "@/p1: ", {WBOrDash(m_stated.partName)});
-    return name +
-           (counts.edits > 0 ? WBUnappliedWords(counts.edits) : WBEditWords({0, counts.problems}));
+    CATUnicodeString words = WBPanelText("Edits.Of", "@/p1: ", {WBOrDash(m_stated.partName)});
+    words += counts.edits > 0 ? WBUnappliedWords(counts.edits) : WBEditWords({0, counts.problems});
+    std::vector<CATUnicodeString> lines = UnappliedLines();
+    if (lines.size() > kMostNamed) {
+        const auto more = static_cast<int>(lines.size() - kMostNamed);
+        lines.resize(kMostNamed);
+        lines.push_back(
+            WBPanelText("Edits.More", "@and /p1 more", {CATUnicodeString::FromInt(more)}));
+    }
+    return words + "\n" + Joined(lines);
 }
 
 bool WBPanelEditing::HasUnapplied() const
@@ -159,10 +189,7 @@ bool WBPanelEditing::Apply()
 
 bool WBPanelEditing::IsComplete()
 {
-    CATUnicodeString problems;
-    for (const CATUnicodeString& sentence : m_form.Problems()) {
-        problems += problems.IsEmpty() ? sentence : "\n" + sentence;
-    }
+    const CATUnicodeString problems = Joined(m_form.Problems());
     if (!problems.IsEmpty()) {
         TellError(WBPanelText("EntryError.Title", "@An entry cannot be taken"),
                   WBPanelText("EntryError.Text",

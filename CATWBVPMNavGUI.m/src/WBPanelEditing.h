@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class CATDlgPushButton;
 class CATWBAllDataBuffer;
@@ -66,6 +67,8 @@ private:
     void Discard();
     void ShowBar();
     WBEditCounts Counts() const;
+    /// An entry or an edit each, entries first.
+    std::vector<CATUnicodeString> UnappliedLines() const;
     CATUnicodeString UnappliedWords() const;
 
     CATDialog& m_window;

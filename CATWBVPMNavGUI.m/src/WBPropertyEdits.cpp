@@ -1,5 +1,6 @@
 #include "WBPropertyEdits.h"
 
+#include "WBCriterion.h"
 #include "WBEditTexts.h"
 #include "WBPanelTexts.h"
 #include "WBPanelUnits.h"
@@ -37,13 +38,22 @@ std::optional<CATTime> DateOf(const CATUnicodeString& text, const CATUnicodeStri
     return status == S_OK ? std::optional(date) : std::nullopt;
 }
 
+/// "2026-11-21" and "21.11.2026", as criteria of groups take them too. A year of fewer than four
+/// digits is a slip.
+std::optional<CATTime> DateWithOtherSigns(const CATUnicodeString& text)
+{
+    if (text.Contains(Definitions::dateYMDFieldDelimiter1)) {
+        return std::nullopt; // what the record's format does not read may be meant otherwise
+    }
+    const CATUnicodeString date = WBReadTypedValue(text, kWBDate).value;
+    return date.View().starts_with('0') ? std::nullopt : DateOf(date, kTravellingDate);
+}
+
 WBTypedPiece ReadDate(const CATUnicodeString& text, const CATUnicodeString& format)
 {
     std::optional<CATTime> date = DateOf(text, format);
-    if (!date && !text.Contains(Definitions::dateYMDFieldDelimiter1)) {
-        CATUnicodeString travelling = text;
-        travelling.ReplaceAll("-", Definitions::dateYMDFieldDelimiter1);
-        date = DateOf(travelling, kTravellingDate);
+    if (!date) {
+        date = DateWithOtherSigns(text);
     }
     if (!date) {
         const CATTime example(2026, 7, 1);

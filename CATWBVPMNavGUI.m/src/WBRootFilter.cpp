@@ -47,7 +47,9 @@ CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier)
 {
     const CATUnicodeString filter = WBFilterOfRoot(rootIdentifier);
     if (filter == kWBNoFilter) {
-        return WBNoFilterText();
+        const CATUnicodeString stored = StoredFilter(rootIdentifier);
+        return stored.IsEmpty() || stored == kWBNoFilter ? WBNoFilterText()
+                                                         : WBUnreadableFilterText();
     }
     CATWBToken fields(filter);
     fields.NextView(); // the number of lines
@@ -57,6 +59,12 @@ CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier)
 CATUnicodeString WBNoFilterText()
 {
     return CATMsgCatalog::BuildMessage(kRepository, "NoFilter.Text", "@No filter");
+}
+
+CATUnicodeString WBUnreadableFilterText()
+{
+    return CATMsgCatalog::BuildMessage(kRepository, "Damaged.Counts",
+                                       "@No filter: the stored one cannot be read");
 }
 
 bool WBIsFilter(const CATUnicodeString& text)

@@ -11,10 +11,13 @@ inline constexpr const char* kWBNoFilter = "0|No Filter";
 
 /// As the server takes it.
 CATUnicodeString WBFilterOfRoot(const CATUnicodeString& rootIdentifier);
-/// As users read it: its name, or the catalog's text for no filter.
+/// As users read it: its name, or the catalog's text for no filter, or for one that cannot be read.
 CATUnicodeString WBShownFilterOfRoot(const CATUnicodeString& rootIdentifier);
 /// What users read where no filter is on.
 CATUnicodeString WBNoFilterText();
+/// What they read where the one that shall count is no filter, so that nobody takes the whole
+/// product for a part of it.
+CATUnicodeString WBUnreadableFilterText();
 
 /// Whether the text is a filter with at least one line, and nothing else: "n|name" and n lines of I
 /// or X, instance, part, version, a count and so many names.

@@ -130,5 +130,5 @@ TEST_F(WBChangesTest, WordsCountWhatWaits)
     EXPECT_EQ(WBPendingWords({good}), "1 of your changes is not saved.");
     EXPECT_EQ(WBPendingWords({good, good}), "2 of your changes are not saved.");
     EXPECT_THAT(WBPendingWords({good, bad}).ToStdString(),
-                testing::HasSubstr("None can be saved while 1 conflict"));
+                testing::HasSubstr("None can be saved while 1 conflict.\nType the value"));
 }

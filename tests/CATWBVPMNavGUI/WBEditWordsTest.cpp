@@ -22,17 +22,15 @@ TEST_F(WBEditWordsTest, EveryFactHasItsSignAndItsNumber)
     EXPECT_EQ(WBEditWords({0, 3, 0, 0}), "✕ 3 entries cannot be taken.");
     EXPECT_EQ(WBEditWords({0, 0, 1, 0}), "● 1 change is not saved.");
     EXPECT_EQ(WBEditWords({0, 0, 4, 0}), "● 4 changes are not saved.");
-    EXPECT_EQ(WBEditWords({0, 0, 0, 1}),
-              "⚠ 1 change cannot be saved: somebody else saved that value first.");
-    EXPECT_EQ(WBEditWords({0, 0, 0, 2}),
-              "⚠ 2 changes cannot be saved: somebody else saved these values first.");
+    EXPECT_EQ(WBEditWords({0, 0, 0, 1}), "⚠ 1 change cannot be saved: see the page Changes.");
+    EXPECT_EQ(WBEditWords({0, 0, 0, 2}), "⚠ 2 changes cannot be saved: see the page Changes.");
 }
 
 TEST_F(WBEditWordsTest, WhatIsWrongComesFirst)
 {
     EXPECT_EQ(WBEditWords({2, 1, 4, 2}),
               "✕ 1 entry cannot be taken.   ✎ 2 edits are not applied.   ⚠ 2 changes cannot be "
-              "saved: somebody else saved these values first.   ● 4 changes are not saved.");
+              "saved: see the page Changes.   ● 4 changes are not saved.");
 }
 
 TEST_F(WBEditWordsTest, EditsOfAStandardPartAreSaidToBe)

@@ -65,18 +65,39 @@ TEST_F(WBEditsPropertyTest, TextIsTakenAsItIsUnlessStreamsCannotCarryIt)
     EXPECT_EQ(Lines(), "1|PartRef|__null__|property Vendor|0|Smith|");
 }
 
-TEST_F(WBEditsPropertyTest, DateIsTypedInTheRecordsFormatOrAsISO)
+TEST_F(WBEditsPropertyTest, DateIsTypedInTheRecordsFormatOrWithOtherSigns)
 {
     EXPECT_EQ(Taken(kDue, "2026/11/21"), "2026/11/21");
     EXPECT_EQ(Taken(kDue, "2027-02-28"), "2027/02/28");
     EXPECT_EQ(Text(PropertyField(kDue)), "2027/02/28");
+    EXPECT_EQ(Taken(kDue, "1.7.2027"), "2027/07/01");
     Edits().UndoAll();
-    for (const char* typed : {"2026-02-30", "2026/13/01", "2026/7/1", "tomorrow", "1.7.2026"}) {
+    for (const char* typed :
+         {"2026-02-30", "2026/13/01", "2026/7/1", "tomorrow", "31.6.2026", "1.7.26", "1-7-26"}) {
         ExpectRefused(
             kDue, typed,
             (std::string("\"") + typed + "\" is no date; expected one like 2026/07/01.").c_str());
     }
     EXPECT_EQ(Taken(kDue, ""), "");
+}
+
+TEST_F(WBEditsPropertyTest, EditsAreListedAsPeopleReadThem)
+{
+    EXPECT_THAT(Edits().EditLines(), testing::IsEmpty());
+    ShowIn("LENGTH", "m");
+    Type(PropertyField(kFlammable), "yes");
+    Type(PropertyField(kReach), "2");
+    Type(PropertyField(kVendor), "");
+    Type(Field(Kind::CentreX, "Weighed"), "1");
+    EXPECT_THAT(Edits().EditLines(),
+                ElementsAre("Weighed: centre of gravity (– → incomplete)",
+                            "property Vendor (Smith → –)", "property Flammable (no → yes)",
+                            "property Reach (1.50025 m → 2 m)"));
+    EXPECT_EQ(Edits().Name(PropertyField(kReach)), "property Reach");
+    EXPECT_EQ(Edits().Name(Field(Kind::Ixy, "Weighed")), "Weighed: inertia");
+    EXPECT_EQ(Edits().Name(Field(Kind::AppliedOn)), "");
+    CATMsgCatalog::SetLanguage("de");
+    EXPECT_EQ(Edits().EditLines()[0], "Weighed: Schwerpunkt (– → unvollständig)");
 }
 
 TEST_F(WBEditsPropertyTest, WholeNumberHasNoFraction)

@@ -209,6 +209,49 @@ TEST_F(WBMainPanelEditTest, WrongEntryWaitsWhileAnotherMassTypeIsShown)
     EXPECT_TRUE(panel->IsVisible());
 }
 
+TEST_F(WBMainPanelEditTest, WhatIsNotAppliedIsListedAlsoWhereItIsNotShown)
+{
+    Open(record);
+    EXPECT_EQ(Find<CATDlgLabel>("EditWords")->Tooltip(), "");
+    Type("StatedMassEditor", "13");
+    Type("CentreXEditor", "left");
+    SelectMassType(3);
+    const std::string entry =
+        "Estimated: centre of gravity: \"left\" is no length; expected a number like 12.5 mm.";
+    EXPECT_EQ(Find<CATDlgLabel>("EditWords")->Tooltip(),
+              (entry + "\nEstimated: mass (12.5 kg → 13 kg)").c_str());
+    Click("ApplyButton");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_THAT(boxes[0].text, HasSubstr("\n" + entry));
+    Click("DiscardButton");
+    EXPECT_EQ(Find<CATDlgLabel>("EditWords")->Tooltip(), "");
+}
+
+TEST_F(WBMainPanelEditTest, QuestionNamesTheFirstFiveEdits)
+{
+    Open(record);
+    Type("StatedMassEditor", "13");
+    Type("CentreXEditor", "11");
+    Type("IxxEditor", "1.5");
+    Choose("PrecisionKindChoice", 1);
+    Type("LowerPrecisionEditor", "1");
+    Type("UpperPrecisionEditor", "2");
+    Type("DensityEditor", "8000");
+    Choose("MaterialNameChoice", 1);
+    EXPECT_EQ(Text("EditWords"), "✎ 6 edits are not applied.");
+    panel->SetModel(RecordOf(FirewallStream()).Get());
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, "Bolt: 6 edits are not applied.\n"
+                             "Estimated: mass (12.5 kg → 13 kg)\n"
+                             "Estimated: centre of gravity (10; 20; 30 mm → 11; 20; 30 mm)\n"
+                             "Estimated: inertia (1; 2; 3; 0.1; 0.2; 0.3 kg.m2 → "
+                             "1.5; 2; 3; 0.1; 0.2; 0.3 kg.m2)\n"
+                             "Estimated: precision (– → -1 % / +2 %)\n"
+                             "density (– → 8000 kg/m3)\n"
+                             "and 1 more\n"
+                             "Apply them and go on to what was picked, or stay here with them?");
+}
+
 TEST_F(WBMainPanelEditTest, WhatIsTypedBelongsToTheMassTypeItWasTypedFor)
 {
     Open(record);
@@ -312,8 +355,8 @@ TEST_F(WBMainPanelEditTest, ConflictIsMarkedAndCounted)
     EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Warning);
     EXPECT_THAT(Find<CATDlgEditor>("StatedMassEditor")->Tooltip().ToStdString(),
                 HasSubstr("anna saved 11 kg on 2026/11/21 19:00:00"));
-    EXPECT_EQ(Text("EditWords"), "⚠ 1 change cannot be saved: somebody else saved that value "
-                                 "first.   ● 1 change is not saved.");
+    EXPECT_EQ(Text("EditWords"), "⚠ 1 change cannot be saved: see the page Changes.   "
+                                 "● 1 change is not saved.");
     // The same value typed again says that it is meant.
     Type("StatedMassEditor", "13 kg");
     EXPECT_EQ(LookOf("StatedMassEditor"), CATDlgLook::Edited);
@@ -400,6 +443,7 @@ TEST_F(WBMainPanelEditTest, ComputationAsksToApplyFirst)
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].title, "Edits are not applied");
     EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\n"
+                             "Estimated: mass (12.5 kg → 13 kg)\n"
                              "A computation counts what is applied. Apply them and compute?");
     EXPECT_THAT(server->CallsOf("WBCompPartCompute"), IsEmpty());
     EXPECT_EQ(Text("EditWords"), kOneEdit);
@@ -440,6 +484,7 @@ TEST_F(WBMainPanelEditTest, AnotherPickNeverDiscardsEdits)
     panel->SetModel(next.Get());
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\n"
+                             "Estimated: mass (12.5 kg → 13 kg)\n"
                              "Apply them and go on to what was picked, or stay here with them?");
     EXPECT_EQ(Text("Part"), "BOLT, version A");
     EXPECT_EQ(Field("StatedMassEditor"), "13 kg");
@@ -491,7 +536,9 @@ TEST_F(WBMainPanelEditTest, ClosingAsksByButtonAndByFrame)
     Click("CloseButton");
     EXPECT_TRUE(panel->IsVisible());
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\nApply them before this window closes?");
+    EXPECT_EQ(boxes[0].text, "Bolt: 1 edit is not applied.\n"
+                             "Estimated: mass (12.5 kg → 13 kg)\n"
+                             "Apply them before this window closes?");
     answers = {kCancel};
     panel->Widget()->close();
     Settle();

@@ -76,7 +76,9 @@ TEST_F(WBRootFilterTest, DamagedFilterCountsAsNoneAndIsTold)
     EXPECT_EQ(FilterOf("LA1"), "0|No Filter");
     EXPECT_THAT(errors, ElementsAre("The stored filter of LA1 cannot be read and is left out: "
                                     "2|Panels|I|P.1|P|B|0"));
-    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "No filter");
+    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "No filter: the stored one cannot be read");
+    CATMsgCatalog::SetLanguage("de");
+    EXPECT_EQ(WBShownFilterOfRoot("LA1"), "Kein Filter: Der gespeicherte ist nicht lesbar");
 }
 
 TEST_F(WBRootFilterTest, SettingOfAnotherKindCountsAsNoneAndIsTold)
