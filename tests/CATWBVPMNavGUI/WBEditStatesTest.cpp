@@ -71,6 +71,14 @@ TEST_F(WBEditStatesTest, ClearedValueThatIsPendingTellsWhatCountsToo)
               "Applied, but not saved. Saved is 11 kg. Nothing is stated; 12.346 kg counts.");
 }
 
+TEST_F(WBEditStatesTest, ClearedValueThatNothingCountsForTellsThatAlone)
+{
+    WBStatedQuantity& vendor = StatedAs(kPart, "", "property Vendor");
+    vendor.text = "";
+    vendor.isPending = true;
+    EXPECT_EQ(Edits().Tooltip(PropertyField(1)), "Applied, but not saved. Saved is Smith.");
+}
+
 TEST_F(WBEditStatesTest, ConflictTellsWhoSavedWhat)
 {
     Conflict("mass", "11", "ANNA");

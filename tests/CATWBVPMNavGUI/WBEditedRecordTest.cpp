@@ -417,3 +417,104 @@ TEST_F(WBEditedRecordTest, PlacesAreCountedInWords)
         edits.UndoAll();
     }
 }
+
+TEST_F(WBEditedRecordTest, SetWhoseCentreTheServerDoesNotNameIsWrittenWithoutOne)
+{
+    std::erase_if(m_stated.quantities, [](const WBStatedQuantity& quantity) {
+        return quantity.massType == "Weighed" && quantity.name == "centre";
+    });
+    EXPECT_EQ(Type(Field(Kind::Mass, "Weighed"), "5"), "");
+    EXPECT_EQ(Shown("Weighed").mass, 5);
+    EXPECT_EQ(Type(Field(Kind::Mass, "Weighed"), ""), "");
+    EXPECT_EQ(Shown("Weighed").status, Definitions::Empty);
+}
+
+TEST_F(WBEditedRecordTest, InertiaAloneMakesTheTypePartiallyAssigned)
+{
+    for (const Kind kind : {Kind::Ixx, Kind::Iyy, Kind::Izz, Kind::Ixy, Kind::Ixz, Kind::Iyz}) {
+        EXPECT_EQ(Type(Field(kind, "Weighed"), "1"), "");
+    }
+    EXPECT_EQ(Shown("Weighed").status, Definitions::PartiallyAssigned);
+    ExpectUndone();
+}
+
+TEST_F(WBEditedRecordTest, TypeThatStatesASizeStaysPartiallyAssigned)
+{
+    record->SetMassTypeStatus("Weighed", Definitions::PartiallyAssigned);
+    Type(Field(Kind::CentreX, "Weighed"), "1");
+    Edits().UndoAll();
+    EXPECT_EQ(Shown("Weighed").status, Definitions::PartiallyAssigned);
+}
+
+TEST_F(WBEditedRecordTest, PrecisionInAMassStaysOneWhenTheMassIsEdited)
+{
+    record->SetPrecisionValueType("Estimated", Definitions::Absolute);
+    StateAs(kPart, "Estimated", "precision", "absolute;5;10");
+    Type(Field(Kind::Mass, "Estimated"), "20");
+    EXPECT_TRUE(Shown("Estimated").isPrecisionAbsolute);
+    EXPECT_EQ(Shown("Estimated").lowerDeviation, 5);
+    EXPECT_EQ(Shown("Estimated").upperDeviation, 10);
+    Edits().UndoAll();
+    EXPECT_EQ(Shown("Estimated").lowerDeviation, 0.61728); // as they came
+    EXPECT_EQ(Shown("Estimated").upperDeviation, 1.23456);
+}
+
+TEST_F(WBEditedRecordTest, WhatCountsStaysWhereItIsNotEdited)
+{
+    record->SetCenterOfGravity("Weighed", CATMathPoint(7, 8, 9));
+    const CATMath3x3Matrix inertia(1, 0, 0, 0, 2, 0, 0, 0, 3);
+    record->SetInertia("Weighed", inertia);
+    Type(Field(Kind::Mass, "Weighed"), "5");
+    EXPECT_TRUE(Travelling().Contains("Weighed|1|0|0|5|7|8|9|1|2|3|0|0|0|"));
+}
+
+TEST_F(WBEditedRecordTest, DensityThatIsTypedIsAssigned)
+{
+    record->SetWBDensityStatus(Definitions::Empty);
+    record->SetWBDensity(0.0);
+    record->SetPartRefWBDensityStatus(Definitions::Empty);
+    record->SetPartRefWBDensity(0.0);
+    Type(Field(Kind::Density), "2700");
+    EXPECT_EQ(ShownRecord().density.status, Definitions::Assigned);
+    EXPECT_EQ(ShownRecord().partDensity.status, Definitions::Assigned);
+    EXPECT_EQ(ShownRecord().density.material, "Steel");
+    Edits().UndoAll();
+    EXPECT_EQ(record->GetPartRefWBDensityStatus(), Definitions::Empty);
+}
+
+TEST_F(WBEditedRecordTest, DensityOfTheUseLeavesTheNameThatCountsAlone)
+{
+    Type(Field(Kind::AppliedOn), "this instance alone");
+    Type(Field(Kind::Density), "100");
+    EXPECT_EQ(ShownRecord().density.material, "Steel");
+    EXPECT_EQ(ShownRecord().density.density, 100);
+    Edits().UndoAll();
+    EXPECT_EQ(ShownRecord().density.density, 7850);
+    EXPECT_EQ(ShownRecord().partDensity.density, 7850);
+    EXPECT_EQ(ShownRecord().appliedOn, "PartRef");
+}
+
+TEST_F(WBEditedRecordTest, WhatCountsByDefaultIsThereAgainAfterUndo)
+{
+    StateAs(kPart, "", "active", "");
+    record->SetDensityPriority(Definitions::MaterialDensityFirst);
+    Type(Field(Kind::ActiveMassType), "Weighed");
+    Type(Field(Kind::DensityOrder), "the density stated for the part");
+    EXPECT_FALSE(ShownRecord().isMaterialDensityFirst);
+    Edits().UndoAll();
+    EXPECT_EQ(ShownRecord().activeMassType, "Estimated");
+    EXPECT_TRUE(ShownRecord().isMaterialDensityFirst);
+}
+
+TEST_F(WBEditedRecordTest, DensityThatIsNotEditedTravelsAsItIs)
+{
+    record->SetWBDensityStatus(Definitions::Empty);
+    Type(PropertyField(1), "Miller");
+    EXPECT_TRUE(Edits().ApplyRequest().Contains("|Estimated|Estimated|0|"));
+}
+
+TEST_F(WBEditedRecordTest, OtherValuesCountHereAlone)
+{
+    Type(Field(Kind::Mass, "Weighed"), "5");
+    EXPECT_EQ(Edits().PlacesWarning(), "");
+}

@@ -397,3 +397,146 @@ TEST_F(WBEditsTest, FieldsThatAreTypedHaveNoChoices)
     EXPECT_THAT(Edits().Choices(PropertyField(1)), IsEmpty());
     EXPECT_THAT(Edits().Choices(PropertyField(0)), IsEmpty());
 }
+
+TEST_F(WBEditsTest, WhatIsNotThereCannotBeEdited)
+{
+    m_stated.quantities.push_back(Stated(kPart, "Simulated", "mass", ""));
+    EXPECT_FALSE(Edits().IsEditable(Field(Kind::Mass, "Simulated"))) << "not in the record";
+    EXPECT_FALSE(Edits().IsEditable(PropertyField(0)));
+    EXPECT_FALSE(Edits().IsEditable(PropertyField(8)));
+    EXPECT_EQ(Type(PropertyField(8), "x"), "This value cannot be changed here.");
+}
+
+TEST_F(WBEditsTest, ObjectIsChosenOnlyWhereTheServerNamesBoth)
+{
+    std::erase_if(m_stated.quantities, [](const WBStatedQuantity& quantity) {
+        return quantity.owner == kPart && quantity.name == "density";
+    });
+    EXPECT_FALSE(Edits().IsEditable(Field(Kind::AppliedOn)));
+}
+
+TEST_F(WBEditsTest, AssemblyWhoseChoiceIsNotToldIsNotCalledComputed)
+{
+    m_stated.isLeaf = false;
+    std::erase_if(m_stated.quantities,
+                  [](const WBStatedQuantity& quantity) { return quantity.name == "active"; });
+    EXPECT_EQ(Edits().Choices(Field(Kind::ActiveMassType)).at(0), "");
+}
+
+TEST_F(WBEditsTest, ChoicesThatDifferInLetterCaseAreToldApart)
+{
+    m_stated.materials = {"Steel", "STEEL"};
+    EXPECT_EQ(Type(Field(Kind::Material), "STEEL"), "");
+    EXPECT_EQ(Text(Field(Kind::Material)), "STEEL");
+}
+
+TEST_F(WBEditsTest, MaterialThatCannotBeChosenAnyMoreIsShownAsItIsCalled)
+{
+    StateAs(kPart, "", "material", "2024.50");
+    EXPECT_EQ(Text(Field(Kind::Material)), "2024.50");
+}
+
+TEST_F(WBEditsTest, PrecisionOfTheSameKindKeepsItsNumbers)
+{
+    Type(Field(Kind::LowerPrecision, "Estimated"), "7");
+    EXPECT_EQ(Type(Field(Kind::PrecisionKind, "Estimated"), "IN PERCENT"), "");
+    EXPECT_EQ(Text(Field(Kind::LowerPrecision, "Estimated")), "7 %");
+    Type(Field(Kind::UpperPrecision, "Estimated"), "");
+    EXPECT_EQ(Text(Field(Kind::PrecisionKind, "Estimated")), "in percent") << "one number is left";
+}
+
+TEST_F(WBEditsTest, ObjectThatIsTheOneAlreadyIsNoStep)
+{
+    EXPECT_EQ(Type(Field(Kind::AppliedOn), "the part, wherever it is used"), "");
+    EXPECT_EQ(Edits().Undo(), std::nullopt);
+    Edits().UndoAll(); // harmless
+    EXPECT_FALSE(Edits().HasEdits());
+}
+
+TEST_F(WBEditsTest, OtherObjectTakesWhatItCanHaveAndNothingElseMoves)
+{
+    std::erase_if(m_stated.quantities, [](const WBStatedQuantity& quantity) {
+        return quantity.owner == kUse && quantity.name == "material";
+    });
+    Type(Field(Kind::Mass, "Weighed"), "5");
+    Type(Field(Kind::Density), "2700");
+    Type(Field(Kind::Material), "Aluminium");
+    EXPECT_EQ(Type(Field(Kind::AppliedOn), "this instance alone"), "");
+    EXPECT_EQ(Lines(), "2|PartRef|Weighed|mass|1|__null__|PartInst|__null__|density|1|__null__|");
+    EXPECT_EQ(Text(Field(Kind::Mass, "Weighed")), "5 kg");
+}
+
+TEST_F(WBEditsTest, GermansReadEverySentenceInGerman)
+{
+    CATMsgCatalog::SetLanguage("de");
+    EXPECT_EQ(Type(Field(Kind::Mass, "Computed"), "1"),
+              "Dieser Wert kann hier nicht geändert werden.");
+    EXPECT_EQ(Type(Field(Kind::Material), "Holz"), "„Holz“ ist kein Werkstoff der Datenbank.");
+    EXPECT_EQ(Type(Field(Kind::AppliedOn), "x"), "„x“ steht nicht zur Wahl.");
+    EXPECT_THAT(Edits().Choices(Field(Kind::AppliedOn)),
+                ElementsAre("das Teil, wo immer es verwendet wird", "diese Instanz allein"));
+    EXPECT_THAT(Edits().Choices(Field(Kind::DensityOrder)),
+                ElementsAre("", "die für das Teil angegebene Dichte", "die Dichte des Werkstoffs"));
+    EXPECT_THAT(Edits().Choices(PropertyField(5)), ElementsAre("", "ja", "nein"));
+    EXPECT_EQ(Type(Field(Kind::LowerPrecision, "Estimated"), "-1"),
+              "Eine Genauigkeit sagt, wie weit die Masse abweichen kann; sie kann nicht negativ "
+              "sein.");
+    EXPECT_EQ(Type(Field(Kind::Density), "0"),
+              "Eine Dichte ist größer als 0; ist sie nicht bekannt, bleibt das Feld leer.");
+    EXPECT_EQ(Type(PropertyField(1), "~"),
+              "„~“ kann nicht gespeichert werden: Es ist oder enthält einen Text mit eigener "
+              "Bedeutung, etwa |.");
+    EXPECT_EQ(Type(PropertyField(2), "x"),
+              "„x“ ist kein Datum; erwartet wird eines wie 2026/07/01.");
+    EXPECT_EQ(Type(PropertyField(3), "x"), "„x“ ist keine ganze Zahl; erwartet wird eine wie 12.");
+    EXPECT_EQ(Type(PropertyField(4), "x"), "„x“ ist keine Zahl; erwartet wird eine wie 12.5.");
+    EXPECT_EQ(Type(PropertyField(6), "x"),
+              "„x“ ist kein Wert in mm; erwartet wird eine Zahl wie 12.5 mm.");
+    EXPECT_EQ(Edits().Tooltip(Field(Kind::Mass, "Computed")),
+              "Computed ergibt sich aus dem, was darunter liegt; es wird nicht eingegeben.");
+}
+
+TEST_F(WBEditsTest, InstanceThatThePDMKnowsSaysWhoseMaterialItIsInGermanToo)
+{
+    record->SetHasInstInENOVIA(true);
+    CATMsgCatalog::SetLanguage("de");
+    EXPECT_EQ(Edits().Tooltip(Field(Kind::AppliedOn)),
+              "Dichte und Werkstoff dieser Instanz sind die ihres Teils.");
+}
+
+TEST_F(WBEditsTest, BlanksCountInTextsAlone)
+{
+    StateAs(kPart, "", "property Vendor", "Smith & Co");
+    StateAs(kPart, "", "property Reach", "1500.2512345");
+    EXPECT_EQ(Type(PropertyField(6), "1500.251"), "");
+    EXPECT_FALSE(Edits().HasEdits()) << "as it is shown, so that nothing changed";
+    EXPECT_EQ(Type(PropertyField(1), "Smith&Co"), "");
+    EXPECT_EQ(Text(PropertyField(1)), "Smith&Co");
+}
+
+TEST_F(WBEditsTest, TextOfDigitsIsNoNumber)
+{
+    StateAs(kPart, "", "property Vendor", "007.50");
+    EXPECT_EQ(Text(PropertyField(1)), "007.50");
+}
+
+TEST_F(WBEditsTest, PartAndUseMayHavePropertiesOfOneName)
+{
+    std::string stream = WingStream();
+    stream.replace(stream.find("7|Vendor|"), 2, "8|");
+    record = RecordOf(stream + "Vendor|1|0|Instance|Jones|__null__|");
+    m_stated.quantities.push_back(Stated(kUse, "", "property Vendor", "Jones"));
+    EXPECT_EQ(Type(PropertyField(8), "Miller"), "");
+    CATUnicodeString value;
+    record->GetPropertyValue(8, value);
+    EXPECT_EQ(value, "Miller");
+    record->GetPropertyValue(1, value);
+    EXPECT_EQ(value, "Smith");
+}
+
+TEST_F(WBEditsTest, AnswerThatWasTakenBackIsTheOldOne)
+{
+    EXPECT_EQ(Type(PropertyField(5), "yes"), "");
+    EXPECT_EQ(Type(PropertyField(5), "no"), "");
+    EXPECT_FALSE(Edits().HasEdits());
+}

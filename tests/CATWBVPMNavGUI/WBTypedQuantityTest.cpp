@@ -55,6 +55,7 @@ TEST_P(WBTypedQuantityTest, UnitOfTheMagnitudeMayStandBehindANumberOrAnExpressio
         {"7.9 g/cm3", "DENSITY", 7900},
         {"6/2 kg/m3", "DENSITY", 3},
         {"1e12 g.mm2", "INERTIAMOMENT", 1000},
+        {"5m", "LENGTH", 5000},
     };
     for (const TypedRow& row : rows) {
         const std::optional<double> value = WBReadTypedQuantity(row.typed, row.magnitude);
@@ -100,4 +101,6 @@ TEST_P(WBTypedQuantityTest, TextReadsAsShownWithOrWithoutUnitAndBlanksInEitherSe
     EXPECT_TRUE(WBReadsAsShown("", ""));
     EXPECT_TRUE(WBReadsAsShown("3", "3"));
     EXPECT_FALSE(WBReadsAsShown("3", ""));
+    EXPECT_FALSE(WBReadsAsShown("", "3"));
+    EXPECT_TRUE(WBReadsAsShown("5", "5 kg"));
 }
