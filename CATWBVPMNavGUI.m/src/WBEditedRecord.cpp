@@ -146,11 +146,8 @@ Material Edited(const WBEditedMaterial& edited, Material material)
 {
     if (edited.material.isEdited) {
         material.name = edited.material.pieces[0];
-        material.density = NumberOrZero(edited.density.pieces[0]);
     }
-    if (edited.density.isEdited) {
-        material.density = NumberOrZero(edited.density.pieces[0]);
-    }
+    material.density = NumberOrZero(edited.density.pieces[0]);
     if (material.density != 0.0) {
         material.status = Definitions::Assigned;
     } else {
@@ -252,6 +249,4 @@ void WBWriteProperty(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& origi
 void WBMakeSetTravel(CATWBAllDataBuffer& record, const CATUnicodeString& massType)
 {
     record.SetMassTypeStatus(massType, Definitions::Assigned);
-    record.SetCenterOfGravity(massType, CentreOf(record, massType));
-    record.SetInertia(massType, InertiaOf(record, massType));
 }

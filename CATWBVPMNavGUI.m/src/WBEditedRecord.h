@@ -52,6 +52,6 @@ void WBWriteDensityOrder(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& o
 void WBWriteProperty(CATWBAllDataBuffer& record, const CATWBAllDataBuffer& original, int position,
                      const WBEditedPieces& value);
 
-/// Makes the stream carry a mass type's values, also where it has no mass: it travels with values
-/// or without any.
+/// Makes the stream carry the values of a mass type that WBWriteSet wrote, also where it has no
+/// mass: it travels with values or without any.
 void WBMakeSetTravel(CATWBAllDataBuffer& record, const CATUnicodeString& massType);

@@ -16,12 +16,9 @@ std::optional<double> Number(const CATUnicodeString& text)
     return WBReadTypedNumber(text, std::numeric_limits<double>::max());
 }
 
-std::optional<double> InStorage(const CATICkeUnit_var& unit, const std::optional<double>& value)
+std::optional<double> InStorage(const CATICkeUnit_var& unit, double value)
 {
-    if (!value) {
-        return std::nullopt;
-    }
-    const double stored = unit.IsNull() ? *value : unit->ToStorage(*value);
+    const double stored = unit.IsNull() ? value : unit->ToStorage(value);
     return std::isfinite(stored) ? std::optional(stored) : std::nullopt;
 }
 
@@ -44,7 +41,7 @@ std::optional<double> WBReadTypedQuantity(const CATUnicodeString& text,
         return Number(text);
     }
     if (const std::optional<double> number = Number(text)) {
-        return InStorage(found->CurrentUnit(), number);
+        return InStorage(found->CurrentUnit(), *number);
     }
     // The longest unit first: "kg.m2" ends in "m2", and units hold operators ("kg/m3").
     for (int position = 1; position < text.Length(); ++position) {
@@ -52,7 +49,7 @@ std::optional<double> WBReadTypedQuantity(const CATUnicodeString& text,
         const std::optional<double> number =
             unit.IsNull() ? std::nullopt : Number(text.Part(0, position));
         if (number) {
-            return InStorage(unit, number);
+            return InStorage(unit, *number);
         }
     }
     return std::nullopt;
