@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CATDlgApplication.h"
+#include "CATDlgControls.h"
 #include "CATDlgMultiList.h"
 
 #include <QAbstractButton>
@@ -15,6 +16,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 /// What tests of panels look at, whichever panel it is.
 
@@ -43,6 +45,25 @@ inline QTableView* ViewOf(const CATDlgMultiList& list)
     }
     auto* view = qobject_cast<QTableView*>(widget);
     return view != nullptr ? view : widget->findChild<QTableView*>();
+}
+
+/// The row's cells; rows count from 1.
+inline std::vector<std::string> CellsOf(const CATDlgMultiList& list, int row)
+{
+    std::vector<std::string> cells;
+    for (int column = 0; column < list.ColumnCount(); ++column) {
+        cells.push_back(list.Cell(column, row).ToStdString());
+    }
+    return cells;
+}
+
+inline std::vector<std::string> LinesOf(const CATDlgCombo& combo)
+{
+    std::vector<std::string> lines;
+    for (int line = 0; line < combo.LineCount(); ++line) {
+        lines.push_back(combo.Line(line).ToStdString());
+    }
+    return lines;
 }
 
 /// Until the windows show what the program wrote.

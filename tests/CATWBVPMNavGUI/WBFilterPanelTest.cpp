@@ -1,4 +1,5 @@
 #include "FilterPanelSession.h"
+#include "OpenPanelSession.h"
 #include "WBRootFilter.h"
 
 #include <chrono>
@@ -17,34 +18,21 @@ constexpr const char* kFront = "1|Front alone|I|FUS-100.1|FUS-100|A|1|FUS-000.1"
 constexpr const char* kDamaged = "2|No wing|X|WNG-000.1|WNG-000|A|0";
 
 /// A filter panel in a session with a main window.
-class WBFilterPanelTest : public FilterSession
+class WBFilterPanelTest : public OpenPanelSession<WBFilterPanel, FilterSession>
 {
 protected:
-    WBFilterPanelTest()
-    {
-        m_window = new CATDlgDialog(&CATSession::Root(), "Main", 0x4001);
-        m_table = CATWBVPMNavGUISetTable({});
-        CATDlgNotify::SetAnswerer([this](const CATDlgNotify::Shown& box) {
-            boxes.push_back({box.title.ToStdString(), box.text.ToStdString(), box.style});
-            return std::optional(answer);
-        });
-    }
     ~WBFilterPanelTest() override
     {
         CATSession::Close();
-        CATDlgNotify::SetAnswerer({});
-        CATWBVPMNavGUISetTable(m_table);
         CATWBVPMNavFilterPanel::selectedPRCConfigHandler = "NoConfig";
     }
 
     /// As the command opens it.
     void Open(const char* root = "LA1")
     {
-        panel = new WBFilterPanel(m_window);
-        panel->SetPRCId(root);
-        panel->Build();
-        panel->SetVisibility(true);
-        Settle();
+        auto* made = new WBFilterPanel(Window());
+        made->SetPRCId(root);
+        Show(made);
     }
     void Pick(const char* instance, const char* part = "P", const char* path = "",
               int count = 0) const
@@ -54,20 +42,8 @@ protected:
     void PickWing() const { Pick("WNG-000.1", "WNG-000"); }
     void PickFuselage() const { Pick("FUS-000.1", "FUS-000"); }
     void PickFront() const { Pick("FUS-100.1", "FUS-100", "FUS-000.1", 1); }
-    template <class T>
-    T* Find(const char* name) const
-    {
-        return FindBelow<T>(*panel, name);
-    }
     CATDlgMultiList* List() const { return Find<CATDlgMultiList>("List"); }
-    std::vector<std::string> Row(int row) const
-    {
-        std::vector<std::string> cells;
-        for (int column = 0; column < List()->ColumnCount(); ++column) {
-            cells.push_back(List()->Cell(column, row).ToStdString());
-        }
-        return cells;
-    }
+    std::vector<std::string> Row(int row) const { return CellsOf(*List(), row); }
     /// Instance and in or out, line by line.
     std::vector<std::string> Lines() const
     {
@@ -77,73 +53,19 @@ protected:
         }
         return lines;
     }
-    std::vector<std::string> Filters() const
-    {
-        const auto* combo = Find<CATDlgCombo>("Filter");
-        std::vector<std::string> lines;
-        for (int line = 0; line < combo->LineCount(); ++line) {
-            lines.push_back(combo->Line(line).ToStdString());
-        }
-        return lines;
-    }
+    std::vector<std::string> Filters() const { return LinesOf(*Find<CATDlgCombo>("Filter")); }
     std::string Chosen() const
     {
         const auto* combo = Find<CATDlgCombo>("Filter");
         return combo->Line(combo->SelectedIndex()).ToStdString();
     }
-    std::string Text(const char* label) const
-    {
-        return Find<CATDlgLabel>(label)->Title().ToStdString();
-    }
-    std::string Name() const { return Find<CATDlgEditor>("Name")->Text().ToStdString(); }
+    std::string Name() const { return Typed("Name"); }
     bool IsOn() const { return Find<CATDlgCheckButton>("On")->IsChecked(); }
-    bool IsUsable(const char* name) const
-    {
-        return panel->Widget()->findChild<QWidget*>(name)->isEnabled();
-    }
-    void Click(const char* name) const
-    {
-        auto* button = panel->Widget()->findChild<QAbstractButton*>(name);
-        ASSERT_TRUE(button->isEnabled()) << name;
-        button->click();
-        Settle();
-    }
-    void Choose(const char* combo, int line) const
-    {
-        qobject_cast<QComboBox*>(Find<CATDlgCombo>(combo)->Widget())->setCurrentIndex(line);
-        Settle();
-    }
-    void TypeName(const char* text) const
-    {
-        auto* editor = Find<CATDlgEditor>("Name");
-        editor->SetText(text);
-        editor->Send(CATDlgEditor::Modified);
-    }
+    void TypeName(const char* text) const { Type("Name", text); }
     static std::string Handler()
     {
         return CATWBVPMNavFilterPanel::selectedPRCConfigHandler.ToStdString();
     }
-
-    struct Box
-    {
-        std::string title;
-        std::string text;
-        int style;
-    };
-    static constexpr int kErrorStyle = 0x10000000;
-    static constexpr int kYes = 1;
-    static constexpr int kNo = 2;
-    static constexpr int kCancel = 5;
-
-    WBFilterPanel* panel = nullptr;
-    std::vector<Box> boxes;
-    int answer = kYes;
-
-    CATDlgDialog* Window() const { return m_window; }
-
-private:
-    CATDlgDialog* m_window = nullptr;
-    CATWBVPMNavGUITable m_table;
 };
 
 } // namespace
@@ -605,7 +527,7 @@ TEST_F(WBFilterPanelTest, ClosingWithChangesAsks)
 
     panel->SetVisibility(true);
     PickWing();
-    answer = kCancel;
+    answer = Answer::Cancel;
     panel->Widget()->close();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].title, "Filters");
@@ -616,7 +538,7 @@ TEST_F(WBFilterPanelTest, ClosingWithChangesAsks)
     Settle();
     EXPECT_EQ(Find<CATDlgNotify>("ChangedFilters"), nullptr);
 
-    answer = kNo;
+    answer = Answer::No;
     panel->Widget()->close();
     EXPECT_FALSE(panel->IsVisible());
     EXPECT_EQ(List()->RowCount(), 1);
@@ -624,7 +546,7 @@ TEST_F(WBFilterPanelTest, ClosingWithChangesAsks)
 
     panel->SetVisibility(true);
     PickWing();
-    answer = kYes;
+    answer = Answer::Yes;
     panel->Widget()->close();
     EXPECT_FALSE(panel->IsVisible());
     EXPECT_THAT(Stored("LA1.Filter"), testing::StartsWith("2|Front alone|"));

@@ -38,14 +38,7 @@ TEST_F(WBGroupPanelTest, IsMadeThroughTheTableHiddenAndWithoutControls)
 
 TEST_F(WBGroupPanelTest, ReadsAllOfTheProductUnderItsFilterOnce)
 {
-    CATWBVPMNavGUITable table;
-    table.getFilter = [](const CATUnicodeString&) -> CATUnicodeString {
-        return "1|Doors|X|D.1|D|A|0";
-    };
-    table.getDisplayFilter = [](const CATUnicodeString& root) {
-        return "Doors of " + root;
-    };
-    CATWBVPMNavGUISetTable(table);
+    LeaveOutTheDoor();
     Open();
     Pick(Wing());
     EXPECT_THAT(server->CallsOf("WBMakeReport"),

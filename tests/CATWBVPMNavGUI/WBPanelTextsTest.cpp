@@ -1,11 +1,7 @@
 #include "WBPanelTexts.h"
 
 #include "PanelSession.h"
-
-#include "CATFindPath.h"
-#include "CATTomlFile.h"
-
-#include <set>
+#include "ResourceKeys.h"
 
 namespace
 {
@@ -34,27 +30,6 @@ protected:
         return record;
     }
 };
-
-void CollectKeys(const CATTomlValue& table, const std::string& prefix, std::set<std::string>& keys)
-{
-    for (const auto& [key, value] : *table.AsTable()) {
-        if (value.AsTable() != nullptr) {
-            CollectKeys(value, prefix + key + ".", keys);
-        } else {
-            keys.insert(prefix + key);
-        }
-    }
-}
-
-std::set<std::string> KeysOf(const std::string& resource)
-{
-    const CATTomlResult file = CATReadTomlFile(CATFindResource(resource));
-    EXPECT_TRUE(file.IsGood()) << file.problem;
-    std::set<std::string> keys;
-    CollectKeys(file.root, "", keys);
-    EXPECT_FALSE(keys.empty()) << resource;
-    return keys;
-}
 
 } // namespace
 
@@ -201,7 +176,7 @@ TEST_F(WBPanelTextsTest, DocumentFactsSayWhatIsKnown)
 TEST_F(WBPanelTextsTest, EveryEnglishTextHasAGermanOne)
 {
     for (const char* file : {"catalogs/CATWBVPMMainPanel.toml", "dialogs/CATWBVPMMainPanel.toml"}) {
-        EXPECT_EQ(KeysOf(file), KeysOf(std::string("de/") + file)) << file;
+        EXPECT_EQ(ResourceKeys(file), ResourceKeys(std::string("de/") + file)) << file;
     }
 }
 

@@ -18,15 +18,6 @@ using WBReportPanelTest = ReportPanelSession;
 
 constexpr const char* kSum = "0|-|-|-|0|0|-|Active|0|1|LA1|0|No Filter|0|";
 
-std::vector<std::string> RowOf(const CATDlgMultiList& list, int row)
-{
-    std::vector<std::string> cells;
-    for (int column = 0; column < list.ColumnCount(); ++column) {
-        cells.push_back(list.Cell(column, row).ToStdString());
-    }
-    return cells;
-}
-
 } // namespace
 
 TEST_F(WBReportPanelTest, IsMadeThroughTheTableHiddenAndWithoutControls)
@@ -76,9 +67,10 @@ TEST_F(WBReportPanelTest, PicksAreListedOnceWithTheirPaths)
     EXPECT_EQ(Instances()->SelectedRow(), 2);
     Pick("FUS-110.1", "FUS-110", "FUS-100.1|FUS-000.1", 2);
     ASSERT_EQ(Instances()->RowCount(), 2);
-    EXPECT_THAT(RowOf(*Instances(), 1),
+    EXPECT_THAT(CellsOf(*Instances(), 1),
                 ElementsAre("FUS-110.1", "FUS-110", "A", "LA1/FUS-000.1/FUS-100.1/FUS-110.1"));
-    EXPECT_THAT(RowOf(*Instances(), 2), ElementsAre("WNG-000.1", "WNG-000", "A", "LA1/WNG-000.1"));
+    EXPECT_THAT(CellsOf(*Instances(), 2),
+                ElementsAre("WNG-000.1", "WNG-000", "A", "LA1/WNG-000.1"));
     EXPECT_EQ(Text("Word"), "FUS-110.1 is in the list already.");
     EXPECT_EQ(Instances()->SelectedRow(), 1);
     Click("GenerateButton");
@@ -192,7 +184,7 @@ TEST_F(WBReportPanelTest, PicksOfAnotherProductTakeThePlaceOfThoseBefore)
     Pick("BUS.1");
     Pick("PANEL.1"); // the second instance of the same pick
     EXPECT_EQ(Instances()->RowCount(), 2);
-    EXPECT_THAT(RowOf(*Instances(), 1), ElementsAre("BUS.1", "P", "A", "SC1/BUS.1"));
+    EXPECT_THAT(CellsOf(*Instances(), 1), ElementsAre("BUS.1", "P", "A", "SC1/BUS.1"));
     EXPECT_EQ(Text("Product"), "SC1");
     EXPECT_EQ(Text("Word"), "The instances of LA1 were taken out of the list: another product is "
                             "open now.");
@@ -235,14 +227,7 @@ TEST_F(WBReportPanelTest, WithoutAnOpenProductThereIsNothingToReport)
 
 TEST_F(WBReportPanelTest, FilterOfTheRootIsShownAndSent)
 {
-    CATWBVPMNavGUITable table;
-    table.getFilter = [](const CATUnicodeString&) -> CATUnicodeString {
-        return "1|Doors|X|D.1|D|A|0";
-    };
-    table.getDisplayFilter = [](const CATUnicodeString& root) {
-        return "Doors of " + root;
-    };
-    CATWBVPMNavGUISetTable(table);
+    LeaveOutTheDoor();
     Open();
     EXPECT_EQ(Text("Filter"), "Doors of LA1");
     Click("GenerateButton");
@@ -340,16 +325,16 @@ TEST_F(WBReportPanelTest, PropertiesAreTakenOneByOneOrAllAtOnce)
 {
     Open();
     ASSERT_EQ(Properties()->RowCount(), 3);
-    EXPECT_THAT(RowOf(*Properties(), 1), ElementsAre("Location", ""));
+    EXPECT_THAT(CellsOf(*Properties(), 1), ElementsAre("Location", ""));
     EXPECT_EQ(Properties()->SelectedRow(), 1);
     Properties()->SelectRow(3);
     Click("TakeButton");
-    EXPECT_THAT(RowOf(*Properties(), 3), ElementsAre("Vendor", "yes"));
+    EXPECT_THAT(CellsOf(*Properties(), 3), ElementsAre("Vendor", "yes"));
     EXPECT_EQ(Properties()->SelectedRow(), 3);
     Click("GenerateButton");
     EXPECT_THAT(Requests().back(), StartsWith("0|0|0|1|*|1|Vendor|0|"));
     Click("AllButton");
-    EXPECT_THAT(RowOf(*Properties(), 1), ElementsAre("Location", "yes"));
+    EXPECT_THAT(CellsOf(*Properties(), 1), ElementsAre("Location", "yes"));
     Click("GenerateButton");
     EXPECT_THAT(Requests().back(), StartsWith("0|0|0|1|*|1|*|0|"));
     Click("TakeButton"); // leaves Vendor
@@ -357,7 +342,7 @@ TEST_F(WBReportPanelTest, PropertiesAreTakenOneByOneOrAllAtOnce)
     Click("GenerateButton");
     EXPECT_THAT(Requests().back(), StartsWith("1|0|0|1|*|2|Location|Operating_time|0|"));
     Click("NoneButton");
-    EXPECT_THAT(RowOf(*Properties(), 1), ElementsAre("Location", ""));
+    EXPECT_THAT(CellsOf(*Properties(), 1), ElementsAre("Location", ""));
     Click("GenerateButton");
     EXPECT_THAT(Requests().back(), StartsWith("1|0|0|1|*|0|0|"));
 }

@@ -58,14 +58,7 @@ protected:
     }
     CATDlgMultiList& Table() const { return Find<CATDlgMultiList>("Table"); }
     /// Quantity, unit, new unit, stored, shown.
-    std::vector<std::string> Row(int row) const
-    {
-        std::vector<std::string> cells;
-        for (int column = 0; column < Table().ColumnCount(); ++column) {
-            cells.push_back(Table().Cell(column, row).ToStdString());
-        }
-        return cells;
-    }
+    std::vector<std::string> Row(int row) const { return CellsOf(Table(), row); }
     /// As the user does: the listeners of the combo are told.
     void Choose(const char* combo, const char* line) const
     {
