@@ -229,7 +229,7 @@ TEST(DamagedRequests, AreAnsweredAndChangeNothingThatIsCommitted)
     ASSERT_EQ(product.Abort("test"), "Abort|OK");
     Damage damage(6);
     std::size_t accepted = 0;
-    for (int turn = 0; turn < 3000; ++turn) {
+    for (int turn = 0; turn < 1500; ++turn) {
         const auto& [method, request] = requests[damage.Below(requests.size())];
         const std::string damaged = damage.Of(request);
         SCOPED_TRACE(method + " " + damaged.substr(0, 2000));
@@ -246,7 +246,7 @@ TEST(DamagedRequests, AreAnsweredAndChangeNothingThatIsCommitted)
         ASSERT_FALSE(IsError(product.As("kim", "WBGetStatedValues", wbtest::kSpar)));
         ASSERT_FALSE(IsError(product.Mass("kim"))) << product.Pending("kim");
     }
-    EXPECT_GT(accepted, 50U) << "some damage does not matter, and is taken for what it says";
+    EXPECT_GT(accepted, 30U) << "some damage does not matter, and is taken for what it says";
     ASSERT_EQ(product.Abort("kim"), "Abort|OK");
     EXPECT_EQ(product.Pending("kim"), "0|");
     EXPECT_EQ(CommittedOf(product), committed);
