@@ -40,8 +40,9 @@ CATUnicodeString MissingText(const WBGroupTotals& totals)
     add(totals.withoutCentre, "Missing.Centre",
         "@1 has no centre of gravity and stands at that of the rest.",
         "@/p1 have no centre of gravity and stand at that of the rest.");
-    add(totals.incomplete, "Missing.Below", "@Below 1, parts lack mass or centre of gravity.",
-        "@Below /p1, parts lack mass or centre of gravity.");
+    add(totals.incomplete, "Missing.Below",
+        "@Of 1 assembly some parts have no mass or no centre of gravity.",
+        "@Of /p1 assemblies some parts have no mass or no centre of gravity.");
     return text;
 }
 

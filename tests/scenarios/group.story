@@ -127,6 +127,9 @@ expect Prompt ""
 start CATWBVPMNavGroup
 pick LA1/EMP-000.1
 expect CATWBVPMNavGroupPanel/Mass "18.703 kg"
+# The placards below the finish have no centre of gravity.
+pick LA1/FIN-000.1
+expect CATWBVPMNavGroupPanel/Missing "Of 1 assembly some parts have no mass or no centre of gravity."
 select CATWBVPMNavGroupPanel/InstancesPage/Stored "Nose heavy"
 answer Yes
 click CATWBVPMNavGroupPanel/InstancesPage/RetrieveButton
