@@ -1,13 +1,11 @@
 #include "EditTesting.h"
 
-#include "SqlConnection.h"
-
 #include <sys/resource.h>
 
-#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 using testing::AllOf;
