@@ -1,6 +1,5 @@
 #include "WBChanges.h"
 
-#include "WBAnswerFields.h"
 #include "WBPanelUnits.h"
 #include "WBQuantityTexts.h"
 
@@ -114,7 +113,7 @@ CATUnicodeString WhatText(const CATUnicodeString& what)
     return what == "save" ? WBPanelText("What.Save", "@saved here") : what;
 }
 
-CATUnicodeString StateText(const WBPendingChange& change)
+CATUnicodeString StateText(const CATPendingChange& change)
 {
     if (!change.isInConflict) {
         return WBPanelText("Pending.Waits", "@waits to be saved");
@@ -133,27 +132,16 @@ WBPanelTable::Column TextColumn(const char* key, const char* title)
 
 } // namespace
 
-std::optional<std::vector<WBPendingChange>> WBReadPendingChanges(const CATUnicodeString& answer)
+std::optional<std::vector<CATPendingChange>> WBReadPendingChanges(const CATUnicodeString& answer)
 {
-    WBAnswerFields fields(answer);
-    auto changes = fields.List<WBPendingChange>([&fields] {
-        WBPendingChange change;
-        for (CATUnicodeString* text :
-             {&change.subject, &change.fact, &change.seen, &change.after, &change.stored}) {
-            *text = fields.Text();
-        }
-        change.isInConflict = fields.Flag();
-        for (CATUnicodeString* text : {&change.by, &change.at, &change.when}) {
-            *text = fields.Text();
-        }
-        return change;
-    });
-    return fields.AreReadToTheEnd() ? std::optional(std::move(changes)) : std::nullopt;
+    CATWireFields fields(answer.View());
+    std::vector<CATPendingChange> changes = CATReadPendingChanges(fields);
+    return fields.IsSound() ? std::optional(std::move(changes)) : std::nullopt;
 }
 
 std::optional<std::vector<WBSavedChange>> WBReadHistory(const CATUnicodeString& answer)
 {
-    WBAnswerFields fields(answer);
+    CATWireFields fields(answer.View());
     auto changes = fields.List<WBSavedChange>([&fields] {
         WBSavedChange change;
         for (CATUnicodeString* text :
@@ -163,7 +151,8 @@ std::optional<std::vector<WBSavedChange>> WBReadHistory(const CATUnicodeString& 
         }
         return change;
     });
-    return fields.AreReadToTheEnd() ? std::optional(std::move(changes)) : std::nullopt;
+    fields.End();
+    return fields.IsSound() ? std::optional(std::move(changes)) : std::nullopt;
 }
 
 CATUnicodeString WBSubjectText(const CATUnicodeString& subject)
@@ -206,7 +195,7 @@ CATUnicodeString WBChangedText(const CATUnicodeString& fact, const CATUnicodeStr
     return quantity == kWBDensityOrderQuantity ? OrderText(text) : text;
 }
 
-WBPanelTable WBPendingTable(const std::vector<WBPendingChange>& changes)
+WBPanelTable WBPendingTable(const std::vector<CATPendingChange>& changes)
 {
     WBPanelTable table;
     table.columns = {TextColumn("Changes.Subject.Title", "@Of"),
@@ -216,7 +205,7 @@ WBPanelTable WBPendingTable(const std::vector<WBPendingChange>& changes)
                      TextColumn("Pending.Stored.Title", "@Saved now"),
                      TextColumn("Pending.State.Title", "@State"),
                      TextColumn("Pending.When.Title", "@Changed")};
-    for (const WBPendingChange& change : changes) {
+    for (const CATPendingChange& change : changes) {
         table.rows.push_back(
             {WBSubjectText(change.subject), WBFactText(change.fact),
              WBChangedText(change.fact, change.seen), WBChangedText(change.fact, change.after),
@@ -242,10 +231,10 @@ WBPanelTable WBHistoryTable(const std::vector<WBSavedChange>& changes)
     return table;
 }
 
-CATUnicodeString WBPendingWords(const std::vector<WBPendingChange>& changes)
+CATUnicodeString WBPendingWords(const std::vector<CATPendingChange>& changes)
 {
     const auto conflicts = std::ranges::count_if(
-        changes, [](const WBPendingChange& change) { return change.isInConflict; });
+        changes, [](const CATPendingChange& change) { return change.isInConflict; });
     if (changes.empty()) {
         return WBPanelText("Pending.WordsNone", "@You have no changes that are not saved.");
     }

@@ -2,26 +2,15 @@
 
 #include "WBPanelTexts.h"
 
+#include "CATPendingChanges.h"
+
 #include <optional>
 #include <vector>
 
 /// What was changed: by the user and not saved yet, anywhere; and by everybody, of one part and its
 /// place.
 
-/// Texts of changes are those of the wire: numbers in storage units, pieces with ";" between.
-struct WBPendingChange
-{
-    CATUnicodeString subject; ///< "part WING A", "use WING A / left"
-    CATUnicodeString fact;    ///< "mass type Weighed, mass"
-    CATUnicodeString seen;    ///< what was saved when it was changed
-    CATUnicodeString after;
-    CATUnicodeString stored; ///< what is saved now
-    bool isInConflict = false;
-    CATUnicodeString by; ///< who saved what conflicts, and when
-    CATUnicodeString at;
-    CATUnicodeString when; ///< it was changed
-};
-
+/// Its texts are those of the wire: numbers in storage units, pieces with ";" between.
 struct WBSavedChange
 {
     CATUnicodeString when;
@@ -36,13 +25,13 @@ struct WBSavedChange
 
 /// Read the answers of "WBPendingChanges" and "WBHistory"; nothing for one that is not exactly what
 /// its count announces.
-std::optional<std::vector<WBPendingChange>> WBReadPendingChanges(const CATUnicodeString& answer);
+std::optional<std::vector<CATPendingChange>> WBReadPendingChanges(const CATUnicodeString& answer);
 std::optional<std::vector<WBSavedChange>> WBReadHistory(const CATUnicodeString& answer);
 
-WBPanelTable WBPendingTable(const std::vector<WBPendingChange>& changes);
+WBPanelTable WBPendingTable(const std::vector<CATPendingChange>& changes);
 WBPanelTable WBHistoryTable(const std::vector<WBSavedChange>& changes);
 /// How many changes wait, and that some cannot be saved.
-CATUnicodeString WBPendingWords(const std::vector<WBPendingChange>& changes);
+CATUnicodeString WBPendingWords(const std::vector<CATPendingChange>& changes);
 
 /// What a change is about, in the user's language: "part WING A".
 CATUnicodeString WBSubjectText(const CATUnicodeString& subject);

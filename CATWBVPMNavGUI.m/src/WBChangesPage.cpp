@@ -46,7 +46,7 @@ void WBChangesPage::SetRecord(const CATWBAllDataBuffer* record)
 {
     m_record = record;
     m_isRead = record == nullptr;
-    m_pending = std::vector<WBPendingChange>();
+    m_pending = std::vector<CATPendingChange>();
     m_history = std::vector<WBSavedChange>();
 }
 
@@ -74,12 +74,13 @@ void WBChangesPage::Show(WBTableWriter write)
                           : (isKnown ? CATUnicodeString()
                                      : WBPanelText("Changes.Unknown",
                                                    "@The server does not say what was changed.")));
-    const std::vector<WBPendingChange> pending = m_pending.value_or(std::vector<WBPendingChange>());
+    const std::vector<CATPendingChange> pending =
+        m_pending.value_or(std::vector<CATPendingChange>());
     write(*m_pendingList, WBPendingTable(pending));
     write(*m_historyList, WBHistoryTable(m_history.value_or(std::vector<WBSavedChange>())));
     constexpr int kState = 5;
     int row = 0;
-    for (const WBPendingChange& change : pending) {
+    for (const CATPendingChange& change : pending) {
         ++row;
         m_pendingList->SetCellMark(kState, row, change.isInConflict);
     }

@@ -32,7 +32,7 @@ private:
 
     const CATWBAllDataBuffer* m_record = nullptr;
     bool m_isRead = true; // of no record there is nothing to read
-    std::optional<std::vector<WBPendingChange>> m_pending;
+    std::optional<std::vector<CATPendingChange>> m_pending;
     std::optional<std::vector<WBSavedChange>> m_history;
 
     // Controls belong to the controls that they stand in.

@@ -1,10 +1,10 @@
 #include "WBStatedValues.h"
 
-#include "WBAnswerFields.h"
 #include "WBQuantityTexts.h"
 
 #include "CATDiagnostics.h"
 #include "CATWBAllDataBuffer.h"
+#include "CATWireFields.h"
 #include "RunServerCode.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ CATUnicodeString Field(const CATUnicodeString& text)
     return text + "|";
 }
 
-WBStatedQuantity ReadQuantity(WBAnswerFields& fields)
+WBStatedQuantity ReadQuantity(CATWireFields& fields)
 {
     WBStatedQuantity quantity;
     quantity.owner = fields.Text();
@@ -36,7 +36,7 @@ WBStatedQuantity ReadQuantity(WBAnswerFields& fields)
         quantity.owner == Definitions::partRef || quantity.owner == Definitions::partInst;
     if (!isOwner || !WBIsTextOf(quantity.name, quantity.text) ||
         !WBIsTextOf(quantity.name, quantity.stored)) {
-        fields.Refuse();
+        fields.Refuse("a value that can be stated");
     }
     return quantity;
 }
@@ -50,7 +50,8 @@ std::vector<CATUnicodeString> AskGoals()
         CATUnicodeString name;
         CATUnicodeString kind;
     };
-    WBAnswerFields fields(RunServerCode("WBListMassTypes"));
+    const CATUnicodeString answer = RunServerCode("WBListMassTypes");
+    CATWireFields fields(answer.View());
     const auto massTypes = fields.List<MassType>([&fields] {
         MassType massType;
         massType.name = fields.Text();
@@ -68,7 +69,8 @@ std::vector<CATUnicodeString> AskGoals()
             goals.push_back(massType.name);
         }
     }
-    return fields.AreReadToTheEnd() ? goals : std::vector<CATUnicodeString>();
+    fields.End();
+    return fields.IsSound() ? goals : std::vector<CATUnicodeString>();
 }
 
 } // namespace
@@ -92,7 +94,7 @@ const WBStatedQuantity* WBStatedValues::Find(const CATUnicodeString& massType,
 
 std::optional<WBStatedValues> WBReadStatedValues(const CATUnicodeString& answer)
 {
-    WBAnswerFields fields(answer);
+    CATWireFields fields(answer.View());
     WBStatedValues values;
     values.partName = fields.Text();
     values.isLeaf = fields.Flag();
@@ -103,7 +105,8 @@ std::optional<WBStatedValues> WBReadStatedValues(const CATUnicodeString& answer)
     values.hasOwnSets = fields.Flag();
     values.pendingNumber = fields.Count();
     values.quantities = fields.List<WBStatedQuantity>([&fields] { return ReadQuantity(fields); });
-    return fields.AreReadToTheEnd() ? std::optional(std::move(values)) : std::nullopt;
+    fields.End();
+    return fields.IsSound() ? std::optional(std::move(values)) : std::nullopt;
 }
 
 CATUnicodeString WBPlaceOf(const CATWBAllDataBuffer& record)

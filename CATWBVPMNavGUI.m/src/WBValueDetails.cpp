@@ -1,8 +1,7 @@
 #include "WBValueDetails.h"
 
-#include "WBAnswerFields.h"
-
 #include "CATDiagnostics.h"
+#include "CATWireFields.h"
 #include "RunServerCode.h"
 
 #include <utility>
@@ -10,7 +9,7 @@
 namespace
 {
 
-WBSetDetails ReadSet(WBAnswerFields& fields)
+WBSetDetails ReadSet(CATWireFields& fields)
 {
     WBSetDetails set;
     set.massType = fields.Text();
@@ -20,35 +19,35 @@ WBSetDetails ReadSet(WBAnswerFields& fields)
     set.centreLender = fields.Text();
     set.inertiaLender = fields.Text();
     set.precision = fields.Word(WBPrecisionOrigin::Default);
-    fields.Numbers(set.sigmas);
+    fields.OptionalReals(set.sigmas);
     for (CATUnicodeString* text : {&set.source, &set.sourceDate, &set.author, &set.note}) {
         *text = fields.Text();
     }
-    fields.Numbers(set.principalMoments);
+    fields.OptionalReals(set.principalMoments);
     return set;
 }
 
-WBCoverage ReadCoverage(WBAnswerFields& fields)
+WBCoverage ReadCoverage(CATWireFields& fields)
 {
     WBCoverage coverage;
     for (double* value : {&coverage.leaves, &coverage.leavesWithoutMass,
                           &coverage.massWithoutCentre, &coverage.massWithoutInertia}) {
-        *value = fields.KnownNumber();
+        *value = fields.Real();
     }
     return coverage;
 }
 
-std::vector<WBShare> ReadShares(WBAnswerFields& fields)
+std::vector<WBShare> ReadShares(CATWireFields& fields)
 {
     return fields.List<WBShare>([&fields] {
         WBShare share;
         share.name = fields.Text();
-        share.mass = fields.KnownNumber();
+        share.mass = fields.Real();
         return share;
     });
 }
 
-std::optional<WBImposedDetails> ReadImposed(WBAnswerFields& fields)
+std::optional<WBImposedDetails> ReadImposed(CATWireFields& fields)
 {
     if (!fields.Flag()) {
         return std::nullopt;
@@ -56,19 +55,19 @@ std::optional<WBImposedDetails> ReadImposed(WBAnswerFields& fields)
     WBImposedDetails imposed;
     imposed.massType = fields.Text();
     for (WBTwelveFigures* figures : {&imposed.own, &imposed.below, &imposed.difference}) {
-        fields.Numbers(*figures);
+        fields.OptionalReals(*figures);
     }
     return imposed;
 }
 
-std::optional<WBUncertaintyDetails> ReadUncertainty(WBAnswerFields& fields)
+std::optional<WBUncertaintyDetails> ReadUncertainty(CATWireFields& fields)
 {
     if (!fields.Flag()) {
         return std::nullopt;
     }
     WBUncertaintyDetails uncertainty;
-    fields.Numbers(uncertainty.sigmas);
-    uncertainty.shareUnstated = fields.Number();
+    fields.OptionalReals(uncertainty.sigmas);
+    uncertainty.shareUnstated = fields.OptionalReal();
     return uncertainty;
 }
 
@@ -98,16 +97,17 @@ WBValueDetails WBAskValueDetails(WBDetailsOf what, const CATUnicodeString& compu
 
 std::optional<WBValueDetails> WBReadValueDetails(const CATUnicodeString& answer)
 {
-    WBAnswerFields fields(answer);
+    CATWireFields fields(answer.View());
     WBValueDetails details;
     details.partName = fields.Text();
     details.sets = fields.List<WBSetDetails>([&fields] { return ReadSet(fields); });
     details.coverage = ReadCoverage(fields);
     details.codes = ReadShares(fields);
     details.massTypes = ReadShares(fields);
-    details.growthAllowance = fields.Number();
+    details.growthAllowance = fields.OptionalReal();
     details.imposed = ReadImposed(fields);
     details.uncertainty = ReadUncertainty(fields);
     details.warnings = fields.List<CATUnicodeString>([&fields] { return fields.Text(); });
-    return fields.AreReadToTheEnd() ? std::optional(std::move(details)) : std::nullopt;
+    fields.End();
+    return fields.IsSound() ? std::optional(std::move(details)) : std::nullopt;
 }

@@ -67,7 +67,7 @@ TEST_F(WBChangesTest, PendingTableSpeaksInTheUsersUnits)
 
 TEST_F(WBChangesTest, ConflictThatNobodyOwnsUpToIsSaidSo)
 {
-    WBPendingChange change;
+    CATPendingChange change;
     change.isInConflict = true;
     EXPECT_EQ(WBPendingTable({change}).rows.at(0)[6], "cannot be saved: changed meanwhile");
 }
@@ -123,8 +123,8 @@ TEST_F(WBChangesTest, ValuesAreShownAsFieldsShowThem)
 
 TEST_F(WBChangesTest, WordsCountWhatWaits)
 {
-    WBPendingChange good;
-    WBPendingChange bad;
+    CATPendingChange good;
+    CATPendingChange bad;
     bad.isInConflict = true;
     EXPECT_EQ(WBPendingWords({}), "You have no changes that are not saved.");
     EXPECT_EQ(WBPendingWords({good}), "1 of your changes is not saved.");

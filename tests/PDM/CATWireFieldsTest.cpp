@@ -2,8 +2,10 @@
 
 #include "CATNumberLocale.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <array>
+#include <optional>
 #include <string>
 
 namespace
@@ -93,11 +95,18 @@ TEST(CATWireFields, TheFirstFaultStaysAndStopsTheReading)
 
 TEST(CATWireFields, CountsAreNotNegativeWholeNumbersThatFillTheirField)
 {
-    for (const char* text : {"-1|", "|", "1.0|", " 1|", "1 |", "+1|", "0x1|", "9999999999|"}) {
+    for (const char* text :
+         {"-1|", "|", "1.0|", " 1|", "1 |", "+1|", "0x1|", "9999999999999999999|"}) {
         CATWireFields fields(text);
         EXPECT_EQ(fields.Count(), 0) << text;
         ExpectFault(fields, 1, "a count");
     }
+}
+
+TEST(CATWireFields, CountsGoBeyondWhatAnIntHolds)
+{
+    CATWireFields fields("9999999999|");
+    EXPECT_EQ(fields.Count(), 9999999999);
 }
 
 TEST(CATWireFields, QuantitiesAreOneOrMore)
@@ -129,3 +138,80 @@ TEST(CATWireFields, RealsAreFiniteNumbersThatFillTheirField)
     }
 }
 } // namespace
+
+TEST(CATWireFields, ARealThatTravelsAsNothingIsNone)
+{
+    CATWireFields fields("__null__|2.5|-1|__null__|__null__s|");
+    EXPECT_EQ(fields.OptionalReal(), std::nullopt);
+    EXPECT_EQ(fields.OptionalReal(), 2.5);
+    std::array<std::optional<double>, 2> two{7.0, 7.0};
+    fields.OptionalReals(two);
+    EXPECT_EQ(two[0], -1.0);
+    EXPECT_EQ(two[1], std::nullopt);
+    EXPECT_TRUE(fields.IsSound());
+    fields.OptionalReal();
+    ExpectFault(fields, 5, "a number");
+}
+
+TEST(CATWireFields, RealsThatMustBeThereAreNotNothing)
+{
+    CATWireFields fields("__null__|");
+    EXPECT_EQ(fields.Real(), 0.0);
+    ExpectFault(fields, 1, "a number");
+}
+
+TEST(CATWireFields, OptionalRealsAreFiniteToo)
+{
+    for (const char* text : {"inf|", "nan|", "|", "1mm|"}) {
+        CATWireFields fields(text);
+        EXPECT_EQ(fields.OptionalReal(), 0.0) << text;
+        ExpectFault(fields, 1, "a number");
+    }
+}
+
+TEST(CATWireFields, WordsAreNumbersFromZeroToTheLast)
+{
+    enum class Colour
+    {
+        Red,
+        Green,
+        Blue
+    };
+    CATWireFields fields("0|2|");
+    EXPECT_EQ(fields.Word(Colour::Blue), Colour::Red);
+    EXPECT_EQ(fields.Word(Colour::Blue), Colour::Blue);
+    EXPECT_TRUE(fields.IsSound());
+    for (const char* text : {"3|", "-1|", "|", "1.5|", "green|"}) {
+        CATWireFields wrong(text);
+        EXPECT_EQ(wrong.Word(Colour::Blue), Colour::Red) << text;
+        ExpectFault(wrong, 1, "a known choice");
+    }
+}
+
+TEST(CATWireFields, AListIsACountAndThatManyEntries)
+{
+    CATWireFields fields("2|one|two|0|left|");
+    const auto text = [&fields] {
+        return std::string(fields.Text());
+    };
+    EXPECT_THAT(fields.List<std::string>(text), testing::ElementsAre("one", "two"));
+    EXPECT_THAT(fields.List<std::string>(text), testing::IsEmpty());
+    EXPECT_EQ(fields.Text(), "left");
+    EXPECT_TRUE(fields.IsSound());
+}
+
+TEST(CATWireFields, AListThatPromisesTooMuchEndsWithTheFirstMissingField)
+{
+    CATWireFields fields("9000000000000000000|one|");
+    fields.List<std::string>([&fields] { return std::string(fields.Text()); });
+    ExpectFault(fields, 3, "there");
+}
+
+TEST(CATWireFields, ItsReaderRefusesWhatOnlyHeCanJudge)
+{
+    CATWireFields fields("one|two|");
+    fields.Text();
+    fields.Text();
+    fields.Refuse("three");
+    ExpectFault(fields, 2, "three");
+}

@@ -38,12 +38,12 @@ CATUnicodeString NumberText(std::size_t count)
                              {CATUnicodeString(std::to_string(count))});
 }
 
-std::vector<PendingChangeLine> AskServer(std::string& problem)
+std::vector<CATPendingChange> AskServer(std::string& problem)
 {
     return ReadPendingChanges(RunServerCode("WBPendingChanges").View(), problem);
 }
 
-CATUnicodeString QuestionText(const std::vector<PendingChangeLine>& changes)
+CATUnicodeString QuestionText(const std::vector<CATPendingChange>& changes)
 {
     CATUnicodeString named;
     for (std::size_t index = 0; index < std::min(changes.size(), kMostNamed); ++index) {
@@ -74,7 +74,7 @@ UnsavedChanges::UnsavedChanges(QLabel* label, CATDlgDialog* window)
 void UnsavedChanges::Update()
 {
     std::string problem;
-    const std::vector<PendingChangeLine> changes = AskServer(problem);
+    const std::vector<CATPendingChange> changes = AskServer(problem);
     if (problem.empty()) {
         m_label->setText(ToQString(NumberText(changes.size())));
         m_label->setVisible(!changes.empty());
@@ -84,7 +84,7 @@ void UnsavedChanges::Update()
 bool UnsavedChanges::MayClose()
 {
     std::string problem;
-    const std::vector<PendingChangeLine> changes = AskServer(problem);
+    const std::vector<CATPendingChange> changes = AskServer(problem);
     if (!problem.empty()) {
         Tell(kWarningStyle, Text("Unknown.Title", "@Unsaved changes"),
              Text("Unknown.Text",
@@ -100,7 +100,7 @@ bool UnsavedChanges::MayClose()
     return answer == kSave ? Save() : answer == kLeaveForLater;
 }
 
-int UnsavedChanges::Ask(const std::vector<PendingChangeLine>& changes)
+int UnsavedChanges::Ask(const std::vector<CATPendingChange>& changes)
 {
     auto* box = new CATDlgNotify(m_window, "UnsavedChanges", CATDlgNotify::kQuestionWithCancel);
     box->SetTitle(Text("Question.Title", "@Unsaved changes"));

@@ -7,7 +7,7 @@
 
 class CATDlgDialog;
 class QLabel;
-struct PendingChangeLine;
+struct CATPendingChange;
 
 /// What the user has changed and not saved, in the workbench: how many changes, in the status line,
 /// right after each change, save and giving up; and the question what becomes of them before the
@@ -28,7 +28,7 @@ public:
 
 private:
     bool Save();
-    int Ask(const std::vector<PendingChangeLine>& changes);
+    int Ask(const std::vector<CATPendingChange>& changes);
     void Tell(int style, const CATUnicodeString& title, const CATUnicodeString& text);
 
     QLabel* m_label;

@@ -51,12 +51,8 @@ using RowReader = CATProductRow (*)(CATWireFields& fields);
 std::vector<CATProductRow> ReadRows(const CATUnicodeString& answer, RowReader readRow)
 {
     CATWireFields fields(answer.View());
-    std::vector<CATProductRow> rows;
-    // A count that promises more than there is ends with the first missing field; no room is made
-    // for it beforehand.
-    for (int left = fields.Count(); left > 0 && fields.IsSound(); --left) {
-        rows.push_back(readRow(fields));
-    }
+    std::vector<CATProductRow> rows =
+        fields.List<CATProductRow>([&fields, readRow] { return readRow(fields); });
     fields.End();
     if (!fields.IsSound()) {
         CATReportPDMProblem(

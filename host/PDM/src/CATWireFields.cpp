@@ -3,17 +3,34 @@
 #include <charconv>
 #include <cmath>
 
+namespace
+{
+constexpr std::string_view kNull = "__null__";
+
+/// The number that fills the text.
+template <class T>
+std::optional<T> NumberOf(std::string_view text)
+{
+    T value{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) {
+        return std::nullopt;
+    }
+    return value;
+}
+} // namespace
+
 std::string_view CATWireFields::Text()
 {
     const std::string_view field = Next().value_or(std::string_view());
-    return field == "__null__" ? std::string_view() : field;
+    return field == kNull ? std::string_view() : field;
 }
 
-int CATWireFields::Count()
+long long CATWireFields::Count()
 {
-    const std::optional<int> count = Number<int>();
+    const auto count = NumberOf<long long>(Text());
     if (!count || *count < 0) {
-        Fail("a count");
+        Refuse("a count");
         return 0;
     }
     return *count;
@@ -21,9 +38,9 @@ int CATWireFields::Count()
 
 int CATWireFields::Quantity()
 {
-    const std::optional<int> quantity = Number<int>();
+    const auto quantity = NumberOf<int>(Text());
     if (!quantity || *quantity < 1) {
-        Fail("a number of pieces");
+        Refuse("a number of pieces");
         return 0;
     }
     return *quantity;
@@ -33,26 +50,37 @@ bool CATWireFields::Flag()
 {
     const std::string_view field = Text();
     if (field != "0" && field != "1") {
-        Fail("0 or 1");
+        Refuse("0 or 1");
     }
     return field == "1";
 }
 
+int CATWireFields::Digit(int most)
+{
+    const auto digit = NumberOf<int>(Text());
+    if (!digit || *digit < 0 || *digit > most) {
+        Refuse("a known choice");
+        return 0;
+    }
+    return *digit;
+}
+
 double CATWireFields::Real()
 {
-    const std::optional<double> value = Number<double>();
-    if (!value || !std::isfinite(*value)) {
-        Fail("a number");
-        return 0.0;
-    }
-    return *value;
+    return FiniteNumber(Text());
+}
+
+std::optional<double> CATWireFields::OptionalReal()
+{
+    const std::string_view field = Next().value_or(std::string_view());
+    return field == kNull ? std::nullopt : std::optional(FiniteNumber(field));
 }
 
 void CATWireFields::End()
 {
     if (!m_rest.empty()) {
         ++m_field;
-        Fail("the end");
+        Refuse("the end");
     }
 }
 
@@ -64,7 +92,7 @@ std::optional<std::string_view> CATWireFields::Next()
     ++m_field;
     const std::size_t end = m_rest.find('|');
     if (end == std::string_view::npos) {
-        Fail("there");
+        Refuse("there");
         return std::nullopt;
     }
     const std::string_view field = m_rest.substr(0, end);
@@ -72,7 +100,7 @@ std::optional<std::string_view> CATWireFields::Next()
     return field;
 }
 
-void CATWireFields::Fail(std::string_view expected)
+void CATWireFields::Refuse(std::string_view expected)
 {
     // The first fault is the one that explains the others.
     if (IsSound()) {
@@ -81,14 +109,12 @@ void CATWireFields::Fail(std::string_view expected)
     }
 }
 
-template <class T>
-std::optional<T> CATWireFields::Number()
+double CATWireFields::FiniteNumber(std::string_view field)
 {
-    const std::string_view field = Text();
-    T value{};
-    const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
-    if (error != std::errc() || end != field.data() + field.size()) {
-        return std::nullopt;
+    const auto value = NumberOf<double>(field);
+    if (!value || !std::isfinite(*value)) {
+        Refuse("a number");
+        return 0.0;
     }
-    return value;
+    return *value;
 }
