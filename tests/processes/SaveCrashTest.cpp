@@ -1,6 +1,7 @@
 #include "../System/TestEnvironment.h"
 #include "ChildProcess.h"
 #include "SettingsRound.h"
+#include "SqlConnection.h"
 #include "TemporaryDirectory.h"
 #include "TwelveParts.h"
 #include "WBImport.h"
@@ -11,7 +12,6 @@
 
 #include <gmock/gmock.h>
 
-#include <sqlite3.h>
 #include <sys/wait.h>
 
 #include <chrono>
@@ -202,7 +202,7 @@ private:
             ADD_FAILURE() << opened.error;
             return State::Broken;
         }
-        EXPECT_EQ(IntegrityOf(m_database), "ok");
+        EXPECT_EQ(wbtest::SqlConnection(m_database).Text("PRAGMA integrity_check"), "ok");
         wb::Server server(*opened.store);
         const std::string pending = server.Call("WBPendingChanges", "", m_anna);
         const std::size_t history = opened.store->History().size();
@@ -224,20 +224,6 @@ private:
         ADD_FAILURE() << changed << " parts changed, " << unchanged << " unchanged, " << history
                       << " entries in the history, pending: " << pending;
         return State::Broken;
-    }
-
-    static std::string IntegrityOf(const std::string& path)
-    {
-        sqlite3* database = nullptr;
-        sqlite3_open(path.c_str(), &database);
-        std::string answer;
-        const auto take = [](void* text, int, char** columns, char**) {
-            *static_cast<std::string*>(text) += columns[0];
-            return 0;
-        };
-        sqlite3_exec(database, "PRAGMA integrity_check", take, &answer, nullptr);
-        sqlite3_close(database);
-        return answer;
     }
 
     TemporaryDirectory m_folder;

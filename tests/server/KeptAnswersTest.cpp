@@ -1,7 +1,6 @@
 #include "MethodsTesting.h"
+#include "SqlConnection.h"
 #include "WBProductComputation.h"
-
-#include <sqlite3.h>
 
 #include <atomic>
 #include <chrono>
@@ -69,26 +68,12 @@ protected:
     }
 
     /// Writes to the database behind the store's back, so that no change number rises.
-    void RunSql(const std::string& sql)
-    {
-        sqlite3* other = nullptr;
-        sqlite3_open(m_served.Folder().File("x.db").c_str(), &other);
-        EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-        sqlite3_close(other);
-    }
+    void RunSql(const std::string& sql) { wbtest::RunSql(m_served.Store().Path(), sql); }
     /// All masses become 100 kg; only who reads the product sees it.
     void EditInSecret() { RunSql("UPDATE part_value SET mass = 100"); }
     std::int64_t Number(const std::string& sql)
     {
-        sqlite3* other = nullptr;
-        sqlite3_open(m_served.Folder().File("x.db").c_str(), &other);
-        sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(other, sql.c_str(), -1, &statement, nullptr);
-        EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW) << sql;
-        const std::int64_t number = sqlite3_column_int64(statement, 0);
-        sqlite3_finalize(statement);
-        sqlite3_close(other);
-        return number;
+        return std::stoll(wbtest::SqlConnection(m_served.Store().Path()).Text(sql));
     }
     void ExpectNothingKept() { EXPECT_EQ(Number("SELECT count(*) FROM kept_result"), 0); }
 
@@ -272,14 +257,12 @@ TEST_F(KeptAnswers, UsesWithValuesOfTheirOwnAreInStoredSums)
 TEST_F(KeptAnswers, LockedDatabaseDoesNotKeepAComputationWaiting)
 {
     m_served.ImportTable(kTwoPoints);
-    sqlite3* other = nullptr;
-    sqlite3_open(m_served.Folder().File("x.db").c_str(), &other);
-    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    wbtest::SqlConnection other(m_served.Store().Path());
+    ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
     const auto before = std::chrono::steady_clock::now();
     EXPECT_EQ(Mass(RequestOf("Active")), "8");
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(1));
-    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
-    sqlite3_close(other);
+    other.Run("ROLLBACK");
     ExpectNothingKept();
 }
 

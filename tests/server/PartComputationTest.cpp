@@ -1,6 +1,5 @@
 #include "PartRequestTesting.h"
-
-#include <sqlite3.h>
+#include "SqlConnection.h"
 
 #include <atomic>
 #include <utility>
@@ -31,15 +30,6 @@ std::string MassOf(ServedProduct& served, const PartRequest& request)
 {
     const auto fields = wbtest::Split(wbtest::ComputePart(served, request), '|');
     return fields.at(0);
-}
-
-/// Writes to the database behind the store's back.
-void RunSql(ServedProduct& served, const std::string& sql)
-{
-    sqlite3* other = nullptr;
-    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
-    EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    sqlite3_close(other);
 }
 
 void ExpectTotal(const std::string& answer, const std::vector<std::string>& row)
@@ -141,7 +131,7 @@ TEST(PartComputation, TriedMaterialHasTheDensityThatItHasNow)
     request.priority = "1";
     request.material = "Lead";
     EXPECT_THAT(wbtest::ComputePart(served, request), HasSubstr("|1|Lead|3|10|20|"));
-    RunSql(served, "UPDATE material SET density = 30 WHERE name = 'Lead'");
+    wbtest::RunSql(served.Store().Path(), "UPDATE material SET density = 30 WHERE name = 'Lead'");
     EXPECT_THAT(wbtest::ComputePart(served, request), HasSubstr("|1|Lead|3|15|30|"));
 }
 
@@ -445,7 +435,8 @@ TEST(PartComputation, CycleIsNamedAndAnotherProductStillComputed)
     served.ImportTable(
         "parent,instance,part,mass_type,mass [kg]\n,,A,,\nA,S.1,S,,\nS,t,T,,\nT,u,U,,\n"
         ",,B,,\nB,P.1,P,Weighed,3\n");
-    RunSql(served, "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
+    wbtest::RunSql(served.Store().Path(),
+                   "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
                    "WHERE instance = 'u'");
     for (const char* entity : {"0", "1", "2"}) {
         PartRequest request = kAssembly;

@@ -40,15 +40,8 @@ constexpr const char* kLeftComputed = "1|left|WING|A|0|0|__null__|Active|0|0|PLA
 /// So many results are kept in the database.
 int KeptResults(EditedProduct& product)
 {
-    sqlite3* database = nullptr;
-    sqlite3_open(product.Store().Path().c_str(), &database);
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, "SELECT count(*) FROM kept_result", -1, &statement, nullptr);
-    sqlite3_step(statement);
-    const int count = sqlite3_column_int(statement, 0);
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
-    return count;
+    return std::stoi(
+        wbtest::SqlConnection(product.Store().Path()).Text("SELECT count(*) FROM kept_result"));
 }
 } // namespace
 

@@ -1,4 +1,5 @@
 #include "MethodsTesting.h"
+#include "SqlConnection.h"
 #include "WBCompute.h"
 #include "WBNumbers.h"
 #include "WBProductExport.h"
@@ -10,8 +11,6 @@
 #include <random>
 #include <set>
 #include <sstream>
-
-#include <sqlite3.h>
 
 using namespace wb;
 using testing::IsEmpty;
@@ -651,11 +650,11 @@ TEST(WBImport, DatabaseThatFailsIsToldAsASentence)
         EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors, isBusy);
     }
     // Another program that has the file to itself keeps readers out as well.
-    sqlite3* connection = nullptr;
-    sqlite3_open(served.Store().Path().c_str(), &connection);
-    sqlite3_exec(connection, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
-    EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors, isBusy);
-    EXPECT_THAT(std::vector{ExportProduct(*other.store, "R").error}, isBusy);
-    sqlite3_close(connection);
+    {
+        wbtest::SqlConnection connection(served.Store().Path());
+        connection.Run("BEGIN EXCLUSIVE");
+        EXPECT_THAT(ImportBytes(*other.store, "part\nP\n", "t.csv").errors, isBusy);
+        EXPECT_THAT(std::vector{ExportProduct(*other.store, "R").error}, isBusy);
+    }
     EXPECT_EQ(ExportProduct(*other.store, "R").error, "");
 }

@@ -1,9 +1,8 @@
 #include "MethodsTesting.h"
 
+#include "SqlConnection.h"
 #include "WBChecksum.h"
 #include "WBTablePieces.h"
-
-#include <sqlite3.h>
 
 #include <sstream>
 
@@ -38,29 +37,14 @@ std::string LargeTable()
 /// Every row of every table of the database but the history.
 std::string Dump(const std::string& path)
 {
-    sqlite3* database = nullptr;
-    sqlite3_open(path.c_str(), &database);
+    wbtest::SqlConnection database(path);
     std::string dump;
-    const auto append = [](void* text, int count, char** cells, char**) {
-        for (int i = 0; i < count; ++i) {
-            *static_cast<std::string*>(text) += std::string(cells[i] ? cells[i] : "-") + "|";
-        }
-        *static_cast<std::string*>(text) += "\n";
-        return 0;
-    };
     for (const char* table : {"meta", "material", "part", "use", "part_value", "part_property",
                               "use_value", "use_property", "document_revision"}) {
-        const std::string sql = std::string("SELECT * FROM ") + table + " ORDER BY 1, 2, 3";
-        const std::string two = std::string("SELECT * FROM ") + table + " ORDER BY 1, 2";
-        EXPECT_EQ(sqlite3_exec(database, (std::string(table) == "meta" ? two : sql).c_str(), append,
-                               &dump, nullptr),
-                  SQLITE_OK)
-            << table;
+        const char* order = std::string(table) == "meta" ? " ORDER BY 1, 2" : " ORDER BY 1, 2, 3";
+        dump += database.Text(std::string("SELECT * FROM ") + table + order) + "\n";
     }
-    append(&dump, 0, nullptr, nullptr);
-    sqlite3_exec(database, "SELECT name, sql FROM sqlite_master WHERE type = 'index' ORDER BY 1",
-                 append, &dump, nullptr);
-    sqlite3_close(database);
+    dump += database.Text("SELECT name, sql FROM sqlite_master WHERE type = 'index' ORDER BY 1");
     return dump;
 }
 
@@ -211,13 +195,9 @@ TEST(TablePieces, RootsAreThoseOfTheDatabaseAsItIs)
     served.ImportTable("parent,instance,part\nR,b,S\n,,T\n");
     EXPECT_EQ(roots(), "R T ");
     // Other writers tell of a change by the change number alone.
-    sqlite3* other = nullptr;
-    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
-    sqlite3_exec(other,
-                 "DELETE FROM use WHERE instance = 'b';"
-                 "UPDATE meta SET value = value + 1 WHERE key = 'change_number'",
-                 nullptr, nullptr, nullptr);
-    sqlite3_close(other);
+    wbtest::RunSql(served.Store().Path(),
+                   "DELETE FROM use WHERE instance = 'b';"
+                   "UPDATE meta SET value = value + 1 WHERE key = 'change_number'");
     EXPECT_EQ(roots(), "R S T ");
 }
 

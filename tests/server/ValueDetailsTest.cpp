@@ -1,6 +1,5 @@
 #include "PartRequestTesting.h"
-
-#include <sqlite3.h>
+#include "SqlConnection.h"
 
 #include <cmath>
 
@@ -83,14 +82,6 @@ constexpr const char* kTwoPoints =
     "S,1,P,WING,10,Weighed,2,0,0,0,0.3\n"
     "S,2,Q,,5,Estimated,6,4,0,0,0.4\n";
 
-/// Writes to the database behind the store's back.
-void RunSql(ServedProduct& served, const std::string& sql)
-{
-    sqlite3* other = nullptr;
-    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
-    EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    sqlite3_close(other);
-}
 } // namespace
 
 TEST(ValueDetails, LeafWithOneSetIsToldFieldByField)
@@ -489,7 +480,7 @@ TEST(ValueDetails, ForcedComputationIsToldFromWhatItRead)
     PartRequest request = kAssembly;
     request.policy = "1";
     EXPECT_THAT(wbtest::ComputePart(served, request), StartsWith("8|"));
-    RunSql(served, "UPDATE part_value SET mass = 7 WHERE mass = 6");
+    wbtest::RunSql(served.Store().Path(), "UPDATE part_value SET mass = 7 WHERE mass = 6");
     BehindSets(wbtest::DetailsOfComputation(served, request)).Expect({"2", "0", "0", "8"});
     EXPECT_THAT(wbtest::ComputePart(served, request), StartsWith("9|"));
     BehindSets(wbtest::DetailsOfComputation(served, request)).Expect({"2", "0", "0", "9"});
@@ -501,7 +492,8 @@ TEST(ValueDetails, LeafIsToldWithoutItsProductBeingRead)
     served.ImportTable("parent,instance,part,mass_type,mass [kg]\n,,A,,\nA,P.1,P,Weighed,2\n"
                        "A,S.1,S,,\nS,t,T,,\nT,u,U,,\n");
     // A product that holds itself cannot be summed up.
-    RunSql(served, "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
+    wbtest::RunSql(served.Store().Path(),
+                   "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
                    "WHERE instance = 'u'");
     EXPECT_EQ(SetOf(wbtest::DetailsOfRecord(served, kLeaf), "Weighed").at(1), "1");
     EXPECT_THAT(wbtest::DetailsOfRecord(served, kAssembly),

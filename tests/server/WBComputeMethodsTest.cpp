@@ -1,8 +1,7 @@
 #include "MethodsTesting.h"
 
+#include "SqlConnection.h"
 #include "WBNumbers.h"
-
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <atomic>
@@ -60,15 +59,6 @@ void ExpectNear(const std::vector<std::string>& answer, std::size_t first,
                     kTolerance * largest)
             << "field " << first + i;
     }
-}
-
-/// Writes to the database behind the store's back, so that no change number rises.
-void RunSql(wbtest::ServedProduct& served, const std::string& sql)
-{
-    sqlite3* other = nullptr;
-    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
-    EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    sqlite3_close(other);
 }
 
 /// Two parts in a root, as points: 2 kg at x = 0 and 6 kg at x = 4 mm.
@@ -251,7 +241,7 @@ TEST(WBComputeMethods, ProductStaysInMemoryUntilItChanges)
     wbtest::ServedProduct served;
     served.ImportTable(kTwoPoints);
     EXPECT_THAT(ComputeIn(served, RequestOf("Active", "R")), StartsWith("8|"));
-    RunSql(served, "UPDATE part_value SET mass = 7 WHERE mass = 6");
+    wbtest::RunSql(served.Store().Path(), "UPDATE part_value SET mass = 7 WHERE mass = 6");
     EXPECT_THAT(ComputeIn(served, RequestOf("Active", "R", "0")), StartsWith("8|"));
     EXPECT_THAT(ComputeIn(served, RequestOf("Active", "R", "2|1")), StartsWith("8|"));
     EXPECT_THAT(ComputeIn(served, RequestOf("Active", "R", "1")), StartsWith("9|"));
@@ -348,7 +338,8 @@ TEST(WBComputeMethods, CycleIsNamed)
 {
     wbtest::ServedProduct served;
     served.ImportTable("parent,instance,part\n,,R\nR,a,A\nA,b,B\nB,c,C\n");
-    RunSql(served, "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
+    wbtest::RunSql(served.Store().Path(),
+                   "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
                    "WHERE instance = 'c'");
     EXPECT_EQ(ComputeIn(served, RequestOf("Active", "R")),
               "#WB_ERROR#The product holds itself: A > B > A.");

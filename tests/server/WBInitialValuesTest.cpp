@@ -1,6 +1,5 @@
 #include "MethodsTesting.h"
-
-#include <sqlite3.h>
+#include "SqlConnection.h"
 
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -242,13 +241,9 @@ TEST(WBInitialValues, ProductThatHoldsItselfIsNamed)
     ServedProduct served;
     served.ImportTable("parent,instance,part,mass_type,mass [kg]\n,,A,,\nA,P.1,P,Weighed,2\n"
                        "A,S.1,S,,\nS,t,T,,\nT,u,U,,\n");
-    sqlite3* other = nullptr;
-    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
-    sqlite3_exec(other,
-                 "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
-                 "WHERE instance = 'u'",
-                 nullptr, nullptr, nullptr);
-    sqlite3_close(other);
+    wbtest::RunSql(served.Store().Path(),
+                   "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'S') "
+                   "WHERE instance = 'u'");
     EXPECT_EQ(served.Initial("1||A|S.1|S|A|0|"), "#WB_ERROR#The product holds itself: S > T > S.");
     EXPECT_THAT(served.Initial("1||A|P.1|P|A|0|"), HasSubstr("|Weighed|1|2|"));
 }

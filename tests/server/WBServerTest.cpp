@@ -1,6 +1,5 @@
 #include "MethodsTesting.h"
-
-#include <sqlite3.h>
+#include "SqlConnection.h"
 
 #include <atomic>
 
@@ -91,11 +90,8 @@ TEST(WBServer, WrongFieldsOfAListAreNamed)
 TEST(WBServer, FailingDatabaseIsAnswered)
 {
     wbtest::ServedProduct served;
-    sqlite3* other = nullptr;
-    sqlite3_open(served.Folder().File("x.db").c_str(), &other);
-    sqlite3_exec(other, "DROP TABLE use_property; DROP TABLE use_value; DROP TABLE use", nullptr,
-                 nullptr, nullptr);
-    sqlite3_close(other);
+    wbtest::RunSql(served.Store().Path(),
+                   "DROP TABLE use_property; DROP TABLE use_value; DROP TABLE use");
     EXPECT_THAT(served.Call("WBListRoots", ""), HasSubstr("x.db: the database failed"));
     EXPECT_THAT(served.Call("WBListRoots", ""), StartsWith("#WB_ERROR#"));
     std::vector<std::string> identificators{"A|P.1"};

@@ -1,7 +1,7 @@
 #include "ComputeTesting.h"
+#include "SqlConnection.h"
 
 #include <gmock/gmock.h>
-#include <sqlite3.h>
 
 #include <filesystem>
 
@@ -131,14 +131,9 @@ TEST_F(ComputeErrors, ProductThatHoldsItselfIsNamed)
 {
     Import("parent,instance,part\n,,R\nR,a,A\nA,b,B\nB,c,C\n");
     // No import lets that in; only somebody who works on the file itself can.
-    sqlite3* database = nullptr;
-    sqlite3_open(folder.At("a.db").c_str(), &database);
-    EXPECT_EQ(sqlite3_exec(database,
-                           "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
-                           "WHERE instance = 'c'",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK);
-    sqlite3_close(database);
+    wbtest::RunSql(folder.At("a.db"),
+                   "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
+                   "WHERE instance = 'c'");
     EXPECT_EQ(Refusal("R", 1), "wb: The product holds itself: A > B > A.\n");
 }
 

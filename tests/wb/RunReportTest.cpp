@@ -1,9 +1,9 @@
 #include "ComputeTesting.h"
 #include "CsvCells.h"
+#include "SqlConnection.h"
 
 #include <gmock/gmock.h>
 #include <pugixml.hpp>
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
@@ -450,14 +450,9 @@ TEST_F(RunReport, WhatCannotBeComputedIsStatus1)
     EXPECT_FALSE(folder.Has("a.db"));
     Import("parent,instance,part\n,,R\nR,a,A\nA,b,B\nB,c,C\n");
     // No import lets that in; only somebody who works on the file itself can.
-    sqlite3* database = nullptr;
-    sqlite3_open(folder.At("a.db").c_str(), &database);
-    EXPECT_EQ(sqlite3_exec(database,
-                           "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
-                           "WHERE instance = 'c'",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK);
-    sqlite3_close(database);
+    wbtest::RunSql(folder.At("a.db"),
+                   "UPDATE use SET part = (SELECT id FROM part WHERE identifier = 'A') "
+                   "WHERE instance = 'c'");
     EXPECT_EQ(Refusal("R", 1), "wb: The product holds itself: A > B > A.\n");
     EXPECT_EQ(Refusal("R --pick R/a", 1), "wb: The product holds itself: A > B > A.\n");
 }
