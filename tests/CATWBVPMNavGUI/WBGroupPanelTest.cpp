@@ -93,7 +93,7 @@ TEST_F(WBGroupPanelTest, WindowSaysWhenAnItemCountsWithItsAssembly)
     EXPECT_EQ(Text("Items"), "1");
     EXPECT_EQ(Text("Mass"), "40 kg");
     EXPECT_EQ(Text("WhatCounts"), "2 more count once, with the assemblies that they stand in.");
-    EXPECT_EQ(Text("Missing"), "Below 1, parts lack mass or centre of gravity.");
+    EXPECT_EQ(Text("Missing"), "Of 1 assembly some parts have no mass or no centre of gravity.");
     EXPECT_THAT(Remarks(),
                 ElementsAre("counts with WING.1", "counts with WING.1", "incomplete below"));
     List(kInstances)->SelectRow(2);

@@ -172,11 +172,11 @@ TEST_F(WBDescribeTotalsTest, WhatIsMissingIsCounted)
     totals.incomplete = 3;
     EXPECT_EQ(WBDescribeTotals(totals).missing,
               "1 has no mass and counts as nothing. 2 have no centre of gravity and stand at that "
-              "of the rest. Below 3, parts lack mass or centre of gravity.");
+              "of the rest. Of 3 assemblies some parts have no mass or no centre of gravity.");
     totals.withoutMass = 2;
     totals.withoutCentre = 1;
     totals.incomplete = 1;
     EXPECT_EQ(WBDescribeTotals(totals).missing,
               "2 have no mass and count as nothing. 1 has no centre of gravity and stands at that "
-              "of the rest. Below 1, parts lack mass or centre of gravity.");
+              "of the rest. Of 1 assembly some parts have no mass or no centre of gravity.");
 }
