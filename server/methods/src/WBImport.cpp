@@ -26,9 +26,9 @@ void AppendChanges(std::vector<std::string>& sentences, const std::vector<Change
 {
     constexpr std::size_t kMost = 20;
     for (std::size_t i = 0; i < facts.size() && i < kMost; ++i) {
-        sentences.push_back((facts[i].after.empty()
-                                 ? "removed: " + facts[i].What() + ": "
-                                 : "changed: " + facts[i].What() + ": " + facts[i].after + ", was ") +
+        sentences.push_back((facts[i].after.empty() ? "removed: " + facts[i].What() + ": "
+                                                    : "changed: " + facts[i].What() + ": " +
+                                                          facts[i].after + ", was ") +
                             facts[i].before);
     }
     if (facts.size() > kMost) {

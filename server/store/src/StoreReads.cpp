@@ -414,8 +414,7 @@ std::vector<StoredUse> Store::ReadUsesBelow(RowId part) const
 {
     std::vector<UseRow> read;
     Statement& rows =
-        m_database->Kept("SELECT " + UseColumns(*m_database) + " WHERE parent = ?")
-            .Bind(part);
+        m_database->Kept("SELECT " + UseColumns(*m_database) + " WHERE parent = ?").Bind(part);
     while (rows.Step()) {
         read.push_back(ReadUseRow(rows));
     }
