@@ -33,6 +33,19 @@ std::string Precision(const std::string& text)
            (text.starts_with("percent") ? " %" : " kg");
 }
 
+/// "1;2;3" as "1; 2; 3".
+std::string Listed(const std::string& numbers)
+{
+    std::string text;
+    for (const char letter : numbers) {
+        text += letter;
+        if (letter == ';') {
+            text += ' ';
+        }
+    }
+    return text;
+}
+
 /// A value as people read it in a sentence.
 std::string Value(const Quantity& quantity, const std::string& text)
 {
@@ -43,7 +56,7 @@ std::string Value(const Quantity& quantity, const std::string& text)
         return Precision(text);
     }
     const auto row = std::ranges::find(kUnits, quantity.name, &UnitRow::quantity);
-    return ShownText(quantity.name, text) + (row == kUnits.end() ? "" : row->unit);
+    return row == kUnits.end() ? ShownText(quantity.name, text) : Listed(text) + row->unit;
 }
 
 std::string Obstacle(const PendingState& change)
@@ -51,7 +64,8 @@ std::string Obstacle(const PendingState& change)
     if (change.isGone) {
         return "it is no longer there";
     }
-    const std::string stored = Value(change.quantity, change.stored);
+    const std::string stored =
+        change.stored == change.after ? "the same value" : Value(change.quantity, change.stored);
     return change.by.empty()
                ? stored + " is stored now"
                : WireName(change.by) + " saved " + stored + " on " + WireTime(change.at);
