@@ -2,10 +2,10 @@
 #include "SqlConnection.h"
 
 #include <chrono>
-#include <regex>
 
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 using wbtest::EditedProduct;
 using wbtest::kHook;
@@ -111,12 +111,10 @@ TEST(SaveManagement, WhoeverSavesSecondIsToldWhoWasFirst)
     product.WeighSpar("anna", "11");
     EXPECT_EQ(product.Save("anna"), "Save|OK");
     EXPECT_EQ(product.Save("kim"), "Save|FALSE");
-    const std::string warnings = product.Warnings("kim");
-    EXPECT_TRUE(std::regex_match(
-        warnings, std::regex("- part SPAR A, mass type Weighed, mass: you changed 10 kg to 12 kg, "
+    EXPECT_THAT(product.Warnings("kim"),
+                MatchesRegex("- part SPAR A, mass type Weighed, mass: you changed 10 kg to 12 kg, "
                              "but anna saved 11 kg on [0-9]{4}/[0-9]{2}/[0-9]{2} "
-                             "[0-9]{2}:[0-9]{2}:[0-9]{2}")))
-        << warnings;
+                             "[0-9]{2}:[0-9]{2}:[0-9]{2}"));
     // Everything is still pending, also what conflicts with nothing.
     EXPECT_THAT(product.Pending("kim"), StartsWith("2|"));
     EXPECT_EQ(SparMass(product, "kim"), "12|11|1|1");
@@ -268,13 +266,12 @@ TEST(SaveManagement, ListOfPendingChangesIsInTheirOrder)
     product.WeighSpar("anna", "11");
     product.Save("anna");
     const std::string time = "[0-9]{4}/[0-9]{2}/[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\|";
-    EXPECT_TRUE(std::regex_match(
+    EXPECT_THAT(
         product.Pending("kim"),
-        std::regex("2\\|part SPAR A\\|mass type Weighed, mass\\|10\\|12\\|11\\|1\\|anna\\|" + time +
-                   time +
-                   "part SPAR A\\|property Built\\|2026/01/31\\|2026/02/28\\|2026/01/31\\|0\\|"
-                   "__null__\\|__null__\\|" +
-                   time)))
-        << product.Pending("kim");
+        MatchesRegex("2\\|part SPAR A\\|mass type Weighed, mass\\|10\\|12\\|11\\|1\\|anna\\|" +
+                     time + time +
+                     "part SPAR A\\|property Built\\|2026/01/31\\|2026/02/28\\|2026/01/31\\|0\\|"
+                     "__null__\\|__null__\\|" +
+                     time));
     EXPECT_EQ(product.Pending("anna"), "0|");
 }
