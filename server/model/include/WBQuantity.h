@@ -3,9 +3,9 @@
 #include "WBKnown.h"
 #include "WBProduct.h"
 
-#include <compare>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace wb
@@ -32,7 +32,11 @@ struct Quantity
     std::string massType; // empty: of the owner itself
     std::string name;
 
-    auto operator<=>(const Quantity&) const = default;
+    bool operator==(const Quantity&) const = default;
+    bool operator<(const Quantity& other) const
+    {
+        return std::tie(massType, name) < std::tie(other.massType, other.name);
+    }
 };
 
 constexpr std::string_view kMassQuantity = "mass";
