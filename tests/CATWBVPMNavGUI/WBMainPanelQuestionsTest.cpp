@@ -1,10 +1,5 @@
 #include "EditingSession.h"
 
-#include "CATICkeUnit.h"
-#include "RunServerCode.h"
-
-#include <QLabel>
-
 namespace
 {
 

@@ -1,6 +1,7 @@
 #include "FilterSession.h"
 
 #include "../NavigatorCommandTests.h"
+#include "../PanelAtOnceTests.h"
 #include "Toolkit.h"
 
 namespace
@@ -15,6 +16,7 @@ const testing::Environment* const s_toolkit = testing::AddGlobalTestEnvironment(
 } // namespace
 
 INSTANTIATE_TYPED_TEST_SUITE_P(DefineFilter, NavigatorCommand, FilterCommand);
+INSTANTIATE_TYPED_TEST_SUITE_P(DefineFilter, PanelAtOnce, FilterCommand);
 
 // The panel
 
@@ -124,25 +126,6 @@ TEST_F(FilterCommand, PanelThatCannotBeBuiltGoesWithTheCommand)
     FakeFilterPanel::s_cannotBeBuilt = false; // the next attempt is whole again
     Start();
     EXPECT_TRUE(Panel()->IsVisible());
-}
-
-TEST_F(FilterCommand, SessionThatEndsFirstTakesThePanelFromUnderTheCommand)
-{
-    Start();
-    CATSession::Close();
-    EXPECT_EQ(Panel(), nullptr);
-}
-
-TEST_F(FilterCommand, PanelThatIsGoneGetsNothingMore)
-{
-    Start();
-    Panel()->RequestDelayedDestruction();
-    CATSession::RunDelayedDestructions();
-    ASSERT_EQ(Panel(), nullptr);
-    server->record = kFuselage;
-    EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
-    EXPECT_EQ(server->calls.size(), 1U);
-    ExpectWaitsAgain();
 }
 
 TEST_F(FilterCommand, WithoutAPanelsLibraryPicksAreAskedAboutAndDropped)

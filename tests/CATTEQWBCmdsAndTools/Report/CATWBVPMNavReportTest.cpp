@@ -1,6 +1,7 @@
 #include "CATWBVPMNavReport.h"
 
 #include "../NavigatorCommandTests.h"
+#include "../PanelAtOnceTests.h"
 #include "Toolkit.h"
 
 namespace
@@ -63,6 +64,7 @@ private:
 } // namespace
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Report, NavigatorCommand, ReportCommand);
+INSTANTIATE_TYPED_TEST_SUITE_P(Report, PanelAtOnce, ReportCommand);
 
 // The panel
 
@@ -128,25 +130,6 @@ TEST_F(ReportCommand, PanelThatCannotBeBuiltGoesAndLeavesNoCommand)
     Start();
     EXPECT_TRUE(Panel()->IsVisible());
     EXPECT_EQ(FakeReportPanel::s_made.size(), 1U);
-}
-
-TEST_F(ReportCommand, PanelThatIsGoneGetsNothingMore)
-{
-    Start();
-    Panel()->RequestDelayedDestruction();
-    CATSession::RunDelayedDestructions();
-    ASSERT_EQ(Panel(), nullptr);
-    server->record = kFuselage;
-    EXPECT_TRUE(CATOfferPick({PathToFuselage()}));
-    EXPECT_EQ(server->calls.size(), 1U);
-    ExpectWaitsAgain();
-}
-
-TEST_F(ReportCommand, SessionThatEndsFirstTakesThePanelFromUnderTheCommand)
-{
-    Start();
-    CATSession::Close();
-    EXPECT_EQ(Panel(), nullptr);
 }
 
 TEST_F(ReportCommand, PanelWithoutACloseButtonEndsTheCommandByItsWindow)
